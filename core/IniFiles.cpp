@@ -1,0 +1,95 @@
+#include "IniFiles.h"
+
+#include "platform/TextFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace tk {
+
+IniFiles::Entry* IniFiles::load(const QString& path) {
+    const QFileInfo info(path);
+    if (!info.exists() || info.isDir()) {
+        m_cache.remove(path);
+        return nullptr;
+    }
+    auto it = m_cache.find(path);
+    if (it != m_cache.end() && it->size == info.size() && it->modified == info.lastModified())
+        return &*it;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return nullptr;
+    Entry entry;
+    entry.document = IniDocument::parse(TextFile::decode(file.readAll()));
+    entry.size = info.size();
+    entry.modified = info.lastModified();
+    return &*m_cache.insert(path, entry);
+}
+
+bool IniFiles::store(const QString& path, Entry& entry) {
+    if (!TextFile::replaceAtomically(path, entry.document.text().toUtf8())) {
+        m_cache.remove(path);
+        return false;
+    }
+    const QFileInfo info(path);
+    entry.size = info.size();
+    entry.modified = info.lastModified();
+    return true;
+}
+
+std::optional<QString> IniFiles::read(const QString& path, const QString& section,
+                                      const QString& key) {
+    Entry* entry = load(path);
+    if (!entry)
+        return std::nullopt;
+    return entry->document.value(section, key);
+}
+
+bool IniFiles::write(const QString& path, const QString& section, const QString& key,
+                     const QString& value) {
+    if (section.trimmed().isEmpty() || key.trimmed().isEmpty())
+        return false;
+    Entry* existing = load(path);
+    Entry entry = existing ? *existing : Entry();
+    entry.document.setValue(section, key, value);
+    if (!store(path, entry))
+        return false;
+    m_cache.insert(path, entry);
+    return true;
+}
+
+bool IniFiles::removeKey(const QString& path, const QString& section, const QString& key) {
+    Entry* existing = load(path);
+    if (!existing)
+        return false;
+    Entry entry = *existing;
+    entry.document.removeKey(section, key);
+    if (!store(path, entry))
+        return false;
+    m_cache.insert(path, entry);
+    return true;
+}
+
+bool IniFiles::removeSection(const QString& path, const QString& section) {
+    Entry* existing = load(path);
+    if (!existing)
+        return false;
+    Entry entry = *existing;
+    entry.document.removeSection(section);
+    if (!store(path, entry))
+        return false;
+    m_cache.insert(path, entry);
+    return true;
+}
+
+QStringList IniFiles::sections(const QString& path) {
+    Entry* entry = load(path);
+    return entry ? entry->document.sections() : QStringList();
+}
+
+QStringList IniFiles::keys(const QString& path, const QString& section) {
+    Entry* entry = load(path);
+    return entry ? entry->document.keys(section) : QStringList();
+}
+
+} // namespace tk

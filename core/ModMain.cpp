@@ -1,0 +1,221 @@
+#include "ModMain.h"
+
+#include "core/CommandChannel.h"
+#include "core/DialogService.h"
+#include "core/Form.h"
+#include "core/Programma.h"
+#include "platform/Clock.h"
+#include "platform/Environment.h"
+#include "platform/PathResolver.h"
+#include "platform/RegistryRoot.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+namespace tk {
+
+namespace {
+const QString instellingen() { return QString::fromLatin1(ModMain::Instellingen); }
+} // namespace
+
+ModMain::ModMain(Programma& p) : p(p) {}
+
+QString ModMain::Pad(const QString& pad) const {
+    return PathResolver::resolve(p.platform.programFolder(), pad);
+}
+
+QString ModMain::LeesIni(const QString& sectie, const QString& sleutel, const QString& bestand) {
+    QString waarde = p.iniFiles.read(Pad(bestand), sectie, sleutel).value_or(QString());
+    // The profile function fills a buffer of 5000 characters: the text ends at 4999.
+    if (waarde.size() > 4999)
+        waarde.truncate(4999);
+    return waarde;
+}
+
+void ModMain::SchrijfIni(const QString& waarde, const QString& sectie, const QString& sleutel,
+                         const QString& bestand) {
+    p.iniFiles.write(Pad(bestand), sectie, sleutel, waarde);
+}
+
+bool ModMain::BestandBestaat(const QString& pad) {
+    if (pad.isEmpty())
+        return false;
+    const QString native = Pad(pad);
+    const QString naam = QFileInfo(native).fileName();
+    if (naam.contains(QLatin1Char('*')) || naam.contains(QLatin1Char('?'))) {
+        QDir map(QFileInfo(native).path());
+        map.setNameFilters({naam});
+        map.setFilter(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
+        map.setSorting(QDir::NoSort);
+        return !map.entryList().isEmpty();
+    }
+    return QFileInfo::exists(native);
+}
+
+void ModMain::MaakMappen(const QString& pad) {
+    QString deel;
+    const QStringList delen = QString(pad).replace(QLatin1Char('/'), QLatin1Char('\\'))
+                                  .split(QLatin1Char('\\'), Qt::SkipEmptyParts);
+    const bool absoluut = pad.startsWith(QLatin1Char('/'));
+    for (const QString& stuk : delen) {
+        deel += (absoluut ? QStringLiteral("/") : QStringLiteral("\\")) + stuk;
+        const QString native = Pad(deel);
+        if (!QFileInfo::exists(native)) {
+            QDir().mkdir(native);
+            p.wacht.Pomp();
+        }
+    }
+}
+
+void ModMain::VerwijderBestand(const QString& pad) {
+    const QString native = Pad(pad);
+    for (int poging = 0; poging < 10; ++poging) {
+        QFile::setPermissions(native, QFile::permissions(native) | QFileDevice::WriteOwner);
+        QFile::remove(native);
+        if (!QFileInfo::exists(native))
+            return;
+        Wacht(500);
+    }
+}
+
+QString ModMain::KortPad(const QString& pad) {
+    const QString native = Pad(pad);
+    return QFileInfo::exists(native) ? native : QString();
+}
+
+void ModMain::LaadWachttijden() {
+    QString wachttijd = LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Wachttijd"),
+                                instellingen());
+    if (wachttijd.isEmpty()) {
+        wachttijd = QStringLiteral("500");
+        MaakMappen(QStringLiteral("\\Data"));
+        SchrijfIni(wachttijd, QStringLiteral("Algemeen"), QStringLiteral("Wachttijd"),
+                   instellingen());
+    }
+    Wachttijd = wachttijd.toLong();
+    bool ok = false;
+    const double verbinden = LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Verbinden"),
+                                     instellingen())
+                                 .trimmed()
+                                 .toDouble(&ok);
+    Verbindingspauze = ok ? verbinden : 0;
+}
+
+void ModMain::Foutmelding(const QString& omschrijving, const QString& naam,
+                          const QString& procedure, const QString& lijn, bool stil) {
+    QString tekst = omschrijving;
+    tekst.replace(QStringLiteral("\r\n"), QStringLiteral("|"));
+    SchrijfLogboek(tekst, naam, procedure, lijn);
+    // A fault raised while a report is on screen is written to the log book only.
+    if (stil || m_rapportDiepte > 0)
+        return;
+    ++m_rapportDiepte;
+    p.frmFoutrapportage.Tonen(procedure, lijn, tekst, naam);
+    --m_rapportDiepte;
+}
+
+void ModMain::SchrijfLogboek(const QString& omschrijving, const QString& naam,
+                             const QString& procedure, const QString& lijn) {
+    MaakMappen(QStringLiteral("\\Logboek"));
+    const QDateTime nu = p.platform.clock().now();
+    const QString datum = nu.date().toString(QStringLiteral("d-M-yyyy"));
+    const QString eol = QStringLiteral("\r\n");
+    const QString streep = QString(82, QLatin1Char('-'));
+    auto tekst = [&](int id) { return p.modTaal.LaadTekst(id); };
+
+    QString regels = streep + eol;
+    regels += tekst(2956) + QString(13, QLatin1Char(' ')) + datum + eol;
+    regels += tekst(2957) + QString(14, QLatin1Char(' ')) +
+              nu.time().toString(QStringLiteral("H:mm:ss")) + eol;
+    regels += tekst(2958) + QString(14, QLatin1Char(' ')) + naam + eol;
+    QString beschrijving = omschrijving;
+    beschrijving.replace(QLatin1Char('|'), eol + QStringLiteral("\t\t   "));
+    regels += tekst(2959) + QString(6, QLatin1Char(' ')) + beschrijving + eol;
+    if (!procedure.isEmpty()) {
+        regels += tekst(2960) + QString(9, QLatin1Char(' ')) + procedure + eol;
+        regels += tekst(2961) + QString(9, QLatin1Char(' ')) + lijn + eol;
+    }
+    regels += streep + eol;
+
+    QFile bestand(Pad(QStringLiteral("\\Logboek\\") + datum + QStringLiteral(".txt")));
+    if (bestand.open(QIODevice::Append))
+        bestand.write(regels.toUtf8());
+}
+
+void ModMain::LaadTaal() {
+    p.modTaal.ProgrammaPad = QCoreApplication::applicationFilePath();
+    QString waarde;
+    bool vanServer = false;
+    if (Verbonden()) {
+        AntwoordOntvangen = false;
+        p.kanaal->WS_Versturen(QStringLiteral("LDNTAA"), false);
+        if (p.wacht.Tot([this] { return AntwoordOntvangen; }) == Wacht::Uitkomst::Voldaan) {
+            waarde = Antwoord;
+            vanServer = true;
+        }
+    }
+    if (!vanServer) {
+        waarde = p.modRegistry.LeesWaarde(RegistryRoot::LocalMachine,
+                                          QStringLiteral("Software\\Tafelkrater"),
+                                          QStringLiteral("Language"));
+        if (waarde.isEmpty())
+            waarde = LeesIni(QStringLiteral("Instellingen"), QStringLiteral("Language"),
+                             instellingen());
+    }
+    bool numeriek = false;
+    const long taal = waarde.trimmed().toLong(&numeriek);
+    if (numeriek && !p.modTaal.LaadTekst(3, int(taal), true).isEmpty())
+        p.modTaal.Taal = taal;
+    else
+        p.modTaal.Taal = 1033;
+    MaakMappen(QStringLiteral("\\Data"));
+    SchrijfIni(QString::number(p.modTaal.Taal), QStringLiteral("Instellingen"),
+               QStringLiteral("Language"), instellingen());
+    p.modTaal.ProductTitel = p.modTaal.LaadTekst(3);
+    if (vanServer)
+        for (Form* form : p.formulieren)
+            form->LaadTaal();
+}
+
+void ModMain::Wacht(qint64 ms) {
+    p.wacht.Duur(ms);
+}
+
+QString ModMain::ToonVraag(const QString& titel, const QString& tekst, const QString& stijl) {
+    if (!p.dialogen)
+        return QString();
+    return p.dialogen->vraag(titel, tekst, stijl);
+}
+
+bool ModMain::Verbonden() {
+    if (!p.kanaal)
+        return false;
+    VerbondenWaarde = p.kanaal->isConnected();
+    return VerbondenWaarde;
+}
+
+QString ModMain::WindowsNaam() {
+    const OsVersion v = p.platform.environment().osVersion();
+    if (v.platformId == 1)
+        return v.minor == 0 ? QStringLiteral("Windows 95") : QStringLiteral("Windows 98");
+    if (v.platformId == 2) {
+        if (v.major == 5 && v.minor == 0)
+            return QStringLiteral("Windows 2000");
+        if (v.major == 5 && v.minor == 1)
+            return QStringLiteral("Windows XP");
+        if (v.major == 5 && v.minor == 2)
+            return QStringLiteral("Windows 2003");
+        if (v.major == 6)
+            return QStringLiteral("Windows Vista");
+    }
+    return QStringLiteral("Unknown Windows Version");
+}
+
+QString ModMain::ProgrammaVersie() {
+    return QStringLiteral(TK_VERSIE);
+}
+
+} // namespace tk

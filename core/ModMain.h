@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QString>
+
+namespace tk {
+
+class Programma;
+
+// The program-wide procedures and values of the core: settings files, files and folders, the
+// fault reporter and log book, the language, waits and questions, the reply slots of the link.
+// The start-up procedures of the layers above are members of their own classes.
+class ModMain {
+public:
+    explicit ModMain(Programma& p);
+
+    // --- settings store and file tree
+    // A "\Data\x.ini" path (or a native absolute one) as a native path below the program folder.
+    QString Pad(const QString& pad) const;
+    QString LeesIni(const QString& sectie, const QString& sleutel, const QString& bestand);
+    // The value comes first, as everywhere in the program.
+    void SchrijfIni(const QString& waarde, const QString& sectie, const QString& sleutel,
+                    const QString& bestand);
+    // A folder counts as existing. A last part with * or ? is a pattern.
+    bool BestandBestaat(const QString& pad);
+    void MaakMappen(const QString& pad);
+    // Deletes a file, trying up to ten times 500 ms apart with the pump running.
+    void VerwijderBestand(const QString& pad);
+    // The short form of a path; Linux has no other form, so this is the native path of an
+    // existing file or folder, and empty for one that does not exist.
+    QString KortPad(const QString& pad);
+    void LaadWachttijden();
+
+    // --- faults
+    void Foutmelding(const QString& omschrijving, const QString& naam, const QString& procedure,
+                     const QString& lijn, bool stil = false);
+    void SchrijfLogboek(const QString& omschrijving, const QString& naam,
+                        const QString& procedure, const QString& lijn);
+
+    // --- language
+    void LaadTaal();
+
+    // --- waits, questions, the link
+    void Wacht(qint64 ms);
+    QString ToonVraag(const QString& titel, const QString& tekst, const QString& stijl);
+    bool Verbonden();
+    // The system's name, upper-cased by the caller where needed ("Windows XP").
+    QString WindowsNaam();
+    // "<major>.<minor>.<revision>" of this program.
+    static QString ProgrammaVersie();
+
+    // Modes and machine
+    bool ModusStandalone = false;
+    bool ModusNetwerk = false;
+    bool ModusBeheer = false;
+    bool IsWindows98 = false;
+    bool StilActiveren = false;
+    QString Gebruikersaccount;
+
+    // Pauses from the settings file
+    long Wachttijd = 500;
+    double Verbindingspauze = 0;
+
+    // Reply slots of the link: class A, class B, and the copy of the socket state
+    QString Antwoord;
+    bool AntwoordOntvangen = false;
+    QString AntwoordOpslaan;
+    bool AntwoordOpslaanOntvangen = false;
+    bool VerbondenWaarde = false;
+    // Where the user is, as last told to the server; the reporter of fault reports
+    QString Locatie;
+
+    static constexpr const char* Instellingen = "\\Data\\Instellingen.ini";
+
+private:
+    Programma& p;
+    int m_rapportDiepte = 0;
+};
+
+} // namespace tk

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "core/FrmFoutrapportage.h"
+#include "core/IniFiles.h"
+#include "core/ModMain.h"
+#include "core/ModRegistry.h"
+#include "core/ModTaal.h"
+#include "core/Wacht.h"
+#include "platform/Platform.h"
+
+#include <QList>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace tk {
+
+class CommandChannel;
+class DialogService;
+class Form;
+
+// The one object that holds the program: the platform layer and one instance of every module
+// and form. A procedure reaches the others through it (p.modMain.LeesIni(...)), where the
+// original used globals. The modules of the layers above the core are made by those layers
+// with maak(), owned here, and reached through their typed pointers; a test builds a fresh
+// Programma per case, so no state outlives it.
+class Programma {
+public:
+    explicit Programma(Platform& platform);
+    ~Programma();
+    Programma(const Programma&) = delete;
+    Programma& operator=(const Programma&) = delete;
+
+    Platform& platform;
+    IniFiles iniFiles;
+    tk::Wacht wacht;
+    ModRegistry modRegistry;
+    ModTaal modTaal;
+    ModMain modMain;
+    FrmFoutrapportage frmFoutrapportage;
+
+    // Set by the layers above: the command channel (frmMain) and the modal windows.
+    CommandChannel* kanaal = nullptr;
+    DialogService* dialogen = nullptr;
+    // The loaded forms, told when the language changes.
+    QList<Form*> formulieren;
+
+    // Makes a module of a higher layer, owned by the program, and points `plek` at it.
+    template <class T, class... Args>
+    T& maak(T*& plek, Args&&... args) {
+        auto onderdeel = std::make_unique<T>(std::forward<Args>(args)...);
+        T* kaal = onderdeel.get();
+        m_onderdelen.emplace_back(onderdeel.release(),
+                                  [](void* o) { delete static_cast<T*>(o); });
+        plek = kaal;
+        return *kaal;
+    }
+
+private:
+    std::vector<std::unique_ptr<void, void (*)(void*)>> m_onderdelen;
+};
+
+} // namespace tk

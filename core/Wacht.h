@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QtGlobal>
+#include <functional>
+#include <optional>
+
+namespace tk {
+
+class Clock;
+
+// The one wait of the program: it runs the event loop until a condition holds, so that socket
+// events, timers and clicks keep arriving. It also ends at a deadline of the injected clock
+// (the 5-second tests) and, unless told otherwise, when the link to the server is lost.
+class Wacht {
+public:
+    enum class Uitkomst { Voldaan, Verlopen, VerbindingVerloren };
+
+    explicit Wacht(Clock& klok) : m_klok(klok) {}
+
+    // `deadline` is a time of the clock (msecsSinceStart), not a duration.
+    Uitkomst Tot(const std::function<bool()>& voorwaarde,
+                 std::optional<qint64> deadline = std::nullopt, bool stopBijVerlies = true);
+    // Pumps for `ms` milliseconds of the clock.
+    void Duur(qint64 ms);
+    // One turn of the event loop without waiting (DoEvents).
+    void Pomp();
+
+    // The link layer calls this when the connection is lost; every wait that stops on loss ends.
+    void VerbindingVerloren() { ++m_verliezen; }
+    quint64 verliezen() const { return m_verliezen; }
+
+private:
+    Clock& m_klok;
+    quint64 m_verliezen = 0;
+};
+
+} // namespace tk

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+namespace tk {
+
+class Clock;
+class Environment;
+class RegistryStore;
+
+// Everything the program asks of the operating system, grouped by subject. The Linux
+// implementation changes the machine; the fake one keeps everything in memory and records it.
+class Platform {
+public:
+    virtual ~Platform() = default;
+    virtual RegistryStore& registry() = 0;
+    virtual Environment& environment() = 0;
+    virtual Clock& clock() = 0;
+    // The program folder: the folder of the executable, which holds Data, Logboek and the rest.
+    virtual QString programFolder() const = 0;
+};
+
+} // namespace tk

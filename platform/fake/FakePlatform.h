@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "FakeClock.h"
+#include "FakeEnvironment.h"
+#include "FakeRegistry.h"
+
+namespace tk {
+
+// The platform of the tests. Files are real (the program folder is a temporary folder the test
+// chooses); everything that would change the machine is kept in memory and recorded.
+class FakePlatform : public Platform {
+public:
+    explicit FakePlatform(const QString& programFolder) : m_programFolder(programFolder) {}
+
+    RegistryStore& registry() override { return m_registry; }
+    Environment& environment() override { return m_environment; }
+    Clock& clock() override { return m_clock; }
+    QString programFolder() const override { return m_programFolder; }
+
+    FakeRegistry& fakeRegistry() { return m_registry; }
+    FakeEnvironment& fakeEnvironment() { return m_environment; }
+    FakeClock& fakeClock() { return m_clock; }
+
+private:
+    QString m_programFolder;
+    FakeRegistry m_registry;
+    FakeEnvironment m_environment;
+    FakeClock m_clock;
+};
+
+} // namespace tk

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "LinuxEnvironment.h"
+#include "RegistryFileStore.h"
+#include "SystemClock.h"
+
+namespace tk {
+
+// The real platform. The registry store lives in <program folder>/Register.
+class LinuxPlatform : public Platform {
+public:
+    explicit LinuxPlatform(const QString& programFolder);
+
+    RegistryStore& registry() override { return m_registry; }
+    Environment& environment() override { return m_environment; }
+    Clock& clock() override { return m_clock; }
+    QString programFolder() const override { return m_programFolder; }
+
+private:
+    QString m_programFolder;
+    LinuxEnvironment m_environment;
+    RegistryFileStore m_registry;
+    SystemClock m_clock;
+};
+
+} // namespace tk

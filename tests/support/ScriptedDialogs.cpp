@@ -1,0 +1,18 @@
+#include "ScriptedDialogs.h"
+
+#include "core/Form.h"
+
+namespace tk::test {
+
+QString ScriptedDialogs::vraag(const QString& titel, const QString& tekst, const QString& stijl) {
+    gesteld.append(Vraag{titel, tekst, stijl});
+    return antwoorden.isEmpty() ? QString() : antwoorden.takeFirst();
+}
+
+void ScriptedDialogs::toonModaal(Form& form) {
+    getoond.append(form.formNaam());
+    if (opModaal)
+        opModaal(form);
+}
+
+} // namespace tk::test

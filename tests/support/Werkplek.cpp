@@ -1,0 +1,28 @@
+#include "Werkplek.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace tk::test {
+
+Werkplek::Werkplek() : platform(m_map.path()), p(platform) {
+    p.dialogen = &dialogen;
+}
+
+QByteArray Werkplek::lees(const QString& relatief) const {
+    QFile f(pad(relatief));
+    if (!f.open(QIODevice::ReadOnly))
+        return {};
+    return f.readAll();
+}
+
+void Werkplek::schrijf(const QString& relatief, const QByteArray& inhoud) const {
+    const QString doel = pad(relatief);
+    QDir().mkpath(QFileInfo(doel).path());
+    QFile f(doel);
+    if (f.open(QIODevice::WriteOnly))
+        f.write(inhoud);
+}
+
+} // namespace tk::test
