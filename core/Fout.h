@@ -10,8 +10,7 @@ namespace tk {
 // procedure and caught by its guard (Procedure.h), never across one.
 class Fout : public std::exception {
 public:
-    explicit Fout(QString omschrijving,
-                  std::source_location plek = std::source_location::current())
+    explicit Fout(QString omschrijving, std::source_location plek = std::source_location::current())
         : m_omschrijving(std::move(omschrijving)), m_lijn(int(plek.line())) {}
 
     const QString& omschrijving() const { return m_omschrijving; }

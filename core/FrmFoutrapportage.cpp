@@ -11,8 +11,12 @@
 namespace tk {
 
 namespace {
-const QString bestand() { return QString::fromLatin1(FrmFoutrapportage::Bestand); }
-const QString kop() { return QStringLiteral("Foutrapportage"); }
+const QString bestand() {
+    return QString::fromLatin1(FrmFoutrapportage::Bestand);
+}
+const QString kop() {
+    return QStringLiteral("Foutrapportage");
+}
 } // namespace
 
 FrmFoutrapportage::FrmFoutrapportage(Programma& p) : p(p) {}
@@ -61,8 +65,8 @@ void FrmFoutrapportage::Tonen(const QString& procedure, const QString& lijn,
     lblWindows = Windows;
     lblApplicatie = Applicatie;
     lblModule = Module;
-    lblProcedure = Procedure == u"-" ? QStringLiteral("-")
-                                     : Procedure + QStringLiteral(" in lijn ") + Lijn;
+    lblProcedure =
+        Procedure == u"-" ? QStringLiteral("-") : Procedure + QStringLiteral(" in lijn ") + Lijn;
     lblOmschrijving = QString(Omschrijving).replace(QLatin1Char('|'), QLatin1Char('\n'));
 
     if (IsGenegeerd(Applicatie, Procedure, Lijn, Omschrijving))
@@ -120,9 +124,15 @@ QString FrmFoutrapportage::HlpopsRecord() const {
     if (Procedure != u"-")
         blok = Procedure + QStringLiteral(" in lijn ") + Lijn + QLatin1Char('|') + Omschrijving;
     const QString sep = QStringLiteral(";<>;");
-    const QStringList velden = {Datum,      Tijd,       Computernaam,
-                                Rapporteur, Module,     Applicatie,
-                                blok,       QStringLiteral("Nee"), Datum + QLatin1Char(' ') + Tijd,
+    const QStringList velden = {Datum,
+                                Tijd,
+                                Computernaam,
+                                Rapporteur,
+                                Module,
+                                Applicatie,
+                                blok,
+                                QStringLiteral("Nee"),
+                                Datum + QLatin1Char(' ') + Tijd,
                                 QStringLiteral("Error report")};
     return velden.join(sep);
 }
@@ -140,8 +150,7 @@ void FrmFoutrapportage::cmdVersturen_Click() {
         p.kanaal->WS_Versturen(QStringLiteral("HLPOPS") + HlpopsRecord(), false);
         p.wacht.Tot([this] { return p.modMain.AntwoordOntvangen; });
     } else {
-        p.modMain.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(1114),
-                            QStringLiteral("-"));
+        p.modMain.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(1114), QStringLiteral("-"));
     }
 }
 

@@ -37,8 +37,8 @@ public:
         chkNegerenCaption;
     QStringList lblCaptions; // the eight captions of the data lines
     // The data lines as shown
-    QString lblDatum, lblTijd, lblComputernaam, lblWindows, lblApplicatie, lblModule,
-        lblProcedure, lblOmschrijving;
+    QString lblDatum, lblTijd, lblComputernaam, lblWindows, lblApplicatie, lblModule, lblProcedure,
+        lblOmschrijving;
     bool chkNegeren = false;
     bool Zichtbaar = false;
 

@@ -29,8 +29,8 @@ public:
 private:
     struct Section {
         QString name;
-        int header = -1;   // line of "[name]"
-        int lastEntry = -1; // last non-blank line that belongs to the section
+        int header = -1;          // line of "[name]"
+        int lastEntry = -1;       // last non-blank line that belongs to the section
         QHash<QString, int> keys; // lower-cased key -> line, first occurrence
         QStringList keyOrder;
     };

@@ -18,7 +18,9 @@
 namespace tk {
 
 namespace {
-const QString instellingen() { return QString::fromLatin1(ModMain::Instellingen); }
+const QString instellingen() {
+    return QString::fromLatin1(ModMain::Instellingen);
+}
 } // namespace
 
 ModMain::ModMain(Programma& p) : p(p) {}
@@ -57,7 +59,8 @@ bool ModMain::BestandBestaat(const QString& pad) {
 
 void ModMain::MaakMappen(const QString& pad) {
     QString deel;
-    const QStringList delen = QString(pad).replace(QLatin1Char('/'), QLatin1Char('\\'))
+    const QStringList delen = QString(pad)
+                                  .replace(QLatin1Char('/'), QLatin1Char('\\'))
                                   .split(QLatin1Char('\\'), Qt::SkipEmptyParts);
     const bool absoluut = pad.startsWith(QLatin1Char('/'));
     for (const QString& stuk : delen) {
@@ -87,8 +90,8 @@ QString ModMain::KortPad(const QString& pad) {
 }
 
 void ModMain::LaadWachttijden() {
-    QString wachttijd = LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Wachttijd"),
-                                instellingen());
+    QString wachttijd =
+        LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Wachttijd"), instellingen());
     if (wachttijd.isEmpty()) {
         wachttijd = QStringLiteral("500");
         MaakMappen(QStringLiteral("\\Data"));
@@ -97,10 +100,10 @@ void ModMain::LaadWachttijden() {
     }
     Wachttijd = wachttijd.toLong();
     bool ok = false;
-    const double verbinden = LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Verbinden"),
-                                     instellingen())
-                                 .trimmed()
-                                 .toDouble(&ok);
+    const double verbinden =
+        LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Verbinden"), instellingen())
+            .trimmed()
+            .toDouble(&ok);
     Verbindingspauze = ok ? verbinden : 0;
 }
 
@@ -162,8 +165,8 @@ void ModMain::LaadTaal() {
                                           QStringLiteral("Software\\Tafelkrater"),
                                           QStringLiteral("Language"));
         if (waarde.isEmpty())
-            waarde = LeesIni(QStringLiteral("Instellingen"), QStringLiteral("Language"),
-                             instellingen());
+            waarde =
+                LeesIni(QStringLiteral("Instellingen"), QStringLiteral("Language"), instellingen());
     }
     bool numeriek = false;
     const long taal = waarde.trimmed().toLong(&numeriek);

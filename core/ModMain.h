@@ -33,8 +33,8 @@ public:
     // --- faults
     void Foutmelding(const QString& omschrijving, const QString& naam, const QString& procedure,
                      const QString& lijn, bool stil = false);
-    void SchrijfLogboek(const QString& omschrijving, const QString& naam,
-                        const QString& procedure, const QString& lijn);
+    void SchrijfLogboek(const QString& omschrijving, const QString& naam, const QString& procedure,
+                        const QString& lijn);
 
     // --- language
     void LaadTaal();

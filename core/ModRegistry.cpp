@@ -5,8 +5,7 @@
 
 namespace tk {
 
-QString ModRegistry::LeesWaarde(RegistryRoot sleutelroot, const QString& pad,
-                                const QString& naam) {
+QString ModRegistry::LeesWaarde(RegistryRoot sleutelroot, const QString& pad, const QString& naam) {
     const auto waarde = p.platform.registry().read(sleutelroot, pad, naam);
     if (!waarde || waarde->type != RegistryValue::Type::String)
         return {};
@@ -17,8 +16,8 @@ QString ModRegistry::LeesWaarde(RegistryRoot sleutelroot, const QString& pad,
     return tekst;
 }
 
-void ModRegistry::SchrijfWaarde(RegistryRoot sleutelroot, const QString& pad,
-                                const QString& naam, const QString& waarde) {
+void ModRegistry::SchrijfWaarde(RegistryRoot sleutelroot, const QString& pad, const QString& naam,
+                                const QString& waarde) {
     p.platform.registry().write(sleutelroot, pad, naam, RegistryValue::string(waarde));
 }
 

@@ -46,12 +46,10 @@ public:
     QList<Form*> formulieren;
 
     // Makes a module of a higher layer, owned by the program, and points `plek` at it.
-    template <class T, class... Args>
-    T& maak(T*& plek, Args&&... args) {
+    template <class T, class... Args> T& maak(T*& plek, Args&&... args) {
         auto onderdeel = std::make_unique<T>(std::forward<Args>(args)...);
         T* kaal = onderdeel.get();
-        m_onderdelen.emplace_back(onderdeel.release(),
-                                  [](void* o) { delete static_cast<T*>(o); });
+        m_onderdelen.emplace_back(onderdeel.release(), [](void* o) { delete static_cast<T*>(o); });
         plek = kaal;
         return *kaal;
     }

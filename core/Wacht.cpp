@@ -8,8 +8,8 @@
 
 namespace tk {
 
-Wacht::Uitkomst Wacht::Tot(const std::function<bool()>& voorwaarde,
-                           std::optional<qint64> deadline, bool stopBijVerlies) {
+Wacht::Uitkomst Wacht::Tot(const std::function<bool()>& voorwaarde, std::optional<qint64> deadline,
+                           bool stopBijVerlies) {
     const quint64 verliezenBijStart = m_verliezen;
     // A timer wakes the loop while nothing else happens, so that the deadline is seen.
     QTimer wekker;

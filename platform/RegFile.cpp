@@ -38,7 +38,8 @@ QStringList logicalLines(const QString& text) {
     QStringList lines;
     QString current;
     bool inString = false;
-    const QStringList raw = QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
+    const QStringList raw = QString(text)
+                                .replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
                                 .split(QLatin1Char('\n'));
     for (const QString& line : raw) {
         if (inString)

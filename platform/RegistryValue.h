@@ -10,7 +10,7 @@ namespace tk {
 struct RegistryValue {
     enum class Type { String, Dword, Other };
     Type type = Type::String;
-    QString text;     // the string, or the raw right-hand side for Type::Other
+    QString text; // the string, or the raw right-hand side for Type::Other
     quint32 dword = 0;
 
     static RegistryValue string(const QString& s) { return {Type::String, s, 0}; }

@@ -19,9 +19,9 @@ QString TextFile::decode(const QByteArray& bytes) {
 }
 
 bool TextFile::replaceAtomically(const QString& path, const QByteArray& bytes) {
-    const QString temp =
-        path + QStringLiteral(".") + QUuid::createUuid().toString(QUuid::Id128).left(8) +
-        QStringLiteral(".tmp");
+    const QString temp = path + QStringLiteral(".") +
+                         QUuid::createUuid().toString(QUuid::Id128).left(8) +
+                         QStringLiteral(".tmp");
     {
         QFile out(temp);
         if (!out.open(QIODevice::WriteOnly))

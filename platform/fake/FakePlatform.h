@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/Platform.h"
 #include "FakeClock.h"
 #include "FakeEnvironment.h"
 #include "FakeRegistry.h"
+#include "platform/Platform.h"
 
 namespace tk {
 

@@ -26,9 +26,9 @@ bool FakeRegistry::write(RegistryRoot root, const QString& key, const QString& n
     if (!m_writable || RegistryHive::normalisePath(key).isEmpty())
         return false;
     m_hives[root].setValue(key, name, value);
-    m_log.append(QStringLiteral("set %1\\%2\\%3 = %4")
-                     .arg(registryRootName(root), RegistryHive::normalisePath(key), name,
-                          describe(value)));
+    m_log.append(
+        QStringLiteral("set %1\\%2\\%3 = %4")
+            .arg(registryRootName(root), RegistryHive::normalisePath(key), name, describe(value)));
     return true;
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/Platform.h"
 #include "LinuxEnvironment.h"
 #include "RegistryFileStore.h"
 #include "SystemClock.h"
+#include "platform/Platform.h"
 
 namespace tk {
 

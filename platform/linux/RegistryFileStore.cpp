@@ -85,8 +85,7 @@ bool RegistryFileStore::write(RegistryRoot root, const QString& key, const QStri
     return modify(root, [&](RegistryHive& h) { h.setValue(key, name, value); });
 }
 
-bool RegistryFileStore::deleteValue(RegistryRoot root, const QString& key,
-                                    const QString& name) {
+bool RegistryFileStore::deleteValue(RegistryRoot root, const QString& key, const QString& name) {
     if (!load(root).hive.value(key, name))
         return false;
     return modify(root, [&](RegistryHive& h) { h.deleteValue(key, name); });

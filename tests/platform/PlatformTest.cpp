@@ -1,0 +1,86 @@
+#include "platform/PathResolver.h"
+#include "platform/fake/FakeClock.h"
+#include "platform/fake/FakePlatform.h"
+#include "platform/linux/LinuxEnvironment.h"
+#include "platform/linux/LinuxPlatform.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace tk;
+
+TEST(PathResolverTest, MatchesEachPartWithoutRegardToCase) {
+    QTemporaryDir dir;
+    QDir(dir.path()).mkpath(QStringLiteral("Data/Internet"));
+    QFile f(dir.filePath(QStringLiteral("Data/Instellingen.ini")));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.close();
+    struct Case {
+        const char* path;
+        const char* expected; // relative to the folder
+    };
+    const Case cases[] = {
+        {"\\Data\\Instellingen.ini", "Data/Instellingen.ini"},
+        {"\\DATA\\instellingen.INI", "Data/Instellingen.ini"},
+        {"\\data\\INTERNET\\nieuw.ini", "Data/Internet/nieuw.ini"},
+        {"\\Nieuw\\Map\\x.txt", "Nieuw/Map/x.txt"},
+        {"Data\\\\Instellingen.ini", "Data/Instellingen.ini"},
+        {"\\Data\\.\\Internet", "Data/Internet"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.path);
+        EXPECT_EQ(PathResolver::resolve(dir.path(), QString::fromLatin1(c.path)),
+                  dir.path() + QLatin1Char('/') + QString::fromLatin1(c.expected));
+    }
+    EXPECT_EQ(PathResolver::resolve(dir.path(), QStringLiteral("/etc/hosts")),
+              QStringLiteral("/etc/hosts"));
+}
+
+TEST(FakePlatformTest, PlaysBothFamiliesOfTheSystem) {
+    QTemporaryDir dir;
+    FakePlatform platform(dir.path());
+    EXPECT_EQ(platform.environment().osVersion().platformId, 2);
+    platform.fakeEnvironment().playWindows98();
+    EXPECT_EQ(platform.environment().osVersion().platformId, 1);
+    EXPECT_EQ(platform.environment().osVersion().minor, 10);
+    platform.fakeEnvironment().playNt(5, 0);
+    EXPECT_EQ(platform.environment().osVersion().major, 5);
+    EXPECT_EQ(platform.environment().variable(QStringLiteral("username")),
+              QStringLiteral("leerling"));
+}
+
+TEST(FakeClockTest, MovesOnlyWhenToldOrByItsStep) {
+    FakeClock clock;
+    EXPECT_EQ(clock.msecsSinceStart(), 0);
+    EXPECT_EQ(clock.msecsSinceStart(), 0);
+    clock.advance(5000);
+    EXPECT_EQ(clock.msecsSinceStart(), 5000);
+    clock.setStepPerRead(100);
+    EXPECT_EQ(clock.msecsSinceStart(), 5000);
+    EXPECT_EQ(clock.msecsSinceStart(), 5100);
+    EXPECT_EQ(clock.now().time(), QTime(8, 30, 5, 200));
+}
+
+TEST(LinuxEnvironmentTest, AnswersTheFiveValuesAndNothingElse) {
+    LinuxEnvironment env;
+    EXPECT_FALSE(env.variable(QStringLiteral("USERNAME")).isEmpty());
+    EXPECT_FALSE(env.variable(QStringLiteral("TEMP")).isEmpty());
+    EXPECT_TRUE(env.variable(QStringLiteral("LOGONSERVER")).startsWith(QStringLiteral("\\\\")));
+    EXPECT_TRUE(env.variable(QStringLiteral("PATH")).isEmpty());
+    const QString name = env.computerName();
+    EXPECT_FALSE(name.isEmpty());
+    EXPECT_LE(name.size(), 15);
+    EXPECT_EQ(name, name.toUpper());
+    EXPECT_EQ(env.osVersion().platformId, 2);
+}
+
+TEST(LinuxPlatformTest, KeepsTheRegistryInTheProgramFolder) {
+    QTemporaryDir dir;
+    LinuxPlatform platform(dir.path());
+    platform.registry().write(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
+                              QStringLiteral("Modus"), RegistryValue::string(QStringLiteral("0")));
+    EXPECT_TRUE(QFile::exists(dir.filePath(QStringLiteral("Register/HKEY_LOCAL_MACHINE.reg"))));
+    EXPECT_EQ(platform.programFolder(), dir.path());
+}

@@ -1,0 +1,238 @@
+#include "platform/RegFile.h"
+#include "platform/RegistryHive.h"
+#include "platform/fake/FakeRegistry.h"
+#include "platform/linux/RegistryFileStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+using namespace tk;
+
+namespace {
+
+QByteArray readAll(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+void writeAll(const QString& path, const QByteArray& bytes) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(bytes);
+}
+
+} // namespace
+
+TEST(RegistryHiveTest, KeyPathsAndValueNamesIgnoreCaseAndKeepTheFirstSpelling) {
+    RegistryHive hive;
+    hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Modus"),
+                  RegistryValue::string(QStringLiteral("1")));
+    hive.setValue(QStringLiteral("Software\\Tafelkrater"), QStringLiteral("Language"),
+                  RegistryValue::string(QStringLiteral("1043")));
+    hive.setValue(QStringLiteral("SOFTWARE\\TAFELKRATER"), QStringLiteral("MODUS"),
+                  RegistryValue::string(QStringLiteral("2")));
+
+    ASSERT_EQ(hive.keys().size(), 2); // SOFTWARE and SOFTWARE\Tafelkrater
+    EXPECT_EQ(hive.keys()[1].path, QStringLiteral("SOFTWARE\\Tafelkrater"));
+    ASSERT_EQ(hive.keys()[1].values.size(), 2);
+    EXPECT_EQ(hive.keys()[1].values[0].name, QStringLiteral("Modus"));
+    EXPECT_EQ(hive.value(QStringLiteral("software\\tafelkrater"), QStringLiteral("modus"))->text,
+              QStringLiteral("2"));
+    EXPECT_TRUE(hive.hasKey(QStringLiteral("\\SOFTWARE\\\\tafelkrater\\")));
+}
+
+TEST(RegistryHiveTest, DeletingAKeyTakesItsSubkeysButNotItsNeighbours) {
+    RegistryHive hive;
+    const auto v = RegistryValue::number(1);
+    hive.setValue(QStringLiteral("A\\B"), QStringLiteral("x"), v);
+    hive.setValue(QStringLiteral("A\\B\\C"), QStringLiteral("x"), v);
+    hive.setValue(QStringLiteral("A\\BC"), QStringLiteral("x"), v);
+    hive.deleteKey(QStringLiteral("a\\b"));
+    EXPECT_FALSE(hive.hasKey(QStringLiteral("A\\B")));
+    EXPECT_FALSE(hive.hasKey(QStringLiteral("A\\B\\C")));
+    EXPECT_TRUE(hive.hasKey(QStringLiteral("A\\BC")));
+}
+
+TEST(RegFileTest, WritesAndReadsBackTypedValuesWithEscapes) {
+    RegistryHive hive;
+    hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Modus"),
+                  RegistryValue::string(QStringLiteral("1")));
+    hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Beta"),
+                  RegistryValue::number(1));
+    hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Locatie server"),
+                  RegistryValue::string(QStringLiteral("C:\\Pad \"met\" quotes")));
+    hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QString(),
+                  RegistryValue::string(QStringLiteral("standaard")));
+    const QString text = RegFile::write(RegistryRoot::LocalMachine, hive);
+    EXPECT_TRUE(text.startsWith(QStringLiteral("REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\SOFTWARE]\n")));
+    EXPECT_TRUE(text.contains(QStringLiteral("\"Modus\"=\"1\"\n")));
+    EXPECT_TRUE(text.contains(QStringLiteral("\"Beta\"=dword:00000001\n")));
+    EXPECT_TRUE(text.contains(QStringLiteral("@=\"standaard\"\n")));
+
+    RegistryHive back;
+    const auto parsed = RegFile::parse(text);
+    EXPECT_TRUE(parsed.hasHeader);
+    EXPECT_EQ(parsed.skippedLines, 0);
+    RegFile::apply(parsed, RegistryRoot::LocalMachine, back);
+    EXPECT_EQ(
+        back.value(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Locatie server"))->text,
+        QStringLiteral("C:\\Pad \"met\" quotes"));
+    EXPECT_EQ(*back.value(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Beta")),
+              RegistryValue::number(1));
+    EXPECT_EQ(RegFile::write(RegistryRoot::LocalMachine, back), text);
+}
+
+TEST(RegFileTest, ReadsAsFarAsSensibleFromFilesThatAreNotOurs) {
+    struct Case {
+        const char* name;
+        const char* text;
+        int values;  // values that survive under HKLM\SOFTWARE\X
+        int skipped; // lines skipped
+    };
+    const Case cases[] = {
+        {"no header", "[HKEY_LOCAL_MACHINE\\SOFTWARE\\X]\n\"a\"=\"1\"\n", 1, 0},
+        {"line without =", "REGEDIT4\n[HKLM\\SOFTWARE\\X]\nrubbish\n\"a\"=\"1\"\n", 1, 1},
+        {"unclosed key", "REGEDIT4\n[HKLM\\SOFTWARE\\X\n\"a\"=\"1\"\n", 0, 2},
+        {"unknown root", "REGEDIT4\n[HKEY_NOWHERE\\X]\n\"a\"=\"1\"\n", 0, 2},
+        {"bad dword", "REGEDIT4\n[HKLM\\SOFTWARE\\X]\n\"a\"=dword:zz\n\"b\"=\"2\"\n", 1, 1},
+        {"hex kept raw", "REGEDIT4\n[HKLM\\SOFTWARE\\X]\n\"a\"=hex:01,02,\\\n  03\n", 1, 0},
+        {"value deleted", "REGEDIT4\n[HKLM\\SOFTWARE\\X]\n\"a\"=\"1\"\n\"a\"=-\n", 0, 0},
+        {"garbage bytes", "\x01\x02\xff\xfe[[[\n===\n\"\"\"\n", 0, 3},
+        {"CR LF lines", "REGEDIT4\r\n\r\n[HKLM\\SOFTWARE\\X]\r\n\"a\"=\"1\"\r\n", 1, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const auto parsed = RegFile::parse(QString::fromLatin1(c.text));
+        RegistryHive hive;
+        RegFile::apply(parsed, RegistryRoot::LocalMachine, hive);
+        int values = 0;
+        for (const auto& key : hive.keys())
+            if (key.path.compare(QStringLiteral("SOFTWARE\\X"), Qt::CaseInsensitive) == 0)
+                values = int(key.values.size());
+        EXPECT_EQ(values, c.values);
+        EXPECT_EQ(parsed.skippedLines, c.skipped);
+    }
+}
+
+TEST(RegFileTest, AStringWithALineEndSurvivesARoundTrip) {
+    RegistryHive hive;
+    hive.setValue(QStringLiteral("K"), QStringLiteral("v"),
+                  RegistryValue::string(QStringLiteral("een\ntwee")));
+    RegistryHive back;
+    RegFile::apply(RegFile::parse(RegFile::write(RegistryRoot::Users, hive)), RegistryRoot::Users,
+                   back);
+    EXPECT_EQ(back.value(QStringLiteral("K"), QStringLiteral("v"))->text,
+              QStringLiteral("een\ntwee"));
+}
+
+TEST(RegistryFileStoreTest, KeepsEachRootInItsOwnFileAndTheCurrentUserPerAccount) {
+    QTemporaryDir dir;
+    RegistryFileStore store(dir.path(), QStringLiteral("juf"));
+    ASSERT_TRUE(store.write(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
+                            QStringLiteral("Modus"), RegistryValue::string(QStringLiteral("1"))));
+    ASSERT_TRUE(store.write(RegistryRoot::CurrentUser, QStringLiteral("Control Panel\\Desktop"),
+                            QStringLiteral("Wallpaper"),
+                            RegistryValue::string(QStringLiteral("x.bmp"))));
+    EXPECT_EQ(readAll(dir.filePath(QStringLiteral("HKEY_LOCAL_MACHINE.reg"))),
+              QByteArray("REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\SOFTWARE]\n\n"
+                         "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Tafelkrater]\n\"Modus\"=\"1\"\n"));
+    EXPECT_TRUE(QFile::exists(dir.filePath(QStringLiteral("HKEY_CURRENT_USER/juf.reg"))));
+
+    // A second store on the same folder (another process) sees the values, in any case.
+    RegistryFileStore other(dir.path(), QStringLiteral("juf"));
+    EXPECT_EQ(other
+                  .read(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\TAFELKRATER"),
+                        QStringLiteral("modus"))
+                  ->text,
+              QStringLiteral("1"));
+    EXPECT_FALSE(other.read(RegistryRoot::Users, QStringLiteral("SOFTWARE\\Tafelkrater"),
+                            QStringLiteral("Modus")));
+}
+
+TEST(RegistryFileStoreTest, SeesChangesMadeByAnotherWriterAndMergesItsOwn) {
+    QTemporaryDir dir;
+    RegistryFileStore client(dir.path(), QStringLiteral("a"));
+    RegistryFileStore server(dir.path(), QStringLiteral("a"));
+    const QString key = QStringLiteral("SOFTWARE\\Tafelkrater");
+    ASSERT_TRUE(client.write(RegistryRoot::LocalMachine, key, QStringLiteral("Modus"),
+                             RegistryValue::string(QStringLiteral("1"))));
+    ASSERT_EQ(client.read(RegistryRoot::LocalMachine, key, QStringLiteral("Modus"))->text,
+              QStringLiteral("1"));
+    ASSERT_TRUE(server.write(RegistryRoot::LocalMachine, key, QStringLiteral("Status server"),
+                             RegistryValue::string(QStringLiteral("0 loading"))));
+    EXPECT_EQ(client.read(RegistryRoot::LocalMachine, key, QStringLiteral("Status server"))->text,
+              QStringLiteral("0 loading"));
+    ASSERT_TRUE(client.write(RegistryRoot::LocalMachine, key, QStringLiteral("Language"),
+                             RegistryValue::string(QStringLiteral("1043"))));
+    EXPECT_TRUE(server.read(RegistryRoot::LocalMachine, key, QStringLiteral("Status server")));
+    EXPECT_TRUE(server.read(RegistryRoot::LocalMachine, key, QStringLiteral("Language")));
+    EXPECT_TRUE(server.read(RegistryRoot::LocalMachine, key, QStringLiteral("Modus")));
+}
+
+TEST(RegistryFileStoreTest, AForeignFileIsKeptAsBackupAndItsKeysSurviveAWrite) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("HKEY_LOCAL_MACHINE.reg"));
+    const QByteArray foreign("garbage line\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Ander]\n"
+                             "\"Houden\"=\"ja\"\n\xff\xfe\x00nonsense\n");
+    writeAll(path, foreign);
+    RegistryFileStore store(dir.path(), QStringLiteral("a"));
+    EXPECT_EQ(store
+                  .read(RegistryRoot::LocalMachine, QStringLiteral("Software\\Ander"),
+                        QStringLiteral("houden"))
+                  ->text,
+              QStringLiteral("ja"));
+    ASSERT_TRUE(store.write(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
+                            QStringLiteral("Modus"), RegistryValue::string(QStringLiteral("2"))));
+    EXPECT_EQ(readAll(path + QStringLiteral(".bak")), foreign);
+    RegistryFileStore again(dir.path(), QStringLiteral("a"));
+    EXPECT_TRUE(again.read(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Ander"),
+                           QStringLiteral("Houden")));
+    EXPECT_TRUE(again.read(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
+                           QStringLiteral("Modus")));
+}
+
+TEST(RegistryFileStoreTest, AnUnwritableFolderAnswersThatTheStoreCannotBeWritten) {
+    if (geteuid() == 0)
+        GTEST_SKIP() << "root writes everywhere";
+    QTemporaryDir dir;
+    QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::ExeOwner);
+    RegistryFileStore store(dir.path() + QStringLiteral("/Register"), QStringLiteral("a"));
+    EXPECT_FALSE(store.write(RegistryRoot::LocalMachine, QStringLiteral("Software"),
+                             QStringLiteral("test"), RegistryValue::string(QStringLiteral("x"))));
+    QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+TEST(RegistryFileStoreTest, ImportAppliesOperationsToEveryRootTheyName) {
+    QTemporaryDir dir;
+    RegistryFileStore store(dir.path(), QStringLiteral("kind"));
+    store.write(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Weg"), QStringLiteral("a"),
+                RegistryValue::number(3));
+    const auto parsed = RegFile::parse(
+        QStringLiteral("REGEDIT4\n\n[-HKEY_LOCAL_MACHINE\\SOFTWARE\\Weg]\n\n"
+                       "[HKEY_CURRENT_USER\\Software\\Policies]\n\"NoRun\"=dword:00000001\n"));
+    ASSERT_TRUE(store.import(parsed));
+    EXPECT_FALSE(store.keyExists(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Weg")));
+    EXPECT_EQ(store
+                  .read(RegistryRoot::CurrentUser, QStringLiteral("software\\policies"),
+                        QStringLiteral("NoRun"))
+                  ->dword,
+              1u);
+}
+
+TEST(FakeRegistryTest, RecordsChangesAndRefusesThemWithoutRights) {
+    FakeRegistry reg;
+    reg.write(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
+              QStringLiteral("Modus"), RegistryValue::string(QStringLiteral("1")));
+    ASSERT_EQ(reg.log().size(), 1);
+    EXPECT_EQ(reg.log()[0],
+              QStringLiteral("set HKEY_LOCAL_MACHINE\\SOFTWARE\\Tafelkrater\\Modus = 1"));
+    reg.setWritable(false);
+    EXPECT_FALSE(reg.write(RegistryRoot::LocalMachine, QStringLiteral("Software"),
+                           QStringLiteral("test"), RegistryValue::string(QStringLiteral("x"))));
+    EXPECT_EQ(reg.log().size(), 1);
+}
