@@ -3,6 +3,7 @@
 #include "platform/fake/FakePlatform.h"
 #include "platform/linux/LinuxEnvironment.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "tests/support/QtPrinters.h"
 
 #include <QDir>
 #include <QFile>

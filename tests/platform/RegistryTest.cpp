@@ -2,6 +2,7 @@
 #include "platform/RegistryHive.h"
 #include "platform/fake/FakeRegistry.h"
 #include "platform/linux/RegistryFileStore.h"
+#include "tests/support/QtPrinters.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,6 +2,7 @@
 
 #include "core/Programma.h"
 #include "platform/fake/FakePlatform.h"
+#include "tests/support/QtPrinters.h"
 #include "tests/support/ScriptedDialogs.h"
 
 #include <QByteArray>

@@ -1,0 +1,213 @@
+#include "core/Fout.h"
+#include "core/CommandChannel.h"
+#include "core/FrmFoutrapportage.h"
+#include "core/Procedure.h"
+#include "tests/support/Werkplek.h"
+
+#include <QFile>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::Werkplek;
+
+namespace {
+
+const QString rapporten = QStringLiteral("\\Data\\Foutrapportage.ini");
+
+// A command channel that records what is sent and acknowledges a problem call at once.
+class OpnameKanaal : public CommandChannel {
+public:
+    explicit OpnameKanaal(Programma& p) : p(p) {}
+    bool isConnected() override { return verbonden; }
+    void WS_Versturen(const QString& bericht, bool) override {
+        verstuurd.append(bericht);
+        if (bericht.startsWith(QStringLiteral("HLPOPS")))
+            QTimer::singleShot(0, [this] { this->p.modMain.AntwoordOntvangen = true; });
+    }
+    Programma& p;
+    bool verbonden = true;
+    QStringList verstuurd;
+};
+
+QString logboek(Werkplek& w) {
+    return QString::fromUtf8(w.lees(QStringLiteral("Logboek/9-3-2026.txt")));
+}
+
+} // namespace
+
+TEST(LogboekTest, TwoFaultsOfOneDayStandInOneFileEachBetweenItsOwnLines) {
+    Werkplek w;
+    w.p.modMain.SchrijfLogboek(QStringLiteral("Eerste fout"), QStringLiteral("Foutrapportage"),
+                               QStringLiteral("modMain.LaadTaal"), QStringLiteral("12"));
+    w.platform.fakeClock().advance(61 * 1000);
+    w.p.modMain.SchrijfLogboek(QStringLiteral("regel een|regel twee"), QStringLiteral("Naam"),
+                               QString(), QStringLiteral("-"));
+    const QString streep = QString(82, QLatin1Char('-'));
+    const QString verwacht = streep + QStringLiteral("\r\n") +
+                             QStringLiteral("Date:             9-3-2026\r\n"
+                                            "Time:              8:30:00\r\n"
+                                            "Name:              Foutrapportage\r\n"
+                                            "Description:      Eerste fout\r\n"
+                                            "Procedure:         modMain.LaadTaal\r\n"
+                                            "Line:         12\r\n") +
+                             streep + QStringLiteral("\r\n") + streep + QStringLiteral("\r\n") +
+                             QStringLiteral("Date:             9-3-2026\r\n"
+                                            "Time:              8:31:01\r\n"
+                                            "Name:              Naam\r\n"
+                                            "Description:      regel een\r\n"
+                                            "\t\t   regel twee\r\n") +
+                             streep + QStringLiteral("\r\n");
+    EXPECT_EQ(logboek(w), verwacht);
+}
+
+TEST(FoutrapportTest, ACrLfIsSplitInTheLogAndStaysOnOneLineInTheReports) {
+    Werkplek w;
+    w.dialogen.opModaal = [](Form& f) {
+        static_cast<FrmFoutrapportage&>(f).cmdNietVersturen_Click();
+    };
+    w.p.modMain.Foutmelding(QStringLiteral("boven\r\nonder"), QStringLiteral("Foutrapportage"),
+                            QStringLiteral("frmMain.WS_DataArrival"), QStringLiteral("40"));
+    EXPECT_TRUE(logboek(w).contains(QStringLiteral("boven\r\n\t\t   onder\r\n")));
+    EXPECT_EQ(
+        w.p.modMain.LeesIni(QStringLiteral("ID=1"), QStringLiteral("Omschrijving"), rapporten),
+        QStringLiteral("boven|onder"));
+    EXPECT_EQ(w.dialogen.getoond, QStringList{QStringLiteral("frmFoutrapportage")});
+    const auto lees = [&](const char* sleutel) {
+        return w.p.modMain.LeesIni(QStringLiteral("ID=1"), QString::fromLatin1(sleutel), rapporten);
+    };
+    EXPECT_EQ(lees("Datum"), QStringLiteral("9-3-2026"));
+    EXPECT_EQ(lees("Tijd"), QStringLiteral("8:30:00"));
+    EXPECT_EQ(lees("Computernaam"), QStringLiteral("LOKAAL-12"));
+    EXPECT_EQ(lees("Windows"), QStringLiteral("Windows XP"));
+    EXPECT_EQ(lees("Module"), QStringLiteral("Foutrapportage"));
+    EXPECT_EQ(lees("Procedure"), QStringLiteral("frmMain.WS_DataArrival"));
+    EXPECT_EQ(lees("Lijn"), QStringLiteral("40"));
+    EXPECT_EQ(lees("Fout negeren"), QStringLiteral("Nee"));
+    EXPECT_EQ(lees("Verstuurd"), QStringLiteral("Nee"));
+    EXPECT_EQ(
+        w.p.modMain.LeesIni(QStringLiteral("Foutrapportage"), QStringLiteral("Aantal"), rapporten),
+        QStringLiteral("1"));
+}
+
+TEST(FoutrapportTest, AnIgnoredFaultShowsOnceAndOnlyTheSameFourFieldsAreIgnored) {
+    Werkplek w;
+    w.dialogen.opModaal = [](Form& f) {
+        auto& form = static_cast<FrmFoutrapportage&>(f);
+        form.chkNegeren = true;
+        form.cmdNietVersturen_Click();
+    };
+    auto meld = [&](const char* omschrijving, const char* lijn) {
+        w.p.modMain.Foutmelding(QString::fromLatin1(omschrijving), QStringLiteral("Foutrapportage"),
+                                QStringLiteral("modData.LaadKlassen"), QString::fromLatin1(lijn));
+    };
+    meld("Subscript out of range", "7");
+    meld("Subscript out of range", "7");
+    meld("SUBSCRIPT OUT OF RANGE", "7"); // compared in lower case
+    EXPECT_EQ(w.dialogen.getoond.size(), 1);
+    meld("Subscript out of range", "8");
+    meld("Type mismatch", "7");
+    EXPECT_EQ(w.dialogen.getoond.size(), 3);
+    // The log book has all five.
+    EXPECT_EQ(logboek(w).count(QStringLiteral("Procedure:")), 5);
+    // A stored "ja" in any case counts; "Nee" does not.
+    w.p.modMain.SchrijfIni(QStringLiteral("JA"), QStringLiteral("ID=3"),
+                           QStringLiteral("Fout negeren"), rapporten);
+    meld("Type mismatch", "7");
+    EXPECT_EQ(w.dialogen.getoond.size(), 3);
+}
+
+TEST(FoutrapportTest, SendingGoesAsAProblemCallWhenConnected) {
+    Werkplek w;
+    OpnameKanaal kanaal(w.p);
+    w.p.kanaal = &kanaal;
+    w.p.modMain.Locatie = QStringLiteral("Groep 3 (id 4)");
+    w.dialogen.opModaal = [](Form& f) { static_cast<FrmFoutrapportage&>(f).cmdVersturen_Click(); };
+    w.p.modMain.Foutmelding(QStringLiteral("Kapot"), QStringLiteral("Foutrapportage"),
+                            QStringLiteral("frmBureaublad.LaadBureaublad"), QStringLiteral("3"));
+    ASSERT_EQ(kanaal.verstuurd.size(), 1);
+    EXPECT_EQ(kanaal.verstuurd[0],
+              QStringLiteral("HLPOPS9-3-2026;<>;8:30:00;<>;LOKAAL-12;<>;Groep 3 (id 4);<>;"
+                             "Foutrapportage;<>;Tafelkrater ") +
+                  ModMain::ProgrammaVersie() +
+                  QStringLiteral(";<>;frmBureaublad.LaadBureaublad in lijn 3|Kapot;<>;Nee;<>;"
+                                 "9-3-2026 8:30:00;<>;Error report"));
+    EXPECT_TRUE(w.p.modMain.AntwoordOntvangen);
+    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("ID=1"), QStringLiteral("Verstuurd"), rapporten),
+              QStringLiteral("Ja"));
+
+    // Not connected: stored, not sent, and the user is told (string 1114).
+    kanaal.verbonden = false;
+    w.p.modMain.Foutmelding(QStringLiteral("Weer"), QStringLiteral("Foutrapportage"), QString(),
+                            QString());
+    EXPECT_EQ(kanaal.verstuurd.size(), 1);
+    ASSERT_EQ(w.dialogen.gesteld.size(), 1);
+    EXPECT_EQ(w.dialogen.gesteld[0].tekst, w.p.modTaal.LaadTekst(1114));
+    EXPECT_EQ(w.dialogen.gesteld[0].stijl, QStringLiteral("-"));
+    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("ID=2"), QStringLiteral("Procedure"), rapporten),
+              QStringLiteral("-"));
+    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("ID=2"), QStringLiteral("Verstuurd"), rapporten),
+              QStringLiteral("Nee"));
+}
+
+TEST(ProcedureTest, AFaultIsReportedWithTheProceduresNameAndLineAndGoesNoFurther) {
+    Werkplek w;
+    w.dialogen.opModaal = [](Form& f) {
+        static_cast<FrmFoutrapportage&>(f).cmdNietVersturen_Click();
+    };
+    QList<int> tabel(21);
+    int lijn = 0;
+    const int gevonden = Procedure(w.p, "modData.LaadKlassen", -1, [&] {
+        lijn = __LINE__ + 1;
+        controleerIndex(21, tabel.size());
+        return 5;
+    });
+    EXPECT_EQ(gevonden, -1);
+    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("ID=1"), QStringLiteral("Procedure"), rapporten),
+              QStringLiteral("modData.LaadKlassen"));
+    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("ID=1"), QStringLiteral("Lijn"), rapporten),
+              QString::number(lijn));
+    EXPECT_TRUE(
+        w.p.modMain.LeesIni(QStringLiteral("ID=1"), QStringLiteral("Omschrijving"), rapporten)
+            .startsWith(QStringLiteral("Subscript out of range")));
+
+    EXPECT_TRUE(Procedure(w.p, "modMain.Iets", [] {}));
+    EXPECT_FALSE(Procedure(
+        w.p, "modMain.Stil", [] { throw std::runtime_error("kapot"); }, true));
+    EXPECT_EQ(w.dialogen.getoond.size(), 1); // the quiet one only logs
+    EXPECT_TRUE(logboek(w).contains(QStringLiteral("modMain.Stil")));
+    EXPECT_TRUE(logboek(w).contains(QStringLiteral("kapot")));
+}
+
+TEST(ProcedureTest, AFaultWhileAReportIsOnScreenIsOnlyLogged) {
+    Werkplek w;
+    int getoond = 0;
+    w.dialogen.opModaal = [&](Form& f) {
+        ++getoond;
+        Procedure(w.p, "frmFoutrapportage.Form_Load", [] { throw Fout(QStringLiteral("binnen")); });
+        static_cast<FrmFoutrapportage&>(f).cmdNietVersturen_Click();
+    };
+    Procedure(w.p, "modMain.Buiten", [] { throw Fout(QStringLiteral("buiten")); });
+    EXPECT_EQ(getoond, 1);
+    EXPECT_TRUE(logboek(w).contains(QStringLiteral("frmFoutrapportage.Form_Load")));
+}
+
+TEST(WachtTest, EndsOnTheConditionTheDeadlineOrTheLossOfTheLink) {
+    Werkplek w;
+    bool klaar = false;
+    QTimer::singleShot(0, [&] { klaar = true; });
+    EXPECT_EQ(w.p.wacht.Tot([&] { return klaar; }), Wacht::Uitkomst::Voldaan);
+
+    w.platform.fakeClock().setStepPerRead(100);
+    const qint64 deadline = w.platform.fakeClock().msecsSinceStart() + 5000;
+    EXPECT_EQ(w.p.wacht.Tot([] { return false; }, deadline), Wacht::Uitkomst::Verlopen);
+    EXPECT_GE(w.platform.fakeClock().msecsSinceStart(), deadline);
+
+    QTimer::singleShot(0, [&] { w.p.wacht.VerbindingVerloren(); });
+    EXPECT_EQ(w.p.wacht.Tot([] { return false; }), Wacht::Uitkomst::VerbindingVerloren);
+
+    // A wait that does not stop on loss (the connect itself) goes on to its deadline.
+    QTimer::singleShot(0, [&] { w.p.wacht.VerbindingVerloren(); });
+    const qint64 later = w.platform.fakeClock().msecsSinceStart() + 1000;
+    EXPECT_EQ(w.p.wacht.Tot([] { return false; }, later, false), Wacht::Uitkomst::Verlopen);
+}

@@ -1,0 +1,143 @@
+#include "core/Procedure.h"
+#include "tests/support/Werkplek.h"
+
+#include <QDir>
+#include <QFile>
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::Werkplek;
+
+namespace {
+const QString ini = QStringLiteral("\\Data\\Instellingen.ini");
+}
+
+TEST(ModMainTest, WaitTimesAreReadAndAnEmptyWaitIsWrittenBackAs500) {
+    Werkplek w; // no \Data folder yet: it is made before the write
+    w.p.modMain.LaadWachttijden();
+    EXPECT_EQ(w.p.modMain.Wachttijd, 500);
+    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Wachttijd"), ini),
+              QStringLiteral("500"));
+    struct Case {
+        const char* verbinden;
+        double verwacht;
+    };
+    const Case cases[] = {{"", 0}, {"abc", 0}, {"100", 100}, {"2.5", 2.5}, {" 40 ", 40}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.verbinden);
+        w.p.modMain.SchrijfIni(QString::fromLatin1(c.verbinden), QStringLiteral("Algemeen"),
+                               QStringLiteral("Verbinden"), ini);
+        w.p.modMain.SchrijfIni(QStringLiteral("1200"), QStringLiteral("Algemeen"),
+                               QStringLiteral("Wachttijd"), ini);
+        w.p.modMain.LaadWachttijden();
+        EXPECT_EQ(w.p.modMain.Verbindingspauze, c.verwacht);
+        EXPECT_EQ(w.p.modMain.Wachttijd, 1200);
+    }
+}
+
+TEST(ModMainTest, FoldersCountAsExistingFilesAndPatternsToo) {
+    Werkplek w;
+    w.p.modMain.MaakMappen(QStringLiteral("\\Afbeeldingen\\Skins\\1"));
+    EXPECT_TRUE(QDir(w.pad(QStringLiteral("Afbeeldingen/Skins/1"))).exists());
+    w.p.modMain.MaakMappen(QStringLiteral("\\AFBEELDINGEN\\skins\\2"));
+    EXPECT_TRUE(QDir(w.pad(QStringLiteral("Afbeeldingen/Skins/2"))).exists());
+    EXPECT_FALSE(QDir(w.pad(QStringLiteral("AFBEELDINGEN"))).exists());
+    w.schrijf(QStringLiteral("Afbeeldingen/Skins/1/Instellingen.ini"), "[A]\n");
+    EXPECT_TRUE(w.p.modMain.BestandBestaat(QStringLiteral("\\Afbeeldingen\\Skins")));
+    EXPECT_TRUE(
+        w.p.modMain.BestandBestaat(QStringLiteral("\\afbeeldingen\\skins\\1\\instellingen.ini")));
+    EXPECT_TRUE(w.p.modMain.BestandBestaat(QStringLiteral("\\Afbeeldingen\\Skins\\1\\*.ini")));
+    EXPECT_FALSE(w.p.modMain.BestandBestaat(QStringLiteral("\\Afbeeldingen\\Skins\\2\\*.ini")));
+    EXPECT_FALSE(w.p.modMain.BestandBestaat(QStringLiteral("\\Nergens")));
+    EXPECT_FALSE(w.p.modMain.BestandBestaat(QString()));
+    EXPECT_EQ(w.p.modMain.KortPad(QStringLiteral("\\afbeeldingen")),
+              w.pad(QStringLiteral("Afbeeldingen")));
+    EXPECT_EQ(w.p.modMain.KortPad(QStringLiteral("\\Nergens")), QString());
+}
+
+TEST(ModMainTest, DeletingRetriesTenTimesHalfASecondApart) {
+    Werkplek w;
+    w.platform.fakeClock().setStepPerRead(50);
+    w.schrijf(QStringLiteral("Tijdelijk/weg.txt"), "x");
+    const qint64 start = w.platform.fakeClock().msecsSinceStart();
+    w.p.modMain.VerwijderBestand(QStringLiteral("\\Tijdelijk\\weg.txt"));
+    EXPECT_FALSE(QFile::exists(w.pad(QStringLiteral("Tijdelijk/weg.txt"))));
+    EXPECT_LT(w.platform.fakeClock().msecsSinceStart() - start, 500);
+
+    // A folder with something in it cannot be deleted as a file: every try fails.
+    w.schrijf(QStringLiteral("Vast/binnen.txt"), "x");
+    const qint64 voor = w.platform.fakeClock().msecsSinceStart();
+    w.p.modMain.VerwijderBestand(QStringLiteral("\\Vast"));
+    const qint64 duur = w.platform.fakeClock().msecsSinceStart() - voor;
+    EXPECT_GE(duur, 10 * 500);
+    EXPECT_LT(duur, 11 * 500 + 500);
+    EXPECT_TRUE(QFile::exists(w.pad(QStringLiteral("Vast/binnen.txt"))));
+}
+
+TEST(ModMainTest, NamesTheSystemFromItsVersion) {
+    Werkplek w;
+    struct Case {
+        OsVersion versie;
+        const char* naam;
+    };
+    const Case cases[] = {
+        {{1, 4, 0}, "Windows 95"},
+        {{1, 4, 10}, "Windows 98"},
+        {{1, 4, 90}, "Windows 98"},
+        {{2, 5, 0}, "Windows 2000"},
+        {{2, 5, 1}, "Windows XP"},
+        {{2, 5, 2}, "Windows 2003"},
+        {{2, 6, 0}, "Windows Vista"},
+        {{2, 6, 1}, "Windows Vista"},
+        {{2, 4, 0}, "Unknown Windows Version"},
+        {{2, 10, 0}, "Unknown Windows Version"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.naam);
+        w.platform.fakeEnvironment().setOsVersion(c.versie);
+        EXPECT_EQ(w.p.modMain.WindowsNaam(), QString::fromLatin1(c.naam));
+    }
+}
+
+TEST(ModMainTest, LanguageComesFromTheRegistryThenTheSettingsAndFallsBackToEnglish) {
+    struct Case {
+        const char* register_;
+        const char* instellingen;
+        long taal;
+    };
+    const Case cases[] = {
+        {"1043", "1033", 1043}, // the installer's value wins
+        {"", "1043", 1043},     {"", "", 1033},       {"1036", "", 1033}, // no French table
+        {"abc", "1043", 1033},  {"", " 1043 ", 1043},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.register_) + "/" + c.instellingen);
+        Werkplek w;
+        if (*c.register_)
+            w.platform.registry().write(RegistryRoot::LocalMachine,
+                                        QStringLiteral("SOFTWARE\\TAFELKRATER"),
+                                        QStringLiteral("language"),
+                                        RegistryValue::string(QString::fromLatin1(c.register_)));
+        if (*c.instellingen)
+            w.schrijf(QStringLiteral("Data/Instellingen.ini"),
+                      QByteArray("[Instellingen]\nLanguage=") + c.instellingen + "\n");
+        w.p.modMain.LaadTaal();
+        EXPECT_EQ(w.p.modTaal.Taal, c.taal);
+        EXPECT_EQ(
+            w.p.modMain.LeesIni(QStringLiteral("Instellingen"), QStringLiteral("Language"), ini),
+            QString::number(c.taal));
+        EXPECT_EQ(w.p.modTaal.ProductTitel, QStringLiteral("Tafelkrater"));
+    }
+}
+
+TEST(ModMainTest, TextsFillTheProductPlaceholdersAndMarkMissingEntries) {
+    Werkplek w;
+    w.p.modTaal.ProductTitel = QStringLiteral(" Tafelkrater ");
+    EXPECT_EQ(w.p.modTaal.LaadTekst(101, 1033), QStringLiteral("Tafelkrater is busy checking..."));
+    EXPECT_EQ(w.p.modTaal.LaadTekst(1610, 1033), QStringLiteral("Tafelkrater IS LOADING..."));
+    EXPECT_EQ(w.p.modTaal.LaadTekst(9999, 1033), QStringLiteral("[niet vertaald: 9999]"));
+    EXPECT_EQ(w.p.modTaal.LaadTekst(9999, 1033, true), QString());
+    EXPECT_EQ(w.p.modTaal.LaadTekst(3, 1036, true), QString());
+    EXPECT_TRUE(w.p.modTaal.LaadTekst(2908, 1043).contains(QStringLiteral("\r\n\r\n")));
+    EXPECT_FALSE(w.p.modTaal.LaadTekst(2908, 1043).contains(QStringLiteral("%nieuwe_regel%")));
+}
