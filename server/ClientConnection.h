@@ -1,0 +1,84 @@
+#pragma once
+
+#include "LoadCache.h"
+
+#include <QByteArray>
+#include <QElapsedTimer>
+#include <QHostAddress>
+#include <QObject>
+#include <QQueue>
+#include <QString>
+#include <memory>
+
+class QTcpSocket;
+class QTimer;
+
+namespace tk::server {
+
+// One client on the command channel. The wire has no framing: the client takes what one read
+// gives as one message. So this class writes one message at a time and never a second before
+// the client can have consumed the first:
+// - a reply goes out at once: the request it answers shows that the client consumed what came
+//   before (the client waits for each reply before it asks again);
+// - an unsolicited message (a relayed notice, a keep-alive) and the acknowledgement of a
+//   message the client may send without waiting go out only after the connection has been
+//   quiet for a settling time, and hold back everything behind them for that time too.
+// On the read side, what one read gives is one message; a read above the limit is dropped.
+class ClientConnection : public QObject {
+    Q_OBJECT
+public:
+    static constexpr qint64 maxMessage = 256 * 1024;
+
+    ClientConnection(QTcpSocket* socket, int number, int settleMs, QObject* parent = nullptr);
+    ~ClientConnection() override;
+
+    int number() const { return m_number; }
+    QHostAddress peerAddress() const;
+    QString peer() const;
+
+    void sendReply(const QString& text);
+    // A reply to a message that the client may have sent without waiting: it settles like a
+    // notice.
+    void sendSettlingReply(const QString& text);
+    void sendNotice(const QString& text);
+    void close();
+
+    // Milliseconds since the last byte either way.
+    qint64 idleMs() const { return m_activity.elapsed(); }
+    bool hasQueue() const { return !m_queue.isEmpty(); }
+    bool awaitingPing() const { return m_awaitingPing; }
+    void setAwaitingPing(bool waiting) { m_awaitingPing = waiting; }
+
+    // What the server keeps of this client.
+    QString location;
+    QString computerName;
+    QString clientVersion;
+    std::shared_ptr<const LoadCache::Snapshot> loading; // the snapshot a load began with
+
+Q_SIGNALS:
+    void messageReceived(tk::server::ClientConnection* connection, const QString& message);
+    void closed(tk::server::ClientConnection* connection);
+
+private:
+    struct Outgoing {
+        QByteArray bytes;
+        bool settles = false;
+    };
+    void onReadyRead();
+    void flush();
+    void enqueue(const QString& text, bool settles);
+
+    QTcpSocket* m_socket;
+    int m_number;
+    int m_settleMs;
+    QQueue<Outgoing> m_queue;
+    QElapsedTimer m_activity;
+    QElapsedTimer m_sinceWrite;
+    qint64 m_quietUntil = 0; // in m_clock milliseconds
+    QElapsedTimer m_clock;
+    QTimer* m_timer = nullptr;
+    bool m_awaitingPing = false;
+    bool m_closed = false;
+};
+
+} // namespace tk::server

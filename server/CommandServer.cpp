@@ -1,0 +1,162 @@
+#include "CommandServer.h"
+
+#include "ClientConnection.h"
+#include "ServerLog.h"
+#include "Store.h"
+#include "TransferChannel.h"
+
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+#include <exception>
+
+namespace tk::server {
+
+CommandServer::CommandServer(Store& store, const ServerOptions& options, QObject* parent)
+    : QObject(parent), m_store(store), m_options(options), m_cache(store),
+      m_transfers(new TransferChannel(options.clientDataPort, options.clientInfoPort,
+                                      options.transferTimeoutMs, this)),
+      m_handler(*this, store, *m_transfers, m_packages), m_server(new QTcpServer(this)),
+      m_keepAlive(new QTimer(this)) {
+    m_server->setListenBacklogSize(1024);
+    m_server->setMaxPendingConnections(1024);
+    connect(m_server, &QTcpServer::newConnection, this, &CommandServer::onNewConnection);
+    m_keepAlive->setInterval(1000);
+    connect(m_keepAlive, &QTimer::timeout, this, &CommandServer::keepAliveTick);
+}
+
+CommandServer::~CommandServer() {
+    stop();
+}
+
+bool CommandServer::start(QString* error) {
+    if (!m_server->listen(QHostAddress::Any, m_options.port)) {
+        *error =
+            QStringLiteral("command port %1: %2").arg(m_options.port).arg(m_server->errorString());
+        return false;
+    }
+    if (!m_transfers->listen(m_options.uploadDataPort, m_options.uploadInfoPort, error)) {
+        m_server->close();
+        return false;
+    }
+    // Ports the system chose (port 0) are what the clients are told.
+    m_options.uploadDataPort = m_transfers->uploadDataPort();
+    m_options.uploadInfoPort = m_transfers->uploadInfoPort();
+    m_keepAlive->start();
+    return true;
+}
+
+void CommandServer::stop() {
+    m_keepAlive->stop();
+    m_server->close();
+    const QList<ClientConnection*> open = m_connections;
+    for (ClientConnection* c : open)
+        c->close();
+}
+
+quint16 CommandServer::port() const {
+    return m_server->serverPort();
+}
+
+QString CommandServer::domain() {
+    return m_options.domain.isEmpty() ? m_store.setting(QStringLiteral("domain"))
+                                      : m_options.domain;
+}
+
+void CommandServer::onNewConnection() {
+    while (QTcpSocket* socket = m_server->nextPendingConnection()) {
+        if (m_connections.size() >= maxConnections) {
+            ServerLog::fault(QStringLiteral("command port"),
+                             QStringLiteral("too many connections; refused %1")
+                                 .arg(socket->peerAddress().toString()));
+            socket->abort();
+            socket->deleteLater();
+            continue;
+        }
+        auto* c = new ClientConnection(socket, ++m_counter, m_options.settleMs, this);
+        m_connections.append(c);
+        ServerLog::line(QStringLiteral("connection %1 from %2").arg(c->number()).arg(c->peer()));
+        connect(c, &ClientConnection::messageReceived, this,
+                [this](ClientConnection* from, const QString& message) {
+                    from->setAwaitingPing(false);
+                    try {
+                        m_handler.handle(*from, message);
+                    } catch (const std::exception& e) {
+                        ServerLog::fault(QStringLiteral("connection %1").arg(from->number()),
+                                         QString::fromLocal8Bit(e.what()));
+                    }
+                });
+        connect(c, &ClientConnection::closed, this, &CommandServer::onClosed);
+        Q_EMIT connectionCountChanged(int(m_connections.size()));
+    }
+}
+
+void CommandServer::onClosed(ClientConnection* c) {
+    ServerLog::line(QStringLiteral("connection %1 closed").arg(c->number()));
+    m_connections.removeOne(c);
+    m_asks.removeIf([c](const auto& ask) { return ask.first == c || ask.second == c; });
+    c->deleteLater();
+    Q_EMIT connectionCountChanged(int(m_connections.size()));
+}
+
+bool CommandServer::inMaintenance(const QString& location) {
+    const QStringList parts = location.split(QLatin1Char('|'));
+    const QString first = parts.value(0).toUpper();
+    if (first == QStringLiteral("ONDERHOUD") || first == QStringLiteral("ONDERHOUDSMODULE"))
+        return true;
+    return first == QStringLiteral("LERAAR") && parts.size() >= 3 &&
+           parts[2].compare(QStringLiteral("onderhoud"), Qt::CaseInsensitive) == 0;
+}
+
+ClientConnection* CommandServer::insider(const ClientConnection* except) const {
+    for (ClientConnection* c : m_connections)
+        if (c != except && inMaintenance(c->location))
+            return c;
+    return nullptr;
+}
+
+void CommandServer::askInsider(ClientConnection* newcomer) {
+    ClientConnection* in = insider(newcomer);
+    if (!in)
+        return; // the insider left meanwhile: the newcomer's next INFOND tells it so
+    m_asks.removeIf([newcomer](const auto& ask) { return ask.first == newcomer; });
+    m_asks.append(qMakePair(newcomer, in));
+    in->sendNotice(QStringLiteral("INFONA"));
+}
+
+void CommandServer::insiderRefuses(ClientConnection* in) {
+    for (qsizetype i = 0; i < m_asks.size(); ++i)
+        if (m_asks[i].second == in) {
+            ClientConnection* newcomer = m_asks.takeAt(i).first;
+            newcomer->sendNotice(QStringLiteral("INFONC"));
+            return;
+        }
+}
+
+void CommandServer::newcomerGivesUp(ClientConnection* newcomer) {
+    for (qsizetype i = 0; i < m_asks.size(); ++i)
+        if (m_asks[i].first == newcomer) {
+            ClientConnection* in = m_asks.takeAt(i).second;
+            in->sendNotice(QStringLiteral("INFONC"));
+            return;
+        }
+}
+
+void CommandServer::keepAliveTick() {
+    const qint64 idleLimit = qint64(m_options.keepAliveSeconds) * 1000;
+    const QList<ClientConnection*> open = m_connections;
+    for (ClientConnection* c : open) {
+        if (c->hasQueue() || c->idleMs() < idleLimit)
+            continue;
+        if (c->awaitingPing()) {
+            ServerLog::fault(QStringLiteral("connection %1").arg(c->number()),
+                             QStringLiteral("no answer to the keep-alive; closed"));
+            c->close();
+            continue;
+        }
+        c->setAwaitingPing(true);
+        c->sendNotice(QStringLiteral("PIN"));
+    }
+}
+
+} // namespace tk::server

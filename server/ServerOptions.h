@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace tk::server {
+
+// What the server is started with. Started with no options, or with the word FIREWALL first
+// (as a Standalone workstation starts it), it uses the data folder "Server" beside the program
+// and the default ports.
+struct ServerOptions {
+    static constexpr quint16 defaultPort = 34487;
+
+    QString dataFolder;
+    quint16 port = defaultPort;
+    // The four transfer ports, in the order the client is told them: the two its receiver
+    // listens on (file bytes, then commands), then the two the server listens on for uploads
+    // (file bytes, then commands). 0 means "the port after the one before".
+    quint16 clientDataPort = 0;
+    quint16 clientInfoPort = 0;
+    quint16 uploadDataPort = 0;
+    quint16 uploadInfoPort = 0;
+    bool demo = false;
+    QString domain;
+    QString themeFolder; // a theme folder the demo school offers as its default theme
+    int keepAliveSeconds = 60;
+    // How long an unsolicited message waits for a quiet connection, and how long a file
+    // transfer may stay silent; not on the command line.
+    int settleMs = 250;
+    int transferTimeoutMs = 30000;
+
+    // Reads the command line (without the program name). On a fault returns false and says why.
+    bool parse(const QStringList& arguments, const QString& programFolder, QString* error);
+    // Fills the transfer ports left at 0 from the command port.
+    void settlePorts();
+    static QString usage();
+};
+
+} // namespace tk::server

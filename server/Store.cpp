@@ -1,0 +1,914 @@
+#include "Store.h"
+
+#include <QDir>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QUuid>
+#include <QVariant>
+
+namespace tk::server {
+
+namespace {
+
+const char* const classNames[Store::classColumns] = {
+    "naam",        "afkorting", "knopafbeelding", "achtergrond", "account", "wachtwoord", "id",
+    "applicaties", "internet",  "reserve",        "thema",       "positie", "categorieen"};
+const char* const teacherNames[Store::teacherColumns] = {
+    "achternaam",    "pictogram", "achtergrond", "account",
+    "wachtwoord",    "id",        "voornaam",    "tussenvoegsel",
+    "applicaties",   "internet",  "klasrechten", "beheerapplicaties",
+    "beheerleraren", "reserve",   "thema",       "categorieen"};
+const char* const applicationNames[8] = {"id",           "naam",      "categorie", "opdracht",
+                                         "omschrijving", "pictogram", "parameter", "beeldscherm"};
+
+const char* const schema[] = {
+    "CREATE TABLE IF NOT EXISTS settings(key TEXT PRIMARY KEY, value TEXT NOT NULL)",
+    "CREATE TABLE IF NOT EXISTS classes(id INTEGER PRIMARY KEY, pos INTEGER NOT NULL,"
+    " naam TEXT, afkorting TEXT, knopafbeelding TEXT, achtergrond TEXT, account TEXT,"
+    " wachtwoord TEXT, applicaties TEXT, internet TEXT, reserve TEXT, thema TEXT,"
+    " positie TEXT, categorieen TEXT)",
+    "CREATE TABLE IF NOT EXISTS teachers(id INTEGER PRIMARY KEY, pos INTEGER NOT NULL,"
+    " achternaam TEXT, pictogram TEXT, achtergrond TEXT, account TEXT, wachtwoord TEXT,"
+    " voornaam TEXT, tussenvoegsel TEXT, applicaties TEXT, internet TEXT, klasrechten TEXT,"
+    " beheerapplicaties TEXT, beheerleraren TEXT, reserve TEXT, thema TEXT, categorieen TEXT)",
+    "CREATE TABLE IF NOT EXISTS categories(kind INTEGER NOT NULL, id INTEGER NOT NULL,"
+    " pos INTEGER NOT NULL, naam TEXT, PRIMARY KEY(kind, id))",
+    "CREATE TABLE IF NOT EXISTS applications(kind INTEGER NOT NULL, id INTEGER NOT NULL,"
+    " naam TEXT, categorie TEXT, opdracht TEXT, omschrijving TEXT, pictogram TEXT,"
+    " parameter TEXT, beeldscherm TEXT, PRIMARY KEY(kind, id))",
+    "CREATE TABLE IF NOT EXISTS positions(owner TEXT PRIMARY KEY, value TEXT NOT NULL)",
+    "CREATE TABLE IF NOT EXISTS favourites(owner TEXT PRIMARY KEY, header TEXT NOT NULL,"
+    " list TEXT NOT NULL)",
+    "CREATE TABLE IF NOT EXISTS accounts(name TEXT PRIMARY KEY COLLATE NOCASE,"
+    " present INTEGER NOT NULL, password TEXT, type TEXT, fullname TEXT, profile TEXT,"
+    " homefolder TEXT, homedrive TEXT, script TEXT, groups TEXT)",
+    "CREATE TABLE IF NOT EXISTS windows_groups(scope TEXT NOT NULL, name TEXT NOT NULL"
+    " COLLATE NOCASE, description TEXT, PRIMARY KEY(scope, name))",
+    "CREATE TABLE IF NOT EXISTS icons(kind INTEGER NOT NULL, id INTEGER NOT NULL,"
+    " changed TEXT NOT NULL, data BLOB NOT NULL, PRIMARY KEY(kind, id))",
+    "CREATE TABLE IF NOT EXISTS themes(id TEXT PRIMARY KEY, version TEXT NOT NULL,"
+    " standaard INTEGER NOT NULL, package BLOB NOT NULL)",
+    "CREATE TABLE IF NOT EXISTS starts(kind INTEGER NOT NULL, application INTEGER NOT NULL,"
+    " owner INTEGER NOT NULL, count INTEGER NOT NULL, PRIMARY KEY(kind, application, owner))",
+    "CREATE TABLE IF NOT EXISTS help_reports(id INTEGER PRIMARY KEY, received TEXT NOT NULL,"
+    " computer TEXT, location TEXT, record TEXT NOT NULL)",
+};
+
+QString q(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+QString columnList(const char* const* names, int count, int skip) {
+    QStringList out;
+    for (int i = 0; i < count; ++i)
+        if (i != skip)
+            out << q(names[i]);
+    return out.join(QLatin1Char(','));
+}
+
+QString text(const QVariant& value) {
+    return value.isNull() ? QString() : value.toString();
+}
+
+const QDateTime iconEpoch(QDate(2004, 1, 1), QTime(0, 0));
+
+} // namespace
+
+Store::Store() : m_connection(QUuid::createUuid().toString(QUuid::WithoutBraces)) {}
+
+Store::~Store() {
+    close();
+}
+
+bool Store::open(const QString& folder, QString* error) {
+    if (!QDir().mkpath(folder)) {
+        *error = QStringLiteral("cannot make the data folder %1").arg(folder);
+        return false;
+    }
+    m_db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection);
+    m_db.setDatabaseName(QDir(folder).filePath(QStringLiteral("tafelkrater.sqlite")));
+    m_db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=5000"));
+    if (!m_db.open()) {
+        *error = QStringLiteral("cannot open the store: %1").arg(m_db.lastError().text());
+        return false;
+    }
+    QSqlQuery query(m_db);
+    for (const char* pragma :
+         {"PRAGMA journal_mode=WAL", "PRAGMA synchronous=NORMAL", "PRAGMA foreign_keys=OFF"})
+        query.exec(q(pragma));
+    for (const char* statement : schema) {
+        if (!query.exec(q(statement))) {
+            *error =
+                QStringLiteral("cannot make the store's tables: %1").arg(query.lastError().text());
+            return false;
+        }
+    }
+    return true;
+}
+
+void Store::close() {
+    if (m_db.isValid()) {
+        m_db.close();
+        m_db = QSqlDatabase();
+        QSqlDatabase::removeDatabase(m_connection);
+    }
+}
+
+bool Store::isEmpty() {
+    QSqlQuery query(m_db);
+    for (const char* table : {"classes", "teachers", "categories", "applications", "settings"}) {
+        query.exec(QStringLiteral("SELECT COUNT(*) FROM %1").arg(q(table)));
+        if (query.next() && query.value(0).toLongLong() > 0)
+            return false;
+    }
+    return true;
+}
+
+bool Store::write(const std::function<bool(QString*)>& change, QString* error) {
+    QString reason;
+    if (!m_db.transaction()) {
+        *error = QStringLiteral("cannot begin a change: %1").arg(m_db.lastError().text());
+        return false;
+    }
+    if (!change(&reason)) {
+        m_db.rollback();
+        *error = reason;
+        return false;
+    }
+    if (!m_db.commit()) {
+        *error = QStringLiteral("cannot commit: %1").arg(m_db.lastError().text());
+        m_db.rollback();
+        return false;
+    }
+    ++m_generation;
+    return true;
+}
+
+bool Store::exec(const QString& sql, const QVariantList& values, QString* error) {
+    QSqlQuery query(m_db);
+    if (!query.prepare(sql)) {
+        *error = query.lastError().text();
+        return false;
+    }
+    for (const QVariant& value : values)
+        query.addBindValue(value);
+    if (!query.exec()) {
+        *error = query.lastError().text();
+        return false;
+    }
+    return true;
+}
+
+QString Store::setting(const QString& key, const QString& fallback) {
+    QSqlQuery query(m_db);
+    query.prepare(QStringLiteral("SELECT value FROM settings WHERE key = ?"));
+    query.addBindValue(key);
+    if (query.exec() && query.next())
+        return text(query.value(0));
+    return fallback;
+}
+
+bool Store::setSettings(const QList<QPair<QString, QString>>& values, QString* error) {
+    return write(
+        [&](QString* why) {
+            for (const auto& [key, value] : values)
+                if (!exec(
+                        QStringLiteral("INSERT OR REPLACE INTO settings(key, value) VALUES(?, ?)"),
+                        {key, value}, why))
+                    return false;
+            return true;
+        },
+        error);
+}
+
+qint64 Store::nextId(const QString& key, QString* error) {
+    const qint64 id = setting(key, QStringLiteral("0")).toLongLong() + 1;
+    if (!exec(QStringLiteral("INSERT OR REPLACE INTO settings(key, value) VALUES(?, ?)"),
+              {key, QString::number(id)}, error))
+        return 0;
+    return id;
+}
+
+QList<QStringList> Store::classes() {
+    QList<QStringList> rows;
+    QSqlQuery query(m_db);
+    query.exec(QStringLiteral("SELECT %1 FROM classes ORDER BY pos, id")
+                   .arg(columnList(classNames, classColumns, -1)));
+    while (query.next()) {
+        QStringList row;
+        for (int i = 0; i < classColumns; ++i)
+            row << text(query.value(i));
+        rows << row;
+    }
+    return rows;
+}
+
+QList<QStringList> Store::teachers() {
+    QList<QStringList> rows;
+    QSqlQuery query(m_db);
+    query.exec(QStringLiteral("SELECT %1 FROM teachers ORDER BY pos, id")
+                   .arg(columnList(teacherNames, teacherColumns, -1)));
+    while (query.next()) {
+        QStringList row;
+        for (int i = 0; i < teacherColumns; ++i)
+            row << text(query.value(i));
+        rows << row;
+    }
+    return rows;
+}
+
+bool Store::saveClass(const QStringList& columns, qint64* id, QString* error) {
+    return saveRow(false, columns, id, error);
+}
+
+bool Store::saveTeacher(const QStringList& columns, qint64* id, QString* error) {
+    return saveRow(true, columns, id, error);
+}
+
+bool Store::saveRow(bool teacher, const QStringList& columns, qint64* id, QString* error) {
+    const int count = teacher ? teacherColumns : classColumns;
+    const int idColumn = teacher ? teacherId : classId;
+    const int reserve = teacher ? 13 : 9;
+    const char* const* names = teacher ? teacherNames : classNames;
+    const QString table = teacher ? QStringLiteral("teachers") : QStringLiteral("classes");
+    if (columns.size() != count) {
+        *error = QStringLiteral("a record of %1 columns, not %2").arg(columns.size()).arg(count);
+        return false;
+    }
+    const QString idText = columns[idColumn];
+    qint64 existing = 0;
+    qint64 copyOf = 0;
+    if (idText.startsWith(QStringLiteral("kopie"), Qt::CaseInsensitive)) {
+        copyOf = idText.mid(5).toLongLong();
+        if (copyOf <= 0) {
+            *error = QStringLiteral("\"%1\" is no copy of a known record").arg(idText);
+            return false;
+        }
+    } else if (!idText.isEmpty() && idText != QStringLiteral("0")) {
+        bool ok = false;
+        existing = idText.toLongLong(&ok);
+        if (!ok || existing <= 0) {
+            *error = QStringLiteral("\"%1\" is not an ID").arg(idText);
+            return false;
+        }
+    }
+    return write(
+        [&](QString* why) {
+            QSqlQuery query(m_db);
+            if (existing > 0) {
+                QStringList sets;
+                QVariantList values;
+                for (int i = 0; i < count; ++i) {
+                    if (i == idColumn || i == reserve)
+                        continue;
+                    sets << q(names[i]) + QStringLiteral(" = ?");
+                    values << columns[i];
+                }
+                values << existing;
+                query.prepare(QStringLiteral("UPDATE %1 SET %2 WHERE id = ?")
+                                  .arg(table, sets.join(QLatin1Char(','))));
+                for (const QVariant& v : values)
+                    query.addBindValue(v);
+                if (!query.exec()) {
+                    *why = query.lastError().text();
+                    return false;
+                }
+                if (query.numRowsAffected() != 1) {
+                    *why = QStringLiteral("no record with ID %1").arg(existing);
+                    return false;
+                }
+                *id = existing;
+                return true;
+            }
+            query.exec(QStringLiteral("SELECT COUNT(*), COALESCE(MAX(pos), 0) FROM %1").arg(table));
+            query.next();
+            if (query.value(0).toInt() >= (teacher ? maxTeachers : maxClasses)) {
+                *why = QStringLiteral("the table is full");
+                return false;
+            }
+            const qint64 pos = query.value(1).toLongLong() + 1;
+            if (copyOf > 0) {
+                query.prepare(QStringLiteral("SELECT COUNT(*) FROM %1 WHERE id = ?").arg(table));
+                query.addBindValue(copyOf);
+                if (!query.exec() || !query.next() || query.value(0).toInt() != 1) {
+                    *why = QStringLiteral("no record with ID %1 to copy").arg(copyOf);
+                    return false;
+                }
+            }
+            const qint64 newId = nextId(
+                teacher ? QStringLiteral("last_teacher_id") : QStringLiteral("last_class_id"), why);
+            if (newId == 0)
+                return false;
+            QVariantList values{newId, pos};
+            for (int i = 0; i < count; ++i)
+                if (i != idColumn)
+                    values << (i == reserve ? QString() : columns[i]);
+            if (!exec(QStringLiteral("INSERT INTO %1(id, pos, %2) VALUES(?, ?%3)")
+                          .arg(table, columnList(names, count, idColumn),
+                               QStringLiteral(", ?").repeated(count - 1)),
+                      values, why))
+                return false;
+            if (copyOf > 0 && !copyOwnerData(teacher, copyOf, newId, why))
+                return false;
+            *id = newId;
+            return true;
+        },
+        error);
+}
+
+bool Store::copyOwnerData(bool teacher, qint64 from, qint64 to, QString* error) {
+    const QString pos = teacher ? QStringLiteral("L") : QStringLiteral("K");
+    const QString fav = teacher ? QStringLiteral("Leraar") : QStringLiteral("Groep");
+    return exec(QStringLiteral("INSERT OR REPLACE INTO positions(owner, value) SELECT ?, value"
+                               " FROM positions WHERE owner = ?"),
+                {pos + QString::number(to), pos + QString::number(from)}, error) &&
+           exec(QStringLiteral("INSERT OR REPLACE INTO favourites(owner, header, list)"
+                               " SELECT ?, header, list FROM favourites WHERE owner = ?"),
+                {fav + QString::number(to), fav + QString::number(from)}, error);
+}
+
+bool Store::saveTeachers(const QList<QStringList>& rows, const QList<int>& keep, QString* error) {
+    for (const QStringList& row : rows)
+        if (row.size() != teacherColumns) {
+            *error = QStringLiteral("a teacher of %1 columns").arg(row.size());
+            return false;
+        }
+    return write(
+        [&](QString* why) {
+            QSqlQuery query(m_db);
+            // Teachers that the list leaves out go behind it, in their order.
+            if (!exec(QStringLiteral("UPDATE teachers SET pos = pos + 1000000"), {}, why))
+                return false;
+            int pos = 0;
+            for (const QStringList& row : rows) {
+                ++pos;
+                qint64 id = row[teacherId].toLongLong();
+                if (id <= 0) {
+                    query.exec(QStringLiteral("SELECT COUNT(*) FROM teachers"));
+                    query.next();
+                    if (query.value(0).toInt() >= maxTeachers) {
+                        *why = QStringLiteral("the table is full");
+                        return false;
+                    }
+                    id = nextId(QStringLiteral("last_teacher_id"), why);
+                    if (id == 0)
+                        return false;
+                    QVariantList values{id, pos};
+                    for (int i = 0; i < teacherColumns; ++i)
+                        if (i != teacherId)
+                            values << (keep.contains(i) ? QString() : row[i]);
+                    if (!exec(QStringLiteral("INSERT INTO teachers(id, pos, %1) VALUES(?, ?%2)")
+                                  .arg(columnList(teacherNames, teacherColumns, teacherId),
+                                       QStringLiteral(", ?").repeated(teacherColumns - 1)),
+                              values, why))
+                        return false;
+                    continue;
+                }
+                QStringList sets{QStringLiteral("pos = ?")};
+                QVariantList values{pos};
+                for (int i = 0; i < teacherColumns; ++i) {
+                    if (i == teacherId || keep.contains(i))
+                        continue;
+                    sets << q(teacherNames[i]) + QStringLiteral(" = ?");
+                    values << row[i];
+                }
+                values << id;
+                query.prepare(QStringLiteral("UPDATE teachers SET %1 WHERE id = ?")
+                                  .arg(sets.join(QLatin1Char(','))));
+                for (const QVariant& v : values)
+                    query.addBindValue(v);
+                if (!query.exec() || query.numRowsAffected() != 1) {
+                    *why = QStringLiteral("no teacher with ID %1").arg(id);
+                    return false;
+                }
+            }
+            return true;
+        },
+        error);
+}
+
+bool Store::deleteClass(qint64 id, QString* error) {
+    return write(
+        [&](QString* why) {
+            QSqlQuery query(m_db);
+            query.prepare(QStringLiteral("DELETE FROM classes WHERE id = ?"));
+            query.addBindValue(id);
+            if (!query.exec() || query.numRowsAffected() != 1) {
+                *why = QStringLiteral("no class with ID %1").arg(id);
+                return false;
+            }
+            return exec(QStringLiteral("DELETE FROM positions WHERE owner = ?"),
+                        {QStringLiteral("K%1").arg(id)}, why) &&
+                   exec(QStringLiteral("DELETE FROM favourites WHERE owner = ?"),
+                        {QStringLiteral("Groep%1").arg(id)}, why);
+        },
+        error);
+}
+
+bool Store::deleteTeacher(qint64 id, QString* error) {
+    return write(
+        [&](QString* why) {
+            QSqlQuery query(m_db);
+            query.prepare(QStringLiteral("DELETE FROM teachers WHERE id = ?"));
+            query.addBindValue(id);
+            if (!query.exec() || query.numRowsAffected() != 1) {
+                *why = QStringLiteral("no teacher with ID %1").arg(id);
+                return false;
+            }
+            return exec(QStringLiteral("DELETE FROM positions WHERE owner = ?"),
+                        {QStringLiteral("L%1").arg(id)}, why) &&
+                   exec(QStringLiteral("DELETE FROM favourites WHERE owner = ?"),
+                        {QStringLiteral("Leraar%1").arg(id)}, why);
+        },
+        error);
+}
+
+bool Store::saveDesktop(QChar who, qint64 id, const QString& applicaties, const QString& internet,
+                        const QString& categorieen, QString* error) {
+    const bool teacher = who == QLatin1Char('l');
+    return write(
+        [&](QString* why) {
+            QSqlQuery query(m_db);
+            query.prepare(
+                QStringLiteral("UPDATE %1 SET applicaties = ?, internet = ?,"
+                               " categorieen = ? WHERE id = ?")
+                    .arg(teacher ? QStringLiteral("teachers") : QStringLiteral("classes")));
+            query.addBindValue(applicaties);
+            query.addBindValue(internet);
+            query.addBindValue(categorieen);
+            query.addBindValue(id);
+            if (!query.exec() || query.numRowsAffected() != 1) {
+                *why = QStringLiteral("no %1 with ID %2")
+                           .arg(teacher ? QStringLiteral("teacher") : QStringLiteral("class"))
+                           .arg(id);
+                return false;
+            }
+            return true;
+        },
+        error);
+}
+
+QList<Store::Category> Store::categories(int kind) {
+    QList<Category> list;
+    QSqlQuery query(m_db);
+    query.prepare(
+        QStringLiteral("SELECT id, naam FROM categories WHERE kind = ? ORDER BY pos, id"));
+    query.addBindValue(kind);
+    query.exec();
+    while (query.next())
+        list.append({query.value(0).toLongLong(), text(query.value(1))});
+    return list;
+}
+
+bool Store::addCategory(int kind, const QString& naam, qint64* id, QString* error) {
+    return write(
+        [&](QString* why) {
+            QSqlQuery query(m_db);
+            query.prepare(QStringLiteral(
+                "SELECT COUNT(*), COALESCE(MAX(pos), 0) FROM categories WHERE kind = ?"));
+            query.addBindValue(kind);
+            query.exec();
+            query.next();
+            if (query.value(0).toInt() >= maxCategories) {
+                *why = QStringLiteral("the categories of this kind are full");
+                return false;
+            }
+            const qint64 pos = query.value(1).toLongLong() + 1;
+            *id = nextId(QStringLiteral("last_category_id_%1").arg(kind), why);
+            return *id != 0 &&
+                   exec(QStringLiteral(
+                            "INSERT INTO categories(kind, id, pos, naam) VALUES(?,?,?,?)"),
+                        {kind, *id, pos, naam}, why);
+        },
+        error);
+}
+
+bool Store::renameCategory(int kind, qint64 id, const QString& naam, QString* error) {
+    return write(
+        [&](QString* why) {
+            QSqlQuery query(m_db);
+            query.prepare(
+                QStringLiteral("UPDATE categories SET naam = ? WHERE kind = ? AND id = ?"));
+            query.addBindValue(naam);
+            query.addBindValue(kind);
+            query.addBindValue(id);
+            if (!query.exec() || query.numRowsAffected() != 1) {
+                *why = QStringLiteral("no category with ID %1").arg(id);
+                return false;
+            }
+            return true;
+        },
+        error);
+}
+
+bool Store::saveCategories(int kind, const QList<Category>& list, QString* error) {
+    return write(
+        [&](QString* why) {
+            if (!exec(QStringLiteral("UPDATE categories SET pos = pos + 1000000 WHERE kind = ?"),
+                      {kind}, why))
+                return false;
+            int pos = 0;
+            QSqlQuery query(m_db);
+            for (const Category& c : list) {
+                query.prepare(QStringLiteral(
+                    "UPDATE categories SET naam = ?, pos = ? WHERE kind = ? AND id = ?"));
+                query.addBindValue(c.naam);
+                query.addBindValue(++pos);
+                query.addBindValue(kind);
+                query.addBindValue(c.id);
+                if (!query.exec() || query.numRowsAffected() != 1) {
+                    *why = QStringLiteral("no category with ID %1").arg(c.id);
+                    return false;
+                }
+            }
+            return true;
+        },
+        error);
+}
+
+bool Store::deleteCategory(int kind, qint64 id, QString* error) {
+    return write(
+        [&](QString* why) {
+            QSqlQuery query(m_db);
+            query.prepare(QStringLiteral("DELETE FROM categories WHERE kind = ? AND id = ?"));
+            query.addBindValue(kind);
+            query.addBindValue(id);
+            if (!query.exec() || query.numRowsAffected() != 1) {
+                *why = QStringLiteral("no category with ID %1").arg(id);
+                return false;
+            }
+            const QString category = QString::number(id);
+            query.prepare(QStringLiteral(
+                "DELETE FROM icons WHERE kind = ? AND id IN (SELECT id FROM applications"
+                " WHERE kind = ? AND categorie = ?)"));
+            query.addBindValue(kind);
+            query.addBindValue(kind);
+            query.addBindValue(category);
+            if (!query.exec()) {
+                *why = query.lastError().text();
+                return false;
+            }
+            const bool iconsGone = query.numRowsAffected() > 0;
+            return exec(QStringLiteral("DELETE FROM applications WHERE kind = ? AND categorie = ?"),
+                        {kind, category}, why) &&
+                   (!iconsGone || touchIcons(kind, why));
+        },
+        error);
+}
+
+QList<Store::Application> Store::applications(int kind) {
+    QList<Application> list;
+    QSqlQuery query(m_db);
+    query.prepare(QStringLiteral("SELECT %1 FROM applications WHERE kind = ? ORDER BY id")
+                      .arg(columnList(applicationNames, 8, -1)));
+    query.addBindValue(kind);
+    query.exec();
+    while (query.next()) {
+        Application fields;
+        for (int i = 0; i < 8; ++i)
+            fields << text(query.value(i));
+        list << fields;
+    }
+    return list;
+}
+
+bool Store::reserveApplicationId(int kind, qint64* id, QString* error) {
+    return write(
+        [&](QString* why) {
+            *id = nextId(QStringLiteral("last_application_id_%1").arg(kind), why);
+            return *id != 0;
+        },
+        error);
+}
+
+bool Store::saveApplication(int kind, const Application& fields, QString* error) {
+    if (fields.size() != 8) {
+        *error = QStringLiteral("an application of %1 fields").arg(fields.size());
+        return false;
+    }
+    bool ok = false;
+    const qint64 id = fields[0].toLongLong(&ok);
+    if (!ok || id <= 0) {
+        *error = QStringLiteral("\"%1\" is not an application ID").arg(fields[0]);
+        return false;
+    }
+    return write(
+        [&](QString* why) {
+            QSqlQuery query(m_db);
+            query.prepare(
+                QStringLiteral("SELECT COUNT(*) FROM categories WHERE kind = ? AND id = ?"));
+            query.addBindValue(kind);
+            query.addBindValue(fields[2].toLongLong());
+            if (!query.exec() || !query.next() || query.value(0).toInt() != 1) {
+                *why = QStringLiteral("no category \"%1\" of this kind").arg(fields[2]);
+                return false;
+            }
+            query.prepare(
+                QStringLiteral("SELECT COUNT(*) FROM applications WHERE kind = ? AND id = ?"));
+            query.addBindValue(kind);
+            query.addBindValue(id);
+            query.exec();
+            query.next();
+            const bool known = query.value(0).toInt() == 1;
+            if (!known) {
+                const QString key = QStringLiteral("last_application_id_%1").arg(kind);
+                if (id > setting(key, QStringLiteral("0")).toLongLong()) {
+                    *why = QStringLiteral("ID %1 was never given out").arg(id);
+                    return false;
+                }
+                query.prepare(QStringLiteral("SELECT COUNT(*) FROM applications WHERE kind = ?"));
+                query.addBindValue(kind);
+                query.exec();
+                query.next();
+                if (query.value(0).toInt() >= maxApplications) {
+                    *why = QStringLiteral("the applications of this kind are full");
+                    return false;
+                }
+            }
+            QVariantList values{kind};
+            for (const QString& f : fields)
+                values << f;
+            return exec(QStringLiteral("INSERT OR REPLACE INTO applications(kind, %1)"
+                                       " VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?)")
+                            .arg(columnList(applicationNames, 8, -1)),
+                        values, why);
+        },
+        error);
+}
+
+bool Store::deleteApplication(int kind, qint64 id, QString* error) {
+    return write(
+        [&](QString* why) {
+            QSqlQuery query(m_db);
+            query.prepare(QStringLiteral("DELETE FROM applications WHERE kind = ? AND id = ?"));
+            query.addBindValue(kind);
+            query.addBindValue(id);
+            if (!query.exec() || query.numRowsAffected() != 1) {
+                *why = QStringLiteral("no application with ID %1").arg(id);
+                return false;
+            }
+            query.prepare(QStringLiteral("DELETE FROM icons WHERE kind = ? AND id = ?"));
+            query.addBindValue(kind);
+            query.addBindValue(id);
+            if (!query.exec()) {
+                *why = query.lastError().text();
+                return false;
+            }
+            return query.numRowsAffected() == 0 || touchIcons(kind, why);
+        },
+        error);
+}
+
+QString Store::positions(const QString& owner) {
+    QSqlQuery query(m_db);
+    query.prepare(QStringLiteral("SELECT value FROM positions WHERE owner = ?"));
+    query.addBindValue(owner);
+    if (query.exec() && query.next())
+        return text(query.value(0));
+    return QString();
+}
+
+bool Store::savePositions(const QString& owner, const QString& value, QString* error) {
+    return write(
+        [&](QString* why) {
+            return exec(
+                QStringLiteral("INSERT OR REPLACE INTO positions(owner, value) VALUES(?, ?)"),
+                {owner, value}, why);
+        },
+        error);
+}
+
+QPair<QString, QString> Store::favourites(const QString& owner) {
+    QSqlQuery query(m_db);
+    query.prepare(QStringLiteral("SELECT header, list FROM favourites WHERE owner = ?"));
+    query.addBindValue(owner);
+    if (query.exec() && query.next())
+        return {text(query.value(0)), text(query.value(1))};
+    return {QStringLiteral("0|Nee|Nee|Nee"), QString()};
+}
+
+bool Store::saveFavourites(const QString& owner, const QString& header, const QString& list,
+                           QString* error) {
+    return write(
+        [&](QString* why) {
+            return exec(QStringLiteral(
+                            "INSERT OR REPLACE INTO favourites(owner, header, list) VALUES(?,?,?)"),
+                        {owner, header, list}, why);
+        },
+        error);
+}
+
+QList<Store::Account> Store::accounts() {
+    QList<Account> list;
+    QSqlQuery query(m_db);
+    query.exec(QStringLiteral("SELECT name FROM accounts ORDER BY name"));
+    QStringList names;
+    while (query.next())
+        names << text(query.value(0));
+    for (const QString& name : names)
+        list << account(name);
+    return list;
+}
+
+Store::Account Store::account(const QString& name) {
+    Account a;
+    QSqlQuery query(m_db);
+    query.prepare(QStringLiteral("SELECT name, present, password, type, fullname, profile,"
+                                 " homefolder, homedrive, script, groups FROM accounts"
+                                 " WHERE name = ?"));
+    query.addBindValue(name);
+    if (!query.exec() || !query.next()) {
+        a.name = name;
+        return a;
+    }
+    a.name = text(query.value(0));
+    a.present = query.value(1).toInt() != 0;
+    a.password = text(query.value(2));
+    a.type = text(query.value(3));
+    a.fullName = text(query.value(4));
+    a.profile = text(query.value(5));
+    a.homeFolder = text(query.value(6));
+    a.homeDrive = text(query.value(7));
+    a.script = text(query.value(8));
+    a.groups = text(query.value(9));
+    return a;
+}
+
+bool Store::saveAccount(const Account& a, QString* error) {
+    return write(
+        [&](QString* why) {
+            return exec(QStringLiteral("INSERT OR REPLACE INTO accounts(name, present, password,"
+                                       " type, fullname, profile, homefolder, homedrive, script,"
+                                       " groups) VALUES(?,?,?,?,?,?,?,?,?,?)"),
+                        {a.name, a.present ? 1 : 0, a.password, a.type, a.fullName, a.profile,
+                         a.homeFolder, a.homeDrive, a.script, a.groups},
+                        why);
+        },
+        error);
+}
+
+bool Store::deleteAccount(const QString& name, QString* error) {
+    return write(
+        [&](QString* why) {
+            return exec(QStringLiteral("DELETE FROM accounts WHERE name = ?"), {name}, why);
+        },
+        error);
+}
+
+QStringList Store::groups(const QString& scope) {
+    QStringList list;
+    QSqlQuery query(m_db);
+    query.prepare(QStringLiteral(
+        "SELECT name, description FROM windows_groups WHERE scope = ? ORDER BY name"));
+    query.addBindValue(scope);
+    query.exec();
+    while (query.next())
+        list << text(query.value(0)) + QLatin1Char(':') + text(query.value(1));
+    return list;
+}
+
+bool Store::saveGroup(const QString& scope, const QString& name, const QString& description,
+                      QString* error) {
+    return write(
+        [&](QString* why) {
+            return exec(QStringLiteral("INSERT OR REPLACE INTO windows_groups(scope, name,"
+                                       " description) VALUES(?,?,?)"),
+                        {scope, name, description}, why);
+        },
+        error);
+}
+
+QList<Store::Icon> Store::icons(int kind) {
+    QList<Icon> list;
+    QSqlQuery query(m_db);
+    query.prepare(QStringLiteral("SELECT id, changed FROM icons WHERE kind = ? ORDER BY id"));
+    query.addBindValue(kind);
+    query.exec();
+    while (query.next())
+        list.append({query.value(0).toLongLong(),
+                     QDateTime::fromString(text(query.value(1)), Qt::ISODate)});
+    return list;
+}
+
+QByteArray Store::icon(int kind, qint64 id) {
+    QSqlQuery query(m_db);
+    query.prepare(QStringLiteral("SELECT data FROM icons WHERE kind = ? AND id = ?"));
+    query.addBindValue(kind);
+    query.addBindValue(id);
+    if (query.exec() && query.next())
+        return query.value(0).toByteArray();
+    return QByteArray();
+}
+
+QDateTime Store::iconsChanged(int group) {
+    const QDateTime moment =
+        QDateTime::fromString(setting(QStringLiteral("icons_changed_%1").arg(group)), Qt::ISODate);
+    return moment.isValid() ? moment : iconEpoch;
+}
+
+// A group's change moment goes forward by at least a minute on every change, so that a client
+// that compares moments to the minute never misses a second change within the same minute.
+bool Store::touchIcons(int group, QString* error) {
+    QDateTime now = QDateTime::currentDateTime();
+    now.setTime(QTime(now.time().hour(), now.time().minute()));
+    const QDateTime after = iconsChanged(group).addSecs(60);
+    const QDateTime moment = after > now ? after : now;
+    return exec(QStringLiteral("INSERT OR REPLACE INTO settings(key, value) VALUES(?, ?)"),
+                {QStringLiteral("icons_changed_%1").arg(group), moment.toString(Qt::ISODate)},
+                error);
+}
+
+bool Store::saveIcon(int kind, qint64 id, const QByteArray& data, QString* error) {
+    return write(
+        [&](QString* why) {
+            if (!touchIcons(kind, why))
+                return false;
+            return exec(
+                QStringLiteral(
+                    "INSERT OR REPLACE INTO icons(kind, id, changed, data) VALUES(?,?,?,?)"),
+                {kind, id, iconsChanged(kind).toString(Qt::ISODate), data}, why);
+        },
+        error);
+}
+
+QByteArray Store::standardLibrary() {
+    return icon(3, 0);
+}
+
+bool Store::saveStandardLibrary(const QByteArray& data, QString* error) {
+    return saveIcon(3, 0, data, error);
+}
+
+QList<Store::Theme> Store::themes() {
+    QList<Theme> list;
+    QSqlQuery query(m_db);
+    query.exec(QStringLiteral("SELECT id, version, standaard FROM themes ORDER BY id"));
+    while (query.next())
+        list.append({text(query.value(0)), text(query.value(1)), query.value(2).toInt() != 0});
+    return list;
+}
+
+QByteArray Store::themePackage(const QString& id) {
+    QSqlQuery query(m_db);
+    query.prepare(QStringLiteral("SELECT package FROM themes WHERE id = ?"));
+    query.addBindValue(id);
+    if (query.exec() && query.next())
+        return query.value(0).toByteArray();
+    return QByteArray();
+}
+
+bool Store::saveTheme(const Theme& theme, const QByteArray& package, QString* error) {
+    return write(
+        [&](QString* why) {
+            if (theme.standaard &&
+                !exec(QStringLiteral("UPDATE themes SET standaard = 0"), {}, why))
+                return false;
+            return exec(QStringLiteral("INSERT OR REPLACE INTO themes(id, version, standaard,"
+                                       " package) VALUES(?,?,?,?)"),
+                        {theme.id, theme.version, theme.standaard ? 1 : 0, package}, why);
+        },
+        error);
+}
+
+bool Store::countStart(int kind, qint64 applicationId, qint64 ownerId, QString* error) {
+    return write(
+        [&](QString* why) {
+            return exec(QStringLiteral("INSERT INTO starts(kind, application, owner, count)"
+                                       " VALUES(?,?,?,1) ON CONFLICT(kind, application, owner)"
+                                       " DO UPDATE SET count = count + 1"),
+                        {kind, applicationId, ownerId}, why);
+        },
+        error);
+}
+
+qint64 Store::starts(int kind, qint64 applicationId) {
+    QSqlQuery query(m_db);
+    query.prepare(QStringLiteral(
+        "SELECT COALESCE(SUM(count), 0) FROM starts WHERE kind = ? AND application = ?"));
+    query.addBindValue(kind);
+    query.addBindValue(applicationId);
+    if (query.exec() && query.next())
+        return query.value(0).toLongLong();
+    return 0;
+}
+
+bool Store::saveHelpReport(const QString& computer, const QString& location, const QString& record,
+                           QString* error) {
+    return write(
+        [&](QString* why) {
+            return exec(
+                QStringLiteral("INSERT INTO help_reports(received, computer, location,"
+                               " record) VALUES(?,?,?,?)"),
+                {QDateTime::currentDateTime().toString(Qt::ISODate), computer, location, record},
+                why);
+        },
+        error);
+}
+
+int Store::helpReportCount() {
+    QSqlQuery query(m_db);
+    query.exec(QStringLiteral("SELECT COUNT(*) FROM help_reports"));
+    return query.next() ? query.value(0).toInt() : 0;
+}
+
+} // namespace tk::server

@@ -1,0 +1,158 @@
+#include "TransferChannel.h"
+
+#include "IncomingTransfer.h"
+#include "OutgoingTransfer.h"
+#include "ServerLog.h"
+
+#include <QTcpServer>
+#include <QTcpSocket>
+
+namespace tk::server {
+
+namespace {
+
+QString baseName(const QString& path) {
+    const int slash =
+        std::max(path.lastIndexOf(QLatin1Char('\\')), path.lastIndexOf(QLatin1Char('/')));
+    return path.mid(slash + 1);
+}
+
+} // namespace
+
+TransferChannel::TransferChannel(quint16 clientDataPort, quint16 clientInfoPort, int timeoutMs,
+                                 QObject* parent)
+    : QObject(parent), m_clientDataPort(clientDataPort), m_clientInfoPort(clientInfoPort),
+      m_timeoutMs(timeoutMs), m_infoServer(new QTcpServer(this)),
+      m_dataServer(new QTcpServer(this)) {
+    connect(m_infoServer, &QTcpServer::newConnection, this, &TransferChannel::onInfoConnection);
+    connect(m_dataServer, &QTcpServer::newConnection, this, &TransferChannel::onDataConnection);
+}
+
+TransferChannel::~TransferChannel() = default;
+
+bool TransferChannel::listen(quint16 uploadDataPort, quint16 uploadInfoPort, QString* error) {
+    if (!m_dataServer->listen(QHostAddress::Any, uploadDataPort)) {
+        *error = QStringLiteral("upload data port %1: %2")
+                     .arg(uploadDataPort)
+                     .arg(m_dataServer->errorString());
+        return false;
+    }
+    if (!m_infoServer->listen(QHostAddress::Any, uploadInfoPort)) {
+        *error = QStringLiteral("upload command port %1: %2")
+                     .arg(uploadInfoPort)
+                     .arg(m_infoServer->errorString());
+        m_dataServer->close();
+        return false;
+    }
+    return true;
+}
+
+quint16 TransferChannel::uploadDataPort() const {
+    return m_dataServer->serverPort();
+}
+
+quint16 TransferChannel::uploadInfoPort() const {
+    return m_infoServer->serverPort();
+}
+
+void TransferChannel::expectUpload(const QHostAddress& peer, const QString& name,
+                                   std::function<void(QByteArray)> deliver) {
+    m_expected.removeIf([](const Expected& e) { return e.deadline.hasExpired(); });
+    if (m_expected.size() >= 256)
+        m_expected.removeFirst();
+    m_expected.append({peer, baseName(name), std::move(deliver), QDeadlineTimer(60000)});
+}
+
+bool TransferChannel::accept(const QHostAddress& peer, const QString& name, qint64,
+                             std::function<void(QByteArray)>* deliver) {
+    m_expected.removeIf([](const Expected& e) { return e.deadline.hasExpired(); });
+    qsizetype found = -1;
+    for (qsizetype i = 0; i < m_expected.size() && found < 0; ++i)
+        if (m_expected[i].peer.isEqual(peer, QHostAddress::TolerantConversion) &&
+            m_expected[i].name.compare(baseName(name), Qt::CaseInsensitive) == 0)
+            found = i;
+    for (qsizetype i = 0; i < m_expected.size() && found < 0; ++i)
+        if (m_expected[i].peer.isEqual(peer, QHostAddress::TolerantConversion))
+            found = i;
+    if (found < 0)
+        return false;
+    *deliver = m_expected.takeAt(found).deliver;
+    return true;
+}
+
+void TransferChannel::onInfoConnection() {
+    while (QTcpSocket* socket = m_infoServer->nextPendingConnection()) {
+        if (m_incoming.size() >= 64) {
+            socket->abort();
+            socket->deleteLater();
+            continue;
+        }
+        auto* transfer = new IncomingTransfer(
+            socket,
+            [this](const QHostAddress& peer, const QString& name, qint64 size,
+                   std::function<void(QByteArray)>* deliver) {
+                return accept(peer, name, size, deliver);
+            },
+            maxUpload, m_timeoutMs, this);
+        m_incoming.append(transfer);
+        ++m_active;
+        connect(transfer, &IncomingTransfer::finished, this,
+                [this, transfer](bool ok, const QString& what) {
+                    ServerLog::line(
+                        QStringLiteral("upload from %1 %2: %3")
+                            .arg(transfer->peerAddress().toString(),
+                                 ok ? QStringLiteral("received") : QStringLiteral("failed"), what));
+                    m_incoming.removeOne(transfer);
+                    --m_active;
+                    transfer->deleteLater();
+                    Q_EMIT transferEnded(ok);
+                });
+    }
+}
+
+void TransferChannel::onDataConnection() {
+    while (QTcpSocket* socket = m_dataServer->nextPendingConnection()) {
+        IncomingTransfer* owner = nullptr;
+        for (IncomingTransfer* t : m_incoming)
+            if (!t->hasData() &&
+                t->peerAddress().isEqual(socket->peerAddress(), QHostAddress::TolerantConversion)) {
+                owner = t;
+                break;
+            }
+        if (!owner) {
+            ServerLog::fault(QStringLiteral("transfer"),
+                             QStringLiteral("a data connection from %1 without a command "
+                                            "connection; closed")
+                                 .arg(socket->peerAddress().toString()));
+            socket->abort();
+            socket->deleteLater();
+            continue;
+        }
+        owner->attachData(socket);
+    }
+}
+
+void TransferChannel::sendFile(const QHostAddress& peer, const QString& name,
+                               const QByteArray& content, std::function<void(bool)> done) {
+    auto* transfer = new OutgoingTransfer(peer, m_clientInfoPort, m_clientDataPort, name, content,
+                                          m_timeoutMs, this);
+    ++m_active;
+    connect(
+        transfer, &OutgoingTransfer::finished, this,
+        [this, transfer, peer, name, size = content.size(), done](bool ok, const QString& reason) {
+            ServerLog::line(ok ? QStringLiteral("sent %1 (%2 bytes) to %3")
+                                     .arg(name)
+                                     .arg(size)
+                                     .arg(peer.toString())
+                               : QStringLiteral("FAULT sending %1 to %2: %3")
+                                     .arg(name, peer.toString(), reason));
+            --m_active;
+            transfer->deleteLater();
+            if (done)
+                done(ok);
+            Q_EMIT transferEnded(ok);
+        });
+    transfer->start();
+}
+
+} // namespace tk::server

@@ -1,0 +1,61 @@
+// tafelkrater-server: the school's server. See docs/protocol.md for what it speaks.
+#include "server/ArchivePackager.h"
+#include "server/CommandServer.h"
+#include "server/DemoSchool.h"
+#include "server/ServerLog.h"
+#include "server/ServerOptions.h"
+#include "server/Store.h"
+#include "server/TerminationSignal.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <cstdio>
+
+using namespace tk::server;
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    ServerOptions options;
+    QString error;
+    if (!options.parse(app.arguments().mid(1), QCoreApplication::applicationDirPath(), &error)) {
+        std::fputs(qPrintable(error + QLatin1Char('\n') + ServerOptions::usage()), stderr);
+        return 2;
+    }
+    if (options.demo && options.themeFolder.isEmpty())
+        options.themeFolder = QDir(QCoreApplication::applicationDirPath())
+                                  .filePath(QStringLiteral("Afbeeldingen/Skins/1"));
+
+    Store store;
+    if (!store.open(options.dataFolder, &error)) {
+        ServerLog::fault(QStringLiteral("store"), error);
+        return 1;
+    }
+    CommandServer server(store, options);
+    if (!server.start(&error)) {
+        ServerLog::line(QStringLiteral("ending: %1").arg(error));
+        return 1;
+    }
+    if (options.demo && store.isEmpty()) {
+        if (!DemoSchool::seed(store, options.themeFolder, ArchivePackager(), &error))
+            ServerLog::fault(QStringLiteral("demo school"), error);
+        else
+            ServerLog::line(QStringLiteral("the demo school is in the store"));
+    }
+    TerminationSignal termination;
+    QObject::connect(&termination, &TerminationSignal::received, &app, [&](int number) {
+        ServerLog::line(QStringLiteral("ending on signal %1").arg(number));
+        server.stop();
+        app.quit();
+    });
+    ServerLog::line(QStringLiteral("listening on port %1 (transfers: client %2 and %3, uploads "
+                                   "%4 and %5), data in %6")
+                        .arg(server.port())
+                        .arg(server.options().clientDataPort)
+                        .arg(server.options().clientInfoPort)
+                        .arg(server.options().uploadDataPort)
+                        .arg(server.options().uploadInfoPort)
+                        .arg(QDir(options.dataFolder).absolutePath()));
+    const int code = app.exec();
+    store.close();
+    return code;
+}
