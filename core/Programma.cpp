@@ -2,6 +2,8 @@
 
 #include "platform/Clock.h"
 
+#include <QCoreApplication>
+
 namespace tk {
 
 void meldProcedureFout(Programma& p, const char* procedure, const QString& omschrijving,
@@ -19,6 +21,13 @@ Programma::Programma(Platform& platform)
     : platform(platform), wacht(platform.clock()), modRegistry(*this), modTaal(*this),
       modMain(*this), frmFoutrapportage(*this) {
     formulieren.append(&frmFoutrapportage);
+}
+
+void Programma::Einde(int code) {
+    beeindigd = true;
+    wacht.Stop();
+    if (QCoreApplication::instance())
+        QCoreApplication::exit(code);
 }
 
 Programma::~Programma() {

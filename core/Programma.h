@@ -18,6 +18,8 @@ namespace tk {
 class CommandChannel;
 class DialogService;
 class Form;
+class FrmMainLink;
+class ModMainVerbinding;
 
 // The one object that holds the program: the platform layer and one instance of every module
 // and form. A procedure reaches the others through it (p.modMain.LeesIni(...)), where the
@@ -44,6 +46,15 @@ public:
     DialogService* dialogen = nullptr;
     // The loaded forms, told when the language changes.
     QList<Form*> formulieren;
+
+    // The modules of the higher layers, made with maak() by those layers.
+    FrmMainLink* frmMain = nullptr; // the start screen's link part: WS, the dispatcher
+    ModMainVerbinding* modMainVerbinding = nullptr;
+
+    // Ends the program: every wait returns and the event loop is asked to quit. The process ends
+    // when control is back in main().
+    void Einde(int code = 0);
+    bool beeindigd = false;
 
     // Makes a module of a higher layer, owned by the program, and points `plek` at it.
     template <class T, class... Args> T& maak(T*& plek, Args&&... args) {

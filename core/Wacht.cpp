@@ -16,6 +16,8 @@ Wacht::Uitkomst Wacht::Tot(const std::function<bool()>& voorwaarde, std::optiona
     wekker.start(deadline ? 5 : 50);
     QEventLoop lus;
     while (true) {
+        if (m_gestopt)
+            return Uitkomst::Gestopt;
         if (voorwaarde())
             return Uitkomst::Voldaan;
         if (stopBijVerlies && m_verliezen != verliezenBijStart)

@@ -13,7 +13,7 @@ class Clock;
 // (the 5-second tests) and, unless told otherwise, when the link to the server is lost.
 class Wacht {
 public:
-    enum class Uitkomst { Voldaan, Verlopen, VerbindingVerloren };
+    enum class Uitkomst { Voldaan, Verlopen, VerbindingVerloren, Gestopt };
 
     explicit Wacht(Clock& klok) : m_klok(klok) {}
 
@@ -28,10 +28,14 @@ public:
     // The link layer calls this when the connection is lost; every wait that stops on loss ends.
     void VerbindingVerloren() { ++m_verliezen; }
     quint64 verliezen() const { return m_verliezen; }
+    // The program ends: every wait returns at once, now and later.
+    void Stop() { m_gestopt = true; }
+    bool gestopt() const { return m_gestopt; }
 
 private:
     Clock& m_klok;
     quint64 m_verliezen = 0;
+    bool m_gestopt = false;
 };
 
 } // namespace tk

@@ -6,6 +6,7 @@ namespace tk {
 
 class Clock;
 class Environment;
+class Processes;
 class RegistryStore;
 
 // Everything the program asks of the operating system, grouped by subject. The Linux
@@ -16,6 +17,7 @@ public:
     virtual RegistryStore& registry() = 0;
     virtual Environment& environment() = 0;
     virtual Clock& clock() = 0;
+    virtual Processes& processes() = 0;
     // The program folder: the folder of the executable, which holds Data, Logboek and the rest.
     virtual QString programFolder() const = 0;
 };

@@ -2,6 +2,7 @@
 
 #include "FakeClock.h"
 #include "FakeEnvironment.h"
+#include "FakeProcesses.h"
 #include "FakeRegistry.h"
 #include "platform/Platform.h"
 
@@ -16,17 +17,20 @@ public:
     RegistryStore& registry() override { return m_registry; }
     Environment& environment() override { return m_environment; }
     Clock& clock() override { return m_clock; }
+    Processes& processes() override { return m_processes; }
     QString programFolder() const override { return m_programFolder; }
 
     FakeRegistry& fakeRegistry() { return m_registry; }
     FakeEnvironment& fakeEnvironment() { return m_environment; }
     FakeClock& fakeClock() { return m_clock; }
+    FakeProcesses& fakeProcesses() { return m_processes; }
 
 private:
     QString m_programFolder;
     FakeRegistry m_registry;
     FakeEnvironment m_environment;
     FakeClock m_clock;
+    FakeProcesses m_processes;
 };
 
 } // namespace tk

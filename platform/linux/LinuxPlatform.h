@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LinuxEnvironment.h"
+#include "LinuxProcesses.h"
 #include "RegistryFileStore.h"
 #include "SystemClock.h"
 #include "platform/Platform.h"
@@ -15,6 +16,7 @@ public:
     RegistryStore& registry() override { return m_registry; }
     Environment& environment() override { return m_environment; }
     Clock& clock() override { return m_clock; }
+    Processes& processes() override { return m_processes; }
     QString programFolder() const override { return m_programFolder; }
 
 private:
@@ -22,6 +24,7 @@ private:
     LinuxEnvironment m_environment;
     RegistryFileStore m_registry;
     SystemClock m_clock;
+    LinuxProcesses m_processes;
 };
 
 } // namespace tk

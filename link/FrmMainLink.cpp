@@ -1,0 +1,231 @@
+#include "FrmMainLink.h"
+
+#include "core/Ansi.h"
+#include "core/Fout.h"
+#include "core/Procedure.h"
+#include "core/Programma.h"
+#include "link/ModMainVerbinding.h"
+#include "link/Woordenlijst.h"
+#include "platform/Clock.h"
+
+#include <QTimer>
+
+namespace tk {
+
+FrmMainLink::FrmMainLink(Programma& p) : p(p) {
+    WS.setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    connect(&WS, &QTcpSocket::readyRead, this, [this] { WS_DataArrival(); });
+    connect(&WS, &QTcpSocket::disconnected, this, [this] { WS_Close(); });
+    p.kanaal = this;
+}
+
+FrmMainLink::~FrmMainLink() {
+    if (p.kanaal == this)
+        p.kanaal = nullptr;
+    WS.disconnect(this);
+    WS.abort();
+}
+
+bool FrmMainLink::isConnected() {
+    return WS.state() == QAbstractSocket::ConnectedState;
+}
+
+void FrmMainLink::sluitZelf() {
+    // Our own close is not a loss: only the peer's close raises the close event.
+    m_zelfGesloten = true;
+    WS.abort();
+    m_zelfGesloten = false;
+}
+
+void FrmMainLink::WS_Versturen(const QString& bericht, bool wachten) {
+    Procedure(p, "frmMain.WS_Versturen", [&] {
+        if (isConnected()) {
+            if (wachten)
+                BevestigdBericht = false;
+            WS.write(Ansi::naarBytes(bericht));
+            WS.flush();
+            if (wachten)
+                p.wacht.Tot([this] { return BevestigdBericht; });
+        } else if (!Offline) {
+            VerbindingVerbroken();
+        }
+    });
+}
+
+void FrmMainLink::WS_DataArrival() {
+    Procedure(p, "frmMain.WS_DataArrival", [&] {
+        // One read is one message: nothing is kept from one arrival to the next.
+        const QString bericht = Ansi::naarTekst(WS.readAll());
+        const Woordenlijst::Sortering s = Woordenlijst::sorteer(bericht);
+        ModMain& m = p.modMain;
+        switch (s.actie) {
+        case Woordenlijst::Actie::Vallen:
+            return;
+        case Woordenlijst::Actie::Ping:
+            WS_Versturen(QStringLiteral("PING"), false);
+            return;
+        case Woordenlijst::Actie::Fir:
+            if (m.ModusStandalone)
+                FirewallAntwoord = s.payload;
+            else if (m.ModusNetwerk)
+                Domein = s.payload;
+            m.AntwoordOntvangen = true;
+            return;
+        case Woordenlijst::Actie::Infdmn: {
+            BevestigdBericht = true;
+            const QStringList velden = s.payload.split(QLatin1Char('|'));
+            if (velden.size() < 7)
+                throw Fout(QStringLiteral("Subscript out of range (INFDMN has %1 of 7 fields)")
+                               .arg(velden.size()));
+            Domein = velden[0];
+            ReceiverPortBinary = velden[1].toLong();
+            ReceiverPortInfo = velden[2].toLong();
+            SenderPortBinary = velden[3].toLong();
+            SenderPortInfo = velden[4].toLong();
+            ServerVlagA = Ansi::hoofdletters(velden[5]) == u"JA";
+            ServerVlagB = Ansi::hoofdletters(velden[6]) == u"JA";
+            return;
+        }
+        case Woordenlijst::Actie::Infona:
+            // A question in a window is a wait: it runs after this handler has returned.
+            if (OpINFONA)
+                QTimer::singleShot(0, this, [this] { OpINFONA(); });
+            return;
+        case Woordenlijst::Actie::Infonc:
+            if (OpINFONC)
+                QTimer::singleShot(0, this, [this] { OpINFONC(); });
+            return;
+        case Woordenlijst::Actie::Geen:
+            break;
+        }
+        switch (s.klasse) {
+        case Woordenlijst::Klasse::A:
+            if (s.metPayload)
+                m.Antwoord = s.payload;
+            m.AntwoordOntvangen = true;
+            break;
+        case Woordenlijst::Klasse::B:
+            if (s.metPayload)
+                m.AntwoordOpslaan = s.payload;
+            m.AntwoordOpslaanOntvangen = true;
+            break;
+        case Woordenlijst::Klasse::C:
+            BevestigdBericht = true;
+            break;
+        case Woordenlijst::Klasse::D:
+            break;
+        }
+    });
+}
+
+void FrmMainLink::WS_Close() {
+    if (m_zelfGesloten)
+        return;
+    p.wacht.VerbindingVerloren();
+    VerbindingVerbroken();
+}
+
+void FrmMainLink::VerbindingVerbroken() {
+    Procedure(p, "frmMain.VerbindingVerbroken", [&] {
+        if (VerliesVerwacht || VerbindingTesten)
+            return;
+        sluitZelf();
+        ModMain& m = p.modMain;
+        if (m.ModusStandalone || m.Locatie.toLower() == u"onderhoudsmodule") {
+            m.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(1619), QStringLiteral("-"));
+            if (p.modMainVerbinding)
+                p.modMainVerbinding->StuurOpstartCommando(QStringLiteral("resolutie"));
+            p.Einde();
+            return;
+        }
+        if (m.ModusBeheer) {
+            if (HoofdvensterTonen)
+                HoofdvensterTonen();
+            return;
+        }
+        if (m.ModusNetwerk)
+            Offline = true;
+    });
+}
+
+void FrmMainLink::ServerVerbinden2(int seconden, int poging) {
+    Q_UNUSED(poging);
+    Procedure(p, "frmMain.ServerVerbinden2", [&] {
+        const qint64 deadline = (p.platform.clock().msecsSinceStart() / 1000 + seconden) * 1000;
+        sluitZelf();
+        WS.connectToHost(ServerHost, quint16(ServerPoort));
+        picLadenZichtbaar = true;
+        tmrLadenAan = true;
+        p.wacht.Tot([this] { return isConnected() || ShiftIngedrukt; }, deadline, false);
+        GeenCache = ShiftIngedrukt;
+        tmrLadenAan = false;
+        picLadenZichtbaar = false;
+    });
+}
+
+bool FrmMainLink::TestVerbinding() {
+    return Procedure(p, "frmMain.TestVerbinding", false, [&] {
+        const qint64 deadline = p.platform.clock().msecsSinceStart() + 5000;
+        picLadenZichtbaar = true;
+        tmrLadenAan = true;
+        BevestigdBericht = false;
+        WS_Versturen(QStringLiteral("TST"), false);
+        p.wacht.Tot([this] { return BevestigdBericht; }, deadline);
+        picLadenZichtbaar = false;
+        tmrLadenAan = false;
+        if (!BevestigdBericht) {
+            sluitZelf();
+            return false;
+        }
+        return true;
+    });
+}
+
+bool FrmMainLink::ServerVerbinden(bool verbinden) {
+    return Procedure(p, "frmMain.ServerVerbinden", false, [&] {
+        ModMain& m = p.modMain;
+        if (HoofdvensterTonen)
+            HoofdvensterTonen();
+        int poging = 0;
+        while (true) {
+            ++poging;
+            lblLaden = Ansi::hoofdletters(p.modTaal.LaadTekst(1610));
+            lblLadenZichtbaar = true;
+            if (verbinden)
+                ServerVerbinden2(m.ModusStandalone ? 10 : 5, poging);
+            if (isConnected())
+                TestVerbinding();
+            if (isConnected())
+                return true;
+            if (!m.ModusStandalone)
+                break;
+            const int status = p.modMainVerbinding ? p.modMainVerbinding->LeesServerstatus() : -1;
+            const int tekst = status == 0 ? 2930 : status == 1 ? 2931 : 2932;
+            lblLaden = Ansi::hoofdletters(p.modTaal.LaadTekst(tekst));
+            if (status != 0 || poging == 3) {
+                if (TaakbalkHertekenen) {
+                    TaakbalkHertekenen();
+                    if (status == -1)
+                        TaakbalkHertekenen();
+                }
+                return false;
+            }
+        }
+        if (p.modMain.BestandBestaat(QStringLiteral("\\Data\\data.tijdelijk")) && !GeenCache) {
+            Offline = true;
+            return true;
+        }
+        GeenCache = false;
+        lblLaden = Ansi::hoofdletters(p.modTaal.LaadTekst(1611));
+        if (TaakbalkHertekenen)
+            TaakbalkHertekenen();
+        return false;
+    });
+}
+
+void FrmMainLink::Form_Unload() {
+    if (isConnected())
+        sluitZelf();
+}
+
+} // namespace tk

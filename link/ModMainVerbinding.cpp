@@ -1,0 +1,146 @@
+#include "ModMainVerbinding.h"
+
+#include "core/Ansi.h"
+#include "core/Procedure.h"
+#include "core/Programma.h"
+#include "link/FrmMainLink.h"
+#include "platform/Environment.h"
+#include "platform/Processes.h"
+
+#include <QCryptographicHash>
+#include <QFileInfo>
+#include <QLocalSocket>
+
+namespace tk {
+
+namespace {
+const QString softwareSleutel() {
+    return QStringLiteral("SOFTWARE\\Tafelkrater");
+}
+} // namespace
+
+bool ModMainVerbinding::BepaalServerlocatie() {
+    return Procedure(p, "modMain.BepaalServerlocatie", false, [&] {
+        QString tekst;
+        if (p.modMain.ModusStandalone) {
+            tekst = QStringLiteral("localhost");
+        } else {
+            tekst =
+                p.modMain.LeesIni(QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
+                                  QString::fromLatin1(ModMain::Instellingen));
+            if (tekst.isEmpty())
+                tekst = p.platform.environment()
+                            .variable(QStringLiteral("LOGONSERVER"))
+                            .remove(QStringLiteral("\\\\"));
+        }
+        if (tekst.trimmed().isEmpty())
+            return false;
+        const QStringList delen = tekst.split(QLatin1Char(':'));
+        p.frmMain->ServerHost = delen[0];
+        bool numeriek = false;
+        const long poort = delen.value(1).toLong(&numeriek);
+        p.frmMain->ServerPoort = delen.size() > 1 && numeriek ? poort : 34487;
+        return true;
+    });
+}
+
+void ModMainVerbinding::IdentificeerClient() {
+    Procedure(p, "modMain.IdentificeerClient", [&] {
+        if (!p.modMain.Verbonden())
+            return;
+        p.frmMain->WS_Versturen(QStringLiteral("INFVER") + ModMain::ProgrammaVersie(), true);
+        p.frmMain->WS_Versturen(QStringLiteral("INFDMN"), true);
+        QString computer = p.platform.environment().computerName();
+        computer.remove(QChar(0));
+        p.frmMain->WS_Versturen(QStringLiteral("INFCOM") + computer, true);
+    });
+}
+
+void ModMainVerbinding::GeefLocatieDoor(const QString& plaats) {
+    Procedure(p, "modMain.GeefLocatieDoor", [&] {
+        if (p.modMain.Verbonden())
+            p.frmMain->WS_Versturen(QStringLiteral("LOC") + plaats, true);
+        const QStringList velden = plaats.split(QLatin1Char('|'));
+        const QString eerste = Ansi::hoofdletters(velden[0]);
+        auto tekst = [&](int id) { return p.modTaal.LaadTekst(id); };
+        auto naam = [&](const QString& soort, const QString& id) {
+            return NaamVan ? NaamVan(soort, id) : QString();
+        };
+        QString lokaal;
+        if (eerste == u"FOUT") {
+            lokaal = tekst(2913).replace(QStringLiteral("%account%"), velden.value(1));
+        } else if (eerste == u"GLOBAL") {
+            lokaal = tekst(2914);
+        } else if (eerste == u"ONDERHOUD") {
+            lokaal = tekst(2915);
+        } else if (eerste == u"GROEP") {
+            const QString id = velden.value(1);
+            lokaal = tekst(2920)
+                         .replace(QStringLiteral("%id%"), id)
+                         .replace(QStringLiteral("%naam%"), naam(QStringLiteral("GROEP"), id));
+        } else if (eerste == u"LERAAR" && velden.value(1) == u"0") {
+            lokaal = tekst(2919);
+        } else if (eerste == u"LERAAR") {
+            const QString id = velden.value(1);
+            const bool onderhoud = velden.value(2).toLower() == u"onderhoud";
+            lokaal = tekst(2918)
+                         .replace(QStringLiteral("%sectie%"), tekst(onderhoud ? 2917 : 2916))
+                         .replace(QStringLiteral("%id%"), id)
+                         .replace(QStringLiteral("%naam%"), naam(QStringLiteral("LERAAR"), id));
+        } else {
+            lokaal = plaats;
+        }
+        p.modMain.Locatie = lokaal;
+    });
+}
+
+int ModMainVerbinding::LeesServerstatus() {
+    return Procedure(p, "modMain.LeesServerstatus", -1, [&] {
+        const QString status = p.modRegistry.LeesWaarde(
+            RegistryRoot::LocalMachine, softwareSleutel(), QStringLiteral("Status server"));
+        if (status.isEmpty())
+            return -1;
+        bool numeriek = false;
+        const int waarde = status.toInt(&numeriek);
+        return numeriek ? waarde : 2;
+    });
+}
+
+QString ModMainVerbinding::launcherNaam(const QString& programmaMap) {
+    const QByteArray hash =
+        QCryptographicHash::hash(programmaMap.toUtf8(), QCryptographicHash::Sha1).toHex();
+    return QStringLiteral("tafelkrater-startup-") + QString::fromLatin1(hash.left(12));
+}
+
+bool ModMainVerbinding::StuurOpstartCommando(const QString& tekst) {
+    return Procedure(p, "modMain.StuurOpstartCommando", false, [&] {
+        QLocalSocket launcher;
+        launcher.connectToServer(launcherNaam(p.platform.programFolder()));
+        if (!launcher.waitForConnected(1000))
+            return false;
+        launcher.write(tekst.toUtf8());
+        launcher.waitForBytesWritten(1000);
+        launcher.disconnectFromServer();
+        return true;
+    });
+}
+
+void ModMainVerbinding::StartServer(bool firewall) {
+    Procedure(p, "modMain.StartServer", [&] {
+        const QString locatie = p.modRegistry.LeesWaarde(
+            RegistryRoot::LocalMachine, softwareSleutel(), QStringLiteral("Locatie server"));
+        const QString pad = p.modMain.KortPad(locatie);
+        if (!locatie.isEmpty()) {
+            const QString programma = pad.isEmpty() ? p.modMain.Pad(locatie) : pad;
+            p.platform.processes().startDetached(
+                programma, firewall ? QStringList{QStringLiteral("FIREWALL")} : QStringList(),
+                QFileInfo(programma).path());
+            return;
+        }
+        p.modMain.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(2925), QStringLiteral("-"));
+        if (!firewall && TafelkraterDeactiveren)
+            TafelkraterDeactiveren();
+    });
+}
+
+} // namespace tk

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+
+namespace tk {
+
+class Programma;
+
+// The procedures of modMain that need the link: finding the server, identifying the client,
+// telling the server where the user is, the server's status in the local store, and the words
+// for the launcher.
+class ModMainVerbinding {
+public:
+    explicit ModMainVerbinding(Programma& p) : p(p) {}
+
+    // Fills frmMain's ServerHost and ServerPoort; false when there is no location at all.
+    bool BepaalServerlocatie();
+    // "INFVER", "INFDMN", "INFCOM" in this order, each waited for; only when connected.
+    void IdentificeerClient();
+    // Sends "LOC" + plaats (waited for) when connected, and sets the location text of reports.
+    void GeefLocatieDoor(const QString& plaats);
+    // "Status server" of the local store: -1 when empty.
+    int LeesServerstatus();
+    // Sends one word to the launcher; false when no launcher listens.
+    bool StuurOpstartCommando(const QString& tekst);
+    // Starts the local server named by "Locatie server", with "FIREWALL" for the firewall test.
+    void StartServer(bool firewall);
+
+    // The name of a class or teacher for the location text ("GROEP", id) / ("LERAAR", id);
+    // filled by the data layer.
+    std::function<QString(const QString& soort, const QString& id)> NaamVan;
+    // Deactivation when no server is installed; filled by the session layer.
+    std::function<void()> TafelkraterDeactiveren;
+
+    // The name under which the launcher of this program folder listens.
+    static QString launcherNaam(const QString& programmaMap);
+
+private:
+    Programma& p;
+};
+
+} // namespace tk
