@@ -19,6 +19,8 @@ class CommandChannel;
 class DialogService;
 class Form;
 class FrmMainLink;
+class ModData;
+class ModMainLaden;
 class ModMainVerbinding;
 
 // The one object that holds the program: the platform layer and one instance of every module
@@ -50,6 +52,8 @@ public:
     // The modules of the higher layers, made with maak() by those layers.
     FrmMainLink* frmMain = nullptr; // the start screen's link part: WS, the dispatcher
     ModMainVerbinding* modMainVerbinding = nullptr;
+    ModData* modData = nullptr;           // the global tables and their loaders
+    ModMainLaden* modMainLaden = nullptr; // modMain.Laden: the load of the whole data set
 
     // Ends the program: every wait returns and the event loop is asked to quit. The process ends
     // when control is back in main().
