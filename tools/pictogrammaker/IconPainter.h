@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QImage>
+#include <QList>
+#include <QString>
+
+// Draws the icons of the standard library: friendly pictures for the programs a school runs.
+class IconPainter {
+public:
+    // The names of the icons, in library order.
+    static QStringList names();
+    // Icon `name` at `side` by `side` pixels, on a clear background.
+    static QImage paint(const QString& name, int side);
+};
