@@ -1,0 +1,457 @@
+#include "controls/DesktopEntryIcon.h"
+#include "controls/IconImage.h"
+#include "controls/IconLibrary.h"
+#include "controls/IconLibraryWriter.h"
+#include "controls/ModPictogrammen.h"
+#include "tests/support/Werkplek.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <QImageWriter>
+#include <QPainter>
+#include <QRandomGenerator>
+#include <QtEndian>
+#include <gtest/gtest.h>
+
+using tk::IconImage;
+using tk::IconLibrary;
+using tk::IconLibraryWriter;
+
+namespace {
+
+// A picture that tells sizes and icons apart: a clear corner, a coloured body.
+QImage picture(int side, QColor colour) {
+    QImage image(side, side, QImage::Format_ARGB32);
+    image.fill(colour);
+    for (int y = 0; y < side / 4; ++y)
+        for (int x = 0; x < side / 4; ++x)
+            image.setPixel(x, y, qRgba(0, 0, 0, 0));
+    return image;
+}
+
+QByteArray png(const QImage& image) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+void put16(QByteArray& b, quint16 v) {
+    char d[2];
+    qToLittleEndian(v, d);
+    b.append(d, 2);
+}
+void put32(QByteArray& b, quint32 v) {
+    char d[4];
+    qToLittleEndian(v, d);
+    b.append(d, 4);
+}
+
+// An icon file of images given as their stored bytes, with the directory written by hand.
+QByteArray icoFile(const QList<QPair<int, QByteArray>>& images) {
+    QByteArray out;
+    put16(out, 0);
+    put16(out, 1);
+    put16(out, quint16(images.size()));
+    quint32 offset = 6 + 16 * quint32(images.size());
+    for (const auto& [side, data] : images) {
+        out.append(char(side == 256 ? 0 : side));
+        out.append(char(side == 256 ? 0 : side));
+        out.append(QByteArray(2, '\0'));
+        put16(out, 1);
+        put16(out, 32);
+        put32(out, quint32(data.size()));
+        put32(out, offset);
+        offset += quint32(data.size());
+    }
+    for (const auto& image : images)
+        out += image.second;
+    return out;
+}
+
+// A 16-bit NE library holding `icons`, each one group of one 32-bit bitmap image.
+QByteArray neLibrary(const QList<QImage>& icons) {
+    constexpr int shift = 4;
+    QList<QByteArray> images, groups;
+    for (qsizetype i = 0; i < icons.size(); ++i) {
+        images.append(IconImage::encodeBitmap(icons.at(i)));
+        QByteArray g;
+        put16(g, 0);
+        put16(g, 1);
+        put16(g, 1);
+        g.append(char(icons.at(i).width()));
+        g.append(char(icons.at(i).height()));
+        g.append(QByteArray(2, '\0'));
+        put16(g, 1);
+        put16(g, 32);
+        put32(g, quint32(images.last().size()));
+        put16(g, quint16(i + 1));
+        groups.append(g);
+    }
+    QByteArray out(0x40, '\0');
+    out[0] = 'M';
+    out[1] = 'Z';
+    qToLittleEndian<quint32>(0x40, out.data() + 0x3c);
+    QByteArray ne(0x40, '\0');
+    ne[0] = 'N';
+    ne[1] = 'E';
+    const qsizetype tableSize = 2 + 2 * 8 + 12 * (images.size() + groups.size()) + 2;
+    qToLittleEndian<quint16>(0x40, ne.data() + 0x24);
+    qToLittleEndian<quint16>(quint16(0x40 + tableSize), ne.data() + 0x26);
+    out += ne;
+    // Data after the table and the resident names, each piece on a 16-byte boundary.
+    qint64 dataAt = ((out.size() + tableSize + 1 + 15) / 16) * 16;
+    QByteArray table, data;
+    put16(table, shift);
+    auto type = [&](quint16 id, const QList<QByteArray>& pieces) {
+        put16(table, id);
+        put16(table, quint16(pieces.size()));
+        put32(table, 0);
+        for (qsizetype i = 0; i < pieces.size(); ++i) {
+            const qint64 length = ((pieces.at(i).size() + 15) / 16) * 16;
+            put16(table, quint16(dataAt >> shift));
+            put16(table, quint16(length >> shift));
+            put16(table, 0x30);
+            put16(table, quint16(0x8000 | (i + 1)));
+            put32(table, 0);
+            data += pieces.at(i);
+            data.append(QByteArray(length - pieces.at(i).size(), '\0'));
+            dataAt += length;
+        }
+    };
+    type(0x8003, images);
+    type(0x800e, groups);
+    put16(table, 0);
+    out += table;
+    out.append('\0'); // resident names: none
+    while (out.size() % 16)
+        out.append('\0');
+    return out + data;
+}
+
+QColor colourAt(const QImage& image, int x, int y) {
+    return QColor::fromRgba(image.pixel(x, y));
+}
+
+TEST(IconLibraryTest, IcoFileWithSeveralSizesGivesOneIconAtEachSize) {
+    // 48 as Qt's own icon writer stores it (a bitmap), 32 and 16 as PNG streams.
+    QByteArray qtIco;
+    {
+        QBuffer buffer(&qtIco);
+        buffer.open(QIODevice::WriteOnly);
+        QImageWriter writer(&buffer, "ico");
+        ASSERT_TRUE(writer.write(picture(48, QColor(200, 30, 30))));
+    }
+    const quint32 length = qFromLittleEndian<quint32>(qtIco.constData() + 14);
+    const quint32 offset = qFromLittleEndian<quint32>(qtIco.constData() + 18);
+    const QByteArray bitmap48 = qtIco.mid(offset, length);
+
+    const QByteArray bytes = icoFile({{48, bitmap48},
+                                      {32, png(picture(32, QColor(30, 200, 30)))},
+                                      {16, png(picture(16, QColor(30, 30, 200)))}});
+    const IconLibrary::Result r = IconLibrary::parse(bytes);
+    ASSERT_TRUE(r.error.isEmpty()) << r.error.toStdString();
+    EXPECT_EQ(IconLibrary::Kind::IconFile, r.kind);
+    ASSERT_EQ(1, r.icons.size());
+    ASSERT_EQ(3, r.icons.first().images.size());
+
+    struct Case {
+        int side;
+        QColor body;
+    };
+    const Case cases[] = {
+        {48, QColor(200, 30, 30)}, {32, QColor(30, 200, 30)}, {16, QColor(30, 30, 200)}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.side);
+        const QImage image = IconLibrary::render(r.icons.first(), c.side);
+        ASSERT_EQ(QSize(c.side, c.side), image.size());
+        EXPECT_EQ(c.body, colourAt(image, c.side - 1, c.side - 1));
+        EXPECT_EQ(0, qAlpha(image.pixel(0, 0)));
+    }
+    // A size the file lacks is made from the nearest larger one.
+    EXPECT_EQ(QColor(30, 200, 30), colourAt(IconLibrary::render(r.icons.first(), 24), 20, 20));
+}
+
+TEST(IconLibraryTest, PeLibraryKeepsTheOrderOfItsGroups) {
+    const QList<QColor> colours = {Qt::red, Qt::green, Qt::blue};
+    QList<QList<QImage>> icons;
+    for (const QColor& c : colours)
+        icons.append({picture(32, c), picture(16, c.darker())});
+    const IconLibrary::Result r = IconLibrary::parse(IconLibraryWriter::peLibrary(icons));
+    ASSERT_TRUE(r.error.isEmpty()) << r.error.toStdString();
+    EXPECT_EQ(IconLibrary::Kind::PeLibrary, r.kind);
+    ASSERT_EQ(3, r.icons.size());
+    for (int i = 0; i < 3; ++i) {
+        SCOPED_TRACE(i);
+        EXPECT_EQ(2, r.icons.at(i).images.size());
+        EXPECT_EQ(colours.at(i), colourAt(IconLibrary::render(r.icons.at(i), 32), 31, 31));
+        EXPECT_EQ(colours.at(i).darker().rgb(),
+                  IconLibrary::render(r.icons.at(i), 16).pixel(15, 15));
+    }
+}
+
+TEST(IconLibraryTest, NeLibraryGivesItsIcons) {
+    const IconLibrary::Result r =
+        IconLibrary::parse(neLibrary({picture(32, Qt::yellow), picture(32, Qt::cyan)}));
+    ASSERT_TRUE(r.error.isEmpty()) << r.error.toStdString();
+    EXPECT_EQ(IconLibrary::Kind::NeLibrary, r.kind);
+    ASSERT_EQ(2, r.icons.size());
+    EXPECT_EQ(QColor(Qt::yellow), colourAt(IconLibrary::render(r.icons.at(0), 32), 20, 20));
+    EXPECT_EQ(QColor(Qt::cyan), colourAt(IconLibrary::render(r.icons.at(1), 32), 20, 20));
+}
+
+TEST(IconLibraryTest, BitmapDepthsAndTheirMasks) {
+    // A 4-bit image of 8 by 8 with a palette, bottom row first, and a mask that clears the
+    // top-left pixel.
+    QByteArray bmp(40, '\0');
+    qToLittleEndian<quint32>(40, bmp.data());
+    qToLittleEndian<qint32>(8, bmp.data() + 4);
+    qToLittleEndian<qint32>(16, bmp.data() + 8);
+    qToLittleEndian<quint16>(1, bmp.data() + 12);
+    qToLittleEndian<quint16>(4, bmp.data() + 14);
+    for (int i = 0; i < 16; ++i) {
+        const char entry[4] = {char(i * 16), char(255 - i * 16), char(i), 0};
+        bmp.append(entry, 4);
+    }
+    for (int y = 0; y < 8; ++y) // row y (from the bottom) uses colour y in both halves
+        bmp += QByteArray(4, char(y << 4 | y));
+    for (int y = 0; y < 8; ++y)
+        bmp += QByteArray(y == 7 ? QByteArray("\x80\0\0\0", 4) : QByteArray(4, '\0'));
+    QString error;
+    const QImage image = IconImage::decode(bmp, &error);
+    ASSERT_FALSE(image.isNull()) << error.toStdString();
+    EXPECT_EQ(QSize(8, 8), image.size());
+    EXPECT_EQ(0, qAlpha(image.pixel(0, 0)));
+    EXPECT_EQ(qRgb(7, 255 - 7 * 16, 7 * 16), image.pixel(1, 0)); // top row is colour 7
+    EXPECT_EQ(qRgb(0, 255, 0), image.pixel(5, 7));               // bottom row colour 0
+
+    struct Bad {
+        const char* what;
+        int offset;
+        quint32 value;
+    };
+    const Bad bad[] = {
+        {"width 0", 4, 0},
+        {"huge width", 4, 100000},
+        {"negative height", 8, quint32(-16)},
+        {"depth 7", 14, 7},
+        {"compression", 16, 1},
+        {"palette of 1000", 32, 1000},
+        {"header past end", 0, 100000},
+    };
+    for (const Bad& b : bad) {
+        SCOPED_TRACE(b.what);
+        QByteArray broken = bmp;
+        if (b.offset == 14)
+            qToLittleEndian<quint16>(quint16(b.value), broken.data() + 14);
+        else
+            qToLittleEndian<quint32>(b.value, broken.data() + b.offset);
+        QString reason;
+        EXPECT_TRUE(IconImage::decode(broken, &reason).isNull());
+        EXPECT_FALSE(reason.isEmpty());
+    }
+    EXPECT_TRUE(IconImage::decode(bmp.left(bmp.size() - 40 - 32)).isNull()); // rows cut short
+    // A PNG header announcing a giant picture is refused before it is unpacked.
+    QByteArray giant = png(picture(16, Qt::red));
+    qToBigEndian<quint32>(60000, giant.data() + 16);
+    EXPECT_TRUE(IconImage::decode(giant).isNull());
+}
+
+TEST(IconLibraryTest, MalformedFilesNeverCrashAndGiveNoIcons) {
+    const QList<QByteArray> goede = {
+        IconLibraryWriter::peLibrary({{picture(32, Qt::red)}, {picture(16, Qt::blue)}}),
+        neLibrary({picture(32, Qt::yellow)}),
+        IconLibraryWriter::iconFile({picture(32, Qt::green), picture(16, Qt::green)}),
+    };
+    for (const QByteArray& goed : goede) {
+        ASSERT_FALSE(IconLibrary::parse(goed).icons.isEmpty());
+        // Every cut of the file.
+        for (qsizetype n = 0; n < goed.size(); n += (n < 1024 ? 1 : 97)) {
+            const IconLibrary::Result r = IconLibrary::parse(goed.left(n));
+            for (const IconLibrary::Icon& icon : r.icons)
+                IconLibrary::render(icon, 32);
+        }
+        // Random damage, the same every run.
+        QRandomGenerator rnd(42);
+        for (int poging = 0; poging < 300; ++poging) {
+            QByteArray kapot = goed;
+            for (int i = 0; i < 8; ++i)
+                kapot[rnd.bounded(int(std::min<qsizetype>(kapot.size(), 1200)))] =
+                    char(rnd.bounded(256));
+            const IconLibrary::Result r = IconLibrary::parse(kapot);
+            for (const IconLibrary::Icon& icon : r.icons)
+                IconLibrary::render(icon, 32);
+        }
+    }
+    for (const QByteArray& onzin : {QByteArray(), QByteArray("MZ"), QByteArray(64, 'M'),
+                                    QByteArray("\0\0\1\0\0\0", 6), QByteArray("hello world")}) {
+        const IconLibrary::Result r = IconLibrary::parse(onzin);
+        EXPECT_TRUE(r.icons.isEmpty());
+        EXPECT_FALSE(r.error.isEmpty());
+    }
+}
+
+class PictogrammenTest : public ::testing::Test {
+protected:
+    void schrijf(const QString& relatief, const QByteArray& inhoud) { w.schrijf(relatief, inhoud); }
+    tk::test::Werkplek w;
+    tk::ModPictogrammen m{w.p};
+    tk::ImageList beelden;
+    QList<tk::IconListItem> lijst;
+};
+
+TEST_F(PictogrammenTest, LibraryWithOneIconGivesOneItemWithKeyFromZero) {
+    schrijf("Afbeeldingen/Pictogrammen/een.icl",
+            IconLibraryWriter::peLibrary({{picture(48, Qt::magenta), picture(16, Qt::black)}}));
+    m.ReadLibrary(beelden, lijst, "\\Afbeeldingen\\Pictogrammen\\een.icl", true);
+    ASSERT_EQ(1, lijst.size());
+    EXPECT_EQ((tk::IconListItem{"0pictogram ", "Pictogram 1"}), lijst.first());
+    EXPECT_EQ(QStringList{"0pictogram "}, beelden.keys);
+    const QImage beeld = beelden.image("0pictogram ");
+    EXPECT_EQ(QSize(32, 32), beeld.size());
+    EXPECT_EQ(QColor(Qt::magenta), colourAt(beeld, 31, 31)); // scaled down from 48
+    EXPECT_TRUE(w.p.frmFoutrapportage.Procedure.isEmpty());
+}
+
+TEST_F(PictogrammenTest, ReadLibraryReplacesWhatTheListsHeldAndSkipsBadFiles) {
+    schrijf("drie.dll",
+            IconLibraryWriter::peLibrary(
+                {{picture(32, Qt::red)}, {picture(32, Qt::green)}, {picture(32, Qt::blue)}}));
+    schrijf("kapot.icl", QByteArray("MZ") + QByteArray(200, '\xff'));
+    schrijf("Map.ico", IconLibraryWriter::iconFile({picture(32, Qt::gray)}));
+
+    m.ReadLibrary(beelden, lijst, "\\drie.dll", true);
+    EXPECT_EQ(QStringList({"0pictogram ", "1pictogram ", "2pictogram "}), beelden.keys);
+    EXPECT_EQ("Pictogram 3", lijst.at(2).tekst);
+    m.ReadLibrary(beelden, lijst, "\\Map.ico", true);
+    ASSERT_EQ(1, lijst.size());
+    EXPECT_EQ("Map.ico", lijst.first().tekst);
+    // Without filling the list, the list stays as it was.
+    m.ReadLibrary(beelden, lijst, "\\drie.dll", false);
+    EXPECT_EQ(3, beelden.keys.size());
+    EXPECT_EQ(1, lijst.size());
+    // A damaged or missing file: empty, and nothing reported.
+    for (const char* bestand : {"\\kapot.icl", "\\weg.icl"}) {
+        m.ReadLibrary(beelden, lijst, bestand, true);
+        EXPECT_TRUE(beelden.keys.isEmpty());
+        EXPECT_TRUE(lijst.isEmpty());
+    }
+    EXPECT_TRUE(w.p.frmFoutrapportage.Procedure.isEmpty());
+}
+
+TEST_F(PictogrammenTest, IconNamesTestTheLowerCaseIco) {
+    struct Case {
+        const char* bestand;
+        int aantal;
+        QStringList namen;
+    };
+    const Case cases[] = {
+        {"C:\\Pictogrammen\\vlag.ico", 1, {"vlag.ico"}},
+        {"/opt/tafelkrater/Afbeeldingen/zon.ico", 1, {"zon.ico"}},
+        {"MAP.ICO", 2, {"Pictogram 1", "Pictogram 2"}}, // upper case is not taken for .ico
+        {"\\Afbeeldingen\\Pictogrammen\\standaard.icl",
+         3,
+         {"Pictogram 1", "Pictogram 2", "Pictogram 3"}},
+        {"leeg.dll", 0, {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.bestand);
+        EXPECT_EQ(c.namen, m.GetIconNames(c.bestand, c.aantal));
+    }
+}
+
+TEST_F(PictogrammenTest, DrawIconPaintsTheFilesIconAtItsPlace) {
+    schrijf("zon.ico",
+            IconLibraryWriter::iconFile({picture(32, Qt::yellow), picture(16, Qt::red)}));
+    schrijf("tekst.txt", "hallo");
+    QDir().mkpath(w.pad("Map"));
+    QImage doel(64, 64, QImage::Format_ARGB32);
+    doel.fill(Qt::white);
+
+    m.DrawIconPic("\\zon.ico", doel, false, false, 10, 20);
+    EXPECT_EQ(QColor(Qt::yellow), colourAt(doel, 41, 51));
+    EXPECT_EQ(QColor(Qt::white), colourAt(doel, 10, 20)); // clear corner lets the white through
+    EXPECT_EQ(QColor(Qt::white), colourAt(doel, 42, 52));
+
+    m.DrawIconExtra("\\zon.ico", doel, true, true, 0, 0);
+    EXPECT_EQ(QColor(Qt::red), colourAt(doel, 15, 15));
+    EXPECT_EQ(0, qAlpha(doel.pixel(41, 51))); // cleared first
+
+    // A file without icons of its own gets the picture of a document; a folder that of a folder;
+    // a missing file nothing.
+    QImage leeg(32, 32, QImage::Format_ARGB32);
+    for (const char* bestand : {"\\tekst.txt", "\\Map"}) {
+        leeg.fill(Qt::transparent);
+        m.DrawIconPic(bestand, leeg, false, true, 0, 0);
+        EXPECT_GT(qAlpha(leeg.pixel(16, 16)), 0) << bestand;
+    }
+    leeg.fill(Qt::transparent);
+    m.DrawIconPic("\\weg.exe", leeg, false, true, 0, 0);
+    EXPECT_EQ(0, qAlpha(leeg.pixel(16, 16)));
+    EXPECT_TRUE(w.p.frmFoutrapportage.Procedure.isEmpty());
+
+    QImage geen;
+    m.DrawIconPic("\\zon.ico", geen, false, true, 0, 0);
+    EXPECT_EQ("modPictogrammen.DrawIconPic", w.p.frmFoutrapportage.Procedure);
+}
+
+TEST_F(PictogrammenTest, DesktopEntryIconByNameOrPath) {
+    const QString data = w.pad("share");
+    QDir().mkpath(data + "/icons/hicolor/48x48/apps");
+    QDir().mkpath(data + "/pixmaps");
+    picture(48, Qt::darkGreen).save(data + "/icons/hicolor/48x48/apps/rekenspel.png");
+    picture(32, Qt::darkBlue).save(data + "/pixmaps/tekenprogramma.png");
+    picture(32, Qt::darkRed).save(w.pad("eigen.png"));
+
+    EXPECT_EQ("rekenspel",
+              tk::DesktopEntryIcon::iconValue("[Desktop Entry]\nName=Reken\nIcon=rekenspel\n"));
+    EXPECT_EQ("", tk::DesktopEntryIcon::iconValue(
+                      "[Desktop Action x]\nIcon=nee\n[Desktop Entry]\nName=a\n"));
+    EXPECT_EQ("ja", tk::DesktopEntryIcon::iconValue("[Desktop Entry]\nIcon[nl]=nee\nIcon = ja\n"));
+
+    struct Case {
+        QString icon;
+        QColor kleur; // invalid: no icon
+    };
+    const Case cases[] = {
+        {"rekenspel", Qt::darkGreen},      {"tekenprogramma", Qt::darkBlue},
+        {w.pad("eigen.png"), Qt::darkRed}, {"bestaat-niet", QColor()},
+        {"../../eigen", QColor()},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.icon.toStdString());
+        schrijf("app.desktop", "[Desktop Entry]\nType=Application\nIcon=" + c.icon.toUtf8() + "\n");
+        const QImage icoon = tk::DesktopEntryIcon::load(w.pad("app.desktop"), 32, {data});
+        if (c.kleur.isValid()) {
+            ASSERT_EQ(QSize(32, 32), icoon.size());
+            EXPECT_EQ(c.kleur, colourAt(icoon, 31, 31));
+        } else {
+            EXPECT_TRUE(icoon.isNull());
+        }
+    }
+}
+
+TEST(StandaardBibliotheekTest, TheBuiltLibraryHoldsFriendlyIconsAtEverySize) {
+    QFile f(TK_STANDARD_ICL);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    const IconLibrary::Result r = IconLibrary::parse(f.readAll());
+    ASSERT_TRUE(r.error.isEmpty());
+    EXPECT_GE(r.icons.size(), 20);
+    for (qsizetype i = 0; i < r.icons.size(); ++i) {
+        SCOPED_TRACE(i);
+        EXPECT_EQ(3, r.icons.at(i).images.size());
+        for (int side : {16, 32, 48}) {
+            const QImage image = IconLibrary::render(r.icons.at(i), side);
+            ASSERT_EQ(QSize(side, side), image.size());
+            int dekkend = 0;
+            for (int y = 0; y < side; ++y)
+                for (int x = 0; x < side; ++x)
+                    dekkend += qAlpha(image.pixel(x, y)) > 200;
+            EXPECT_GT(dekkend, side * side / 3); // a real picture, not an empty square
+        }
+    }
+}
+
+} // namespace
