@@ -21,7 +21,7 @@ const QString tijdelijkeMap = QStringLiteral("\\Tijdelijk\\Ontvangst");
 const QString tijdelijkVoorvoegsel = QStringLiteral("TMP");
 
 // Unread bytes the binary socket keeps before the peer is held back by TCP itself.
-constexpr qint64 leesbuffer = 1024 * 1024;
+constexpr qint64 leesbuffer = 4 * 1024 * 1024;
 
 // The leading decimal digits of a text as a number (0 when there are none).
 qint64 leadingNumber(const QString& tekst) {

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QScopedValueRollback>
+#include <cstring>
 
 namespace tk {
 
@@ -15,6 +16,8 @@ namespace {
 // Unsent bytes the binary socket may hold before SendFile lets the pump drain it: the file is
 // streamed, never held whole in memory.
 constexpr qint64 schrijfbuffer = 1024 * 1024;
+// Bytes read from the file in one go, handed out as blocks.
+constexpr qint64 voorraad = 256 * 1024;
 
 } // namespace
 
@@ -108,38 +111,55 @@ void BinarySender::SendFile() {
         if (wsSender.state() == QAbstractSocket::UnconnectedState)
             throw Fout(QStringLiteral("Cannot send %1: the binary connection is not open")
                            .arg(CurrentFileName));
+        if (Blokgrootte <= 0)
+            throw Fout(QStringLiteral("Invalid block size %1").arg(Blokgrootte));
         QFile bestand(p.modMain.Pad(Source));
-        if (!bestand.open(QIODevice::ReadOnly))
+        if (!bestand.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
             throw Fout(QStringLiteral("Cannot read %1: %2").arg(Source, bestand.errorString()));
         tmrUploadSpeed.start();
         const qint64 lengte = bestand.size();
-        const auto leesBlok = [&](qint64 grootte) {
-            QByteArray blok(grootte, Qt::Uninitialized);
-            if (grootte > 0 && bestand.read(blok.data(), grootte) != grootte)
-                throw Fout(QStringLiteral("Cannot read %1: %2").arg(Source, bestand.errorString()));
+        // The file is read from the disk a bounded stretch at a time and handed out in blocks.
+        const qint64 stuk = qMax(Blokgrootte, (voorraad / Blokgrootte) * Blokgrootte);
+        QByteArray buffer(qMin(stuk, qMax<qint64>(lengte, 1)), Qt::Uninitialized);
+        qint64 inBuffer = 0;
+        qint64 plaats = 0;
+        const auto leesBlok = [&](qint64 grootte) -> const char* {
+            if (plaats + grootte > inBuffer) {
+                const qint64 over = inBuffer - plaats;
+                std::memmove(buffer.data(), buffer.constData() + plaats, size_t(over));
+                const qint64 gewenst = qMin<qint64>(buffer.size(), lengte - Gelezen) - over;
+                if (gewenst > 0 && bestand.read(buffer.data() + over, gewenst) != gewenst)
+                    throw Fout(
+                        QStringLiteral("Cannot read %1: %2").arg(Source, bestand.errorString()));
+                inBuffer = over + qMax<qint64>(gewenst, 0);
+                plaats = 0;
+            }
+            const char* blok = buffer.constData() + plaats;
+            plaats += grootte;
             Gelezen += grootte;
             return blok;
         };
+        Gelezen = 0;
         bool open = true;
-        while (open && lengte - bestand.pos() >= Blokgrootte && Blokgrootte > 0) {
+        while (open && lengte - Gelezen >= Blokgrootte) {
             p.wacht.Pomp();
-            const QByteArray blok = leesBlok(Blokgrootte);
+            const char* blok = leesBlok(Blokgrootte);
             p.wacht.Pomp();
-            open = sendBlock(blok);
+            open = sendBlock(blok, Blokgrootte);
         }
         // The rest in one block, which may be empty.
         if (open)
-            sendBlock(leesBlok(lengte - bestand.pos()));
+            sendBlock(leesBlok(lengte - Gelezen), lengte - Gelezen);
         bestand.close();
         tmrUploadSpeed.stop();
     });
 }
 
-bool BinarySender::sendBlock(const QByteArray& blok) {
+bool BinarySender::sendBlock(const char* blok, qint64 grootte) {
     // A socket that went away has raised SendError already; the rest of the file is not sent.
     if (wsSender.state() == QAbstractSocket::UnconnectedState)
         return false;
-    if (!blok.isEmpty() && wsSender.write(blok) != blok.size())
+    if (grootte > 0 && wsSender.write(blok, grootte) != grootte)
         return false;
     if (wsSender.bytesToWrite() <= schrijfbuffer)
         return true;

@@ -76,7 +76,7 @@ private:
     void handleCommand(const QByteArray& bericht);
     void wsSender_SendProgress(qint64 geschreven);
     // Hands one block to the binary socket and holds back while the socket has much unsent.
-    bool sendBlock(const QByteArray& blok);
+    bool sendBlock(const char* blok, qint64 grootte);
     void raiseError(const QString& omschrijving);
 
     Programma& p;
