@@ -16,6 +16,9 @@ ClientConnection::ClientConnection(QTcpSocket* socket, int number, int settleMs,
     : QObject(parent), m_socket(socket), m_number(number), m_settleMs(settleMs) {
     m_socket->setParent(this);
     m_socket->setReadBufferSize(0);
+    // Each message in a segment of its own, at once: without this the system holds a small
+    // message back until the one before it is acknowledged, and may send the two together.
+    m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     m_activity.start();
     m_clock.start();
     connect(m_socket, &QTcpSocket::readyRead, this, &ClientConnection::onReadyRead);

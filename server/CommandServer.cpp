@@ -122,6 +122,7 @@ void CommandServer::askInsider(ClientConnection* newcomer) {
     m_asks.removeIf([newcomer](const auto& ask) { return ask.first == newcomer; });
     m_asks.append(qMakePair(newcomer, in));
     in->sendNotice(QStringLiteral("INFONA"));
+    ++m_relayed;
 }
 
 void CommandServer::insiderRefuses(ClientConnection* in) {
@@ -129,6 +130,7 @@ void CommandServer::insiderRefuses(ClientConnection* in) {
         if (m_asks[i].second == in) {
             ClientConnection* newcomer = m_asks.takeAt(i).first;
             newcomer->sendNotice(QStringLiteral("INFONC"));
+            ++m_relayed;
             return;
         }
 }
@@ -138,6 +140,7 @@ void CommandServer::newcomerGivesUp(ClientConnection* newcomer) {
         if (m_asks[i].first == newcomer) {
             ClientConnection* in = m_asks.takeAt(i).second;
             in->sendNotice(QStringLiteral("INFONC"));
+            ++m_relayed;
             return;
         }
 }

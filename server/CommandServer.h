@@ -49,6 +49,8 @@ public:
     void askInsider(ClientConnection* newcomer);
     void insiderRefuses(ClientConnection* insider);
     void newcomerGivesUp(ClientConnection* newcomer);
+    // How many notices of the handshake were passed on so far.
+    int relayedNotices() const { return m_relayed; }
 
     // One round of keep-alives; runs every second, public so that a test can run it at once.
     void keepAliveTick();
@@ -72,6 +74,7 @@ private:
     // Who asked whom: newcomer -> insider.
     QList<QPair<ClientConnection*, ClientConnection*>> m_asks;
     int m_counter = 0;
+    int m_relayed = 0;
 };
 
 } // namespace tk::server

@@ -12,6 +12,7 @@ IncomingTransfer::IncomingTransfer(QTcpSocket* info, Acceptor acceptor, qint64 m
     : QObject(parent), m_info(info), m_acceptor(std::move(acceptor)), m_maxSize(maxSize),
       m_peer(info->peerAddress()), m_timeout(new QTimer(this)) {
     m_info->setParent(this);
+    m_info->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     m_timeout->setSingleShot(true);
     m_timeout->setInterval(timeoutMs);
     connect(m_timeout, &QTimer::timeout, this,

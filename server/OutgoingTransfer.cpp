@@ -18,6 +18,7 @@ OutgoingTransfer::OutgoingTransfer(const QHostAddress& host, quint16 infoPort, q
     connect(m_timeout, &QTimer::timeout, this,
             [this] { fail(QStringLiteral("the receiver went silent")); });
     connect(m_info, &QTcpSocket::connected, this, [this] {
+        m_info->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         touch();
         m_step = Step::AwaitingCnt;
     });

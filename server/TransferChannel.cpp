@@ -134,7 +134,11 @@ void TransferChannel::onDataConnection() {
 
 void TransferChannel::sendFile(const QHostAddress& peer, const QString& name,
                                const QByteArray& content, std::function<void(bool)> done) {
-    auto* transfer = new OutgoingTransfer(peer, m_clientInfoPort, m_clientDataPort, name, content,
+    // A client on IPv4 that reached the dual-stack listener shows as ::ffff:a.b.c.d.
+    bool mapped = false;
+    const quint32 v4 = peer.toIPv4Address(&mapped);
+    const QHostAddress host = mapped ? QHostAddress(v4) : peer;
+    auto* transfer = new OutgoingTransfer(host, m_clientInfoPort, m_clientDataPort, name, content,
                                           m_timeoutMs, this);
     ++m_active;
     connect(
