@@ -14,20 +14,30 @@ IniFiles::Entry* IniFiles::load(const QString& path) {
         return nullptr;
     }
     auto it = m_cache.find(path);
-    if (it != m_cache.end() && it->size == info.size() && it->modified == info.lastModified())
+    const QDateTime modified = info.lastModified();
+    const bool recent = modified.msecsTo(QDateTime::currentDateTime()) < 3000;
+    if (it != m_cache.end() && it->size == info.size() && it->modified == modified && !recent)
         return &*it;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return nullptr;
+    const QByteArray bytes = file.readAll();
+    if (it != m_cache.end() && it->bytes == bytes) {
+        it->size = info.size();
+        it->modified = modified;
+        return &*it;
+    }
     Entry entry;
-    entry.document = IniDocument::parse(TextFile::decode(file.readAll()));
+    entry.document = IniDocument::parse(TextFile::decode(bytes));
+    entry.bytes = bytes;
     entry.size = info.size();
-    entry.modified = info.lastModified();
+    entry.modified = modified;
     return &*m_cache.insert(path, entry);
 }
 
 bool IniFiles::store(const QString& path, Entry& entry) {
-    if (!TextFile::replaceAtomically(path, entry.document.text().toUtf8())) {
+    entry.bytes = entry.document.text().toUtf8();
+    if (!TextFile::replaceAtomically(path, entry.bytes)) {
         m_cache.remove(path);
         return false;
     }

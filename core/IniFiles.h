@@ -8,9 +8,11 @@
 
 namespace tk {
 
-// The program's INI files by native path, each parsed once and read again only when it changed
-// on disk. A read of a missing file gives nothing; a write creates the file (not its folder) and
-// replaces it atomically, so that a crash never leaves half a file.
+// The program's INI files by native path, each parsed once and parsed again only when it
+// changed on disk. A file changed in the last seconds is compared byte for byte, because a
+// rewrite of the same size within the clock's resolution keeps size and time. A read of a missing
+// file gives nothing; a write creates the file (not its folder) and replaces it atomically, so that
+// a crash never leaves half a file.
 class IniFiles {
 public:
     std::optional<QString> read(const QString& path, const QString& section, const QString& key);
@@ -24,6 +26,7 @@ public:
 private:
     struct Entry {
         IniDocument document;
+        QByteArray bytes; // the file as last read or written
         QDateTime modified;
         qint64 size = -1;
     };

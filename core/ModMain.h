@@ -48,6 +48,9 @@ public:
     // "<major>.<minor>.<revision>" of this program.
     static QString ProgrammaVersie();
 
+    // The command line of this run, upper-cased
+    QString Opdrachtregel;
+
     // Modes and machine
     bool ModusStandalone = false;
     bool ModusNetwerk = false;

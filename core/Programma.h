@@ -22,6 +22,9 @@ class FrmMainLink;
 class ModData;
 class ModMainLaden;
 class ModMainVerbinding;
+class ModPictogrammen;
+class ModThema;
+class OpstartStappen;
 
 // The one object that holds the program: the platform layer and one instance of every module
 // and form. A procedure reaches the others through it (p.modMain.LeesIni(...)), where the
@@ -49,11 +52,16 @@ public:
     // The loaded forms, told when the language changes.
     QList<Form*> formulieren;
 
+    // The steps of the start-up that the layers above provide; null in tests of one layer.
+    OpstartStappen* opstartStappen = nullptr;
+
     // The modules of the higher layers, made with maak() by those layers.
     FrmMainLink* frmMain = nullptr; // the start screen's link part: WS, the dispatcher
     ModMainVerbinding* modMainVerbinding = nullptr;
-    ModData* modData = nullptr;           // the global tables and their loaders
-    ModMainLaden* modMainLaden = nullptr; // modMain.Laden: the load of the whole data set
+    ModData* modData = nullptr;                 // the global tables and their loaders
+    ModMainLaden* modMainLaden = nullptr;       // modMain.Laden: the load of the whole data set
+    ModThema* modThema = nullptr;               // the theme state and modMain.LaadThema
+    ModPictogrammen* modPictogrammen = nullptr; // icon libraries and icon drawing
 
     // Ends the program: every wait returns and the event loop is asked to quit. The process ends
     // when control is back in main().

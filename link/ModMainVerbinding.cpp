@@ -1,9 +1,11 @@
 #include "ModMainVerbinding.h"
 
 #include "core/Ansi.h"
+#include "core/OpstartStappen.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
 #include "link/FrmMainLink.h"
+#include "platform/Clock.h"
 #include "platform/Environment.h"
 #include "platform/Processes.h"
 
@@ -140,6 +142,149 @@ void ModMainVerbinding::StartServer(bool firewall) {
         p.modMain.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(2925), QStringLiteral("-"));
         if (!firewall && TafelkraterDeactiveren)
             TafelkraterDeactiveren();
+    });
+}
+
+} // namespace tk
+
+namespace tk {
+
+void ModMainVerbinding::StartVerbinding(bool opnieuw) {
+    Procedure(p, "modMain.StartVerbinding", [&] {
+        OpstartStappen standaard;
+        OpstartStappen& stappen = p.opstartStappen ? *p.opstartStappen : standaard;
+        FrmMainLink& f = *p.frmMain;
+        if (f.HoofdvensterTonen)
+            f.HoofdvensterTonen();
+        const bool gevonden = BepaalServerlocatie();
+        if (!opnieuw && gevonden) {
+            if (!f.ServerVerbinden(true))
+                return;
+        } else {
+            const QString tekst = frmNetwerk.Computernaam();
+            if (!tekst.isEmpty()) {
+                const QStringList delen = tekst.split(QLatin1Char(':'));
+                f.ServerHost = delen[0];
+                bool numeriek = false;
+                const long poort = delen.value(1).toLong(&numeriek);
+                f.ServerPoort = delen.size() > 1 && numeriek ? poort : 34487;
+                p.modMain.MaakMappen(QStringLiteral("\\Data"));
+                p.modMain.SchrijfIni(tekst, QStringLiteral("Instellingen"),
+                                     QStringLiteral("Serverlocatie"),
+                                     QString::fromLatin1(ModMain::Instellingen));
+                if (!f.ServerVerbinden(true))
+                    return;
+            } else if (!f.ServerVerbinden(false)) {
+                return;
+            }
+        }
+        stappen.ControleerChangelog();
+        IdentificeerClient();
+        stappen.Laden();
+        stappen.ControleerLerarenRechten();
+        AutomatischAanmelden();
+    });
+}
+
+void ModMainVerbinding::AutomatischAanmelden() {
+    Procedure(p, "modMain.AutomatischAanmelden", [&] {
+        OpstartStappen standaard;
+        OpstartStappen& stappen = p.opstartStappen ? *p.opstartStappen : standaard;
+        ModMain& m = p.modMain;
+        stappen.VerbergLaadlabel();
+        QString account;
+        if (m.ModusNetwerk)
+            account = p.platform.environment().variable(QStringLiteral("USERNAME")).toUpper();
+        else if (m.ModusStandalone)
+            account = QStringLiteral("*STANDALONE*"); // matches no account
+        else
+            account = p.modMain.Opdrachtregel.isEmpty() ? QStringLiteral("ONDERHOUD")
+                                                        : p.modMain.Opdrachtregel.toUpper();
+        account.remove(QChar(0));
+        m.Gebruikersaccount = account;
+        if (m.ModusNetwerk || m.ModusStandalone)
+            stappen.ZetSessiebeperkingen(false, false);
+        if (account == u"GLOBAL" || m.ModusStandalone) {
+            stappen.OpenGlobal(true);
+            return;
+        }
+        if (account != u"ONDERHOUD") {
+            for (const QString& item : stappen.Accounts()) {
+                const QStringList velden = item.split(QLatin1Char('|'));
+                if (velden.size() < 3 || velden[1].toUpper() != account)
+                    continue;
+                if (velden[0].toUpper() == u"KLAS")
+                    stappen.OpenGroep(velden[2]);
+                else if (velden[0].toUpper() == u"LERAAR")
+                    stappen.OpenLeraar(velden[2]);
+                else
+                    continue;
+                return;
+            }
+        } else {
+            stappen.OpenOnderhoud();
+            return;
+        }
+        if (m.ModusNetwerk)
+            stappen.ZetAutomatischeAanmelding(QStringLiteral("GLOBAL"),
+                                              QStringLiteral("Sleutelwrk42"), QString(), true);
+        else
+            stappen.OpenFout(p.modTaal.LaadTekst(2910));
+    });
+}
+
+bool ModMainVerbinding::TestServerlocatie(bool firewall) {
+    return Procedure(p, "modMain.TestServerlocatie", false, [&] {
+        FrmMainLink& f = *p.frmMain;
+        ModMain& m = p.modMain;
+        f.VerbindingTesten = true;
+        if (m.ModusStandalone)
+            StartServer(true);
+        QString locatie;
+        if ((BepaalServerlocatie() || m.ModusStandalone) && !firewall)
+            locatie = f.ServerHost + QLatin1Char(':') + QString::number(f.ServerPoort);
+        else
+            locatie = frmNetwerk.Computernaam();
+        m.LaadWachttijden();
+        bool gelukt = false;
+        while (!locatie.isEmpty()) {
+            const QStringList delen = locatie.split(QLatin1Char(':'));
+            f.ServerHost = delen[0];
+            bool numeriek = false;
+            const long poort = delen.value(1).toLong(&numeriek);
+            f.ServerPoort = delen.size() > 1 && numeriek ? poort : 34487;
+            const qint64 deadline = p.platform.clock().msecsSinceStart() + 5000;
+            while (!f.isConnected() && p.platform.clock().msecsSinceStart() < deadline &&
+                   !p.beeindigd) {
+                f.WS.abort();
+                f.WS.connectToHost(f.ServerHost, quint16(f.ServerPoort));
+                f.WS.waitForConnected(int(qMax<qint64>(
+                    1, qMin<qint64>(1000, deadline - p.platform.clock().msecsSinceStart()))));
+                if (!f.isConnected() && m.Verbindingspauze != 100)
+                    m.Wacht(qint64(m.Verbindingspauze));
+                p.wacht.Pomp();
+            }
+            if (!f.isConnected())
+                break;
+            m.AntwoordOntvangen = false;
+            f.WS_Versturen(QStringLiteral("FIR"), false);
+            p.wacht.Tot([&] { return m.AntwoordOntvangen; },
+                        p.platform.clock().msecsSinceStart() + 5000);
+            f.WS.abort();
+            if (m.AntwoordOntvangen) {
+                gelukt = true;
+                if (m.ModusNetwerk)
+                    m.SchrijfIni(locatie, QStringLiteral("Instellingen"),
+                                 QStringLiteral("Serverlocatie"),
+                                 QString::fromLatin1(ModMain::Instellingen));
+                break;
+            }
+            if (m.StilActiveren)
+                break;
+            locatie = frmNetwerk.Computernaam();
+        }
+        f.VerbindingTesten = false;
+        return gelukt;
     });
 }
 

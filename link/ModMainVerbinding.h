@@ -1,5 +1,7 @@
 #pragma once
 
+#include "link/FrmNetwerk.h"
+
 #include <QString>
 #include <functional>
 
@@ -12,7 +14,7 @@ class Programma;
 // for the launcher.
 class ModMainVerbinding {
 public:
-    explicit ModMainVerbinding(Programma& p) : p(p) {}
+    explicit ModMainVerbinding(Programma& p) : frmNetwerk(p), p(p) {}
 
     // Fills frmMain's ServerHost and ServerPoort; false when there is no location at all.
     bool BepaalServerlocatie();
@@ -26,6 +28,12 @@ public:
     bool StuurOpstartCommando(const QString& tekst);
     // Starts the local server named by "Locatie server", with "FIREWALL" for the firewall test.
     void StartServer(bool firewall);
+    // Connect, identify, load, open (also the reconnect button's procedure).
+    void StartVerbinding(bool opnieuw);
+    // Opens the account Windows logged on to, or the global start screen.
+    void AutomatischAanmelden();
+    // The connection test of the take-over: connect, ask "FIR", close. True when answered.
+    bool TestServerlocatie(bool firewall);
 
     // The name of a class or teacher for the location text ("GROEP", id) / ("LERAAR", id);
     // filled by the data layer.
@@ -35,6 +43,8 @@ public:
 
     // The name under which the launcher of this program folder listens.
     static QString launcherNaam(const QString& programmaMap);
+
+    FrmNetwerk frmNetwerk;
 
 private:
     Programma& p;

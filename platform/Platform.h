@@ -6,6 +6,7 @@ namespace tk {
 
 class Clock;
 class Environment;
+class Network;
 class Processes;
 class RegistryStore;
 
@@ -18,6 +19,7 @@ public:
     virtual Environment& environment() = 0;
     virtual Clock& clock() = 0;
     virtual Processes& processes() = 0;
+    virtual Network& network() = 0;
     // The program folder: the folder of the executable, which holds Data, Logboek and the rest.
     virtual QString programFolder() const = 0;
 };

@@ -2,6 +2,7 @@
 
 #include "FakeClock.h"
 #include "FakeEnvironment.h"
+#include "FakeNetwork.h"
 #include "FakeProcesses.h"
 #include "FakeRegistry.h"
 #include "platform/Platform.h"
@@ -18,12 +19,14 @@ public:
     Environment& environment() override { return m_environment; }
     Clock& clock() override { return m_clock; }
     Processes& processes() override { return m_processes; }
+    Network& network() override { return m_network; }
     QString programFolder() const override { return m_programFolder; }
 
     FakeRegistry& fakeRegistry() { return m_registry; }
     FakeEnvironment& fakeEnvironment() { return m_environment; }
     FakeClock& fakeClock() { return m_clock; }
     FakeProcesses& fakeProcesses() { return m_processes; }
+    FakeNetwork& fakeNetwork() { return m_network; }
 
 private:
     QString m_programFolder;
@@ -31,6 +34,7 @@ private:
     FakeEnvironment m_environment;
     FakeClock m_clock;
     FakeProcesses m_processes;
+    FakeNetwork m_network;
 };
 
 } // namespace tk

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LinuxEnvironment.h"
+#include "LinuxNetwork.h"
 #include "LinuxProcesses.h"
 #include "RegistryFileStore.h"
 #include "SystemClock.h"
@@ -17,6 +18,7 @@ public:
     Environment& environment() override { return m_environment; }
     Clock& clock() override { return m_clock; }
     Processes& processes() override { return m_processes; }
+    Network& network() override { return m_network; }
     QString programFolder() const override { return m_programFolder; }
 
 private:
@@ -25,6 +27,7 @@ private:
     RegistryFileStore m_registry;
     SystemClock m_clock;
     LinuxProcesses m_processes;
+    LinuxNetwork m_network;
 };
 
 } // namespace tk

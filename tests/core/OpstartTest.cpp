@@ -1,0 +1,354 @@
+#include "core/FrmVersie.h"
+#include "core/ModMainOpstart.h"
+#include "core/OpstartStappen.h"
+#include "tests/support/Werkplek.h"
+
+#include "core/ClsRC4.h"
+
+#include <QFile>
+#include <QLockFile>
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::Werkplek;
+
+namespace {
+
+// Records every step the start-up asks of the layers above, and answers as configured.
+class OpnameStappen : public OpstartStappen {
+public:
+    bool VeiligeModus() override { return veiligeModus; }
+    bool BureaubladAanwezig() override { return bureaublad; }
+    void StartVerkenner() override { log << QStringLiteral("StartVerkenner"); }
+    void ComputerHerstarten() override { log << QStringLiteral("ComputerHerstarten"); }
+    bool StuurOpstartCommando(const QString& woord) override {
+        log << QStringLiteral("launcher:") + woord;
+        return true;
+    }
+    void StartServer(bool firewall) override {
+        log << QStringLiteral("StartServer(%1)").arg(firewall);
+    }
+    void ControleerUpdate(bool f) override { log << QStringLiteral("ControleerUpdate(%1)").arg(f); }
+    void LaadThema() override { log << QStringLiteral("LaadThema"); }
+    bool frmActiveren() override {
+        log << QStringLiteral("frmActiveren");
+        return activerenVerder;
+    }
+    void WijzigOpstarten() override { log << QStringLiteral("WijzigOpstarten"); }
+    void BewaarOpstartinstellingen() override {
+        log << QStringLiteral("BewaarOpstartinstellingen");
+    }
+    void TafelkraterAccountVerwijderen() override { log << QStringLiteral("AccountVerwijderen"); }
+    void TafelkraterDeactiverenSetup() override { log << QStringLiteral("DeactiverenSetup"); }
+    void Afmelden() override { log << QStringLiteral("Afmelden"); }
+    void ZetBureaubladachtergrond(bool, bool) override { log << QStringLiteral("Achtergrond"); }
+    void ZetBrowserbeperkingen(bool) override { log << QStringLiteral("Browserbeperkingen"); }
+    void SchermbeveiligingUit() override { log << QStringLiteral("SchermbeveiligingUit"); }
+    QSize Schermgrootte() override { return scherm; }
+    bool ZetResolutie(bool vlag) override {
+        log << QStringLiteral("ZetResolutie(%1)").arg(vlag);
+        return resolutieLukt;
+    }
+    void OpenTaakbalk1() override { log << QStringLiteral("OpenTaakbalk1"); }
+    void StartVerbinding(bool opnieuw) override {
+        log << QStringLiteral("StartVerbinding(%1)").arg(opnieuw);
+    }
+
+    QStringList log;
+    bool veiligeModus = false;
+    bool bureaublad = false;
+    bool activerenVerder = true;
+    bool resolutieLukt = false;
+    QSize scherm{1024, 768};
+};
+
+struct Opstart {
+    explicit Opstart(const char* modus = "2", bool shellOvergenomen = true) {
+        // The pauses of the check window pass on the fake clock.
+        w.platform.fakeClock().setStepPerRead(50);
+        if (*modus)
+            zetRegister(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Modus"),
+                        QString::fromLatin1(modus));
+        if (shellOvergenomen)
+            zetRegister(QString::fromLatin1(ModMainOpstart::Winlogon), QStringLiteral("Shell"),
+                        QStringLiteral("/opt/tafelkrater/tafelkrater"));
+    }
+    void zetRegister(const QString& sleutel, const QString& naam, const QString& waarde) {
+        w.platform.registry().write(RegistryRoot::LocalMachine, sleutel, naam,
+                                    RegistryValue::string(waarde));
+    }
+    QString register_(const QString& sleutel, const QString& naam) {
+        return w.p.modRegistry.LeesWaarde(RegistryRoot::LocalMachine, sleutel, naam);
+    }
+    QStringList getoondeTeksten() const {
+        QStringList teksten;
+        for (const auto& v : w.dialogen.gesteld)
+            teksten << v.tekst;
+        return teksten;
+    }
+    Werkplek w;
+    OpnameStappen stappen;
+    ModMainOpstart opstart{w.p, stappen};
+};
+
+} // namespace
+
+TEST(OpstartTest, ATakenOverNetworkWorkstationRunsTheStepsInOrder) {
+    Opstart o;
+    o.opstart.Main(QStringLiteral("STARTUP"));
+    EXPECT_FALSE(o.w.p.beeindigd);
+    EXPECT_EQ(o.stappen.log,
+              (QStringList{QStringLiteral("LaadThema"), QStringLiteral("frmActiveren"),
+                           QStringLiteral("Achtergrond"), QStringLiteral("Browserbeperkingen"),
+                           QStringLiteral("SchermbeveiligingUit"), QStringLiteral("OpenTaakbalk1"),
+                           QStringLiteral("StartVerbinding(0)")}));
+    EXPECT_TRUE(o.w.p.modMain.ModusNetwerk);
+    EXPECT_TRUE(o.w.dialogen.gesteld.isEmpty());
+    EXPECT_EQ(o.w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Resolutie"),
+                                    QStringLiteral("\\Data\\Instellingen.ini")),
+              QString());
+}
+
+TEST(OpstartTest, AManagementWorkstationSkipsTheWorkstationChecks) {
+    Opstart o("0", false);
+    o.opstart.Main(QString());
+    EXPECT_EQ(o.stappen.log,
+              (QStringList{QStringLiteral("LaadThema"), QStringLiteral("OpenTaakbalk1"),
+                           QStringLiteral("StartVerbinding(0)")}));
+}
+
+TEST(OpstartTest, AnUnsetModeAsksAndStoresTheAnswerNotTheOptionIndex) {
+    struct Case {
+        int optie;
+        const char* opgeslagen;
+    };
+    for (const Case c : {Case{0, "1"}, Case{1, "2"}, Case{2, "0"}}) {
+        SCOPED_TRACE(c.optie);
+        Opstart o("", true); // the shell is taken over, and still the question comes
+        o.w.dialogen.opModaal = [&](Form& f) {
+            auto& versie = static_cast<FrmVersie&>(f);
+            versie.Gekozen = c.optie;
+            versie.cmdOK_Click();
+        };
+        o.opstart.LaadModus();
+        EXPECT_EQ(o.w.dialogen.getoond, QStringList{QStringLiteral("frmVersie")});
+        EXPECT_EQ(o.register_(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Modus")),
+                  QString::fromLatin1(c.opgeslagen));
+    }
+    Opstart gesloten("", true);
+    gesloten.w.dialogen.opModaal = [](Form& f) { static_cast<FrmVersie&>(f).cmdSluiten_Click(); };
+    gesloten.opstart.Main(QStringLiteral("STARTUP"));
+    EXPECT_TRUE(gesloten.w.p.beeindigd);
+    EXPECT_TRUE(gesloten.stappen.log.isEmpty());
+}
+
+TEST(OpstartTest, TheVersionWindowOffersOnlyWhatTheMachineCanBe) {
+    Opstart o("");
+    FrmVersie& v = o.opstart.frmVersie;
+    v.Vraag(QStringLiteral("Windows XP"));
+    EXPECT_FALSE(v.optEnabled[0]); // no server installed
+    EXPECT_EQ(v.Gekozen, 1);
+    o.w.schrijf(QStringLiteral("tafelkrater-server"), "#!/bin/sh\n");
+    o.zetRegister(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Locatie server"),
+                  QStringLiteral("\\tafelkrater-server"));
+    v.Vraag(QStringLiteral("Windows XP"));
+    EXPECT_TRUE(v.optEnabled[0]);
+    EXPECT_EQ(v.Gekozen, 0);
+    v.Vraag(QStringLiteral("Windows 2003"));
+    EXPECT_FALSE(v.optEnabled[0]);
+    EXPECT_FALSE(v.optEnabled[1]);
+    EXPECT_EQ(v.Gekozen, 2);
+    o.w.platform.fakeEnvironment().playWindows98();
+    v.Vraag(QStringLiteral("Windows 98"));
+    EXPECT_FALSE(v.optEnabled[0]);
+    EXPECT_EQ(v.optCaptions.size(), 3);
+}
+
+TEST(OpstartTest, TheSystemVersionDecidesWhetherTheProgramMayRun) {
+    struct Case {
+        OsVersion versie;
+        const char* modus;
+        bool verder;
+        bool beheer;
+    };
+    const Case cases[] = {
+        {{1, 4, 0}, "2", false, false}, // Windows 95
+        {{1, 4, 10}, "2", true, false}, // Windows 98
+        {{2, 5, 2}, "2", true, true},   // Windows 2003: management as well, and accepted
+        {{2, 4, 0}, "2", false, false}, // unknown
+        {{2, 4, 0}, "0", true, true},   // a management workstation runs anywhere
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::to_string(c.versie.platformId) + "." + std::to_string(c.versie.minor));
+        Opstart o(c.modus);
+        o.w.platform.fakeEnvironment().setOsVersion(c.versie);
+        o.opstart.Main(QStringLiteral("STARTUP"));
+        EXPECT_EQ(!o.w.p.beeindigd, c.verder);
+        EXPECT_EQ(o.w.p.modMain.ModusBeheer, c.beheer);
+        if (!c.verder) {
+            EXPECT_EQ(o.getoondeTeksten(), QStringList{o.w.p.modTaal.LaadTekst(2955)});
+        }
+    }
+}
+
+TEST(OpstartTest, AfterACrashTheMessageShowsAndTheServerIsNotStartedAgain) {
+    Opstart o("1");
+    o.w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
+    o.w.p.modMain.SchrijfIni(QStringLiteral("Ja"), QStringLiteral("Algemeen"),
+                             QStringLiteral("Geactiveerd"),
+                             QStringLiteral("\\Data\\Instellingen.ini"));
+    o.w.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
+                                               QStringLiteral("Tafelkrater"));
+    o.opstart.Main(QStringLiteral("startupfout"));
+    EXPECT_EQ(o.getoondeTeksten().value(0), o.w.p.modTaal.LaadTekst(2905));
+    EXPECT_FALSE(o.stappen.log.contains(QStringLiteral("StartServer(0)")));
+
+    Opstart eerste("1");
+    eerste.w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
+    eerste.w.p.modMain.SchrijfIni(QStringLiteral("Ja"), QStringLiteral("Algemeen"),
+                                  QStringLiteral("Geactiveerd"),
+                                  QStringLiteral("\\Data\\Instellingen.ini"));
+    eerste.w.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
+                                                    QStringLiteral("tafelkrater"));
+    eerste.opstart.Main(QString());
+    EXPECT_EQ(eerste.stappen.log.value(0), QStringLiteral("StartServer(0)"));
+}
+
+TEST(OpstartTest, WithoutTheLauncherWordTheLauncherTakesOver) {
+    struct Case {
+        const char* regel;
+        bool overgedragen;
+    };
+    for (const Case c : {Case{"", true}, Case{"STARTUP", false}, Case{"STARTUP-ANYTHING", false},
+                         Case{"juf", true}}) {
+        SCOPED_TRACE(c.regel);
+        Opstart o;
+        o.w.schrijf(QStringLiteral("tafelkrater-startup"), "#!/bin/sh\n");
+        o.opstart.Main(QString::fromLatin1(c.regel));
+        EXPECT_EQ(o.w.platform.fakeProcesses().started.size(), c.overgedragen ? 1 : 0);
+        EXPECT_EQ(o.w.p.beeindigd, c.overgedragen);
+        if (c.overgedragen) {
+            EXPECT_TRUE(o.w.platform.fakeProcesses().started[0].startsWith(
+                o.w.pad(QStringLiteral("tafelkrater-startup"))));
+        }
+    }
+}
+
+TEST(OpstartTest, ASecondStartWithoutTheLauncherEndsSilently) {
+    Opstart o;
+    QLockFile ander(o.w.map() + QStringLiteral("/.tafelkrater.lock"));
+    ASSERT_TRUE(ander.tryLock(0));
+    o.opstart.Main(QString());
+    EXPECT_TRUE(o.w.p.beeindigd);
+    EXPECT_TRUE(o.w.dialogen.gesteld.isEmpty());
+    EXPECT_TRUE(o.stappen.log.isEmpty());
+}
+
+TEST(OpstartTest, AWorkstationNotYetTakenOverShowsItsChecksAndTakesOver) {
+    Opstart o("2", false);
+    o.w.platform.fakeClock().setStepPerRead(50);
+    o.opstart.Main(QStringLiteral("STARTUP"));
+    EXPECT_EQ(o.stappen.log,
+              (QStringList{QStringLiteral("LaadThema"), QStringLiteral("BewaarOpstartinstellingen"),
+                           QStringLiteral("frmActiveren"), QStringLiteral("WijzigOpstarten")}));
+    const auto& rijen = o.opstart.frmInitialiseren.lblItem;
+    EXPECT_EQ(rijen[0].lblCheck, QStringLiteral("a"));
+    EXPECT_EQ(rijen[1].lblCheck, QStringLiteral("a"));
+    EXPECT_EQ(rijen[2].lblCheck, QStringLiteral("a"));
+    EXPECT_FALSE(rijen[3].zichtbaar);
+}
+
+TEST(OpstartTest, AnAccountWithoutRightsIsToldAndLoggedOff) {
+    Opstart o("2", true);
+    o.w.platform.fakeRegistry().setWritable(false);
+    o.stappen.activerenVerder = false;
+    o.opstart.Main(QStringLiteral("STARTUP"));
+    EXPECT_TRUE(o.w.p.beeindigd);
+    EXPECT_EQ(o.stappen.log.last(), QStringLiteral("Afmelden"));
+    const QString verwacht =
+        o.w.p.modTaal.LaadTekst(2907)
+            .replace(QStringLiteral("%account%"), QStringLiteral("SCHOOL\\leerling"))
+            .replace(QStringLiteral("%domein%"), QStringLiteral("SCHOOL"));
+    EXPECT_EQ(o.getoondeTeksten(), QStringList{verwacht});
+    EXPECT_EQ(o.w.p.modMain.LeesIni(QStringLiteral("leerling"),
+                                    QStringLiteral("Administratorrechten"),
+                                    QStringLiteral("\\Data\\Instellingen.ini")),
+              QStringLiteral("Nee"));
+}
+
+TEST(OpstartTest, AScreenThatCannotBeSetTo1024By768EndsTheRun) {
+    Opstart o;
+    o.stappen.scherm = QSize(1280, 1024);
+    o.opstart.Main(QStringLiteral("STARTUP"));
+    EXPECT_EQ(o.w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Resolutie"),
+                                    QStringLiteral("\\Data\\Instellingen.ini")),
+              QStringLiteral("1280x1024x32"));
+    EXPECT_TRUE(o.stappen.log.contains(QStringLiteral("ZetResolutie(0)")));
+    EXPECT_TRUE(o.stappen.log.contains(QStringLiteral("ZetResolutie(1)")));
+    EXPECT_EQ(
+        o.stappen.log.mid(o.stappen.log.size() - 2),
+        (QStringList{QStringLiteral("StartVerkenner"), QStringLiteral("launcher:afsluiten")}));
+    EXPECT_EQ(o.getoondeTeksten(), QStringList{o.w.p.modTaal.LaadTekst(2909)});
+
+    Opstart gezet;
+    gezet.stappen.scherm = QSize(800, 600);
+    gezet.stappen.resolutieLukt = true;
+    gezet.opstart.Main(QStringLiteral("STARTUP"));
+    EXPECT_EQ(gezet.stappen.log.last(), QStringLiteral("launcher:resolutie"));
+    EXPECT_TRUE(gezet.w.p.beeindigd);
+}
+
+TEST(OpstartTest, SafeModeWithTheSystemShellWarnsAndGoesOn) {
+    Opstart o("2", false);
+    o.zetRegister(QString::fromLatin1(ModMainOpstart::Winlogon), QStringLiteral("Shell"),
+                  QStringLiteral("Explorer.exe"));
+    o.stappen.veiligeModus = true;
+    EXPECT_TRUE(o.opstart.ControleerVeiligeModus());
+    EXPECT_EQ(o.getoondeTeksten(), QStringList{o.w.p.modTaal.LaadTekst(2951)});
+}
+
+TEST(OpstartTest, SafeModeWithOurShellAsksForTheMaintenancePassword) {
+    auto t = [](Opstart& o, int id) { return o.w.p.modTaal.LaadTekst(id); };
+    { // Keeps it: no desktop, so the computer restarts.
+        Opstart o;
+        o.stappen.veiligeModus = true;
+        o.w.dialogen.antwoorden = {QStringLiteral("nee")};
+        EXPECT_FALSE(o.opstart.ControleerVeiligeModus());
+        EXPECT_EQ(o.getoondeTeksten(), (QStringList{t(o, 2946), t(o, 2950)}));
+        EXPECT_EQ(o.stappen.log, QStringList{QStringLiteral("ComputerHerstarten")});
+    }
+    { // A wrong password, then the fixed service password: deactivated.
+        Opstart o;
+        o.stappen.veiligeModus = true;
+        o.w.dialogen.antwoorden = {QStringLiteral("ja"), QStringLiteral("fout"), QString(),
+                                   QStringLiteral("ja"), QStringLiteral("Tafelkrater93")};
+        EXPECT_FALSE(o.opstart.ControleerVeiligeModus());
+        EXPECT_EQ(o.getoondeTeksten(),
+                  (QStringList{t(o, 2946), t(o, 2947), t(o, 2949), t(o, 2946), t(o, 2947)}));
+        EXPECT_EQ(o.stappen.log, QStringList{QStringLiteral("DeactiverenSetup")});
+    }
+    { // The maintenance password from the cache, and no plain cache file left behind.
+        Opstart o;
+        o.stappen.veiligeModus = true;
+        o.w.schrijf(QStringLiteral("Data/Tijdelijk.ini"),
+                    "[Algemeen]\r\nWachtwoorden=leraren;|;beheer123\r\n");
+        ClsRC4 rc4;
+        rc4.EncryptFile(o.w.pad(QStringLiteral("Data/Tijdelijk.ini")),
+                        o.w.pad(QStringLiteral("Data/data.tijdelijk")),
+                        QStringLiteral("Tafelkrater_VQXZ"));
+        QFile::remove(o.w.pad(QStringLiteral("Data/Tijdelijk.ini")));
+        o.w.dialogen.antwoorden = {QStringLiteral("ja"), QStringLiteral("beheer123")};
+        EXPECT_FALSE(o.opstart.ControleerVeiligeModus());
+        EXPECT_EQ(o.stappen.log, QStringList{QStringLiteral("DeactiverenSetup")});
+        EXPECT_FALSE(QFile::exists(o.w.pad(QStringLiteral("Data/Tijdelijk.ini"))));
+    }
+    { // An empty password refuses; a desktop present means no explorer start.
+        Opstart o;
+        o.stappen.veiligeModus = true;
+        o.stappen.bureaublad = true;
+        o.w.dialogen.antwoorden = {QStringLiteral("ja"), QString()};
+        EXPECT_FALSE(o.opstart.ControleerVeiligeModus());
+        EXPECT_EQ(o.getoondeTeksten().last(), t(o, 2948));
+        EXPECT_TRUE(o.stappen.log.isEmpty());
+    }
+}
