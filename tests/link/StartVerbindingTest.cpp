@@ -1,0 +1,214 @@
+#include "core/OpstartStappen.h"
+#include "link/FrmMainLink.h"
+#include "link/FrmNetwerk.h"
+#include "link/ModInternet.h"
+#include "link/ModMainVerbinding.h"
+#include "tests/support/ScriptedPeer.h"
+#include "tests/support/Werkplek.h"
+
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::ScriptedPeer;
+using tk::test::Werkplek;
+using Levering = ScriptedPeer::Levering;
+
+namespace {
+
+class OpnameStappen : public OpstartStappen {
+public:
+    void ControleerChangelog() override { log << QStringLiteral("ControleerChangelog"); }
+    void Laden() override { log << QStringLiteral("Laden"); }
+    void ControleerLerarenRechten() override { log << QStringLiteral("ControleerLerarenRechten"); }
+    QStringList Accounts() override { return accounts; }
+    void VerbergLaadlabel() override { log << QStringLiteral("VerbergLaadlabel"); }
+    void ZetSessiebeperkingen(bool, bool) override { log << QStringLiteral("Sessiebeperkingen"); }
+    void ZetAutomatischeAanmelding(const QString& a, const QString& w, const QString&,
+                                   bool afmelden) override {
+        log << QStringLiteral("AutomatischeAanmelding:%1:%2:%3").arg(a, w).arg(afmelden);
+    }
+    void OpenGlobal(bool) override { log << QStringLiteral("OpenGlobal"); }
+    void OpenGroep(const QString& id) override { log << QStringLiteral("OpenGroep:") + id; }
+    void OpenLeraar(const QString& id) override { log << QStringLiteral("OpenLeraar:") + id; }
+    void OpenOnderhoud() override { log << QStringLiteral("OpenOnderhoud"); }
+    void OpenFout(const QString& t) override { log << QStringLiteral("OpenFout:") + t; }
+    QStringList log;
+    QStringList accounts{QStringLiteral("KLAS|groep3|4"), QStringLiteral("LERAAR|juf|7")};
+};
+
+struct Client {
+    Client() {
+        w.p.maak(w.p.frmMain, w.p);
+        w.p.maak(w.p.modMainVerbinding, w.p);
+        w.p.opstartStappen = &stappen;
+        w.platform.fakeClock().setStepPerRead(100);
+        w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
+    }
+    void locatie(const QString& tekst) {
+        w.p.modMain.SchrijfIni(tekst, QStringLiteral("Instellingen"),
+                               QStringLiteral("Serverlocatie"),
+                               QStringLiteral("\\Data\\Instellingen.ini"));
+    }
+    QStringList zonderLabel() const {
+        QStringList l = stappen.log;
+        l.removeAll(QStringLiteral("VerbergLaadlabel"));
+        l.removeAll(QStringLiteral("Sessiebeperkingen"));
+        return l;
+    }
+    Werkplek w;
+    OpnameStappen stappen;
+};
+
+ScriptedPeer& begroeting(ScriptedPeer& peer) {
+    return peer.op(QStringLiteral("TST"), QStringLiteral("TST"))
+        .op(QStringLiteral("INFVER*"), QStringLiteral("INFVER"))
+        .op(QStringLiteral("INFDMN"), QStringLiteral("INFDMNschool|1|2|3|4|NEE|NEE"))
+        .op(QStringLiteral("INFCOM*"), QStringLiteral("INFCOM"));
+}
+
+} // namespace
+
+TEST(StartVerbindingTest, ConnectsIdentifiesLoadsAndOpensTheAccountOfTheSession) {
+    struct Case {
+        const char* modus;
+        const char* gebruiker;
+        const char* regel;
+        const char* geopend;
+    };
+    const Case cases[] = {
+        {"2", "groep3", "", "OpenGroep:4"},
+        {"2", "JUF", "", "OpenLeraar:7"},
+        {"2", "global", "", "OpenGlobal"},
+        {"2", "onbekend", "", "AutomatischeAanmelding:GLOBAL:Sleutelwrk42:1"},
+        {"0", "x", "", "OpenOnderhoud"},
+        {"0", "x", "juf", "OpenLeraar:7"},
+        {"0", "x", "niemand", "OpenFout:"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.modus) + " " + c.gebruiker + " " + c.regel);
+        ScriptedPeer peer;
+        begroeting(peer);
+        Client k;
+        ModMain& m = k.w.p.modMain;
+        m.ModusNetwerk = *c.modus == '2';
+        m.ModusStandalone = *c.modus == '1';
+        m.ModusBeheer = *c.modus == '0';
+        m.Opdrachtregel = QString::fromLatin1(c.regel).toUpper();
+        k.w.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
+                                                   QString::fromLatin1(c.gebruiker));
+        k.locatie(QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
+        k.w.p.modMainVerbinding->StartVerbinding(false);
+        EXPECT_TRUE(peer.klaar());
+        QString geopend = QString::fromLatin1(c.geopend);
+        if (geopend == u"OpenFout:")
+            geopend += k.w.p.modTaal.LaadTekst(2910);
+        EXPECT_EQ(k.zonderLabel(),
+                  (QStringList{QStringLiteral("ControleerChangelog"), QStringLiteral("Laden"),
+                               QStringLiteral("ControleerLerarenRechten"), geopend}));
+        EXPECT_EQ(k.stappen.log.contains(QStringLiteral("Sessiebeperkingen")), !m.ModusBeheer);
+    }
+}
+
+TEST(StartVerbindingTest, StandaloneOpensTheGlobalStartScreen) {
+    Client k;
+    k.w.p.modMain.ModusStandalone = true;
+    k.w.p.modMainVerbinding->AutomatischAanmelden();
+    EXPECT_EQ(k.zonderLabel(), QStringList{QStringLiteral("OpenGlobal")});
+}
+
+TEST(StartVerbindingTest, WithoutALocationTheUserIsAskedAndTheAnswerIsStored) {
+    ScriptedPeer peer;
+    begroeting(peer);
+    Client k;
+    k.w.p.modMain.ModusNetwerk = true;
+    k.w.platform.fakeEnvironment().setVariable(QStringLiteral("LOGONSERVER"), QString());
+    k.w.dialogen.opModaal = [&](Form& f) {
+        auto& netwerk = static_cast<FrmNetwerk&>(f);
+        EXPECT_EQ(netwerk.txtNaam, QString());
+        EXPECT_FALSE(netwerk.cmdOKEnabled);
+        netwerk.txtNaam_Change(QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
+        netwerk.cmdOK_Click();
+    };
+    k.w.p.modMainVerbinding->StartVerbinding(false);
+    EXPECT_TRUE(peer.klaar());
+    EXPECT_EQ(k.w.p.modMain.LeesIni(QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
+                                    QStringLiteral("\\Data\\Instellingen.ini")),
+              QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
+    EXPECT_TRUE(k.stappen.log.contains(QStringLiteral("Laden")));
+}
+
+TEST(StartVerbindingTest, ACancelledLocationWithoutCacheStopsBeforeTheLoad) {
+    Client k;
+    k.w.p.modMain.ModusNetwerk = true;
+    k.w.platform.fakeEnvironment().setVariable(QStringLiteral("LOGONSERVER"), QString());
+    k.w.dialogen.opModaal = [](Form& f) { static_cast<FrmNetwerk&>(f).cmdAnnuleren_Click(); };
+    k.w.p.modMainVerbinding->StartVerbinding(false);
+    EXPECT_TRUE(k.stappen.log.isEmpty());
+    EXPECT_EQ(k.w.p.frmMain->lblLaden, k.w.p.modTaal.LaadTekst(1611).toUpper());
+}
+
+TEST(FrmNetwerkTest, ShowsThePortOnlyWhenItIsNotTheDefault) {
+    struct Case {
+        long poort;
+        const char* tekst;
+    };
+    for (const Case c : {Case{34487, "pc1"}, Case{4000, "pc1:4000"}, Case{0, "pc1"}}) {
+        Client k;
+        k.w.p.frmMain->ServerHost = QStringLiteral("pc1");
+        k.w.p.frmMain->ServerPoort = c.poort;
+        QString gezien;
+        k.w.dialogen.opModaal = [&](Form& f) { gezien = static_cast<FrmNetwerk&>(f).txtNaam; };
+        k.w.p.modMainVerbinding->frmNetwerk.Computernaam();
+        EXPECT_EQ(gezien, QString::fromLatin1(c.tekst));
+    }
+    Client k;
+    FrmNetwerk& n = k.w.p.modMainVerbinding->frmNetwerk;
+    n.tvwNetwork_NodeClick(QStringLiteral("\\\\SERVER01"));
+    EXPECT_EQ(n.txtNaam, QStringLiteral("SERVER01"));
+    n.tvwNetwork_NodeClick(QStringLiteral("Werkgroep"));
+    EXPECT_EQ(n.txtNaam, QStringLiteral("SERVER01"));
+}
+
+TEST(ServerlocatieTestTest, TheFirewallTestAsksTheServerAndStoresTheLocationInNetworkMode) {
+    ScriptedPeer peer;
+    peer.op(QStringLiteral("FIR"), QStringLiteral("FIRschool.local"));
+    Client k;
+    k.w.p.modMain.ModusNetwerk = true;
+    k.locatie(QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
+    EXPECT_TRUE(k.w.p.modMainVerbinding->TestServerlocatie(false));
+    EXPECT_EQ(k.w.p.frmMain->Domein, QStringLiteral("school.local"));
+    EXPECT_FALSE(k.w.p.frmMain->isConnected()); // closed again after the test
+    EXPECT_FALSE(k.w.p.frmMain->VerbindingTesten);
+    EXPECT_FALSE(k.w.p.beeindigd);
+}
+
+TEST(ServerlocatieTestTest, AServerThatDoesNotAnswerCountsAsAClosedFirewall) {
+    ScriptedPeer peer;
+    peer.op(QStringLiteral("FIR"), QString(), Levering::Stil);
+    Client k;
+    k.w.p.modMain.ModusNetwerk = true;
+    k.w.p.modMain.StilActiveren = true; // no second question
+    k.locatie(QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
+    EXPECT_FALSE(k.w.p.modMainVerbinding->TestServerlocatie(false));
+    EXPECT_TRUE(k.w.dialogen.getoond.isEmpty());
+}
+
+TEST(ModInternetTest, TheInternetTestEchoesTheWebServerUntilItIsOnline) {
+    EXPECT_EQ(ModInternet::StatusTekst(0), QStringLiteral("Online"));
+    EXPECT_EQ(ModInternet::StatusTekst(200), QStringLiteral("Ping timed out"));
+    EXPECT_EQ(ModInternet::StatusTekst(11009), QStringLiteral("Pachage too big for this host"));
+    EXPECT_EQ(ModInternet::StatusTekst(42), QStringLiteral("Unexpected error"));
+
+    Client k;
+    ModInternet internet(k.w.p);
+    EXPECT_FALSE(internet.ControleerInternet(5)); // no web address configured
+    EXPECT_TRUE(k.w.platform.fakeNetwork().gepingd.isEmpty());
+    k.w.p.modMain.SchrijfIni(QStringLiteral("http://web.school.test:8080/"),
+                             QStringLiteral("Instellingen"), QStringLiteral("Webadres"),
+                             QStringLiteral("\\Data\\Instellingen.ini"));
+    EXPECT_FALSE(internet.ControleerInternet(2));
+    EXPECT_GE(k.w.platform.fakeNetwork().gepingd.size(), 2);
+    EXPECT_EQ(k.w.platform.fakeNetwork().gepingd[0], QStringLiteral("web.school.test:8080"));
+    k.w.platform.fakeNetwork().status.insert(QStringLiteral("web.school.test:8080"), 0);
+    EXPECT_TRUE(internet.ControleerInternet(2));
+}
