@@ -613,3 +613,40 @@ TEST(SpeedTest, EachTickReportsTheBytesOfTheLastHalfSecondInKilobytesPerSecond) 
     u.sender.tmrUploadSpeed_Timer();
     EXPECT_EQ(uit, (QList<qint64>{100, 0}));
 }
+
+TEST(DownloadTest, TheSamePortsListenAgainAfterResetAndATakenPortIsAnError) {
+    Download d;
+    ASSERT_TRUE(d.opgezet());
+    const qint64 info = d.receiver.localPortInfo();
+    const qint64 binair = d.receiver.localPortBinary();
+    ASSERT_TRUE(d.bied("FIS3|0@a"));
+    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Tijdelijk\\a.bin")));
+    d.server.stuurBinair("abc");
+    ASSERT_TRUE(d.laatste("RFC"));
+
+    d.receiver.Reset();
+    d.verbonden = 0;
+    d.server.infoOntvangen.clear();
+    ASSERT_TRUE(d.receiver.Listen());
+    EXPECT_EQ(d.receiver.localPortInfo(), info);
+    EXPECT_EQ(d.receiver.localPortBinary(), binair);
+
+    // A second receiver cannot take ports that are in use.
+    BinaryReceiver tweede(d.w.p);
+    QStringList fouten;
+    tweede.onError = [&](const QString& f) { fouten.append(f); };
+    tweede.setLocalPortInfo(info);
+    tweede.setLocalPortBinary(binair);
+    EXPECT_FALSE(tweede.Listen());
+    EXPECT_EQ(fouten.size(), 1);
+    tweede.setLocalPortInfo(70000);
+    EXPECT_FALSE(tweede.Listen());
+
+    d.server.verbindMet(quint16(info), quint16(binair));
+    ASSERT_TRUE(d.opgezet());
+    ASSERT_TRUE(d.bied("FIS2|0@b"));
+    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Tijdelijk\\b.bin")));
+    d.server.stuurBinair("de");
+    ASSERT_TRUE(d.laatste("RFC"));
+    EXPECT_EQ(d.w.lees(QStringLiteral("Tijdelijk/b.bin")), QByteArray("de"));
+}
