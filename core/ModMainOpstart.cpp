@@ -290,8 +290,10 @@ void ModMainOpstart::Main(const QString& opdrachtregel) {
             IsShellIngesteld() && IsGeactiveerd())
             stappen.StartServer(false);                                    // 10
         if (QFileInfo(LauncherPad()).isFile() && !gestartDoorLauncher()) { // 11
-            p.platform.processes().startDetached(LauncherPad(),
-                                                 {QCoreApplication::applicationFilePath()},
+            QStringList parameters{QCoreApplication::applicationFilePath()};
+            if (!Opdrachtregel.isEmpty())
+                parameters << opdrachtregel;
+            p.platform.processes().startDetached(LauncherPad(), parameters,
                                                  p.platform.programFolder());
             p.Einde();
             return;

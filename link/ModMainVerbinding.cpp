@@ -197,9 +197,13 @@ void ModMainVerbinding::AutomatischAanmelden() {
             account = p.platform.environment().variable(QStringLiteral("USERNAME")).toUpper();
         else if (m.ModusStandalone)
             account = QStringLiteral("*STANDALONE*"); // matches no account
-        else
-            account = p.modMain.Opdrachtregel.isEmpty() ? QStringLiteral("ONDERHOUD")
-                                                        : p.modMain.Opdrachtregel.toUpper();
+        else {
+            // The launcher's word is not an account: what follows it is.
+            QString regel = p.modMain.Opdrachtregel.toUpper();
+            if (regel.startsWith(QStringLiteral("STARTUP")))
+                regel = regel.section(QLatin1Char(' '), 1).trimmed();
+            account = regel.isEmpty() ? QStringLiteral("ONDERHOUD") : regel;
+        }
         account.remove(QChar(0));
         m.Gebruikersaccount = account;
         if (m.ModusNetwerk || m.ModusStandalone)

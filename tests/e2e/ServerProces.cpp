@@ -1,0 +1,65 @@
+#include "ServerProces.h"
+
+#include <QElapsedTimer>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QThread>
+
+namespace tk::test {
+
+namespace {
+// A port whose four successors (the transfer ports) are free as well.
+quint16 vrijePoort() {
+    for (int poging = 0; poging < 20; ++poging) {
+        QTcpServer eerste;
+        if (!eerste.listen(QHostAddress::LocalHost, 0))
+            continue;
+        const quint16 basis = eerste.serverPort();
+        if (basis > 65000)
+            continue;
+        bool vrij = true;
+        for (int i = 1; i <= 4 && vrij; ++i) {
+            QTcpServer volgende;
+            vrij = volgende.listen(QHostAddress::Any, quint16(basis + i));
+        }
+        if (vrij)
+            return basis;
+    }
+    return 0;
+}
+} // namespace
+
+ServerProces::ServerProces() {
+    m_poort = vrijePoort();
+    m_proces.setProcessChannelMode(QProcess::MergedChannels);
+    QObject::connect(&m_proces, &QProcess::readyRead,
+                     [this] { m_uitvoer += QString::fromUtf8(m_proces.readAll()); });
+    m_proces.start(QStringLiteral(TK_SERVER_PAD),
+                   {QStringLiteral("--data"), m_data.path(), QStringLiteral("--port"),
+                    QString::number(m_poort), QStringLiteral("--demo")});
+    if (!m_proces.waitForStarted(5000))
+        return;
+    // Ready when the command port accepts.
+    QElapsedTimer klok;
+    klok.start();
+    while (klok.elapsed() < 10000 && m_proces.state() == QProcess::Running) {
+        QTcpSocket proef;
+        proef.connectToHost(QHostAddress::LocalHost, m_poort);
+        if (proef.waitForConnected(200)) {
+            proef.abort();
+            m_gestart = true;
+            return;
+        }
+        QThread::msleep(20);
+    }
+}
+
+ServerProces::~ServerProces() {
+    if (m_proces.state() == QProcess::Running) {
+        m_proces.terminate();
+        if (!m_proces.waitForFinished(5000))
+            m_proces.kill();
+    }
+}
+
+} // namespace tk::test

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+
+namespace tk::test {
+
+// A real tafelkrater-server for one test: started on a free port with the demo school in a
+// temporary data folder, stopped with SIGTERM at the end.
+class ServerProces {
+public:
+    ServerProces();
+    ~ServerProces();
+    bool gestart() const { return m_gestart; }
+    quint16 poort() const { return m_poort; }
+    QString uitvoer() const { return m_uitvoer; }
+
+private:
+    QTemporaryDir m_data;
+    QProcess m_proces;
+    quint16 m_poort = 0;
+    bool m_gestart = false;
+    QString m_uitvoer;
+};
+
+} // namespace tk::test
