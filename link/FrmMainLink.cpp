@@ -12,8 +12,27 @@
 
 namespace tk {
 
-FrmMainLink::FrmMainLink(Programma& p) : p(p) {
+FrmMainLink::FrmMainLink(Programma& p) : Sender(p), Receiver(p), p(p) {
     WS.setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    Sender.onConnected = [this] { SenderVerbonden = true; };
+    Sender.onCommandAccepted = [this] { Sender.SendFile(); };
+    Sender.onSendProgress = [this](qint64 totaal, qint64 verzonden) {
+        if (VoortgangBalk)
+            VoortgangBalk(totaal, verzonden);
+    };
+    Sender.onSendComplete = [this] {
+        VerzendenKlaar = true;
+        Sender.ResetFile();
+        Sender.Reset();
+    };
+    // A refused upload ends its wait instead of leaving it hanging.
+    Sender.onCommandRefused = [this] { m_verzendenGeweigerd = true; };
+    Receiver.onSendRequest = [this] { ReceiverVraag = true; };
+    Receiver.onReceiveProgress = [this](qint64 ontvangen, qint64 totaal) {
+        if (LaadbalkBijOntvangst && OntvangstVoortgang)
+            OntvangstVoortgang(ontvangen, totaal);
+    };
+    Receiver.onReceiveComplete = [this] { ReceiverKlaar = true; };
     connect(&WS, &QTcpSocket::readyRead, this, [this] { WS_DataArrival(); });
     connect(&WS, &QTcpSocket::disconnected, this, [this] { WS_Close(); });
     p.kanaal = this;
@@ -84,6 +103,10 @@ void FrmMainLink::WS_DataArrival() {
             SenderPortInfo = velden[4].toLong();
             ServerVlagA = Ansi::hoofdletters(velden[5]) == u"JA";
             ServerVlagB = Ansi::hoofdletters(velden[6]) == u"JA";
+            Receiver.setLocalPortBinary(ReceiverPortBinary);
+            Receiver.setLocalPortInfo(ReceiverPortInfo);
+            Sender.setRemotePortBinary(SenderPortBinary);
+            Sender.setRemotePortInfo(SenderPortInfo);
             return;
         }
         case Woordenlijst::Actie::Infona:
@@ -220,6 +243,46 @@ bool FrmMainLink::ServerVerbinden(bool verbinden) {
         if (TaakbalkHertekenen)
             TaakbalkHertekenen();
         return false;
+    });
+}
+
+bool FrmMainLink::OntvangBestand(const QString& verzoek, const QString& doel, bool wachten) {
+    return Procedure(p, "frmMain.OntvangBestand", false, [&] {
+        Receiver.Reset();
+        Receiver.setLocalPortBinary(ReceiverPortBinary);
+        Receiver.setLocalPortInfo(ReceiverPortInfo);
+        if (!Receiver.Listen())
+            return false;
+        ReceiverVraag = false;
+        WS_Versturen(verzoek, wachten);
+        if (p.wacht.Tot([this] { return ReceiverVraag; }) != Wacht::Uitkomst::Voldaan)
+            return false;
+        ReceiverKlaar = false;
+        const int slash = doel.lastIndexOf(QLatin1Char('\\'));
+        if (slash > 0)
+            p.modMain.MaakMappen(doel.left(slash));
+        Receiver.AcceptSendRequest(doel);
+        return p.wacht.Tot([this] { return ReceiverKlaar; }) == Wacht::Uitkomst::Voldaan;
+    });
+}
+
+bool FrmMainLink::VerstuurBestand(const QString& bron) {
+    return Procedure(p, "frmMain.VerstuurBestand", false, [&] {
+        VerzendenKlaar = false;
+        SenderVerbonden = false;
+        m_verzendenGeweigerd = false;
+        Sender.Reset();
+        Sender.setRemoteHost(ServerHost);
+        Sender.setRemotePortBinary(SenderPortBinary);
+        Sender.setRemotePortInfo(SenderPortInfo);
+        if (!Sender.setSource(bron))
+            return false;
+        Sender.Connect();
+        if (p.wacht.Tot([this] { return SenderVerbonden; }) != Wacht::Uitkomst::Voldaan)
+            return false;
+        Sender.SendInfo();
+        p.wacht.Tot([this] { return VerzendenKlaar || m_verzendenGeweigerd; });
+        return VerzendenKlaar;
     });
 }
 

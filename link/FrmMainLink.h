@@ -1,6 +1,8 @@
 #pragma once
 
 #include "core/CommandChannel.h"
+#include "link/BinaryReceiver.h"
+#include "link/BinarySender.h"
 
 #include <QObject>
 #include <QString>
@@ -55,6 +57,24 @@ public:
     bool ServerVlagB = false;
     QString FirewallAntwoord;
 
+    // --- file transfer: the sender and receiver of frmMain and the flags their users wait on
+    BinarySender Sender;
+    BinaryReceiver Receiver;
+    bool SenderVerbonden = false;
+    bool VerzendenKlaar = false;
+    bool ReceiverVraag = false;
+    bool ReceiverKlaar = false;
+    // The progress bar of an upload (frmHelp, frmOnderhoud), when one is registered.
+    std::function<void(qint64 totaal, qint64 verzonden)> VoortgangBalk;
+    // The loading bar of a download, while LaadbalkBijOntvangst is set.
+    bool LaadbalkBijOntvangst = false;
+    std::function<void(qint64 ontvangen, qint64 totaal)> OntvangstVoortgang;
+    // A download as its users do it: ask on the command channel, wait for the offer, accept it
+    // into `doel` (a program path), wait until it is written. False when the link went away.
+    bool OntvangBestand(const QString& verzoek, const QString& doel, bool wachten = false);
+    // An upload: connect the sender, offer `bron` (a native path), wait until it is taken.
+    bool VerstuurBestand(const QString& bron);
+
     // --- what the start screen shows while connecting
     QString lblLaden;
     bool lblLadenZichtbaar = false;
@@ -71,6 +91,7 @@ private:
     void sluitZelf();
     Programma& p;
     bool m_zelfGesloten = false;
+    bool m_verzendenGeweigerd = false;
 };
 
 } // namespace tk
