@@ -448,3 +448,31 @@ TEST(StartServerTest, StartsTheProgramTheStoreNamesOrSaysThereIsNone) {
                                                          QStringLiteral(" FIREWALL (in ") +
                                                          w.map() + QStringLiteral(")"));
 }
+
+TEST(LinkTest, AnyBytesFromTheServerAreTakenWithoutACrash) {
+    ScriptedPeer peer;
+    peer.op(QStringLiteral("TST"), QStringLiteral("TST"));
+    Verbinding v(peer.poort());
+    ASSERT_TRUE(v.verbind());
+    QByteArray rommel;
+    for (int i = 0; i < 256; ++i)
+        rommel.append(char(i));
+    const QList<QByteArray> berichten = {
+        rommel,
+        QByteArray(1 << 20, '\xff'),
+        QByteArray("INFDMN"),
+        QByteArray("INFDMN||||||"),
+        QByteArray("LDN"),
+        QByteArray("\0\0\0", 3),
+        QByteArray("FIR"),
+        QByteArray("OPS\x80\x81"),
+    };
+    for (const QByteArray& b : berichten) {
+        peer.stuur(QString::fromLatin1(b));
+        v.pompVoor(20);
+    }
+    EXPECT_TRUE(v.w.p.frmMain->isConnected());
+    // The link still works after all of it.
+    peer.op(QStringLiteral("LDNWCH"), QStringLiteral("LDNWCHa;|;b"));
+    EXPECT_EQ(v.vraag(QStringLiteral("LDNWCH")), QStringLiteral("a;|;b"));
+}
