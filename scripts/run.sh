@@ -10,13 +10,30 @@ cmake --build --preset default -j "$(nproc)"
 cmake --install build --prefix "$root/install" >/dev/null
 [ "$(id -u)" -ne 0 ] || export QTWEBENGINE_DISABLE_SANDBOX=1
 
+# A first run makes a Standalone workstation: the server beside the client, the shell already
+# handed to Tafelkrater in the program folder's own registry store (nothing outside the folder
+# changes). An existing store is left as it is.
+if [ ! -f "$root/install/Register/HKEY_LOCAL_MACHINE.reg" ]; then
+  mkdir -p "$root/install/Register"
+  cat > "$root/install/Register/HKEY_LOCAL_MACHINE.reg" <<REG
+REGEDIT4
+
+[HKEY_LOCAL_MACHINE\SOFTWARE\Tafelkrater]
+"Modus"="1"
+"Locatie server"="\\\\tafelkrater-server"
+
+[HKEY_LOCAL_MACHINE\SOFTWARE\Microsoft\Windows NT\CurrentVersion\Winlogon]
+"Shell"="$root/install/tafelkrater"
+REG
+fi
+
 pids=()
 cleanup() { for p in "${pids[@]}"; do kill "$p" 2>/dev/null || true; done; }
 trap cleanup EXIT
 
 if [ -x "$root/install/tafelkrater-server" ]; then
   mkdir -p "$root/install/Server"
-  "$root/install/tafelkrater-server" --data "$root/install/Server" --demo &
+  "$root/install/tafelkrater-server" --data "$root/install/Server" --port 34487 --demo &
   pids+=($!)
   sleep 1
 fi
@@ -30,4 +47,5 @@ if [ -z "${DISPLAY:-}" ]; then
   pids+=($!)
 fi
 
-"$root/install/tafelkrater" "$@"
+# The launcher starts the client (and restarts it after a fault) and ends with it.
+"$root/install/tafelkrater-startup" "$root/install/tafelkrater" "$@"
