@@ -1,0 +1,161 @@
+// modData: the saves and deletes and the messages they send.
+#include "ModData.h"
+
+#include "core/Procedure.h"
+
+namespace tk {
+
+namespace {
+
+const QString veldScheiding = QStringLiteral(";<>;");
+const QString itemScheiding = QStringLiteral("><");
+
+QString kolommen(const FixedTable& tabel, int rij, std::initializer_list<int> welke) {
+    QStringList waarden;
+    for (int kolom : welke)
+        waarden.append(tabel(rij, kolom));
+    return waarden.join(itemScheiding);
+}
+
+// Removes row `rij`: every later used row moves up one place in columns 0 to `laatsteKolom`,
+// and the last used row is blanked in those columns.
+void schuifOp(FixedTable& tabel, int rij, int laatsteKolom) {
+    controleerIndex(rij, tabel.rijen());
+    const int laatste = std::max(rij, tabel.gebruikt() - 1);
+    for (int r = rij; r < laatste; ++r)
+        for (int k = 0; k <= laatsteKolom; ++k)
+            tabel(r, k) = tabel(r + 1, k);
+    for (int k = 0; k <= laatsteKolom; ++k)
+        tabel(laatste, k).clear();
+}
+
+bool isNieuw(const QString& id) {
+    return id == u"0" || id.startsWith(QStringLiteral("kopie"));
+}
+
+} // namespace
+
+QString ModData::KlasBericht(int rij, bool metAccountExtra) {
+    // Column 9 is never sent.
+    QString bericht =
+        QStringLiteral("OPSKLZ") + kolommen(Klassen, rij, {6, 0, 1, 2, 3, 4, 5, 7, 8, 10, 11, 12});
+    if (metAccountExtra)
+        bericht += itemScheiding + Klassen(rij, 13);
+    return bericht;
+}
+
+QString ModData::LeraarBericht(int rij) {
+    // Column 13 is never sent; the categories stand before the theme.
+    return QStringLiteral("OPSLRZ") +
+           kolommen(Leraren, rij, {5, 0, 7, 6, 1, 2, 3, 4, 8, 9, 10, 11, 12, 15, 14, 16});
+}
+
+QString ModData::LerarenBericht(const QString& tekst) {
+    const int aantal = Leraren.gebruikt();
+    QString bericht = QStringLiteral("OPSLRN") + tekst + veldScheiding + QString::number(aantal);
+    if (aantal > 0) {
+        QStringList rijen;
+        for (int rij = 0; rij < aantal; ++rij)
+            rijen.append(kolommen(Leraren, rij, {5, 0, 7, 6, 1, 2, 3, 4, 8, 9, 10, 11, 12, 15}));
+        bericht += veldScheiding + rijen.join(veldScheiding);
+    }
+    return bericht;
+}
+
+QString ModData::OpslaanKlasRecord(int rij, bool metAccountExtra) {
+    return Procedure(p, "modData.OpslaanKlasRecord", QString(), [&] {
+        const QString antwoord =
+            vraagOpslaan(KlasBericht(rij, metAccountExtra)).value_or(QString());
+        if (!antwoord.isEmpty() && antwoord != u"FOUT" && isNieuw(Klassen(rij, 6)))
+            Klassen(rij, 6) = antwoord;
+        return antwoord;
+    });
+}
+
+QString ModData::OpslaanLeraarRecord(int rij) {
+    return Procedure(p, "modData.OpslaanLeraarRecord", QString(), [&] {
+        const QString antwoord = vraagOpslaan(LeraarBericht(rij)).value_or(QString());
+        if (!antwoord.isEmpty() && antwoord != u"FOUT" && isNieuw(Leraren(rij, 5)))
+            Leraren(rij, 5) = antwoord;
+        return antwoord;
+    });
+}
+
+bool ModData::OpslaanAlleLerarenRecord(const QString& tekst) {
+    return Procedure(p, "modData.OpslaanAlleLerarenRecord", false,
+                     [&] { return vraagOpslaan(LerarenBericht(tekst)) == QStringLiteral("OK"); });
+}
+
+bool ModData::VerwijderKlas(int rij) {
+    return Procedure(p, "modData.VerwijderKlas", false, [&] {
+        const auto antwoord = vraagOpslaan(QStringLiteral("VWNKLS") + Klassen(rij, 6));
+        if (!antwoord || *antwoord == u"FOUT")
+            return false;
+        schuifOp(Klassen, rij, 12);
+        return true;
+    });
+}
+
+bool ModData::VerwijderLeraar(int rij) {
+    return Procedure(p, "modData.VerwijderLeraar", false, [&] {
+        const auto antwoord = vraagOpslaan(QStringLiteral("VWNLRN") + Leraren(rij, 5));
+        if (!antwoord || *antwoord == u"FOUT")
+            return false;
+        schuifOp(Leraren, rij, 15);
+        return true;
+    });
+}
+
+bool ModData::OpslaanVerbodenWoorden() {
+    return Procedure(p, "modData.OpslaanVerbodenWoorden", false, [&] {
+        QStringList stukken;
+        if (VerbodenWoorden.size() < 2000) {
+            stukken.append(VerbodenWoorden);
+        } else {
+            // Pieces under 2000 characters; every piece after the first begins with "+".
+            auto stuk = [&](const QStringList& items) {
+                return (stukken.isEmpty() ? QString() : QStringLiteral("+")) +
+                       items.join(QLatin1Char('|'));
+            };
+            QStringList huidige;
+            for (const QString& item : VerbodenWoorden.split(QLatin1Char('|'))) {
+                const QStringList proef = huidige + QStringList{item};
+                if (!huidige.isEmpty() && stuk(proef).size() >= 2000) {
+                    stukken.append(stuk(huidige));
+                    huidige = {item};
+                } else {
+                    huidige = proef;
+                }
+            }
+            stukken.append(stuk(huidige));
+        }
+        std::optional<QString> antwoord;
+        for (const QString& stuk : std::as_const(stukken)) {
+            antwoord = vraagOpslaan(QStringLiteral("OPSVBW;<") + stuk);
+            if (!antwoord)
+                return false;
+        }
+        return antwoord == QStringLiteral("OK");
+    });
+}
+
+bool ModData::OpslaanToegestaneSites() {
+    return Procedure(p, "modData.OpslaanToegestaneSites", false, [&] {
+        return vraagOpslaan(QStringLiteral("OPSITS") + ToegestaneSites) == QStringLiteral("OK");
+    });
+}
+
+bool ModData::OpslaanFavorieten(const QString& eigenaar, const Favorieten& favorieten) {
+    return Procedure(p, "modData.OpslaanFavorieten", false, [&] {
+        return vraagOpslaan(QStringLiteral("OPSFAV") + eigenaar + veldScheiding +
+                            favorieten.alsTekst()) == QStringLiteral("OK");
+    });
+}
+
+bool ModData::Opslaan_Instellingen(const QString& instellingen) {
+    return Procedure(p, "modData.Opslaan_Instellingen", false, [&] {
+        return vraagOpslaan(QStringLiteral("OPSINS") + instellingen) == QStringLiteral("OK");
+    });
+}
+
+} // namespace tk
