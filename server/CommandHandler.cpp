@@ -72,23 +72,15 @@ void CommandHandler::handle(ClientConnection& c, const QString& m) {
         return;
     }
     if (m.startsWith(s("FIR"))) {
-        c.sendReply(s("FIR") + m_server.domain());
+        // The answer within the client's five seconds is what counts. A network client keeps
+        // the domain behind "FIR"; the local server of a Standalone workstation (started with
+        // FIREWALL) has no domain to tell, so its answer is the bare "FIR".
+        c.sendReply(s("FIR") + (m_server.options().firewallStart ? QString() : m_server.domain()));
         return;
     }
     if (m.startsWith(s("LOC"))) {
         c.location = m.mid(3);
         c.sendReply(s("LOC"));
-        return;
-    }
-    if (m.startsWith(s("UPDVER"))) {
-        c.sendReply(s("UPDVER") + c.clientVersion);
-        return;
-    }
-    if (m.startsWith(s("HLPOPS"))) {
-        QString why;
-        if (!m_store.saveHelpReport(c.computerName, c.location, m.mid(6), &why))
-            ServerLog::fault(QStringLiteral("connection %1 HLPOPS").arg(c.number()), why);
-        c.sendReply(s("HLPOPS"));
         return;
     }
     if (m.startsWith(s("INF")) && handleInfo(c, m))
@@ -249,9 +241,16 @@ bool CommandHandler::handleLoad(ClientConnection& c, const QString& m) {
         const QString id = m.mid(5);
         const QByteArray package = m_store.themePackage(id);
         if (package.isEmpty()) {
-            // The client waits for a file that will not come; it is told in the log only.
-            ServerLog::fault(QStringLiteral("connection %1").arg(c.number()),
-                             QStringLiteral("no theme \"%1\"").arg(excerpt(id)));
+            // The client waits for both a reply and a file offer. A theme the server does not
+            // hold gets "LDNTHFOUT" and a package without files: the client's waits end, it
+            // unpacks nothing, and its next load removes the theme the server's list lacks.
+            ServerLog::fault(
+                QStringLiteral("connection %1 LDNTH").arg(c.number()),
+                QStringLiteral("no theme \"%1\"; an empty package sent").arg(excerpt(id)));
+            const QByteArray nothing = m_packages.pack({});
+            c.sendReply(s("LDNTHFOUT"));
+            if (!nothing.isEmpty())
+                m_transfers.sendFile(c.peerAddress(), id.left(64) + s(".thema"), nothing);
             return true;
         }
         c.sendReply(s("LDNTH"));

@@ -1,10 +1,12 @@
 #include "CommandServer.h"
 
+#include "BackupKeeper.h"
 #include "ClientConnection.h"
 #include "ServerLog.h"
 #include "Store.h"
 #include "TransferChannel.h"
 
+#include <QDir>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
@@ -16,8 +18,12 @@ CommandServer::CommandServer(Store& store, const ServerOptions& options, QObject
     : QObject(parent), m_store(store), m_options(options), m_cache(store),
       m_transfers(new TransferChannel(options.clientDataPort, options.clientInfoPort,
                                       options.transferTimeoutMs, this)),
-      m_handler(*this, store, *m_transfers, m_packages), m_server(new QTcpServer(this)),
-      m_keepAlive(new QTimer(this)) {
+      m_handler(*this, store, *m_transfers, m_packages), m_updates(options.updatesFolder),
+      m_catalogue(QDir(options.dataFolder).filePath(QStringLiteral("Themacatalogus"))),
+      m_backups(new BackupKeeper(
+          store, QDir(options.dataFolder).filePath(QStringLiteral("Backups")), this)),
+      m_maintenance(store, *m_transfers, m_packages, *m_backups, m_updates, m_catalogue),
+      m_server(new QTcpServer(this)), m_keepAlive(new QTimer(this)) {
     m_server->setListenBacklogSize(1024);
     m_server->setMaxPendingConnections(1024);
     connect(m_server, &QTcpServer::newConnection, this, &CommandServer::onNewConnection);
@@ -80,7 +86,8 @@ void CommandServer::onNewConnection() {
                 [this](ClientConnection* from, const QString& message) {
                     from->setAwaitingPing(false);
                     try {
-                        m_handler.handle(*from, message);
+                        if (!m_maintenance.handle(*from, message))
+                            m_handler.handle(*from, message);
                     } catch (const std::exception& e) {
                         ServerLog::fault(QStringLiteral("connection %1").arg(from->number()),
                                          QString::fromLocal8Bit(e.what()));

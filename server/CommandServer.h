@@ -3,7 +3,10 @@
 #include "ArchivePackager.h"
 #include "CommandHandler.h"
 #include "LoadCache.h"
+#include "MaintenanceCommands.h"
 #include "ServerOptions.h"
+#include "ThemeCatalogue.h"
+#include "UpdateOffer.h"
 
 #include <QList>
 #include <QObject>
@@ -13,6 +16,7 @@ class QTimer;
 
 namespace tk::server {
 
+class BackupKeeper;
 class ClientConnection;
 class Store;
 class TransferChannel;
@@ -39,6 +43,7 @@ public:
     const ServerOptions& options() const { return m_options; }
     TransferChannel& transfers() { return *m_transfers; }
     LoadCache& loadCache() { return m_cache; }
+    BackupKeeper& backups() { return *m_backups; }
     const QList<ClientConnection*>& connections() const { return m_connections; }
     // The domain the server tells its clients.
     QString domain();
@@ -68,6 +73,10 @@ private:
     TransferChannel* m_transfers;
     ArchivePackager m_packages;
     CommandHandler m_handler;
+    UpdateOffer m_updates;
+    ThemeCatalogue m_catalogue;
+    BackupKeeper* m_backups;
+    MaintenanceCommands m_maintenance;
     QTcpServer* m_server;
     QTimer* m_keepAlive;
     QList<ClientConnection*> m_connections;

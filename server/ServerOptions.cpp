@@ -21,8 +21,10 @@ bool ServerOptions::parse(const QStringList& arguments, const QString& programFo
                           QString* error) {
     QStringList args = arguments;
     if (!args.isEmpty() &&
-        args.first().compare(QStringLiteral("FIREWALL"), Qt::CaseInsensitive) == 0)
+        args.first().compare(QStringLiteral("FIREWALL"), Qt::CaseInsensitive) == 0) {
         args.removeFirst();
+        firewallStart = true;
+    }
     for (int i = 0; i < args.size(); ++i) {
         const QString& name = args[i];
         auto value = [&](QString* out) {
@@ -60,7 +62,13 @@ bool ServerOptions::parse(const QStringList& arguments, const QString& programFo
             ok = value(&domain);
         else if (name == QStringLiteral("--theme"))
             ok = value(&themeFolder);
-        else if (name == QStringLiteral("--keep-alive")) {
+        else if (name == QStringLiteral("--updates"))
+            ok = value(&updatesFolder);
+        else if (name == QStringLiteral("--web-port")) {
+            quint16 web = 0;
+            ok = portValue(&web);
+            webPort = web;
+        } else if (name == QStringLiteral("--keep-alive")) {
             QString text;
             ok = value(&text);
             bool number = false;
@@ -102,7 +110,8 @@ QString ServerOptions::usage() {
     return QStringLiteral("usage: tafelkrater-server [FIREWALL] [--data DIR] [--port N] [--demo]\n"
                           "         [--client-data-port N] [--client-info-port N]\n"
                           "         [--upload-data-port N] [--upload-info-port N]\n"
-                          "         [--domain NAME] [--theme DIR] [--keep-alive SECONDS]\n");
+                          "         [--domain NAME] [--theme DIR] [--keep-alive SECONDS]\n"
+                          "         [--updates DIR] [--web-port N]\n");
 }
 
 } // namespace tk::server

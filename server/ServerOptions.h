@@ -22,7 +22,10 @@ struct ServerOptions {
     quint16 uploadInfoPort = 0;
     bool demo = false;
     QString domain;
-    QString themeFolder; // a theme folder the demo school offers as its default theme
+    QString themeFolder;        // a theme folder the demo school offers as its default theme
+    QString updatesFolder;      // client updates on offer, one package per version
+    int webPort = -1;           // the web side: -1 off, 0 a free port
+    bool firewallStart = false; // started with the word FIREWALL (a Standalone's local server)
     int keepAliveSeconds = 60;
     // How long an unsolicited message waits for a quiet connection, and how long a file
     // transfer may stay silent; not on the command line.

@@ -1,6 +1,7 @@
 #include "Store.h"
 
 #include <QDir>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QUuid>
@@ -50,8 +51,9 @@ const char* const schema[] = {
     " standaard INTEGER NOT NULL, package BLOB NOT NULL)",
     "CREATE TABLE IF NOT EXISTS starts(kind INTEGER NOT NULL, application INTEGER NOT NULL,"
     " owner INTEGER NOT NULL, count INTEGER NOT NULL, PRIMARY KEY(kind, application, owner))",
-    "CREATE TABLE IF NOT EXISTS help_reports(id INTEGER PRIMARY KEY, received TEXT NOT NULL,"
-    " computer TEXT, location TEXT, record TEXT NOT NULL)",
+    "CREATE TABLE IF NOT EXISTS problem_calls(id INTEGER PRIMARY KEY, type TEXT, datum TEXT,"
+    " tijd TEXT, computernaam TEXT, rapporteur TEXT, module TEXT, applicatie TEXT,"
+    " omschrijving TEXT, location TEXT, screenshot BLOB)",
 };
 
 QString q(const char* text) {
@@ -892,23 +894,136 @@ qint64 Store::starts(int kind, qint64 applicationId) {
     return 0;
 }
 
-bool Store::saveHelpReport(const QString& computer, const QString& location, const QString& record,
-                           QString* error) {
+bool Store::deleteTheme(const QString& id, QString* error) {
     return write(
         [&](QString* why) {
-            return exec(
-                QStringLiteral("INSERT INTO help_reports(received, computer, location,"
-                               " record) VALUES(?,?,?,?)"),
-                {QDateTime::currentDateTime().toString(Qt::ISODate), computer, location, record},
-                why);
+            QSqlQuery query(m_db);
+            query.prepare(QStringLiteral("DELETE FROM themes WHERE id = ?"));
+            query.addBindValue(id);
+            if (!query.exec()) {
+                *why = query.lastError().text();
+                return false;
+            }
+            if (query.numRowsAffected() < 1) {
+                *why = QStringLiteral("no theme \"%1\"").arg(id);
+                return false;
+            }
+            return true;
         },
         error);
 }
 
-int Store::helpReportCount() {
+bool Store::touchProblemCalls(QString* error) {
+    // At least a second later than the last change, so that two changes in one second are two
+    // moments to a client that compares them in seconds.
+    const QDateTime last = problemCallsChanged();
+    QDateTime now = QDateTime::currentDateTime();
+    now = now.addMSecs(-now.time().msec());
+    if (last.isValid() && now <= last)
+        now = last.addSecs(1);
+    return exec(QStringLiteral("INSERT OR REPLACE INTO settings(key, value) VALUES(?, ?)"),
+                {QStringLiteral("problem_calls_changed"), now.toString(Qt::ISODate)}, error);
+}
+
+QDateTime Store::problemCallsChanged() {
+    return QDateTime::fromString(setting(QStringLiteral("problem_calls_changed")), Qt::ISODate);
+}
+
+bool Store::addProblemCall(ProblemCall* call, QString* error) {
+    return write(
+        [&](QString* why) {
+            QSqlQuery query(m_db);
+            query.prepare(QStringLiteral(
+                "INSERT INTO problem_calls(type, datum, tijd, computernaam, rapporteur, module,"
+                " applicatie, omschrijving, location) VALUES(?,?,?,?,?,?,?,?,?)"));
+            for (const QString* v :
+                 {&call->type, &call->datum, &call->tijd, &call->computernaam, &call->rapporteur,
+                  &call->module, &call->applicatie, &call->omschrijving, &call->location})
+                query.addBindValue(*v);
+            if (!query.exec()) {
+                *why = query.lastError().text();
+                return false;
+            }
+            call->id = query.lastInsertId().toLongLong();
+            call->screenshot = false;
+            return touchProblemCalls(why);
+        },
+        error);
+}
+
+QList<Store::ProblemCall> Store::problemCalls() {
+    QList<ProblemCall> calls;
     QSqlQuery query(m_db);
-    query.exec(QStringLiteral("SELECT COUNT(*) FROM help_reports"));
-    return query.next() ? query.value(0).toInt() : 0;
+    query.exec(QStringLiteral(
+        "SELECT id, type, datum, tijd, computernaam, rapporteur, module, applicatie,"
+        " omschrijving, location, screenshot IS NOT NULL FROM problem_calls ORDER BY id"));
+    while (query.next()) {
+        ProblemCall c;
+        c.id = query.value(0).toLongLong();
+        QString* fields[] = {&c.type,         &c.datum,        &c.tijd,
+                             &c.computernaam, &c.rapporteur,   &c.module,
+                             &c.applicatie,   &c.omschrijving, &c.location};
+        for (int i = 0; i < 9; ++i)
+            *fields[i] = text(query.value(i + 1));
+        c.screenshot = query.value(10).toInt() != 0;
+        calls.append(c);
+    }
+    return calls;
+}
+
+bool Store::attachScreenshot(qint64 id, const QByteArray& jpeg, QString* error) {
+    return write(
+        [&](QString* why) {
+            QSqlQuery query(m_db);
+            query.prepare(QStringLiteral("UPDATE problem_calls SET screenshot = ? WHERE id = ?"));
+            query.addBindValue(jpeg);
+            query.addBindValue(id);
+            if (!query.exec()) {
+                *why = query.lastError().text();
+                return false;
+            }
+            if (query.numRowsAffected() < 1) {
+                *why = QStringLiteral("no problem call %1").arg(id);
+                return false;
+            }
+            return touchProblemCalls(why);
+        },
+        error);
+}
+
+QByteArray Store::screenshot(qint64 id) {
+    QSqlQuery query(m_db);
+    query.prepare(QStringLiteral("SELECT screenshot FROM problem_calls WHERE id = ?"));
+    query.addBindValue(id);
+    if (query.exec() && query.next())
+        return query.value(0).toByteArray();
+    return QByteArray();
+}
+
+bool Store::deleteProblemCall(qint64 id, QString* error) {
+    return write(
+        [&](QString* why) {
+            QSqlQuery query(m_db);
+            query.prepare(QStringLiteral("DELETE FROM problem_calls WHERE id = ?"));
+            query.addBindValue(id);
+            if (!query.exec()) {
+                *why = query.lastError().text();
+                return false;
+            }
+            if (query.numRowsAffected() < 1) {
+                *why = QStringLiteral("no problem call %1").arg(id);
+                return false;
+            }
+            return touchProblemCalls(why);
+        },
+        error);
+}
+
+sqlite3* Store::handle() {
+    const QVariant h = m_db.driver()->handle();
+    if (!h.isValid() || qstrcmp(h.typeName(), "sqlite3*") != 0)
+        return nullptr;
+    return *static_cast<sqlite3* const*>(h.data());
 }
 
 } // namespace tk::server

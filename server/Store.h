@@ -9,6 +9,8 @@
 #include <QStringList>
 #include <functional>
 
+struct sqlite3;
+
 namespace tk::server {
 
 // The server's store: one SQLite file in the data folder. Records are held in the columns the
@@ -130,11 +132,31 @@ public:
     QByteArray themePackage(const QString& id);
     bool saveTheme(const Theme& theme, const QByteArray& package, QString* error);
 
+    bool deleteTheme(const QString& id, QString* error);
+
     bool countStart(int kind, qint64 applicationId, qint64 ownerId, QString* error);
     qint64 starts(int kind, qint64 applicationId);
-    bool saveHelpReport(const QString& computer, const QString& location, const QString& record,
-                        QString* error);
-    int helpReportCount();
+
+    // A problem call or fault report in the fields the overview of the client shows.
+    struct ProblemCall {
+        qint64 id = 0;
+        QString type, datum, tijd, computernaam, rapporteur, module, applicatie, omschrijving;
+        bool screenshot = false;
+        QString location; // where the connection said it was
+    };
+    // Stores a call and gives it its ID; every change of the calls moves their change moment.
+    bool addProblemCall(ProblemCall* call, QString* error);
+    QList<ProblemCall> problemCalls();
+    bool attachScreenshot(qint64 id, const QByteArray& jpeg, QString* error);
+    QByteArray screenshot(qint64 id);
+    bool deleteProblemCall(qint64 id, QString* error);
+    // The moment of the last change of the calls, invalid when there never was one.
+    QDateTime problemCallsChanged();
+
+    // The SQLite connection under the store, for the online backup and the restore.
+    sqlite3* handle();
+    // After the file under the store was replaced: everything rendered from it is stale.
+    void markReplaced() { ++m_generation; }
 
 private:
     bool write(const std::function<bool(QString*)>& change, QString* error);
@@ -143,6 +165,7 @@ private:
     bool touchIcons(int group, QString* error);
     bool saveRow(bool teacher, const QStringList& columns, qint64* id, QString* error);
     bool copyOwnerData(bool teacher, qint64 from, qint64 to, QString* error);
+    bool touchProblemCalls(QString* error);
 
     QString m_connection;
     QSqlDatabase m_db;

@@ -6,10 +6,13 @@
 #include "server/ServerOptions.h"
 #include "server/Store.h"
 #include "server/TerminationSignal.h"
+#include "server/UpdateOffer.h"
+#include "server/WebServer.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <cstdio>
+#include <memory>
 
 using namespace tk::server;
 
@@ -38,6 +41,16 @@ int main(int argc, char** argv) {
         ServerLog::line(QStringLiteral("ending: %1").arg(error));
         return 1;
     }
+    std::unique_ptr<WebServer> web;
+    if (options.webPort >= 0) {
+        web = std::make_unique<WebServer>(QDir(options.dataFolder).filePath(QStringLiteral("Web")),
+                                          UpdateOffer(options.updatesFolder));
+        if (!web->start(options.webPort, &error)) {
+            ServerLog::line(QStringLiteral("ending: %1").arg(error));
+            return 1;
+        }
+        ServerLog::line(QStringLiteral("web side on port %1").arg(web->port()));
+    }
     if (options.demo && store.isEmpty()) {
         if (!DemoSchool::seed(store, options.themeFolder, ArchivePackager(), &error))
             ServerLog::fault(QStringLiteral("demo school"), error);
@@ -48,6 +61,8 @@ int main(int argc, char** argv) {
     QObject::connect(&termination, &TerminationSignal::received, &app, [&](int number) {
         ServerLog::line(QStringLiteral("ending on signal %1").arg(number));
         server.stop();
+        if (web)
+            web->stop();
         app.quit();
     });
     ServerLog::line(QStringLiteral("listening on port %1 (transfers: client %2 and %3, uploads "

@@ -1,0 +1,283 @@
+#include "MaintenanceCommands.h"
+
+#include "BackupKeeper.h"
+#include "ClientConnection.h"
+#include "PackageBuilder.h"
+#include "ProblemCallRecord.h"
+#include "ServerLog.h"
+#include "Store.h"
+#include "ThemeCatalogue.h"
+#include "TransferChannel.h"
+#include "UpdateOffer.h"
+#include "WireText.h"
+
+#include <QFile>
+#include <QPointer>
+
+namespace tk::server {
+
+namespace {
+
+const QString fieldSep = QStringLiteral(";<>;");
+const QString fout = QStringLiteral("FOUT");
+
+QString s(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+QString excerpt(const QString& text) {
+    QString out;
+    for (const QChar ch : text.left(40))
+        out += ch.isPrint() ? ch : QLatin1Char('?');
+    return text.size() > 40 ? out + QStringLiteral("...") : out;
+}
+
+// The change moment of the problem calls as the client reads it.
+QString moment(const QDateTime& when) {
+    return when.isValid() ? when.toString(QStringLiteral("d-M-yyyy H:mm:ss"))
+                          : QStringLiteral("1-1-2000 0:00:00");
+}
+
+} // namespace
+
+QString MaintenanceCommands::serverVersion() {
+    return QStringLiteral(TK_SERVER_VERSION);
+}
+
+MaintenanceCommands::MaintenanceCommands(Store& store, TransferChannel& transfers,
+                                         const PackageBuilder& packages, BackupKeeper& backups,
+                                         const UpdateOffer& updates,
+                                         const ThemeCatalogue& catalogue)
+    : m_store(store), m_transfers(transfers), m_packages(packages), m_backups(backups),
+      m_updates(updates), m_catalogue(catalogue) {}
+
+void MaintenanceCommands::refuse(ClientConnection& c, const QString& prefix, const QString& why) {
+    ServerLog::fault(QStringLiteral("connection %1 %2").arg(c.number()).arg(prefix), why);
+    c.sendReply(prefix + fout);
+}
+
+bool MaintenanceCommands::handle(ClientConnection& c, const QString& m) {
+    if (m.startsWith(s("HLPOPS"))) {
+        storeProblemCall(c, m.mid(6));
+    } else if (m.startsWith(s("HLPSNC"))) {
+        c.sendReply(s("HLPSNC") + moment(m_store.problemCallsChanged()) + QLatin1Char('|') +
+                    QString::number(m_store.problemCalls().size()));
+    } else if (m.startsWith(s("HLPLDN"))) {
+        loadProblemCall(c, m.mid(6));
+    } else if (m.startsWith(s("HLPSCR"))) {
+        sendScreenshot(c, m.mid(6));
+    } else if (m.startsWith(s("HLPVWN"))) {
+        deleteProblemCall(c, m.mid(6));
+    } else if (m.startsWith(s("BCKLST"))) {
+        c.sendReply(s("BCK") + m_backups.list().join(QLatin1Char('|')));
+    } else if (m.startsWith(s("BCKMKB"))) {
+        makeBackup(c);
+    } else if (m.startsWith(s("BCKRST"))) {
+        restoreBackup(c, m.mid(6));
+    } else if (m.startsWith(s("UPD"))) {
+        return handleUpdate(c, m);
+    } else if (m == s("LDNSIN")) {
+        c.sendReply(s("LDNSIN") +
+                    QStringList{serverVersion(), m_store.setting(s("server_auto_update"), s("NEE")),
+                                m_store.setting(s("server_beta"), s("NEE")), s("SQLite")}
+                        .join(fieldSep));
+    } else if (m.startsWith(s("OPSSIN"))) {
+        saveServerSettings(c, m.mid(6));
+    } else if (m == s("LDNTHD")) {
+        QStringList items;
+        for (const ThemeCatalogue::Entry& e : m_catalogue.entries())
+            items << QStringList{e.id, e.naam, e.omschrijving, e.kosten, e.versie}.join(
+                QLatin1Char('|'));
+        c.sendReply(s("LDNTHD") + items.join(QStringLiteral("><")));
+    } else if (m.startsWith(s("LDNTHO"))) {
+        addCatalogueTheme(c, m.mid(6));
+    } else if (m.startsWith(s("LDNTHV"))) {
+        removeTheme(c, m.mid(6));
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void MaintenanceCommands::storeProblemCall(ClientConnection& c, const QString& record) {
+    ProblemCallRecord::Parsed parsed = ProblemCallRecord::parse(record);
+    if (!parsed.ok) {
+        refuse(c, s("HLPOPS"), parsed.error);
+        return;
+    }
+    parsed.call.location = c.location;
+    if (parsed.call.computernaam.isEmpty())
+        parsed.call.computernaam = c.computerName;
+    QString why;
+    if (!m_store.addProblemCall(&parsed.call, &why)) {
+        refuse(c, s("HLPOPS"), why);
+        return;
+    }
+    if (parsed.screenshotFollows) {
+        // The screenshot comes over the upload ports right after this reply; the call shows
+        // "Screenshot Ja" only once all of it is stored.
+        Store* store = &m_store;
+        const qint64 id = parsed.call.id;
+        m_transfers.expectUpload(c.peerAddress(), QString(), [store, id](const QByteArray& jpeg) {
+            QString why;
+            if (!store->attachScreenshot(id, jpeg, &why))
+                ServerLog::fault(QStringLiteral("screenshot of problem call %1").arg(id), why);
+        });
+    }
+    ServerLog::line(QStringLiteral("connection %1: problem call %2 stored")
+                        .arg(c.number())
+                        .arg(parsed.call.id));
+    c.sendReply(s("HLPOPS"));
+}
+
+void MaintenanceCommands::loadProblemCall(ClientConnection& c, const QString& number) {
+    qint64 n = 0;
+    const QList<Store::ProblemCall> calls = m_store.problemCalls();
+    if (!WireText::number(number, &n) || n < 1 || n > calls.size()) {
+        refuse(c, s("HLPLDN"),
+               QStringLiteral("no problem call number \"%1\"").arg(excerpt(number)));
+        return;
+    }
+    const Store::ProblemCall& p = calls[n - 1];
+    c.sendReply(s("HLPLDN") + QStringList{QString::number(p.id), p.type, p.datum, p.tijd,
+                                          p.computernaam, p.rapporteur, p.module, p.applicatie,
+                                          p.omschrijving, p.screenshot ? s("Ja") : s("Nee")}
+                                  .join(fieldSep));
+}
+
+void MaintenanceCommands::sendScreenshot(ClientConnection& c, const QString& idText) {
+    qint64 id = 0;
+    const QByteArray jpeg = WireText::number(idText, &id) ? m_store.screenshot(id) : QByteArray();
+    if (jpeg.isEmpty()) {
+        // Never an empty file: the client would wait for its bytes for ever.
+        refuse(c, s("HLPSCR"),
+               QStringLiteral("no screenshot of problem call \"%1\"").arg(excerpt(idText)));
+        return;
+    }
+    m_transfers.sendFile(c.peerAddress(), QStringLiteral("%1.jpg").arg(id), jpeg);
+}
+
+void MaintenanceCommands::deleteProblemCall(ClientConnection& c, const QString& idText) {
+    qint64 id = 0;
+    QString why = QStringLiteral("no ID \"%1\"").arg(excerpt(idText));
+    if (WireText::number(idText, &id) && m_store.deleteProblemCall(id, &why))
+        c.sendReply(s("HLPVWNOK"));
+    else
+        refuse(c, s("HLPVWN"), why);
+}
+
+void MaintenanceCommands::makeBackup(ClientConnection& c) {
+    QPointer<ClientConnection> to(&c);
+    m_backups.make([to](bool ok, const QString& nameOrWhy) {
+        if (!to)
+            return;
+        if (ok) {
+            to->sendReply(s("BCK") + nameOrWhy);
+        } else {
+            ServerLog::fault(QStringLiteral("connection %1 BCKMKB").arg(to->number()), nameOrWhy);
+            to->sendReply(s("BCKFOUT"));
+        }
+    });
+}
+
+void MaintenanceCommands::restoreBackup(ClientConnection& c, const QString& name) {
+    QString why;
+    if (!m_backups.restore(name, &why)) {
+        refuse(c, s("BCKRST"), why);
+        return;
+    }
+    c.sendReply(s("BCKOK"));
+}
+
+bool MaintenanceCommands::handleUpdate(ClientConnection& c, const QString& m) {
+    const auto offer = m_updates.client();
+    if (m.startsWith(s("UPDVER")) || m.startsWith(s("UPDCON"))) {
+        // Nothing on offer: the client's own version, so that it never updates unasked.
+        const QString own = m.mid(6).isEmpty() ? c.clientVersion : m.mid(6);
+        c.sendReply(m.left(6) + (offer ? offer->version : own));
+    } else if (m.startsWith(s("UPDOPHINF"))) {
+        if (!offer) {
+            refuse(c, s("UPDOPHINF"), QStringLiteral("no update on offer"));
+            return true;
+        }
+        c.sendReply(s("UPDOPHINF") + QStringList{QString::number(m_transfers.clientDataPort()),
+                                                 QString::number(m_transfers.clientInfoPort()),
+                                                 offer->fileName}
+                                         .join(QLatin1Char('|')));
+    } else if (m.startsWith(s("UPDOPHREQ"))) {
+        QFile file(offer ? offer->path : QString());
+        if (!offer || !file.open(QIODevice::ReadOnly)) {
+            refuse(c, s("UPDOPHREQ"), QStringLiteral("no update on offer"));
+            return true;
+        }
+        const QByteArray package = file.readAll();
+        if (package.isEmpty()) {
+            refuse(c, s("UPDOPHREQ"), QStringLiteral("the package %1 is empty").arg(offer->path));
+            return true;
+        }
+        // The answer is the transfer itself.
+        m_transfers.sendFile(c.peerAddress(), offer->fileName, package);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+// "6;<>;<automatic update>;<>;<beta>;<>;<Nee>"
+void MaintenanceCommands::saveServerSettings(ClientConnection& c, const QString& payload) {
+    const QStringList f = WireText::split(payload, fieldSep);
+    if (f.size() != 4 || f[0] != s("6")) {
+        refuse(c, s("OPSSIN"),
+               QStringLiteral("server settings \"%1\" are not 6 and three values")
+                   .arg(excerpt(payload)));
+        return;
+    }
+    auto flag = [](const QString& v) { return WireText::yes(v) ? s("JA") : s("NEE"); };
+    QString why;
+    if (!m_store.setSettings({{s("server_auto_update"), flag(f[1])},
+                              {s("server_beta"), flag(f[2])},
+                              {s("server_last"), f[3]}},
+                             &why))
+        refuse(c, s("OPSSIN"), why);
+    else
+        c.sendReply(s("OPSSIN"));
+}
+
+// "<id>|<anything>": the catalogue's theme goes into what the server offers its clients.
+void MaintenanceCommands::addCatalogueTheme(ClientConnection& c, const QString& payload) {
+    const QString id = payload.section(QLatin1Char('|'), 0, 0);
+    const auto entry = m_catalogue.entry(id);
+    if (!entry) {
+        refuse(c, s("LDNTHO"), QStringLiteral("no theme \"%1\" in the catalogue").arg(excerpt(id)));
+        return;
+    }
+    const QByteArray package = m_packages.packFolder(entry->folder);
+    if (package.isEmpty()) {
+        refuse(c, s("LDNTHO"), QStringLiteral("cannot pack the theme %1").arg(entry->folder));
+        return;
+    }
+    bool standaard = false;
+    for (const Store::Theme& t : m_store.themes())
+        if (t.id == id)
+            standaard = t.standaard;
+    QString why;
+    if (!m_store.saveTheme({id, entry->versie, standaard}, package, &why))
+        refuse(c, s("LDNTHO"), why);
+    else
+        c.sendReply(s("LDNTHOOK"));
+}
+
+void MaintenanceCommands::removeTheme(ClientConnection& c, const QString& id) {
+    for (const Store::Theme& t : m_store.themes())
+        if (t.id == id && t.standaard) {
+            refuse(c, s("LDNTHV"), QStringLiteral("theme %1 is the school's default").arg(id));
+            return;
+        }
+    QString why;
+    if (!m_store.deleteTheme(id, &why))
+        refuse(c, s("LDNTHV"), why);
+    else
+        c.sendReply(s("LDNTHVOK"));
+}
+
+} // namespace tk::server
