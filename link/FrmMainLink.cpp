@@ -72,6 +72,19 @@ void FrmMainLink::WS_Versturen(const QString& bericht, bool wachten) {
 }
 
 void FrmMainLink::WS_DataArrival() {
+    // A window shown from inside this handler (a fault report) runs its own event loop, and
+    // the socket does not announce bytes again while its announcement is being handled: what
+    // came in meanwhile is taken up as soon as this handler is done.
+    struct Nalezen {
+        FrmMainLink& f;
+        ~Nalezen() {
+            if (f.WS.bytesAvailable() > 0)
+                QTimer::singleShot(0, &f, [&f = f] {
+                    if (f.WS.bytesAvailable() > 0)
+                        f.WS_DataArrival();
+                });
+        }
+    } nalezen{*this};
     Procedure(p, "frmMain.WS_DataArrival", [&] {
         // One read is one message: nothing is kept from one arrival to the next.
         const QString bericht = Ansi::naarTekst(WS.readAll());

@@ -476,3 +476,24 @@ TEST(LinkTest, AnyBytesFromTheServerAreTakenWithoutACrash) {
     peer.op(QStringLiteral("LDNWCH"), QStringLiteral("LDNWCHa;|;b"));
     EXPECT_EQ(v.vraag(QStringLiteral("LDNWCH")), QStringLiteral("a;|;b"));
 }
+
+TEST(LinkTest, AReplyThatArrivesWhileAFaultReportIsOnScreenIsStillTaken) {
+    ScriptedPeer peer;
+    peer.op(QStringLiteral("TST"), QStringLiteral("TST"))
+        .op(QStringLiteral("INFDMN"), QStringLiteral("INFDMNschool|1")) // too few fields
+        .zelf(QStringLiteral("LDNTAA1043"));
+    Verbinding v(peer.poort());
+    // The report window has its own event loop, open while the next message comes in.
+    v.w.dialogen.opModaal = [&](Form& f) {
+        v.pompVoor(150);
+        static_cast<FrmFoutrapportage&>(f).cmdNietVersturen_Click();
+    };
+    ASSERT_TRUE(v.verbind());
+    v.w.p.modMain.AntwoordOntvangen = false;
+    v.w.p.frmMain->WS_Versturen(QStringLiteral("INFDMN"), true);
+    v.pompTot([&] { return v.w.p.modMain.AntwoordOntvangen; });
+    EXPECT_TRUE(peer.klaar());
+    EXPECT_EQ(v.w.dialogen.getoond, QStringList{QStringLiteral("frmFoutrapportage")});
+    EXPECT_TRUE(v.w.p.modMain.AntwoordOntvangen);
+    EXPECT_EQ(v.w.p.modMain.Antwoord, QStringLiteral("1043"));
+}
