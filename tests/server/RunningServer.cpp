@@ -7,7 +7,10 @@
 
 namespace tk::server::test {
 
-RunningServer::RunningServer(bool demo, int keepAliveSeconds) {
+RunningServer::RunningServer(bool demo, int keepAliveSeconds, const QString& updatesFolder,
+                             bool firewallStart) {
+    m_options.updatesFolder = updatesFolder;
+    m_options.firewallStart = firewallStart;
     m_options.dataFolder = m_folder.path();
     m_options.port = 0;
     m_options.clientDataPort = m_receiver.dataPort();

@@ -13,7 +13,8 @@ namespace tk::server::test {
 // and a file receiver standing in for the client's.
 class RunningServer {
 public:
-    explicit RunningServer(bool demo = true, int keepAliveSeconds = 60);
+    explicit RunningServer(bool demo = true, int keepAliveSeconds = 60,
+                           const QString& updatesFolder = QString(), bool firewallStart = false);
     ~RunningServer();
     // Stops the server and closes the store, then starts both again on the same folder.
     void restart();
@@ -22,6 +23,7 @@ public:
     Store& store() { return m_store; }
     FileReceiver& receiver() { return m_receiver; }
     const ServerOptions& options() const { return m_server->options(); }
+    QString dataFolder() const { return m_folder.path(); }
 
 private:
     void start();
