@@ -1,0 +1,326 @@
+// The field mappings of the loaders, their edge cases, and bad input from the server and from
+// the cache.
+#include "data/SealedCache.h"
+#include "tests/data/DataWerkplek.h"
+
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::alleGegevens;
+using tk::test::DataWerkplek;
+using tk::test::ScriptedPeer;
+
+namespace {
+
+QString s(const char* t) {
+    return QString::fromLatin1(t);
+}
+QString velden(int aantal, const char* voorvoegsel = "f") {
+    QStringList v;
+    for (int i = 0; i < aantal; ++i)
+        v.append(QStringLiteral("%1%2").arg(QString::fromLatin1(voorvoegsel)).arg(i));
+    return v.join(s(";<>;"));
+}
+QString metVeld(QString record, int veld, const QString& waarde) {
+    QStringList v = record.split(s(";<>;"));
+    v[veld] = waarde;
+    return v.join(s(";<>;"));
+}
+
+} // namespace
+
+TEST(VeldenTest, ClassAndTeacherRecordsMapTheirFieldsWithTheirEdgeCases) {
+    ScriptedPeer peer;
+    peer.op(s("TST"), s("TST"))
+        .op(s("LDNKLSSNC"), s("LDNKLSSNC0|"))
+        .op(s("LDNKLSDA0"), s("LDNKLSDA0|") + velden(12, "a") + s(";|;") +
+                                metVeld(velden(13, "b"), 11, QString()) + s(";|;") +
+                                velden(14, "c"))
+        .op(s("LDNLRNSNC"), s("LDNLRNSNC0|3"))
+        .op(s("LDNLRNDA0"), s("LDNLRNDA0|") + velden(15, "d") + s(";|;") + velden(16, "e"));
+    DataWerkplek dw(peer.poort());
+    ASSERT_TRUE(dw.verbind());
+    ModData& d = dw.d();
+    // What stood there before: a load writes over it, column by column.
+    d.Klassen(0, 11) = s("5,5");
+    d.Klassen(0, 12) = s("oud");
+    for (int rij = 0; rij < 3; ++rij) {
+        d.Klassen(rij, 13) = s("extra");
+        d.Leraren(rij, 16) = s("extra");
+    }
+    d.Klassen(3, 0) = s("blijft");
+    d.LaadKlassen();
+    d.LaadLeraren();
+
+    struct Case {
+        const FixedTable& tabel;
+        int rij, kolom;
+        const char* waarde;
+    };
+    const Case cases[] = {
+        {d.Klassen, 0, 0, "a1"},                  // field 0 is dropped
+        {d.Klassen, 0, 9, "a10"},                 // Reserve is loaded
+        {d.Klassen, 0, 10, "a11"},                // Thema
+        {d.Klassen, 0, 11, "5,5"},                // 12 fields: Positie untouched
+        {d.Klassen, 0, 12, "oud"},                // and Categorieen
+        {d.Klassen, 1, 10, "Standaard"},          // an empty theme
+        {d.Klassen, 1, 11, "b12"},                // 13 fields: Positie
+        {d.Klassen, 1, 12, ""},                   // 13 fields: Categorieen not yet
+        {d.Klassen, 2, 12, "c13"},                // 14 fields
+        {d.Klassen, 2, 13, ""},                   // AccountExtra is never loaded
+        {d.Klassen, 3, 0, "blijft"},              // rows past the load keep their contents
+        {d.Leraren, 0, 13, "d13"},                // Reserve
+        {d.Leraren, 0, 15, "d14"},                // field 14 is the categories
+        {d.Leraren, 0, 14, "Jungle (standaard)"}, // 15 fields: no theme
+        {d.Leraren, 1, 14, "e15"},                // field 15 is the theme
+        {d.Leraren, 1, 15, "e14"},
+        {d.Leraren, 1, 16, ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(QStringLiteral("row %1 column %2").arg(c.rij).arg(c.kolom).toStdString());
+        EXPECT_EQ(c.tabel(c.rij, c.kolom), s(c.waarde));
+    }
+    // An empty last ID becomes 1.
+    EXPECT_EQ(d.LaatsteKlasID, s("1"));
+    EXPECT_EQ(d.LaatsteLeraarID, s("3"));
+    EXPECT_TRUE(dw.rapporten.isEmpty());
+}
+
+TEST(VeldenTest, EmptyCountsAndAnswersLoadNothingAndKeepTheLastIDs) {
+    ScriptedPeer peer;
+    peer.op(s("TST"), s("TST"))
+        .op(s("LDNAPKSNC"), s("LDNAPKSNC0|5"))
+        .op(s("LDNCAK"), s("LDNCAK7"))
+        .op(s("LDNKLSSNC"), s("LDNKLSSNC0|"))
+        .op(s("LDNKLSDA0"), s("LDNKLSDA0|"))
+        .op(s("LDNIVWINF"), s("LDNIVWINF0"));
+    DataWerkplek dw(peer.poort());
+    ASSERT_TRUE(dw.verbind());
+    ModData& d = dw.d();
+    int balk = 0;
+    d.LaadbalkGewijzigd = [&] { balk += d.laadbalk.zichtbaar; };
+    d.Applicaties[0](0, 0) = s("oud");
+    d.Categorien[0](0, 0) = s("oud");
+    d.VerbodenWoorden = s("oud");
+
+    d.LaadApplicaties(0);
+    d.LaadCategorien(0);
+    d.LaadKlassen();
+    d.LaadVerbodenWoorden();
+
+    // A count of 0 asks no record and shows no bar; the table was cleared all the same.
+    EXPECT_EQ(d.LaatsteApplicatieID[0], s("5"));
+    EXPECT_TRUE(d.Applicaties[0].vrij(0));
+    EXPECT_EQ(balk, 0);
+    // Only the last ID: an empty category table.
+    EXPECT_EQ(d.LaatsteCategorieID[0], s("7"));
+    EXPECT_TRUE(d.Categorien[0].vrij(0));
+    // Last block 0 and no ID: one block, and ID 1; an empty block stores no row.
+    EXPECT_EQ(d.LaatsteKlasID, s("1"));
+    EXPECT_TRUE(d.Klassen.vrij(0));
+    EXPECT_EQ(d.VerbodenWoorden, QString());
+    EXPECT_TRUE(peer.klaar());
+    EXPECT_TRUE(dw.rapporten.isEmpty());
+}
+
+TEST(VeldenTest, TheWordListShowsItsBarAboveFivePagesAndDropsThePageMarks) {
+    for (const int paginas : {5, 6}) {
+        SCOPED_TRACE(paginas);
+        ScriptedPeer peer;
+        peer.op(s("TST"), s("TST")).op(s("LDNIVWINF"), s("LDNIVWINF") + QString::number(paginas));
+        QStringList verwacht;
+        for (int i = 1; i <= paginas; ++i) {
+            peer.op(QStringLiteral("LDNIVWPA%1").arg(i),
+                    QStringLiteral("LDNIVWPA%1w%1|xPA%1y").arg(i));
+            verwacht.append(QStringLiteral("w%1|xy").arg(i));
+        }
+        DataWerkplek dw(peer.poort());
+        ASSERT_TRUE(dw.verbind());
+        ModData& d = dw.d();
+        int hoogste = 0;
+        d.LaadbalkGewijzigd = [&] {
+            if (d.laadbalk.zichtbaar)
+                hoogste = std::max(hoogste, d.laadbalk.maximum);
+        };
+        d.LaadVerbodenWoorden();
+        EXPECT_EQ(d.VerbodenWoorden, verwacht.join(QLatin1Char('|')));
+        EXPECT_EQ(hoogste, paginas > 5 ? paginas : 0);
+        EXPECT_FALSE(d.laadbalk.zichtbaar);
+    }
+}
+
+// Bad answers from the server: each gives a report with the loader's name, and what was
+// stored before the fault stays.
+TEST(VeldenTest, BadRecordsAreReportedByTheirLoaderAndKeepWhatWasStored) {
+    QString eenentwintig;
+    for (int i = 0; i < 21; ++i)
+        eenentwintig += (i ? s(";|;") : QString()) + velden(14);
+    QString twintigCategorien = s("20");
+    for (int i = 1; i <= 21; ++i)
+        twintigCategorien += QStringLiteral(";<>;%1|Cat").arg(i);
+    const QString app = s("1><A><1><x><><standaard|1><><1024x768x32xNEE");
+
+    struct Case {
+        const char* naam;
+        QList<QPair<QString, QString>> script;
+        std::function<void(ModData&)> laad;
+        const char* procedure;
+        std::function<void(ModData&)> controle;
+    };
+    const QList<Case> cases = {
+        {"a 22nd class",
+         {{s("LDNKLSSNC"), s("LDNKLSSNC1|30")},
+          {s("LDNKLSDA0"), s("LDNKLSDA0|") + eenentwintig},
+          {s("LDNKLSDA1"), s("LDNKLSDA1|") + velden(14, "x")}},
+         [](ModData& d) { d.LaadKlassen(); },
+         "modData.LaadKlassen",
+         [](ModData& d) {
+             EXPECT_EQ(d.Klassen.gebruikt(), 21);
+             EXPECT_EQ(d.Klassen(20, 0), s("f1"));
+         }},
+        {"a class record of too few fields",
+         {{s("LDNKLSSNC"), s("LDNKLSSNC0|2")},
+          {s("LDNKLSDA0"), s("LDNKLSDA0|") + velden(14, "n") + s(";|;") + velden(11, "k")}},
+         [](ModData& d) { d.LaadKlassen(); },
+         "modData.LaadKlassen",
+         [](ModData& d) {
+             EXPECT_EQ(d.Klassen(0, 0), s("n1"));
+             EXPECT_EQ(d.Klassen(1, 0), s("oud")); // the short record stored nothing
+         }},
+        {"a non-numeric block count",
+         {{s("LDNKLSSNC"), s("LDNKLSSNCx|2")}},
+         [](ModData& d) { d.LaadKlassen(); },
+         "modData.LaadKlassen",
+         [](ModData& d) { EXPECT_EQ(d.Klassen(0, 0), s("oud")); }},
+        {"a teacher record of 14 fields",
+         {{s("LDNLRNSNC"), s("LDNLRNSNC0|2")},
+          {s("LDNLRNDA0"), s("LDNLRNDA0|") + velden(15, "t") + s(";|;") + velden(14, "u")}},
+         [](ModData& d) { d.LaadLeraren(); },
+         "modData.LaadLeraren",
+         [](ModData& d) {
+             EXPECT_EQ(d.Leraren(0, 0), s("t0"));
+             EXPECT_EQ(d.Leraren(1, 0), s("oud"));
+         }},
+        {"a non-numeric application count",
+         {{s("LDNAPASNC"), s("LDNAPASNCabc|2")}},
+         [](ModData& d) { d.LaadApplicaties(2); },
+         "modData.LaadApplicaties",
+         [](ModData& d) { EXPECT_TRUE(d.Applicaties[2].vrij(0)); }},
+        {"an application record of 7 fields",
+         {{s("LDNAPLSNC"), s("LDNAPLSNC2|2")},
+          {s("LDNAPLDAT1"), s("LDNAPLDAT") + app},
+          {s("LDNAPLDAT2"), s("LDNAPLDAT2><B><1><x><><><")}},
+         [](ModData& d) { d.LaadApplicaties(1); },
+         "modData.LaadApplicaties",
+         [](ModData& d) {
+             EXPECT_EQ(d.Applicaties[1](0, 8), s("1024x768x32xNEE"));
+             EXPECT_TRUE(d.Applicaties[1].vrij(1));
+             EXPECT_FALSE(d.laadbalk.zichtbaar);
+         }},
+        {"a 21st category",
+         {{s("LDNCAA"), s("LDNCAA") + twintigCategorien}},
+         [](ModData& d) { d.LaadCategorien(2); },
+         "modData.LaadCategorien",
+         [](ModData& d) { EXPECT_EQ(d.Categorien[2](19, 0), s("20")); }},
+        {"a category without its name",
+         {{s("LDNCAK"), s("LDNCAK2;<>;1|Een;<>;2")}},
+         [](ModData& d) { d.LaadCategorien(0); },
+         "modData.LaadCategorien",
+         [](ModData& d) { EXPECT_EQ(d.Categorien[0](0, 1), s("Een")); }},
+        {"a non-numeric page count",
+         {{s("LDNIVWINF"), s("LDNIVWINFzz")}},
+         [](ModData& d) { d.LaadVerbodenWoorden(); },
+         "modData.LaadVerbodenWoorden",
+         [](ModData& d) { EXPECT_EQ(d.VerbodenWoorden, s("oud")); }},
+        {"an unknown kind",
+         {},
+         [](ModData& d) { d.LaadApplicaties(3); },
+         "modData.LaadApplicaties",
+         [](ModData&) {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.naam);
+        ScriptedPeer peer;
+        peer.op(s("TST"), s("TST"));
+        for (const auto& [verwacht, antwoord] : c.script)
+            peer.op(verwacht, antwoord);
+        DataWerkplek dw(peer.poort());
+        ASSERT_TRUE(dw.verbind());
+        ModData& d = dw.d();
+        d.Klassen(0, 0) = d.Klassen(1, 0) = s("oud");
+        d.Leraren(0, 0) = d.Leraren(1, 0) = s("oud");
+        d.VerbodenWoorden = s("oud");
+        c.laad(d);
+        EXPECT_EQ(dw.rapporten, QStringList{s(c.procedure)});
+        EXPECT_TRUE(peer.klaar());
+        c.controle(d);
+    }
+}
+
+TEST(VeldenTest, AForeignTruncatedOrEmptyCacheIsReportedAndLeftAsItWas) {
+    // A good cache first, from a load with a server.
+    ScriptedPeer peer;
+    peer.op(s("TST"), s("TST"))
+        .op(s("INFVER*"), s("INFVER"))
+        .op(s("INFDMN"), s("INFDMNSCHOOL|0|0|0|0|NEE|NEE"))
+        .op(s("INFCOM*"), s("INFCOM"))
+        .op(s("LDNTAA"), s("LDNTAA1043"))
+        .op(s("LDNKLSSNC"), s("LDNKLSSNC0|3"))
+        .op(s("LDNKLSDA0"), s("LDNKLSDA0|") + velden(14, "k"))
+        .op(s("LDNLRNSNC"), s("LDNLRNSNC0|3"))
+        .op(s("LDNLRNDA0"), s("LDNLRNDA0|") + velden(16, "l") + s(";|;") + velden(16, "m"));
+    for (const char* verder : {"LDNWCH", "LDNOVR", "LDNCAK", "LDNCAL", "LDNCAA"})
+        peer.op(s(verder), s(verder) + s("1"));
+    for (const char* verder : {"LDNAPKSNC", "LDNAPLSNC", "LDNAPASNC"})
+        peer.op(s(verder), s(verder) + s("0|1"));
+    for (const char* verder : {"LDNIVWINF", "LDNITS", "LDNMOD", "LDNPRN"})
+        peer.op(s(verder), s(verder) + s("0"));
+    DataWerkplek online(peer.poort());
+    online.laadOnline();
+    ASSERT_TRUE(peer.klaar());
+    const QByteArray goed = online.cache();
+    const QString plat = Ansi::naarTekst(SealedCache::decipher(goed));
+    // Cut in the middle of the second teacher record.
+    const qsizetype tweede = plat.indexOf(s("m0;<>;"));
+    ASSERT_GT(tweede, 0);
+
+    struct Case {
+        const char* naam;
+        QByteArray bestand;
+        QStringList rapporten;
+        bool klassenGeladen;
+    };
+    const Case cases[] = {
+        {"foreign",
+         QByteArray("\x89PNG\r\n\x1a\n not a cache at all", 27),
+         {s("modMain.Laden"), s("modData.LaadKlassen"), s("modData.LaadLeraren"),
+          s("modData.LaadApplicaties"), s("modData.LaadApplicaties"), s("modData.LaadApplicaties")},
+         false},
+        {"truncated",
+         goed.left(tweede + 12),
+         {s("modData.LaadLeraren"), s("modData.LaadApplicaties"), s("modData.LaadApplicaties"),
+          s("modData.LaadApplicaties")},
+         true},
+        {"empty",
+         QByteArray(),
+         {s("modMain.Laden"), s("modData.LaadKlassen"), s("modData.LaadLeraren"),
+          s("modData.LaadApplicaties"), s("modData.LaadApplicaties"), s("modData.LaadApplicaties")},
+         false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.naam);
+        DataWerkplek offline;
+        offline.w.schrijf(s("Data/data.tijdelijk"), c.bestand);
+        ModData& d = offline.d();
+        d.Klassen(0, 0) = s("al geladen");
+        d.Leraren(1, 0) = s("al geladen");
+        offline.w.p.modMainLaden->Laden();
+        EXPECT_EQ(offline.rapporten, c.rapporten);
+        EXPECT_EQ(d.Klassen(0, 0), c.klassenGeladen ? s("k1") : s("al geladen"));
+        // The first teacher of a truncated cache is whole; the cut one stores nothing.
+        EXPECT_EQ(d.Leraren(0, 0), c.klassenGeladen ? s("l0") : QString());
+        EXPECT_EQ(d.Leraren(1, 0), s("al geladen"));
+        EXPECT_EQ(offline.cache(), c.bestand);
+        EXPECT_FALSE(QFileInfo::exists(offline.w.pad(s("Data/Tijdelijk.ini"))));
+    }
+}
