@@ -149,9 +149,12 @@ void MaintenanceCommands::sendScreenshot(ClientConnection& c, const QString& idT
     qint64 id = 0;
     const QByteArray jpeg = WireText::number(idText, &id) ? m_store.screenshot(id) : QByteArray();
     if (jpeg.isEmpty()) {
-        // Never an empty file: the client would wait for its bytes for ever.
-        refuse(c, s("HLPSCR"),
-               QStringLiteral("no screenshot of problem call \"%1\"").arg(excerpt(idText)));
+        // Never an empty file: the client would wait for its bytes for ever. The client waits
+        // for the transfer, not for a reply, so the refusal goes out only on a quiet line.
+        ServerLog::fault(
+            QStringLiteral("connection %1 HLPSCR").arg(c.number()),
+            QStringLiteral("no screenshot of problem call \"%1\"").arg(excerpt(idText)));
+        c.sendSettlingReply(s("HLPSCRFOUT"));
         return;
     }
     m_transfers.sendFile(c.peerAddress(), QStringLiteral("%1.jpg").arg(id), jpeg);
@@ -183,7 +186,7 @@ void MaintenanceCommands::makeBackup(ClientConnection& c) {
 void MaintenanceCommands::restoreBackup(ClientConnection& c, const QString& name) {
     QString why;
     if (!m_backups.restore(name, &why)) {
-        refuse(c, s("BCKRST"), why);
+        refuse(c, s("BCK"), why); // the dispatcher keeps what follows "BCK"
         return;
     }
     c.sendReply(s("BCKOK"));
@@ -205,14 +208,18 @@ bool MaintenanceCommands::handleUpdate(ClientConnection& c, const QString& m) {
                                                  offer->fileName}
                                          .join(QLatin1Char('|')));
     } else if (m.startsWith(s("UPDOPHREQ"))) {
+        // The client waits for the transfer alone: a refusal is told in the log only, as any
+        // text on the command channel could join the next reply in one read.
         QFile file(offer ? offer->path : QString());
         if (!offer || !file.open(QIODevice::ReadOnly)) {
-            refuse(c, s("UPDOPHREQ"), QStringLiteral("no update on offer"));
+            ServerLog::fault(QStringLiteral("connection %1 UPDOPHREQ").arg(c.number()),
+                             QStringLiteral("no update on offer"));
             return true;
         }
         const QByteArray package = file.readAll();
         if (package.isEmpty()) {
-            refuse(c, s("UPDOPHREQ"), QStringLiteral("the package %1 is empty").arg(offer->path));
+            ServerLog::fault(QStringLiteral("connection %1 UPDOPHREQ").arg(c.number()),
+                             QStringLiteral("the package %1 is empty").arg(offer->path));
             return true;
         }
         // The answer is the transfer itself.
