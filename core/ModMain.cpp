@@ -217,6 +217,26 @@ QString ModMain::WindowsNaam() {
     return QStringLiteral("Unknown Windows Version");
 }
 
+bool ModMain::ControleerNieuwereVersie(const QString& nieuw, const QString& oud) {
+    const QStringList a = nieuw.split(QLatin1Char('.'));
+    const QStringList b = oud.split(QLatin1Char('.'));
+    if (a.size() != 3 || b.size() != 3)
+        return false;
+    int x[3], y[3];
+    for (int i = 0; i < 3; ++i) {
+        bool okA = false, okB = false;
+        x[i] = a[i].trimmed().toInt(&okA);
+        y[i] = b[i].trimmed().toInt(&okB);
+        // Each part is a 16-bit number.
+        if (!okA || !okB || x[i] < -32768 || x[i] > 32767 || y[i] < -32768 || y[i] > 32767)
+            return false;
+    }
+    for (int i = 0; i < 3; ++i)
+        if (x[i] != y[i])
+            return x[i] > y[i];
+    return false;
+}
+
 QString ModMain::ProgrammaVersie() {
     return QStringLiteral(TK_VERSIE);
 }

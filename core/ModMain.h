@@ -47,6 +47,9 @@ public:
     QString WindowsNaam();
     // "<major>.<minor>.<revision>" of this program.
     static QString ProgrammaVersie();
+    // Whether version `nieuw` is greater than `oud`: three numeric parts each, compared as
+    // numbers; anything else is not newer.
+    static bool ControleerNieuwereVersie(const QString& nieuw, const QString& oud);
 
     // The command line of this run, upper-cased
     QString Opdrachtregel;

@@ -141,3 +141,23 @@ TEST(ModMainTest, TextsFillTheProductPlaceholdersAndMarkMissingEntries) {
     EXPECT_TRUE(w.p.modTaal.LaadTekst(2908, 1043).contains(QStringLiteral("\r\n\r\n")));
     EXPECT_FALSE(w.p.modTaal.LaadTekst(2908, 1043).contains(QStringLiteral("%nieuwe_regel%")));
 }
+
+TEST(ModMainTest, VersionsAreComparedAsThreeNumbers) {
+    struct Case {
+        const char* nieuw;
+        const char* oud;
+        bool nieuwer;
+    };
+    const Case cases[] = {
+        {"2.10.0", "2.9.9", true},   {"2.1", "2.0.0", false},       {"1.0.1", "1.0.0", true},
+        {"1.0.0", "1.0.0", false},   {"1.0.0", "1.0.1", false},     {"3.0.0", "2.99.99", true},
+        {"1.a.0", "1.0.0", false},   {"1.0.0", "", false},          {"", "1.0.0", false},
+        {"1.0.0.0", "0.0.0", false}, {"40000.0.0", "1.0.0", false}, {" 1.0.2", "1.0.1", true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.nieuw) + " > " + c.oud);
+        EXPECT_EQ(ModMain::ControleerNieuwereVersie(QString::fromLatin1(c.nieuw),
+                                                    QString::fromLatin1(c.oud)),
+                  c.nieuwer);
+    }
+}

@@ -29,14 +29,16 @@ quint16 vrijePoort() {
 }
 } // namespace
 
-ServerProces::ServerProces() {
+ServerProces::ServerProces(const QStringList& extra) {
     m_poort = vrijePoort();
     m_proces.setProcessChannelMode(QProcess::MergedChannels);
     QObject::connect(&m_proces, &QProcess::readyRead,
                      [this] { m_uitvoer += QString::fromUtf8(m_proces.readAll()); });
-    m_proces.start(QStringLiteral(TK_SERVER_PAD),
-                   {QStringLiteral("--data"), m_data.path(), QStringLiteral("--port"),
-                    QString::number(m_poort), QStringLiteral("--demo")});
+    const QStringList argumenten =
+        QStringList{QStringLiteral("--data"), m_data.path(), QStringLiteral("--port"),
+                    QString::number(m_poort), QStringLiteral("--demo")} +
+        extra;
+    m_proces.start(QStringLiteral(TK_SERVER_PAD), argumenten);
     if (!m_proces.waitForStarted(5000))
         return;
     // Ready when the command port accepts.

@@ -2,6 +2,7 @@
 
 #include <QProcess>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 namespace tk::test {
@@ -10,7 +11,7 @@ namespace tk::test {
 // temporary data folder, stopped with SIGTERM at the end.
 class ServerProces {
 public:
-    ServerProces();
+    explicit ServerProces(const QStringList& extra = {});
     ~ServerProces();
     bool gestart() const { return m_gestart; }
     quint16 poort() const { return m_poort; }
