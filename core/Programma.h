@@ -18,9 +18,12 @@ namespace tk {
 class CommandChannel;
 class DialogService;
 class Form;
+class FrmMain;
 class FrmMainLink;
+class FrmTaakbalk1;
 class ModData;
 class ModMainLaden;
+class ModMainAfsluiten;
 class ModMainVerbinding;
 class ModPictogrammen;
 class ModThema;
@@ -62,6 +65,9 @@ public:
     ModMainLaden* modMainLaden = nullptr;       // modMain.Laden: the load of the whole data set
     ModThema* modThema = nullptr;               // the theme state and modMain.LaadThema
     ModPictogrammen* modPictogrammen = nullptr; // icon libraries and icon drawing
+    FrmMain* startScreen = nullptr;             // frmMain as the start screen (the same object)
+    FrmTaakbalk1* frmTaakbalk1 = nullptr;       // the start-screen taskbar
+    ModMainAfsluiten* modMainAfsluiten = nullptr; // the close options and what they do
 
     // Ends the program: every wait returns and the event loop is asked to quit. The process ends
     // when control is back in main().

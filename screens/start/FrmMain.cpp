@@ -1,0 +1,690 @@
+#include "FrmMain.h"
+
+#include "core/Ansi.h"
+#include "core/Fout.h"
+#include "core/OpstartStappen.h"
+#include "core/Procedure.h"
+#include "core/Programma.h"
+#include "data/ModData.h"
+#include "link/ModMainVerbinding.h"
+#include "screens/taskbar/FrmTaakbalk1.h"
+#include "theme/ModThema.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QTextStream>
+
+namespace tk {
+
+namespace {
+QColor kleur(const RgbColour& c) {
+    return QColor(c.r, c.g, c.b);
+}
+QImage laadBeeld(const QString& pad) {
+    QImage beeld(pad);
+    if (beeld.isNull())
+        throw Fout(QStringLiteral("Invalid picture (%1)").arg(pad));
+    return beeld;
+}
+// The width a button may take in the default grid: the pitch less a small gap.
+constexpr int rasterBreedte = 96;
+} // namespace
+
+FrmMain::FrmMain(Programma& p) : FrmMainLink(p), p(p) {
+    knopGroep.push_back(std::make_unique<Knop2>());
+    knopGroep[0]->Visible = false;
+    knopFont = QFont(QStringLiteral("Verdana"), 14, QFont::Bold);
+    ballonFont = QFont(QStringLiteral("Verdana"), 13, QFont::Bold);
+    ladenFont = QFont(QStringLiteral("Verdana"), 9, QFont::Bold);
+    aanmeldenFont = QFont(QStringLiteral("Verdana"), 8);
+    m_tmrLaden.setInterval(30);
+    connect(&m_tmrLaden, &QTimer::timeout, this, [this] { tmrLaden_Timer(); });
+    if (p.modData)
+        p.modData->LaadbalkGewijzigd = [this] {
+            const ModData::Laadbalk& b = this->p.modData->laadbalk;
+            picLadenZichtbaar = b.zichtbaar;
+            if (b.zichtbaar)
+                TijdLadenEx(b.maximum, b.waarde, b.tekst);
+            hertekenen();
+        };
+}
+
+FrmMain::~FrmMain() {
+    if (p.modData)
+        p.modData->LaadbalkGewijzigd = nullptr;
+}
+
+QPoint FrmMain::standaardPlek(int i) {
+    if (i <= 7)
+        return {i * 100 + 130, 304};
+    if (i <= 11)
+        return {(i - 8) * 100 + 130, 404};
+    if (i <= 15)
+        return {(i - 12) * 100 + 130, 504};
+    return {(i - 16) * 100 + 130, 604};
+}
+
+Knop2* FrmMain::knop(int index) const {
+    if (index < 0 || index >= int(knopGroep.size()))
+        return nullptr;
+    return knopGroep[size_t(index)].get();
+}
+
+OpstartStappen& FrmMain::stappen() {
+    if (p.opstartStappen)
+        return *p.opstartStappen;
+    if (!m_standaardStappen)
+        m_standaardStappen = std::make_unique<OpstartStappen>();
+    return *m_standaardStappen;
+}
+
+void FrmMain::hertekenen() {
+    if (Hertekenen)
+        Hertekenen();
+}
+
+void FrmMain::meld(const QString& wat) {
+    if (Melding)
+        Melding(wat);
+    else
+        QTextStream(stdout) << "tafelkrater: " << wat << Qt::endl;
+}
+
+QString FrmMain::WachtwoordLeraren() const {
+    return p.modData ? p.modData->Wachtwoorden.value(0) : QString();
+}
+
+QString FrmMain::WachtwoordOnderhoud() const {
+    return p.modData ? p.modData->Wachtwoorden.value(1) : QString();
+}
+
+void FrmMain::Form_Load() {
+    LadenVormgeving();
+    m_tmrLaden.start();
+}
+
+void FrmMain::LadenVormgeving() {
+    if (!p.modThema)
+        return;
+    const ThemeKeys k = p.modThema->keys();
+    const QString kl = QStringLiteral("Kleuren"), pos = QStringLiteral("Positie");
+    // Colours and places first, then the pictures: a missing picture is reported and leaves the
+    // screen with its places.
+    Procedure(p, "frmMain.LadenVormgeving", [&] {
+        KleurLaden = kleur(k.colour(kl, QStringLiteral("Laden")));
+        KleurRand = kleur(k.colour(kl, QStringLiteral("Laadbalk rand")));
+        KleurStatus = kleur(k.colour(kl, QStringLiteral("Laadbalk status")));
+        KleurStreep = kleur(k.colour(kl, QStringLiteral("Laadbalk streep")));
+        KleurKoptekst = kleur(k.colour(kl, QStringLiteral("Koptekst")));
+        KleurAanmeldentekst = kleur(k.colour(kl, QStringLiteral("Aanmeldentekst")));
+    });
+    Procedure(p, "frmMain.LadenVormgeving", [&] {
+        const QPoint aanmelden = k.position(pos, QStringLiteral("Aanmelden"));
+        const QPoint laden = k.position(pos, QStringLiteral("Laden normaal"));
+        const QPoint fout = k.position(pos, QStringLiteral("Laden fout"));
+        const QPoint update = k.position(pos, QStringLiteral("Laden update"));
+        const QPoint tekst = k.position(pos, QStringLiteral("Laden tekst"));
+        AanmeldenX = aanmelden.x(), AanmeldenY = aanmelden.y();
+        LadenX = laden.x(), LadenY = laden.y();
+        FoutX = fout.x(), FoutY = fout.y();
+        UpdateX = update.x(), UpdateY = update.y();
+        LadenTekstX = tekst.x(), LadenTekstY = tekst.y();
+        picLaden.moveTo(int(LadenX), int(LadenY));
+        picAanmelden.moveTo(int(AanmeldenX), int(AanmeldenY));
+    });
+    Procedure(p, "frmMain.LadenVormgeving", [&] {
+        ballonWeergeven = k.yes(QStringLiteral("Ballon"), QStringLiteral("Startscherm weergeven"));
+        ballonPlek = k.position(QStringLiteral("Ballon"), QStringLiteral("Startscherm"));
+    });
+    Procedure(p, "frmMain.LadenVormgeving", [&] {
+        achtergrond =
+            laadBeeld(k.picture(QStringLiteral("Achtergronden"), QStringLiteral("Startscherm")));
+    });
+    Procedure(p, "frmMain.LadenVormgeving", [&] {
+        picIcoon = laadBeeld(k.picture(QStringLiteral("Algemeen"), QStringLiteral("Poppetjes")));
+    });
+    Procedure(p, "frmMain.LadenVormgeving", [&] {
+        wolkMask = QImage();
+        wolk = laadBeeld(k.picture(QStringLiteral("Algemeen"), QStringLiteral("Wolk")));
+        wolkMask = laadBeeld(k.picture(QStringLiteral("Algemeen"), QStringLiteral("Wolk (mask)")));
+    });
+    for (auto& k2 : knopGroep)
+        if (k2)
+            k2->lhDC = &achtergrond;
+    hertekenen();
+}
+
+void FrmMain::WeergevenKlassen(bool herladen) {
+    Procedure(p, "frmMain.WeergevenKlassen", [&] {
+        if (!p.modData)
+            return;
+        const FixedTable& klassen = p.modData->Klassen;
+        if (!herladen && KlassenGetoond) {
+            if (klassen(0, 0).isEmpty())
+                return;
+            for (auto& k : knopGroep) {
+                if (!k)
+                    continue;
+                k->toestand = 0;
+                k->ingedrukt = false;
+                k->Visible = true;
+            }
+            hertekenen();
+            return;
+        }
+        knopGroep.resize(1);
+        knopGroep[0] = std::make_unique<Knop2>();
+        knopGroep[0]->Visible = false;
+        const int laatste = qMin(klassen.rijen(), 21);
+        QString mislukt;
+        for (int i = 0; i < laatste; ++i) {
+            if (klassen(i, 0).isEmpty())
+                continue;
+            if (i > 0) {
+                if (int(knopGroep.size()) <= i)
+                    knopGroep.resize(size_t(i) + 1);
+                knopGroep[size_t(i)] = std::make_unique<Knop2>();
+            }
+            Knop2& k = *knopGroep[size_t(i)];
+            k.Groepnummer = QString::number(i);
+            k.Tekst = klassen(i, 1);
+            k.ToolTipText = klassen(i, 0);
+            k.Font = knopFont;
+            k.ForeColor = KleurKoptekst;
+            const QStringList plek = klassen(i, 11).split(QLatin1Char(','));
+            bool okX = false, okY = false;
+            const int x = plek.value(0).trimmed().toInt(&okX);
+            const int y = plek.value(1).trimmed().toInt(&okY);
+            const QPoint standaard = standaardPlek(i);
+            const bool eigen = plek.size() >= 2 && okX && okY && !(x == 0 && y == 0);
+            k.X = qint16(eigen ? x : standaard.x());
+            k.Y = qint16(eigen ? y : standaard.y());
+            if (p.modThema) {
+                const auto [normaal, hover] = p.modThema->keys().classButtonPictures(klassen(i, 2));
+                k.Afbeelding_Normaal = QImage(normaal);
+                k.Afbeelding_Hover = QImage(hover);
+                if (k.Afbeelding_Normaal.isNull())
+                    mislukt = normaal;
+            }
+            k.Tag =
+                klassen(i, 4) + QLatin1Char('|') + klassen(i, 5) + QLatin1Char('|') + klassen(i, 6);
+            k.lhDC = &achtergrond;
+            k.picGroep_Mask = &picGroep_Mask;
+            k.Visible = false;
+        }
+        // The mask of the group: the shape of the first button's picture, narrowed to the grid's
+        // pitch when the picture is wider, so that neighbours never cover each other.
+        QSize maat(rasterBreedte, 48);
+        for (auto& k : knopGroep)
+            if (k && !k->Afbeelding_Normaal.isNull()) {
+                maat = QSize(qMin(k->Afbeelding_Normaal.width(), rasterBreedte),
+                             k->Afbeelding_Normaal.height());
+                break;
+            }
+        picGroep_Mask = QImage(maat, QImage::Format_RGB32);
+        picGroep_Mask.fill(Qt::white);
+        {
+            QPainter m(&picGroep_Mask);
+            m.setRenderHint(QPainter::Antialiasing);
+            m.setPen(Qt::NoPen);
+            m.setBrush(Qt::black);
+            const qreal straal = qMin(maat.width(), maat.height()) * 0.25;
+            m.drawRoundedRect(QRectF(0, 0, maat.width(), maat.height()), straal, straal);
+        }
+        KlassenGetoond = true;
+        hertekenen();
+        if (!mislukt.isEmpty())
+            throw Fout(QStringLiteral("File not found (%1)").arg(mislukt));
+    });
+}
+
+void FrmMain::HerschikGroepen() {
+    Procedure(p, "frmMain.HerschikGroepen", [&] {
+        if (!p.modData || p.modData->Klassen(0, 0).isEmpty()) {
+            TekenBallon(p.modTaal.LaadTekst(1612));
+            return;
+        }
+        for (auto& k : knopGroep)
+            if (k && !k->Tag.isEmpty())
+                k->Visible = true;
+        TekenBallon(p.modTaal.LaadTekst(1613));
+    });
+}
+
+void FrmMain::HerschikScherm(int stand) {
+    Procedure(p, "frmMain.HerschikScherm", [&] {
+        Scherm = stand;
+        if (stand == 0) {
+            // The start state: nothing but the background and the cloud.
+            verbergKlassen();
+            picAanmeldenZichtbaar = false;
+            lblAccountZichtbaar = false;
+            aanmeldenSchuif = 0;
+        } else if (stand == 2) {
+            picLaden.moveTo(int(LadenX), int(LadenY));
+            picLadenZichtbaar = true;
+        }
+        hertekenen();
+    });
+}
+
+void FrmMain::verbergKlassen() {
+    for (auto& k : knopGroep)
+        if (k)
+            k->Visible = false;
+}
+
+void FrmMain::taakbalkAccountsVerbergen() {
+    if (p.frmTaakbalk1) {
+        p.frmTaakbalk1->VerbergAccounts();
+        p.frmTaakbalk1->TekenKnop();
+    }
+}
+
+void FrmMain::AccountKlik(int soort) {
+    Procedure(p, "frmMain.AccountKlik", [&] {
+        if (soort >= 3 && soort <= 5) {
+            if (EerstePanelGetoond)
+                return;
+            EerstePanelGetoond = true;
+            soort = soort == 3 ? 0 : soort == 4 ? 2 : 1;
+        }
+        if (Scherm == 0) {
+            Scherm = 1;
+            HerschikScherm(1);
+        }
+        wachtwoordBallon.clear();
+        if (soort == 0) {
+            picAanmeldenZichtbaar = false;
+            WeergevenKlassen(false);
+            HerschikGroepen();
+            hertekenen();
+            return;
+        }
+        if (soort != 1 && soort != 2)
+            return;
+        lblLadenZichtbaar = false;
+        verbergKlassen();
+        TekenBallon(QString());
+        const QString knopTekst = p.frmTaakbalk1 ? p.frmTaakbalk1->Account[soort].Tekst
+                                                 : p.modTaal.LaadTekst(2101 + soort);
+        lblGebruiker = knopTekst.mid(1);
+        txtWachtwoord.clear();
+        wachtwoordGeselecteerd = false;
+        picAanmelden.moveTo(int(AanmeldenX), int(AanmeldenY));
+        aanmeldenSchuif = 0;
+        lblAanmeldenTekst = p.modTaal.LaadTekst(1622);
+        knopAanmeldenTekst = p.modTaal.LaadTekst(200);
+        lblGebruikerZichtbaar = txtWachtwoordZichtbaar = knopAanmeldenZichtbaar = true;
+        picAanmeldenZichtbaar = true;
+        focusOpWachtwoord = true;
+        if (soort == 1 && WachtwoordLeraren().isEmpty())
+            wachtwoordBallon = p.modTaal.LaadTekst(1607);
+        if (soort == 2 && WachtwoordOnderhoud().isEmpty())
+            wachtwoordBallon = p.modTaal.LaadTekst(1608);
+        hertekenen();
+    });
+}
+
+void FrmMain::txtWachtwoord_KeyPress(int toets) {
+    if (toets == 13)
+        knopAanmelden_Click();
+}
+
+void FrmMain::knopAanmelden_Click() {
+    Procedure(p, "frmMain.knopAanmelden_Click", [&] {
+        ModMain& m = p.modMain;
+        wachtwoordBallon.clear();
+        if (txtWachtwoord == WachtwoordOnderhoud() && lblGebruiker == p.modTaal.LaadTekst(1601)) {
+            const bool bezet =
+                ControleerAanwezigOnderhoudsmodule && ControleerAanwezigOnderhoudsmodule(false);
+            if (!bezet && m.Verbonden()) {
+                if (p.modMainVerbinding)
+                    p.modMainVerbinding->GeefLocatieDoor(QStringLiteral("ONDERHOUD"));
+                AnimatieAanmelden(QStringLiteral("onderhoud"));
+                if (m.ModusNetwerk) {
+                    stappen().ZetAutomatischeAanmelding(QStringLiteral("ONDERHOUD"),
+                                                        QStringLiteral("Sleutelwrk42"), QString(),
+                                                        true);
+                } else if (OpenOnderhoudsmodule) {
+                    OpenOnderhoudsmodule();
+                    Zichtbaar = false;
+                } else {
+                    meld(
+                        QStringLiteral("maintenance module asked for; location %1").arg(m.Locatie));
+                }
+            } else if (bezet && m.Verbonden()) {
+                WS_Versturen(QStringLiteral("INFONB"), true);
+            } else if (m.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(1602),
+                                   QStringLiteral("?")) == u"ja") {
+                picAanmeldenZichtbaar = false;
+                if (p.frmTaakbalk1) {
+                    p.frmTaakbalk1->ToonAccounts();
+                    p.frmTaakbalk1->TekenKnop();
+                }
+                ZonderVerbinding = true;
+                if (p.modMainVerbinding)
+                    p.modMainVerbinding->StartVerbinding(true);
+            }
+        } else if (txtWachtwoord == WachtwoordLeraren() &&
+                   lblGebruiker == p.modTaal.LaadTekst(1603)) {
+            if (p.modMainVerbinding)
+                p.modMainVerbinding->GeefLocatieDoor(QStringLiteral("LERAAR|0"));
+            AnimatieAanmelden(QStringLiteral("bureaublad"));
+            if (OpenBureaublad) {
+                OpenBureaublad(2, QString());
+                Zichtbaar = false;
+            } else {
+                meld(QStringLiteral("teachers' list asked for; location %1").arg(m.Locatie));
+            }
+        } else {
+            wachtwoordBallon = p.modTaal.LaadTekst(1604);
+            wachtwoordGeselecteerd = true;
+            focusOpWachtwoord = true;
+        }
+        hertekenen();
+    });
+}
+
+void FrmMain::knopGroep_Click(int index) {
+    Procedure(p, "frmMain.knopGroep_Click", [&] {
+        Knop2* k = knop(index);
+        if (!k)
+            throw Fout(QStringLiteral("Control array element '%1' doesn't exist").arg(index));
+        const QStringList tag = k->Tag.split(QLatin1Char('|'));
+        const QString account = tag.value(0), wachtwoord = tag.value(1), id = tag.value(2);
+        ModMain& m = p.modMain;
+        if (m.ModusNetwerk && !m.IsWindows98) {
+            const QString rechten = m.LeesIni(account, QStringLiteral("Administratorrechten"),
+                                              QString::fromLatin1(ModMain::Instellingen));
+            if (Ansi::hoofdletters(rechten) != u"JA") {
+                m.ToonVraag(p.modTaal.LaadTekst(3),
+                            p.modTaal.LaadTekst(1605).replace(QStringLiteral("%account%"), account),
+                            QStringLiteral("-"));
+                return;
+            }
+        }
+        verbergKlassen();
+        picAanmeldenZichtbaar = false;
+        TekenBallon(p.modTaal.LaadTekst(1606));
+        taakbalkAccountsVerbergen();
+        hertekenen();
+        if (p.modMainVerbinding)
+            p.modMainVerbinding->GeefLocatieDoor(QStringLiteral("GROEP|") + id);
+        if (m.Gebruikersaccount == u"GLOBAL" && m.ModusNetwerk) {
+            stappen().ZetAutomatischeAanmelding(account, wachtwoord, QString(), true);
+        } else if (OpenBureaublad) {
+            OpenBureaublad(0, id);
+            Zichtbaar = false;
+            HerschikScherm(0);
+        } else {
+            meld(QStringLiteral("class %1 logged in; location %2").arg(id, m.Locatie));
+        }
+    });
+}
+
+void FrmMain::OpenGroep(const QString& id) {
+    Procedure(p, "frmMain.OpenGroep", [&] {
+        if (p.modMainVerbinding)
+            p.modMainVerbinding->GeefLocatieDoor(QStringLiteral("GROEP|") + id);
+        WeergevenKlassen(true);
+        if (p.frmTaakbalk1) {
+            p.frmTaakbalk1->Hoofdvenster = QStringLiteral("frmMain");
+            p.frmTaakbalk1->LadenVormgeving();
+        }
+        Zichtbaar = true;
+        bool numeriek = false;
+        const int gezocht = id.toInt(&numeriek);
+        for (int i = 0; i < int(knopGroep.size()); ++i) {
+            Knop2* k = knop(i);
+            if (!k || k->Tag.isEmpty())
+                continue;
+            const int eigen = k->Tag.section(QLatin1Char('|'), 2, 2).toInt();
+            if (numeriek && eigen == gezocht) {
+                knopGroep_Click(i);
+                return;
+            }
+        }
+    });
+}
+
+void FrmMain::OpenLeraar(const QString& id) {
+    Procedure(p, "frmMain.OpenLeraar", [&] {
+        if (p.modMainVerbinding)
+            p.modMainVerbinding->GeefLocatieDoor(QStringLiteral("Leraar|") + id +
+                                                 QStringLiteral("|bureaublad"));
+        if (p.frmTaakbalk1) {
+            p.frmTaakbalk1->Hoofdvenster = QStringLiteral("frmMain");
+            p.frmTaakbalk1->LadenVormgeving();
+        }
+        TekenBallon(p.modTaal.LaadTekst(1606));
+        if (OpenBureaublad) {
+            OpenBureaublad(1, id);
+            Zichtbaar = false;
+            HerschikScherm(0);
+        } else {
+            Zichtbaar = true;
+            meld(QStringLiteral("teacher %1 logged in; location %2").arg(id, p.modMain.Locatie));
+        }
+    });
+}
+
+void FrmMain::OpenOnderhoud() {
+    Procedure(p, "frmMain.OpenOnderhoud", [&] {
+        if (p.modMainVerbinding)
+            p.modMainVerbinding->GeefLocatieDoor(QStringLiteral("Onderhoudsmodule"));
+        Zichtbaar = true;
+        AnimatieAanmelden(QStringLiteral("onderhoud"));
+        if (ControleerAanwezigOnderhoudsmodule && ControleerAanwezigOnderhoudsmodule(false)) {
+            WS_Versturen(QStringLiteral("INFONB"), true);
+            OpenFout(QStringLiteral("Onderhoudsmodule in gebruik"));
+        } else if (OpenOnderhoudsmodule) {
+            OpenOnderhoudsmodule();
+            txtWachtwoord.clear();
+            lblGebruiker.clear();
+            Zichtbaar = false;
+        } else {
+            meld(
+                QStringLiteral("maintenance module asked for; location %1").arg(p.modMain.Locatie));
+        }
+    });
+}
+
+void FrmMain::OpenGlobal(bool eerste) {
+    Procedure(p, "frmMain.OpenGlobal", [&] {
+        if (p.modMainVerbinding)
+            p.modMainVerbinding->GeefLocatieDoor(QStringLiteral("GLOBAL"));
+        HerschikScherm(1);
+        Zichtbaar = true;
+        if (ZonderVerbinding) {
+            if (p.modMain.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(1617),
+                                    QStringLiteral("?")) == u"ja") {
+                hertekenen();
+                picLaden.moveTo(int(LadenX), int(LadenY));
+                if (p.modMainVerbinding)
+                    p.modMainVerbinding->StartVerbinding(true);
+                return;
+            }
+        }
+        AccountKlik(0);
+        FrmTaakbalk1* balk = p.frmTaakbalk1;
+        if (balk) {
+            balk->Zichtbaar = true;
+            balk->ZetAccountsZonderVerbinding(ZonderVerbinding);
+        }
+        ZonderVerbinding = false;
+        if (eerste) {
+            picLaden.moveTo(int(LadenX), int(LadenY));
+            if (balk) {
+                balk->Hoofdvenster = QStringLiteral("frmMain");
+                balk->LadenVormgeving();
+                balk->ToonAccounts();
+            }
+        }
+        if (balk)
+            balk->TekenKnop();
+        hertekenen();
+    });
+}
+
+void FrmMain::OpenFout(const QString& tekst) {
+    Procedure(p, "frmMain.OpenFout", [&] {
+        HerschikScherm(0);
+        lblAccount = tekst;
+        ControleerAccount();
+        lblLadenZichtbaar = false;
+        Zichtbaar = true;
+        if (p.frmTaakbalk1)
+            p.frmTaakbalk1->Hoofdvenster = QStringLiteral("frmMain");
+        picLaden.moveTo(int(FoutX), int(FoutY));
+        LadenVormgeving();
+        if (p.beeindigd)
+            return;
+        if (p.modMain.ModusNetwerk)
+            stappen().ZetAutomatischeAanmelding(QStringLiteral("Global"),
+                                                QStringLiteral("Sleutelwrk42"), QString(), true);
+        else
+            OpenGlobal(true);
+    });
+}
+
+void FrmMain::ControleerAccount() {
+    Procedure(p, "frmMain.ControleerAccount", [&] {
+        lblAccountZichtbaar = true;
+        const int labelBreedte = QFontMetrics(ballonFont).horizontalAdvance(lblAccount);
+        const int beeldBreedte = picIcoon.isNull() ? 0 : picIcoon.width();
+        const int links = (Breedte - (labelBreedte + beeldBreedte)) / 2;
+        imgAccountPlek = QPoint(links, 240);
+        lblAccountPlek = QPoint(links + beeldBreedte + 30, 240 + (picIcoon.height() / 2));
+        hertekenen();
+    });
+}
+
+void FrmMain::TekenBallon(const QString& tekst) {
+    ballonTekst = tekst;
+    hertekenen();
+}
+
+QImage FrmMain::TekenWolk() const {
+    if (wolk.isNull())
+        return QImage();
+    const QImage achter =
+        achtergrond.isNull() ? QImage() : achtergrond.copy(QRect(ballonPlek, wolk.size()));
+    QImage uit = Knop2::samenstellen(achter, wolkMask, wolk);
+    if (!ballonTekst.isEmpty()) {
+        // The text within the cloud's body: the upper three quarters, a margin each side.
+        QImage binnen(uit.width() - 60, uit.height() * 3 / 4 - 20, QImage::Format_ARGB32);
+        binnen.fill(Qt::transparent);
+        Knop2::tekenTekst(binnen, ballonTekst, ballonFont, KleurKoptekst);
+        QPainter pn(&uit);
+        pn.drawImage(30, 20, binnen);
+    }
+    return uit;
+}
+
+QRect FrmMain::lblLadenRect() const {
+    const QFontMetrics fm(ladenFont);
+    QString tekst = lblLaden;
+    tekst.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    const QStringList regels = tekst.split(QLatin1Char('\n'));
+    int breedte = 0;
+    for (const QString& r : regels)
+        breedte = qMax(breedte, fm.horizontalAdvance(r));
+    return QRect(int(LadenTekstX) - breedte / 2, int(LadenTekstY), breedte,
+                 fm.height() * int(regels.size()));
+}
+
+void FrmMain::AnimatieAanmelden(const QString& stand) {
+    Procedure(p, "frmMain.AnimatieAanmelden", [&] {
+        if (stand != u"laden") {
+            lblGebruikerZichtbaar = false;
+            taakbalkAccountsVerbergen();
+            wachtwoordBallon.clear();
+            if (picAanmeldenZichtbaar) {
+                // The panel slides shut from the bottom up.
+                const int stap = qMax(1, picAanmelden.height() / 8);
+                for (aanmeldenSchuif = 0; aanmeldenSchuif < picAanmelden.height();
+                     aanmeldenSchuif += stap) {
+                    TekenAanmelden();
+                    p.modMain.Wacht(10);
+                }
+            }
+            txtWachtwoordZichtbaar = knopAanmeldenZichtbaar = false;
+            picAanmeldenZichtbaar = false;
+            aanmeldenSchuif = 0;
+        }
+        const int tekst = stand == u"onderhoud" ? 710 : stand == u"bureaublad" ? 708 : 1606;
+        TekenBallon(p.modTaal.LaadTekst(tekst));
+    });
+}
+
+void FrmMain::TekenAanmelden() {
+    hertekenen();
+}
+
+void FrmMain::TijdLadenEx(int totaal, int huidig, const QString& tekst) {
+    Procedure(p, "frmMain.TijdLadenEx", [&] {
+        const int breedte = picLaden.width();
+        laadBlokken.clear();
+        int einde = 0;
+        if (huidig >= totaal)
+            einde = breedte - 2;
+        else if (totaal > 0)
+            einde = int(qint64(breedte - 2) * qMax(0, huidig) / totaal);
+        for (int x = 0; x <= einde; x += 10) {
+            if (x + 10 <= breedte - 8) {
+                laadBlokken << QRect(x, 2, 8, 9);
+            } else {
+                if (breedte - 3 > x)
+                    laadBlokken << QRect(x, 2, breedte - 3 - x, 9);
+                break;
+            }
+        }
+        laadTekst = tekst;
+        laadTekstPlek = QPoint(breedte / 2, (picLaden.height() - 14 - 8) / 2 + 19);
+        hertekenen();
+    });
+}
+
+void FrmMain::TijdLadenEx2(int totaal, int huidig, const QString& tekst) {
+    Procedure(p, "frmMain.TijdLadenEx2", [&] {
+        const int breedte = picLaden.width();
+        laadBlokken.clear();
+        int x = 2;
+        if (huidig >= 1 && totaal > 0) {
+            const int plek = int(qint64(breedte - 2) * qMin(huidig, totaal) / totaal) / 10 * 10;
+            // Up: the block stands right of its place; down: it is drawn from the right edge,
+            // a pitch of -10, so that it stands left of its place.
+            x = richtingOmlaag ? plek - 10 : plek;
+        }
+        x = qBound(2, x, breedte - 3 - 8);
+        laadBlokken << QRect(x, 2, 8, 9);
+        laadTekst = tekst;
+        laadTekstPlek = QPoint(breedte / 2, (picLaden.height() - 14 - 8) / 2 + 19);
+        hertekenen();
+    });
+}
+
+void FrmMain::tmrLaden_Timer() {
+    if (!tmrLadenAan || !picLadenZichtbaar)
+        return;
+    if (richtingOmlaag) {
+        if (--tellerLaden < -9)
+            richtingOmlaag = false;
+    } else if (++tellerLaden >= 110) {
+        richtingOmlaag = true;
+    }
+    TijdLadenEx2(100, tellerLaden, p.modTaal.LaadTekst(1609));
+}
+
+void FrmMain::LaadLaadbalkLaden() {
+    picLaden.moveTo(int(LadenX), int(LadenY));
+    hertekenen();
+}
+
+void FrmMain::LaadLaadbalkUpdate() {
+    picLaden.moveTo(int(UpdateX), int(UpdateY));
+    hertekenen();
+}
+
+} // namespace tk

@@ -1,0 +1,150 @@
+#pragma once
+
+#include "controls/Knop2.h"
+#include "link/FrmMainLink.h"
+
+#include <QColor>
+#include <QFont>
+#include <QImage>
+#include <QPoint>
+#include <QRect>
+#include <QTimer>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace tk {
+
+class OpstartStappen;
+
+// The start screen frmMain: the link part it derives from, and the screen a pupil sees. The
+// class buttons, the cloud, the password panel, the notice, the loading bar: all are state here,
+// at their pixel places on the 1024 by 685 canvas; FrmMainView paints them.
+class FrmMain : public FrmMainLink {
+    Q_OBJECT
+public:
+    explicit FrmMain(Programma& p);
+    ~FrmMain() override;
+
+    static constexpr int Breedte = 1024;
+    static constexpr int Hoogte = 685;
+    // Places of the default grid: a pitch of 100 from left 130.
+    static QPoint standaardPlek(int index);
+
+    // --- the procedures
+    void Form_Load();
+    void LadenVormgeving();
+    void WeergevenKlassen(bool herladen);
+    void HerschikGroepen();
+    void HerschikScherm(int stand);
+    void AccountKlik(int soort);
+    void knopGroep_Click(int index);
+    void knopAanmelden_Click();
+    void txtWachtwoord_KeyPress(int toets); // Enter acts as knopAanmelden
+    void OpenGroep(const QString& id);
+    void OpenLeraar(const QString& id);
+    void OpenOnderhoud();
+    void OpenGlobal(bool eerste);
+    void OpenFout(const QString& tekst);
+    void ControleerAccount();
+    void TekenBallon(const QString& tekst);
+    void AnimatieAanmelden(const QString& stand);
+    void TijdLadenEx(int totaal, int huidig, const QString& tekst);
+    void TijdLadenEx2(int totaal, int huidig, const QString& tekst);
+    void TekenAanmelden();
+    void LaadLaadbalkLaden();
+    void LaadLaadbalkUpdate();
+    void tmrLaden_Timer();
+
+    // --- controls
+    std::vector<std::unique_ptr<Knop2>> knopGroep; // by class row; holes are null
+    Knop2* knop(int index) const;
+    QImage picGroep_Mask;
+
+    // picLaden: the loading bar, its blocks and text as TijdLadenEx left them
+    QRect picLaden{312, 560, 400, 40};
+    QList<QRect> laadBlokken;
+    QString laadTekst;
+    QPoint laadTekstPlek; // top-centre of the text inside picLaden
+    int tellerLaden = 0;
+    bool richtingOmlaag = false;
+
+    // picAanmelden: the password panel
+    bool picAanmeldenZichtbaar = false;
+    QRect picAanmelden{362, 250, 300, 120};
+    int aanmeldenSchuif = 0;   // rows of the panel already slid away by AnimatieAanmelden
+    QString lblAanmeldenTekst; // string 1622 printed on the panel
+    QString lblGebruiker;
+    bool lblGebruikerZichtbaar = false;
+    QString txtWachtwoord;
+    bool txtWachtwoordZichtbaar = false;
+    bool wachtwoordGeselecteerd = false;
+    bool focusOpWachtwoord = false;
+    bool knopAanmeldenZichtbaar = false;
+    QString knopAanmeldenTekst;
+    // The balloon on the password box (empty: none)
+    QString wachtwoordBallon;
+
+    // picWolk
+    QString ballonTekst;
+    bool ballonWeergeven = true;
+    QPoint ballonPlek{40, 24};
+
+    // the notice of OpenFout and its figure
+    QString lblAccount;
+    bool lblAccountZichtbaar = false;
+    QPoint lblAccountPlek;
+    QPoint imgAccountPlek;
+
+    // --- private state of the form (public for the view and tests)
+    int Scherm = 0;
+    bool EerstePanelGetoond = false;
+    bool ZonderVerbinding = false;
+    bool KlassenGetoond = false;
+    bool Zichtbaar = false; // frmMain shown
+    long LadenX = 312, LadenY = 560, FoutX = 312, FoutY = 560, UpdateX = 312, UpdateY = 560;
+    long AanmeldenX = 362, AanmeldenY = 250, LadenTekstX = 512, LadenTekstY = 535;
+    QColor KleurRand{30, 58, 95}, KleurStatus{255, 255, 255}, KleurStreep{76, 175, 80};
+    QColor KleurLaden{30, 58, 95}, KleurKoptekst{30, 58, 95}, KleurAanmeldentekst{30, 58, 95};
+
+    // --- the theme's pictures
+    QImage achtergrond; // Startscherm, 1024 by 685
+    QImage picIcoon;    // Poppetjes
+    QImage wolk, wolkMask;
+
+    // The fonts of the screen
+    QFont knopFont;
+    QFont ballonFont;
+    QFont ladenFont;
+    QFont aanmeldenFont;
+
+    // The cloud with its text, composited over the background.
+    QImage TekenWolk() const;
+    // lblLaden's left edge: the theme's x is its centre.
+    QRect lblLadenRect() const;
+
+    // --- what the layers above attach
+    std::function<void()> Hertekenen;
+    // Opens the desktop: soort 0 a class, 1 a teacher, 2 the teachers' list.
+    std::function<void(int soort, const QString& id)> OpenBureaublad;
+    std::function<void()> OpenOnderhoudsmodule;
+    // modMain.ControleerAanwezigOnderhoudsmodule: true when somebody else is in the module.
+    std::function<bool(bool)> ControleerAanwezigOnderhoudsmodule;
+    // Says what the start screen would do while the screen it opens is not part of the program.
+    std::function<void(const QString&)> Melding;
+
+    QString WachtwoordLeraren() const;
+    QString WachtwoordOnderhoud() const;
+
+private:
+    void hertekenen();
+    OpstartStappen& stappen();
+    void meld(const QString& wat);
+    void verbergKlassen();
+    void taakbalkAccountsVerbergen();
+    Programma& p;
+    std::unique_ptr<OpstartStappen> m_standaardStappen;
+    QTimer m_tmrLaden;
+};
+
+} // namespace tk

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "controls/Accounts.h"
+
+#include <QColor>
+#include <QFont>
+#include <QImage>
+#include <QList>
+#include <QRect>
+#include <QString>
+#include <functional>
+
+namespace tk {
+
+class Programma;
+
+// The strip under the start screen and the maintenance module: fixed buttons named by their
+// action word, which change with the state of the program, and three account buttons.
+class FrmTaakbalk1 {
+public:
+    explicit FrmTaakbalk1(Programma& p);
+
+    static constexpr int Breedte = 1024;
+    static constexpr int Hoogte = 83;
+
+    struct Knop {
+        QString naam; // the action word
+        bool links = true;
+        QRect plek;    // on the bar
+        QString tekst; // the caption beside the picture
+        QImage beeld;
+        QColor tekstKleur, hoverKleur;
+        bool hover = false;
+    };
+
+    // Which words the present state shows, and their places (Form_Activate).
+    void Form_Activate();
+    // The look of the owner (Hoofdvenster): background, colours, pictures.
+    void LadenVormgeving();
+    // Draws the buttons anew; with a name, that button with the hover state given.
+    void TekenKnop(const QString& naam = QString(), bool hover = false);
+    void KnopActie(const QString& naam);
+    // The account buttons: shown, hidden, and their state with and without a connection.
+    void ToonAccounts();
+    void VerbergAccounts();
+    void ZetAccountsZonderVerbinding(bool zonder);
+    void Account_Click(int index);
+
+    // The owner: "frmMain", "frmAanmelden", "frmGroeperen", "frmOnderhoud".
+    QString Hoofdvenster = QStringLiteral("frmMain");
+    bool Zichtbaar = false;
+    QList<Knop> knoppen;
+    Accounts Account[3];
+    bool AccountsZichtbaar = false;
+    bool ZonderVerbinding = false;
+
+    QImage achtergrond;
+    QColor achtergrondKleur{41, 90, 143};
+    QFont knopFont;
+
+    // Where a word's button stands; null when the state does not show it.
+    const Knop* zoek(const QString& naam) const;
+    // The words of the present state, left ones first.
+    QStringList woorden() const;
+
+    std::function<void()> Hertekenen;
+    // The screens the bar opens that are not part of the program yet.
+    std::function<void(const QString& woord)> OpenElders;
+
+private:
+    bool onderhoud() const;
+    void plaatsAccounts();
+    Programma& p;
+};
+
+} // namespace tk

@@ -1,0 +1,117 @@
+#include "ModMainAfsluiten.h"
+
+#include "core/Ansi.h"
+#include "core/OpstartStappen.h"
+#include "core/Procedure.h"
+#include "core/Programma.h"
+#include "data/ModData.h"
+#include "screens/start/FrmMain.h"
+
+#include <QTextStream>
+
+namespace tk {
+
+void ModMainAfsluiten::sessieActie(const QString& actie) {
+    uitgevoerd << actie;
+    if (Sessie && Sessie(actie))
+        return;
+    QTextStream(stdout)
+        << "tafelkrater: '" << actie.section(QLatin1Char('|'), 0, 0)
+        << "' asked; the session of this machine is left as it is and the client ends" << Qt::endl;
+    p.Einde();
+}
+
+void ModMainAfsluiten::NaarWindowsOmgeving(const QString& account, const QString& wachtwoord) {
+    Procedure(p, "modMain.NaarWindowsOmgeving", [&] {
+        sessieActie(QStringLiteral("sluiten|") + account + QLatin1Char('|') + wachtwoord);
+    });
+}
+
+void ModMainAfsluiten::VerwerkAfsluitkeuze() {
+    Procedure(p, "modMain.VerwerkAfsluitkeuze", [&] {
+        QString antwoord;
+        frmUitschakelen.Vraag(antwoord);
+        if (!antwoord.isEmpty())
+            VoerUit(antwoord);
+    });
+}
+
+void ModMainAfsluiten::VoerUit(const QString& antwoord) {
+    Procedure(p, "modMain.VerwerkAfsluitkeuze", [&] {
+        const QStringList veld = antwoord.split(QLatin1Char('|'));
+        const QString woord = veld.value(0);
+        ModMain& m = p.modMain;
+        if (woord == u"deactiveren") {
+            sessieActie(woord);
+            return;
+        }
+        if (woord == u"aanmelden") {
+            const QString groep = veld.value(1), id = veld.value(3);
+            const bool klas = groep == p.modTaal.LaadTekst(2415);
+            const bool leraar = groep == p.modTaal.LaadTekst(2416);
+            QString account = QStringLiteral("GLOBAL"), wachtwoord = QStringLiteral("Sleutelwrk42");
+            if (p.modData && (klas || leraar)) {
+                const int rij = p.modData->ZoekLijstID(klas ? 0 : 1, id);
+                account = klas ? p.modData->Klassen(rij, 4) : p.modData->Leraren(rij, 3);
+                wachtwoord = klas ? p.modData->Klassen(rij, 5) : p.modData->Leraren(rij, 4);
+            }
+            if (m.ModusNetwerk) {
+                if (!m.IsWindows98 && Ansi::hoofdletters(m.LeesIni(
+                                          account, QStringLiteral("Administratorrechten"),
+                                          QString::fromLatin1(ModMain::Instellingen))) != u"JA") {
+                    m.ToonVraag(
+                        p.modTaal.LaadTekst(3),
+                        p.modTaal.LaadTekst(2926).replace(QStringLiteral("%account%"), account),
+                        QStringLiteral("-"));
+                    return;
+                }
+                sessieActie(QStringLiteral("aanmeldenalsaccount|") + account + QLatin1Char('|') +
+                            wachtwoord);
+                return;
+            }
+            uitgevoerd << antwoord;
+            if (p.startScreen) {
+                if (klas)
+                    p.startScreen->OpenGroep(id);
+                else if (leraar)
+                    p.startScreen->OpenLeraar(id);
+                else
+                    p.startScreen->OpenGlobal(false);
+            }
+            return;
+        }
+        if (m.ModusNetwerk) {
+            if (woord == u"sluiten")
+                NaarWindowsOmgeving(QStringLiteral("GLOBAL"), QStringLiteral("Sleutelwrk42"));
+            else if (woord == u"afmelden") {
+                const QString winlogon =
+                    QStringLiteral("SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon");
+                p.modRegistry.VerwijderWaarde(RegistryRoot::LocalMachine, winlogon,
+                                              QStringLiteral("AdminLogon"));
+                p.modRegistry.VerwijderWaarde(RegistryRoot::LocalMachine, winlogon,
+                                              QStringLiteral("ForceAutoLogon"));
+                sessieActie(woord);
+            } else
+                sessieActie(woord);
+            return;
+        }
+        if (woord == u"sluiten") {
+            uitgevoerd << woord;
+            p.Einde();
+            return;
+        }
+        if (m.ModusStandalone) {
+            sessieActie(woord);
+            return;
+        }
+        // A management workstation stays on: it says what it would do and ends the client.
+        const int tekst = woord == u"opnieuwopstarten" ? 2927
+                          : woord == u"uitschakelen"   ? 2928
+                                                       : 2929;
+        m.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(tekst), QStringLiteral("-"));
+        uitgevoerd << woord;
+        p.Einde();
+    });
+}
+
+} // namespace tk
