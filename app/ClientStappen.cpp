@@ -1,12 +1,24 @@
 #include "ClientStappen.h"
 
 #include "core/Programma.h"
+#include "data/ModData.h"
+#include "data/ModMainLaden.h"
 #include "link/ModMainVerbinding.h"
+#include "screens/start/FrmMain.h"
+#include "screens/start/FrmMainView.h"
+#include "screens/taskbar/FrmTaakbalk1.h"
+#include "screens/taskbar/FrmTaakbalk1View.h"
 #include "theme/ModThema.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QTextStream>
 
 namespace tk {
+
+ClientStappen::ClientStappen(Programma& p) : p(p) {}
+
+ClientStappen::~ClientStappen() = default;
 
 void ClientStappen::meld(const QString& wat) {
     QTextStream(stdout) << "tafelkrater: " << wat << Qt::endl;
@@ -26,29 +38,86 @@ void ClientStappen::LaadThema() {
         p.modThema->LaadThema();
 }
 
+void ClientStappen::toonHoofdvenster() {
+    if (!m_view)
+        return;
+    p.startScreen->Zichtbaar = true;
+    if (!m_view->isVisible()) {
+        // The whole screen; the canvas stands unscaled in its middle.
+        if (QScreen* scherm = QGuiApplication::primaryScreen())
+            m_view->setGeometry(scherm->geometry());
+        m_view->showFullScreen();
+    }
+    m_view->canvas()->bijwerken();
+}
+
+void ClientStappen::OpenTaakbalk1() {
+    FrmMain& f = *p.startScreen;
+    if (!m_view) {
+        m_view = std::make_unique<FrmMainView>(f);
+        auto* balk = new FrmTaakbalk1View(*p.frmTaakbalk1, m_view->canvas());
+        balk->move(0, FrmMain::Hoogte);
+        m_view->canvas()->taakbalk = balk;
+        f.HoofdvensterTonen = [this] { toonHoofdvenster(); };
+        f.TaakbalkHertekenen = [this] {
+            p.frmTaakbalk1->ZetAccountsZonderVerbinding(true);
+            p.frmTaakbalk1->TekenKnop();
+        };
+    }
+    p.frmTaakbalk1->Hoofdvenster = QStringLiteral("frmMain");
+    p.frmTaakbalk1->Zichtbaar = true;
+    p.frmTaakbalk1->LadenVormgeving();
+    f.Form_Load();
+    toonHoofdvenster();
+}
+
 void ClientStappen::StartVerbinding(bool opnieuw) {
     if (p.modMainVerbinding)
         p.modMainVerbinding->StartVerbinding(opnieuw);
 }
 
-void ClientStappen::OpenGlobal(bool) {
+void ClientStappen::Laden() {
+    if (p.modMainLaden)
+        p.modMainLaden->Laden();
+}
+
+QStringList ClientStappen::Accounts() {
+    return p.modData ? p.modData->Accounts : QStringList();
+}
+
+void ClientStappen::VerbergLaadlabel() {
+    p.startScreen->lblLadenZichtbaar = false;
+    p.startScreen->picLadenZichtbaar = false;
+    if (p.startScreen->Hertekenen)
+        p.startScreen->Hertekenen();
+}
+
+void ClientStappen::OpenGlobal(bool eerste) {
+    p.startScreen->OpenGlobal(eerste);
     meld(QStringLiteral("start screen for everyone (%1)").arg(p.modMain.Locatie));
 }
 
 void ClientStappen::OpenGroep(const QString& id) {
-    meld(QStringLiteral("desktop of class %1").arg(id));
+    p.startScreen->OpenGroep(id);
 }
 
 void ClientStappen::OpenLeraar(const QString& id) {
-    meld(QStringLiteral("desktop of teacher %1").arg(id));
+    p.startScreen->OpenLeraar(id);
 }
 
 void ClientStappen::OpenOnderhoud() {
-    meld(QStringLiteral("maintenance module"));
+    p.startScreen->OpenOnderhoud();
 }
 
 void ClientStappen::OpenFout(const QString& tekst) {
-    meld(QStringLiteral("no account: ") + tekst);
+    p.startScreen->OpenFout(tekst);
+}
+
+void ClientStappen::ZetAutomatischeAanmelding(const QString& account, const QString&,
+                                              const QString&, bool afmelden) {
+    meld(QStringLiteral("the workstation would log on as %1%2; the session of this machine is left "
+                        "as it is")
+             .arg(account, afmelden ? QStringLiteral(" after logging off") : QString()));
 }
 
 } // namespace tk

@@ -2,30 +2,45 @@
 
 #include "core/OpstartStappen.h"
 
+#include <memory>
+
 namespace tk {
 
+class FrmMainView;
+class FrmTaakbalk1View;
 class Programma;
 
-// The start-up steps of the client as far as the layers exist: the launcher, the local server,
-// the theme, the connection. What the start screen and the take-over will do is written to the
-// log book until those screens exist.
+// The start-up steps of the client: the launcher, the local server, the theme, the connection,
+// the load, and the start screen with its taskbar on the screen. The take-over of the shell is
+// written to the log until the session layer exists.
 class ClientStappen : public OpstartStappen {
 public:
-    explicit ClientStappen(Programma& p) : p(p) {}
+    explicit ClientStappen(Programma& p);
+    ~ClientStappen() override;
 
     bool StuurOpstartCommando(const QString& woord) override;
     void StartServer(bool firewall) override;
     void LaadThema() override;
+    void OpenTaakbalk1() override;
     void StartVerbinding(bool opnieuw) override;
-    void OpenGlobal(bool) override;
+    void Laden() override;
+    QStringList Accounts() override;
+    void VerbergLaadlabel() override;
+    void OpenGlobal(bool eerste) override;
     void OpenGroep(const QString& id) override;
     void OpenLeraar(const QString& id) override;
     void OpenOnderhoud() override;
     void OpenFout(const QString& tekst) override;
+    void ZetAutomatischeAanmelding(const QString& account, const QString& wachtwoord,
+                                   const QString& domein, bool afmelden) override;
+
+    // Shows the start screen's window (the hook HoofdvensterTonen of frmMain).
+    void toonHoofdvenster();
 
 private:
     void meld(const QString& wat);
     Programma& p;
+    std::unique_ptr<FrmMainView> m_view;
 };
 
 } // namespace tk

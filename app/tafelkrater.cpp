@@ -3,9 +3,13 @@
 #include "QtDialogs.h"
 #include "core/ModMainOpstart.h"
 #include "core/Programma.h"
-#include "link/FrmMainLink.h"
+#include "data/ModData.h"
+#include "data/ModMainLaden.h"
 #include "link/ModMainVerbinding.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "screens/start/FrmMain.h"
+#include "screens/taskbar/FrmTaakbalk1.h"
+#include "screens/taskbar/ModMainAfsluiten.h"
 #include "theme/ModThema.h"
 
 #include <QApplication>
@@ -16,9 +20,17 @@ int main(int argc, char** argv) {
     tk::Programma p(platform);
     tk::QtDialogs dialogen(p);
     p.dialogen = &dialogen;
-    p.maak(p.frmMain, p);
+    p.maak(p.modData, p);
+    p.maak(p.modMainLaden, p);
+    p.maak(p.startScreen, p);
+    p.frmMain = p.startScreen;
     p.maak(p.modMainVerbinding, p);
+    p.modMainVerbinding->NaamVan = [&p](const QString& soort, const QString& id) {
+        return p.modData->naamVan(soort, id);
+    };
     p.maak(p.modThema, p);
+    p.maak(p.frmTaakbalk1, p);
+    p.maak(p.modMainAfsluiten, p);
     tk::ClientStappen stappen(p);
     p.opstartStappen = &stappen;
 

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QWidget>
+#include <map>
+
+class QLineEdit;
+class QPushButton;
+
+namespace tk {
+
+class FrmMain;
+class FrmTaakbalk1View;
+class Knop2;
+class Knop2View;
+
+// The canvas of the start screen: 1024 by 768, the screen of 685 rows over the taskbar.
+class FrmMainCanvas : public QWidget {
+    Q_OBJECT
+public:
+    FrmMainCanvas(FrmMain& model, QWidget* ouder);
+    // Brings the child controls in line with the model and paints anew.
+    void bijwerken();
+    FrmTaakbalk1View* taakbalk = nullptr;
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+
+private:
+    void tekenLaadbalk(class QPainter& p);
+    void tekenAanmelden(class QPainter& p);
+    FrmMain& m;
+    std::map<Knop2*, Knop2View*> m_knoppen;
+    QLineEdit* m_wachtwoord;
+    QPushButton* m_aanmelden;
+};
+
+// frmMain on the screen: the canvas unscaled and centred on a black window of any size; Shift
+// held sets ShiftIngedrukt (start without the cache).
+class FrmMainView : public QWidget {
+    Q_OBJECT
+public:
+    explicit FrmMainView(FrmMain& model, QWidget* ouder = nullptr);
+    FrmMainCanvas* canvas() { return m_canvas; }
+
+protected:
+    void resizeEvent(QResizeEvent*) override;
+    void paintEvent(QPaintEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
+
+private:
+    FrmMain& m;
+    FrmMainCanvas* m_canvas;
+};
+
+} // namespace tk

@@ -1,0 +1,71 @@
+#include "FrmTaakbalk1View.h"
+
+#include "FrmTaakbalk1.h"
+#include "controls/AccountsView.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace tk {
+
+FrmTaakbalk1View::FrmTaakbalk1View(FrmTaakbalk1& model, QWidget* ouder) : QWidget(ouder), m(model) {
+    setFixedSize(FrmTaakbalk1::Breedte, FrmTaakbalk1::Hoogte);
+    setMouseTracking(true);
+    for (int i = 0; i < 3; ++i)
+        m_accounts[i] = new AccountsView(m.Account[i], this);
+    m.Hertekenen = [this] { bijwerken(); };
+    bijwerken();
+}
+
+void FrmTaakbalk1View::bijwerken() {
+    setVisible(m.Zichtbaar);
+    for (AccountsView* a : m_accounts)
+        a->bijwerken();
+    update();
+}
+
+void FrmTaakbalk1View::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.fillRect(rect(), m.achtergrondKleur);
+    if (!m.achtergrond.isNull())
+        p.drawImage(0, 0, m.achtergrond);
+    p.setFont(m.knopFont);
+    const QFontMetrics fm(m.knopFont);
+    for (const FrmTaakbalk1::Knop& k : m.knoppen) {
+        if (!k.beeld.isNull())
+            p.drawImage(k.plek.left(), k.plek.top() + (k.plek.height() - k.beeld.height()) / 2,
+                        k.beeld);
+        p.setPen(k.hover ? k.hoverKleur : k.tekstKleur);
+        p.drawText(k.plek.left() + 46,
+                   k.plek.top() + (k.plek.height() - fm.height()) / 2 + fm.ascent(), k.tekst);
+    }
+}
+
+void FrmTaakbalk1View::mouseMoveEvent(QMouseEvent* e) {
+    const QPoint punt = e->position().toPoint();
+    for (const FrmTaakbalk1::Knop& k : m.knoppen) {
+        const bool erboven = k.plek.contains(punt);
+        if (erboven != k.hover) {
+            m.TekenKnop(k.naam, erboven);
+            return;
+        }
+    }
+}
+
+void FrmTaakbalk1View::leaveEvent(QEvent*) {
+    m.TekenKnop();
+}
+
+void FrmTaakbalk1View::mouseReleaseEvent(QMouseEvent* e) {
+    if (e->button() != Qt::LeftButton)
+        return;
+    const QPoint punt = e->position().toPoint();
+    for (const FrmTaakbalk1::Knop& k : m.knoppen)
+        if (k.plek.contains(punt)) {
+            const QString naam = k.naam;
+            m.KnopActie(naam);
+            return;
+        }
+}
+
+} // namespace tk

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QWidget>
+
+namespace tk {
+
+class AccountsView;
+class FrmTaakbalk1;
+
+// The start-screen taskbar on the screen: background, fixed buttons, the account buttons.
+class FrmTaakbalk1View : public QWidget {
+    Q_OBJECT
+public:
+    FrmTaakbalk1View(FrmTaakbalk1& model, QWidget* ouder);
+    void bijwerken();
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void mouseMoveEvent(QMouseEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
+    void leaveEvent(QEvent*) override;
+
+private:
+    FrmTaakbalk1& m;
+    AccountsView* m_accounts[3];
+};
+
+} // namespace tk
