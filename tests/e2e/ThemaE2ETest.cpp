@@ -3,7 +3,10 @@
 #include "link/ModMainVerbinding.h"
 #include "tests/e2e/ServerProces.h"
 #include "tests/support/Werkplek.h"
+#include "theme/ModDataPictogrammen.h"
 #include "theme/ModDataThemas.h"
+
+#include <QDir>
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -57,4 +60,44 @@ TEST(ThemaE2ETest, ANewWorkstationFetchesTheSchoolsThemeAndUnpacksIt) {
     themas.LaadThemas(false);
     EXPECT_FALSE(
         QFile::exists(w.pad(QStringLiteral("Afbeeldingen/Skins/Pakketten/%1.thema").arg(id))));
+}
+
+TEST(ThemaE2ETest, ANewMachineFetchesTheIconsThatChangedOnTheServer) {
+    ServerProces server;
+    ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
+    Werkplek w;
+    w.p.maak(w.p.frmMain, w.p);
+    w.p.maak(w.p.modMainVerbinding, w.p);
+    w.p.modMain.ModusNetwerk = true;
+    w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
+    w.p.modMain.SchrijfIni(QStringLiteral("127.0.0.1:%1").arg(server.poort()),
+                           QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
+                           QStringLiteral("\\Data\\Instellingen.ini"));
+    w.platform.fakeClock().setStepPerRead(10);
+    ASSERT_TRUE(w.p.modMainVerbinding->BepaalServerlocatie());
+    ASSERT_TRUE(w.p.frmMain->ServerVerbinden(true));
+    w.p.modMainVerbinding->IdentificeerClient();
+    // An icon for general application 1, as the maintenance module sends one.
+    w.schrijf(QStringLiteral("Tijdelijk/1.pic"), "icoon");
+    w.p.modMain.AntwoordOntvangen = false;
+    w.p.frmMain->WS_Versturen(QStringLiteral("OPSAP2a|1.pic"), false);
+    w.p.wacht.Tot([&] { return w.p.modMain.AntwoordOntvangen; });
+    ASSERT_TRUE(w.p.frmMain->VerstuurBestand(w.pad(QStringLiteral("Tijdelijk/1.pic"))));
+    QDir(w.pad(QStringLiteral("Tijdelijk"))).removeRecursively();
+
+    ModDataPictogrammen store(w.p);
+    ASSERT_TRUE(store.LaadPictogrammen()) << server.uitvoer().toStdString();
+    QFile icoon(w.pad(QStringLiteral("Afbeeldingen/Pictogrammen/Applicaties/Algemeen/1.pic")));
+    ASSERT_TRUE(icoon.open(QIODevice::ReadOnly));
+    EXPECT_EQ(icoon.readAll(), QByteArray("icoon"));
+    const QString reg = QStringLiteral("\\Data\\Pictogrammen.ini");
+    // The group that changed on the server has the server's moment now.
+    EXPECT_FALSE(w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Wijziging"), reg)
+                     .isEmpty());
+    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("1"), reg),
+              QStringLiteral("1"));
+    EXPECT_FALSE(QDir(w.pad(QStringLiteral("Tijdelijk"))).exists());
+    // A second run has nothing to fetch for the groups.
+    QFile::remove(w.pad(QStringLiteral("Afbeeldingen/Pictogrammen/Applicaties/Algemeen/1.pic")));
+    EXPECT_TRUE(store.LaadPictogrammen());
 }
