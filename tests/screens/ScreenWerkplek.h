@@ -1,0 +1,60 @@
+#pragma once
+
+#include "data/ModData.h"
+#include "screens/start/FrmMain.h"
+#include "screens/taskbar/FrmTaakbalk1.h"
+#include "screens/taskbar/ModMainAfsluiten.h"
+#include "tests/support/Werkplek.h"
+#include "theme/ModThema.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+
+namespace tk::test {
+
+// A workstation with the default theme as theme "1", the data tables, the start screen and its
+// taskbar, as the client makes them.
+struct ScreenWerkplek : Werkplek {
+    ScreenWerkplek() {
+        // Every read of the clock moves it on, so that the short pauses of the slides end.
+        platform.fakeClock().setStepPerRead(5);
+        kopieerThema();
+        p.maak(p.modData, p);
+        p.maak(p.modThema, p);
+        p.modThema->LaadThema();
+        p.maak(p.startScreen, p);
+        p.frmMain = p.startScreen;
+        p.maak(p.frmTaakbalk1, p);
+        p.maak(p.modMainAfsluiten, p);
+        f().Melding = [this](const QString& m) { meldingen << m; };
+    }
+    FrmMain& f() { return *p.startScreen; }
+    FrmTaakbalk1& balk() { return *p.frmTaakbalk1; }
+    void kopieerThema() {
+        const QString bron = QStringLiteral(TK_DEFAULT_THEME);
+        QDirIterator it(bron, QDir::Files, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString pad = it.next();
+            const QString doel = this->pad(QStringLiteral("Afbeeldingen/Skins/1/") +
+                                           QDir(bron).relativeFilePath(pad));
+            QDir().mkpath(QFileInfo(doel).path());
+            QFile::copy(pad, doel);
+        }
+    }
+    // A class row: name, short name, picture, account, password, id, position.
+    void klas(int rij, const QString& naam, const QString& kort, const QString& beeld = "1a.jpg",
+              const QString& plek = "0,0") {
+        FixedTable& k = p.modData->Klassen;
+        k(rij, 0) = naam;
+        k(rij, 1) = kort;
+        k(rij, 2) = beeld;
+        k(rij, 4) = "acc" + QString::number(rij);
+        k(rij, 5) = "pw" + QString::number(rij);
+        k(rij, 6) = QString::number(100 + rij);
+        k(rij, 11) = plek;
+    }
+    QStringList meldingen;
+};
+
+} // namespace tk::test

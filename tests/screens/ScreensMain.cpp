@@ -1,0 +1,10 @@
+// The main() of the screen tests: Google Test first (listing needs no display), then a
+// QApplication for fonts, pictures and offscreen views.
+#include <QApplication>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    QApplication app(argc, argv);
+    return RUN_ALL_TESTS();
+}

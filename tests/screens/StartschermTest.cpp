@@ -1,0 +1,236 @@
+#include "ScreenWerkplek.h"
+#include "screens/start/FrmMainView.h"
+
+#include <QImage>
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::ScreenWerkplek;
+
+TEST(StartschermTest, TwentyOneClassesFillTheDefaultGridRowsOfEightFourFourFive) {
+    ScreenWerkplek w;
+    for (int i = 0; i < 21; ++i)
+        w.klas(i, QString("Groep %1").arg(i), QString::number(i));
+    w.f().WeergevenKlassen(true);
+    w.f().HerschikGroepen();
+    struct Case {
+        int index, left, top;
+    };
+    const Case cases[] = {{0, 130, 304},  {7, 830, 304},  {8, 130, 404},  {11, 430, 404},
+                          {12, 130, 504}, {15, 430, 504}, {16, 130, 604}, {20, 530, 604}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.index);
+        Knop2* k = w.f().knop(c.index);
+        ASSERT_NE(k, nullptr);
+        EXPECT_EQ(c.left, k->X);
+        EXPECT_EQ(c.top, k->Y);
+        EXPECT_TRUE(k->Visible);
+    }
+    // No two default places overlap, with the narrowed group mask.
+    const QSize maat = w.f().knop(0)->Grootte();
+    EXPECT_LE(maat.width(), 100);
+    EXPECT_EQ(QString::number(20), w.f().knop(20)->Tekst);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(1613), w.f().ballonTekst);
+}
+
+TEST(StartschermTest, PositionsFromTheRecordsAndHoles) {
+    ScreenWerkplek w;
+    w.klas(0, "Eerste", "1", "1a.jpg", "500,100");
+    w.klas(1, "", "");
+    w.klas(2, "Derde", "3", "2a.jpg", "0,0");
+    w.klas(3, "Vierde", "4", "3a.jpg", "");
+    w.klas(4, "Vijfde", "5", "4a.jpg", "12,x");
+    w.f().WeergevenKlassen(true);
+    EXPECT_EQ(500, w.f().knop(0)->X);
+    EXPECT_EQ(100, w.f().knop(0)->Y);
+    EXPECT_EQ(nullptr, w.f().knop(1)); // a hole is skipped
+    EXPECT_EQ(330, w.f().knop(2)->X);  // and row 3 keeps its own index
+    EXPECT_EQ(430, w.f().knop(3)->X);  // empty is no position
+    EXPECT_EQ(530, w.f().knop(4)->X);  // nor is one that is no number
+    EXPECT_EQ("acc2|pw2|102", w.f().knop(2)->Tag);
+    EXPECT_EQ("Derde", w.f().knop(2)->ToolTipText);
+}
+
+TEST(StartschermTest, ClassPicturesFallBackOnTheFirstColour) {
+    ScreenWerkplek w;
+    w.klas(0, "Rood", "R", "1a.jpg");
+    w.klas(1, "Geel", "G", "3a.jpg");
+    w.klas(2, "Onbekend", "O", "77a.jpg");
+    w.f().WeergevenKlassen(true);
+    const QString knoppen = w.pad("Afbeeldingen/Skins/1/Knoppen/");
+    EXPECT_EQ(QImage(knoppen + "3a.jpg"), w.f().knop(1)->Afbeelding_Normaal);
+    EXPECT_EQ(QImage(knoppen + "3b.jpg"), w.f().knop(1)->Afbeelding_Hover);
+    EXPECT_EQ(QImage(knoppen + "1a.jpg"), w.f().knop(2)->Afbeelding_Normaal);
+    EXPECT_EQ(QImage(knoppen + "1b.jpg"), w.f().knop(2)->Afbeelding_Hover);
+}
+
+TEST(StartschermTest, NoClassesSaysSoInTheCloud) {
+    ScreenWerkplek w;
+    w.f().AccountKlik(0);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(1612), w.f().ballonTekst);
+}
+
+TEST(StartschermTest, AutomaticPanelRunsOnce) {
+    ScreenWerkplek w;
+    w.balk().LadenVormgeving();
+    w.f().AccountKlik(4); // the maintenance module's panel
+    EXPECT_TRUE(w.f().picAanmeldenZichtbaar);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(1601), w.f().lblGebruiker);
+    w.f().picAanmeldenZichtbaar = false;
+    w.f().AccountKlik(4);
+    EXPECT_FALSE(w.f().picAanmeldenZichtbaar);
+    w.f().AccountKlik(5);
+    EXPECT_FALSE(w.f().picAanmeldenZichtbaar);
+    w.f().AccountKlik(1); // a click of the user always works
+    EXPECT_TRUE(w.f().picAanmeldenZichtbaar);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(1603), w.f().lblGebruiker);
+}
+
+TEST(StartschermTest, PasswordPanelDecidesByTheLocalisedUserLabel) {
+    for (long taal : {1033L, 1043L}) {
+        SCOPED_TRACE(taal);
+        ScreenWerkplek w;
+        w.p.modTaal.Taal = taal;
+        w.p.modData->Wachtwoorden = QStringList{"leraar", "beheer"};
+        w.balk().LadenVormgeving();
+        w.f().AccountKlik(1);
+        EXPECT_TRUE(w.f().wachtwoordBallon.isEmpty());
+        w.f().txtWachtwoord = "beheer"; // the maintenance password on the teachers' panel
+        w.f().knopAanmelden_Click();
+        EXPECT_EQ(w.p.modTaal.LaadTekst(1604), w.f().wachtwoordBallon);
+        EXPECT_TRUE(w.f().wachtwoordGeselecteerd);
+        w.f().txtWachtwoord = "leraar";
+        w.f().txtWachtwoord_KeyPress(13);
+        EXPECT_TRUE(w.f().wachtwoordBallon.isEmpty());
+        EXPECT_FALSE(w.f().picAanmeldenZichtbaar);
+        EXPECT_EQ(w.p.modTaal.LaadTekst(708), w.f().ballonTekst);
+        ASSERT_EQ(1, w.meldingen.size());
+    }
+}
+
+TEST(StartschermTest, EmptyPasswordsWarnAndLetAnEmptyPasswordIn) {
+    ScreenWerkplek w;
+    w.p.modData->Wachtwoorden = QStringList{"", ""};
+    w.balk().LadenVormgeving();
+    w.f().AccountKlik(2);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(1608), w.f().wachtwoordBallon);
+    // Not connected: the right password asks whether to connect again.
+    w.dialogen.antwoorden << "nee";
+    w.f().knopAanmelden_Click();
+    ASSERT_EQ(1, w.dialogen.gesteld.size());
+    EXPECT_EQ(w.p.modTaal.LaadTekst(1602), w.dialogen.gesteld[0].tekst);
+    EXPECT_EQ("?", w.dialogen.gesteld[0].stijl);
+    w.f().AccountKlik(1);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(1607), w.f().wachtwoordBallon);
+}
+
+TEST(StartschermTest, ClassWithoutRightsStaysOnTheClassScreenInNetworkMode) {
+    ScreenWerkplek w;
+    w.p.modMain.ModusNetwerk = true;
+    w.klas(0, "Groep 1", "1");
+    w.f().AccountKlik(0);
+    w.f().knopGroep_Click(0);
+    ASSERT_EQ(1, w.dialogen.gesteld.size());
+    EXPECT_TRUE(w.dialogen.gesteld[0].tekst.contains("acc0"));
+    EXPECT_TRUE(w.f().knop(0)->Visible);
+    EXPECT_TRUE(w.meldingen.isEmpty());
+}
+
+TEST(StartschermTest, ClassClickHidesTheButtonsAndOpensTheDesktopOfTheClass) {
+    ScreenWerkplek w;
+    w.klas(0, "Groep 1", "1");
+    w.klas(1, "Groep 2", "2");
+    QStringList geopend;
+    w.f().OpenBureaublad = [&](int soort, const QString& id) {
+        geopend << QString("%1:%2").arg(soort).arg(id);
+    };
+    w.f().OpenGroep("101");
+    EXPECT_EQ(QStringList{"0:101"}, geopend);
+    EXPECT_FALSE(w.f().knop(0)->Visible);
+    EXPECT_FALSE(w.f().Zichtbaar);
+    w.f().OpenGroep("999"); // no such class: nothing opens
+    EXPECT_EQ(1, geopend.size());
+}
+
+TEST(StartschermTest, LoadingBarBlocksAndText) {
+    ScreenWerkplek w;
+    FrmMain& f = w.f();
+    ASSERT_EQ(400, f.picLaden.width());
+    f.TijdLadenEx(100, 0, QString());
+    ASSERT_EQ(1, f.laadBlokken.size());
+    EXPECT_EQ(QRect(0, 2, 8, 9), f.laadBlokken[0]);
+    f.TijdLadenEx(100, 50, "half");
+    EXPECT_EQ(20, f.laadBlokken.size()); // end 199: blocks at 0..190
+    EXPECT_EQ(QRect(190, 2, 8, 9), f.laadBlokken.last());
+    EXPECT_EQ(QPoint(200, (40 - 22) / 2 + 19), f.laadTekstPlek);
+    f.TijdLadenEx(100, 150, QString()); // past the end: a full bar with one partial last block
+    EXPECT_EQ(QRect(390, 2, 7, 9), f.laadBlokken.last());
+    EXPECT_EQ(40, f.laadBlokken.size());
+    f.TijdLadenEx(0, 0, QString());
+    EXPECT_EQ(40, f.laadBlokken.size());
+}
+
+TEST(StartschermTest, BouncingBlockGoesUpToTheEndAndBack) {
+    ScreenWerkplek w;
+    FrmMain& f = w.f();
+    f.picLadenZichtbaar = true;
+    f.tmrLadenAan = true;
+    int grootste = 0;
+    bool terug = false;
+    for (int i = 0; i < 250; ++i) {
+        f.tmrLaden_Timer();
+        ASSERT_EQ(1, f.laadBlokken.size());
+        const QRect b = f.laadBlokken[0];
+        EXPECT_GE(b.left(), 2);
+        EXPECT_LE(b.right(), f.picLaden.width() - 3);
+        grootste = qMax(grootste, b.left());
+        if (f.richtingOmlaag)
+            terug = true;
+        EXPECT_GE(f.tellerLaden, -10);
+        EXPECT_LE(f.tellerLaden, 110);
+    }
+    EXPECT_TRUE(terug);
+    EXPECT_GE(grootste, 380);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(1609), f.laadTekst);
+}
+
+TEST(StartschermTest, MissingThemePictureIsReportedAndTheScreenStaysUsable) {
+    ScreenWerkplek w;
+    QFile::remove(w.pad("Afbeeldingen/Skins/1/Schermen/Startscherm.jpg"));
+    // A short colour key.
+    w.p.modMain.SchrijfIni("1,2", "Kleuren", "Laden", "\\Afbeeldingen\\Skins\\1\\Instellingen.ini");
+    w.f().LadenVormgeving();
+    EXPECT_TRUE(w.f().achtergrond.isNull());
+    EXPECT_FALSE(w.f().wolk.isNull());
+    EXPECT_EQ(562, w.f().LadenY + 2); // places still read
+    w.klas(0, QString(200, 'x') + "|y", QString(200, 'k') + "|z");
+    w.f().AccountKlik(0);
+    const QImage beeld = w.f().knop(0)->Teken();
+    EXPECT_EQ(w.f().knop(0)->Grootte(), beeld.size());
+}
+
+TEST(StartschermTest, OffscreenViewDrawsTheClassPicturesAtTheirPlaces) {
+    ScreenWerkplek w;
+    w.klas(0, "Groep 1", "1", "1a.jpg");
+    w.klas(1, "Groep 2", "2", "5a.jpg");
+    w.f().Form_Load();
+    w.f().AccountKlik(0);
+    FrmMainView view(w.f());
+    view.resize(1024, 768);
+    const QImage beeld = view.grab().toImage();
+    const QImage rood(w.pad("Afbeeldingen/Skins/1/Knoppen/1a.jpg"));
+    const QImage blauw(w.pad("Afbeeldingen/Skins/1/Knoppen/5a.jpg"));
+    // A point in the body of each button, away from the caption, against the picture's own.
+    auto dichtbij = [](QRgb a, QRgb b) {
+        return qAbs(qRed(a) - qRed(b)) < 40 && qAbs(qGreen(a) - qGreen(b)) < 40 &&
+               qAbs(qBlue(a) - qBlue(b)) < 40;
+    };
+    const QSize maat = w.f().knop(0)->Grootte();
+    const int bx = 10, by = maat.height() - 10;
+    const int sx = bx * rood.width() / maat.width();
+    EXPECT_TRUE(dichtbij(rood.pixel(sx, by), beeld.pixel(130 + bx, 304 + by)));
+    EXPECT_TRUE(dichtbij(blauw.pixel(sx, by), beeld.pixel(230 + bx, 304 + by)));
+    // Between the buttons the background stands.
+    const QImage achter(w.pad("Afbeeldingen/Skins/1/Schermen/Startscherm.jpg"));
+    EXPECT_TRUE(dichtbij(achter.pixel(228, 330), beeld.pixel(228, 330)));
+}

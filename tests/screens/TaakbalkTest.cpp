@@ -1,0 +1,100 @@
+#include "ScreenWerkplek.h"
+
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::ScreenWerkplek;
+
+TEST(TaakbalkTest, ButtonsPerState) {
+    struct Case {
+        const char* hoofdvenster;
+        bool zonderVerbinding;
+        bool standalone;
+        QStringList woorden;
+    };
+    const Case cases[] = {
+        {"frmMain", false, true, {"uitschakelen_nietaangemeld", "help"}},
+        {"frmMain", true, true, {"uitschakelen_nietaangemeld", "opnieuw verbinding maken", "help"}},
+        {"frmMain",
+         true,
+         false,
+         {"uitschakelen_nietaangemeld", "serverlocatie", "opnieuw verbinding maken", "help"}},
+        {"frmOnderhoud",
+         false,
+         false,
+         {"afmelden onderhoud", "uitschakelen_onderhoud", "windowsomgeving", "help"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.hoofdvenster);
+        ScreenWerkplek w;
+        w.p.modMain.ModusStandalone = c.standalone;
+        w.balk().Hoofdvenster = c.hoofdvenster;
+        w.balk().ZetAccountsZonderVerbinding(c.zonderVerbinding);
+        w.balk().LadenVormgeving();
+        EXPECT_EQ(c.woorden, w.balk().woorden());
+        ASSERT_EQ(c.woorden.size(), w.balk().knoppen.size());
+        // Left ones from the left edge, right ones from the right, none over the accounts.
+        for (const auto& k : w.balk().knoppen) {
+            EXPECT_FALSE(k.beeld.isNull()) << qPrintable(k.naam);
+            EXPECT_GE(k.plek.left(), 0);
+            EXPECT_LE(k.plek.right(), FrmTaakbalk1::Breedte);
+        }
+        EXPECT_EQ(c.zonderVerbinding, !w.balk().Account[1].Enabled);
+    }
+}
+
+TEST(TaakbalkTest, AccountButtonOpensThePanelWithItsCaption) {
+    ScreenWerkplek w;
+    w.p.modTaal.Taal = 1043;
+    w.balk().LadenVormgeving();
+    w.balk().ToonAccounts();
+    w.balk().Account[2].UserControl_Click();
+    EXPECT_TRUE(w.balk().Account[2].Geselecteerd);
+    EXPECT_EQ("Onderhoudsmodule", w.f().lblGebruiker);
+    EXPECT_TRUE(w.f().picAanmeldenZichtbaar);
+}
+
+TEST(TaakbalkTest, CloseOptionsPerMode) {
+    struct Case {
+        bool standalone, netwerk;
+        const char* antwoord;
+        bool einde;
+        int vragen;
+    };
+    const Case cases[] = {
+        {true, false, "sluiten", true, 0},
+        {true, false, "opnieuwopstarten", true, 0},
+        {false, false, "uitschakelen", true, 1}, // a management workstation says so first
+        {false, true, "afmelden", true, 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.antwoord);
+        ScreenWerkplek w;
+        w.p.modMain.ModusStandalone = c.standalone;
+        w.p.modMain.ModusNetwerk = c.netwerk;
+        w.p.modMainAfsluiten->VoerUit(c.antwoord);
+        EXPECT_EQ(c.einde, w.p.beeindigd);
+        EXPECT_EQ(c.vragen, w.dialogen.gesteld.size());
+        EXPECT_TRUE(w.p.modMainAfsluiten->uitgevoerd.value(0).startsWith(c.antwoord));
+    }
+}
+
+TEST(TaakbalkTest, LogOnAsAClassOutsideNetworkModeOpensItsDesktop) {
+    ScreenWerkplek w;
+    w.p.modMain.ModusStandalone = true;
+    w.klas(0, "Groep 1", "1");
+    QStringList geopend;
+    w.f().OpenBureaublad = [&](int soort, const QString& id) {
+        geopend << QString("%1:%2").arg(soort).arg(id);
+    };
+    FrmUitschakelen& u = w.p.modMainAfsluiten->frmUitschakelen;
+    w.dialogen.opModaal = [&](Form&) {
+        u.optAntwoord = 5;
+        u.cmbGroep_Click(1);
+        u.cmdOK_Click();
+    };
+    w.p.modMainAfsluiten->VerwerkAfsluitkeuze();
+    EXPECT_EQ("aanmelden|Classes|Groep 1|100", u.Antwoord);
+    EXPECT_EQ(QStringList{"0:100"}, geopend);
+    EXPECT_FALSE(w.p.beeindigd);
+}
