@@ -10,6 +10,8 @@
 #include "screens/start/FrmMain.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
+#include "theme/ModDataPictogrammen.h"
+#include "theme/ModDataThemas.h"
 #include "theme/ModThema.h"
 
 #include <QApplication>
@@ -29,6 +31,14 @@ int main(int argc, char** argv) {
         return p.modData->naamVan(soort, id);
     };
     p.maak(p.modThema, p);
+    // The load brings the theme and icon stores up to date in their places of its order.
+    p.maak(p.modDataThemas, p);
+    p.maak(p.modDataPictogrammen, p);
+    p.modMainLaden->LaadThemas = [&p](bool toonVoortgang) {
+        p.modDataThemas->LaadThemas(toonVoortgang);
+    };
+    p.modMainLaden->LaadPictogrammen = [&p] { p.modDataPictogrammen->LaadPictogrammen(); };
+    p.modDataThemas->LadenVormgeving = [&p] { p.modThema->LaadThema(); };
     p.maak(p.frmTaakbalk1, p);
     p.maak(p.modMainAfsluiten, p);
     tk::ClientStappen stappen(p);

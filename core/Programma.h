@@ -26,6 +26,8 @@ class ModMainLaden;
 class ModMainAfsluiten;
 class ModMainVerbinding;
 class ModPictogrammen;
+class ModDataPictogrammen;
+class ModDataThemas;
 class ModThema;
 class OpstartStappen;
 
@@ -65,8 +67,10 @@ public:
     ModMainLaden* modMainLaden = nullptr;       // modMain.Laden: the load of the whole data set
     ModThema* modThema = nullptr;               // the theme state and modMain.LaadThema
     ModPictogrammen* modPictogrammen = nullptr; // icon libraries and icon drawing
-    FrmMain* startScreen = nullptr;             // frmMain as the start screen (the same object)
-    FrmTaakbalk1* frmTaakbalk1 = nullptr;       // the start-screen taskbar
+    ModDataThemas* modDataThemas = nullptr;     // modData.LaadThemas: the theme store
+    ModDataPictogrammen* modDataPictogrammen = nullptr; // modData.LaadPictogrammen: icon store
+    FrmMain* startScreen = nullptr;               // frmMain as the start screen (the same object)
+    FrmTaakbalk1* frmTaakbalk1 = nullptr;         // the start-screen taskbar
     ModMainAfsluiten* modMainAfsluiten = nullptr; // the close options and what they do
 
     // Ends the program: every wait returns and the event loop is asked to quit. The process ends

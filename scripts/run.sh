@@ -45,6 +45,9 @@ if [ -z "${DISPLAY:-}" ]; then
   sleep 1
   openbox >/dev/null 2>&1 &
   pids+=($!)
+  # Without a screen to look at, leave a picture of what the client shows.
+  ( sleep 10 && import -display "$DISPLAY" -window root "$root/install/screenshot.png" \
+      && echo "run: screenshot in install/screenshot.png" ) &
 fi
 
 # The launcher starts the client (and restarts it after a fault) and ends with it.
