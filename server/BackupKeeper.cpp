@@ -68,7 +68,9 @@ sqlite3* openChecked(const QString& path, QString* error) {
 
 BackupKeeper::BackupKeeper(Store& store, const QString& folder, QObject* parent)
     : QObject(parent), m_store(store), m_folder(folder), m_timer(new QTimer(this)) {
-    m_timer->setInterval(0);
+    // Not 0: a timer that is always due can starve the sockets in some event loops; a
+    // millisecond between steps lets every waiting request through.
+    m_timer->setInterval(1);
     connect(m_timer, &QTimer::timeout, this, &BackupKeeper::step);
 }
 

@@ -40,7 +40,7 @@ public:
 
     // A backup name as this class makes them; nothing else is ever opened.
     static bool isBackupName(const QString& name);
-    // Pages copied per step; a step runs whenever the event loop is free.
+    // Pages copied per step; a step runs every millisecond, between the requests.
     void setPagesPerStep(int pages) { m_pagesPerStep = pages; }
 
 Q_SIGNALS:

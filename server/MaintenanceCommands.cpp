@@ -61,7 +61,7 @@ bool MaintenanceCommands::handle(ClientConnection& c, const QString& m) {
         storeProblemCall(c, m.mid(6));
     } else if (m.startsWith(s("HLPSNC"))) {
         c.sendReply(s("HLPSNC") + moment(m_store.problemCallsChanged()) + QLatin1Char('|') +
-                    QString::number(m_store.problemCalls().size()));
+                    QString::number(m_store.problemCallCount()));
     } else if (m.startsWith(s("HLPLDN"))) {
         loadProblemCall(c, m.mid(6));
     } else if (m.startsWith(s("HLPSCR"))) {
@@ -132,13 +132,15 @@ void MaintenanceCommands::storeProblemCall(ClientConnection& c, const QString& r
 
 void MaintenanceCommands::loadProblemCall(ClientConnection& c, const QString& number) {
     qint64 n = 0;
-    const QList<Store::ProblemCall> calls = m_store.problemCalls();
-    if (!WireText::number(number, &n) || n < 1 || n > calls.size()) {
+    const QList<Store::ProblemCall> calls = WireText::number(number, &n) && n >= 1
+                                                ? m_store.problemCalls(n - 1, 1)
+                                                : QList<Store::ProblemCall>();
+    if (calls.isEmpty()) {
         refuse(c, s("HLPLDN"),
                QStringLiteral("no problem call number \"%1\"").arg(excerpt(number)));
         return;
     }
-    const Store::ProblemCall& p = calls[n - 1];
+    const Store::ProblemCall& p = calls.first();
     c.sendReply(s("HLPLDN") + QStringList{QString::number(p.id), p.type, p.datum, p.tijd,
                                           p.computernaam, p.rapporteur, p.module, p.applicatie,
                                           p.omschrijving, p.screenshot ? s("Ja") : s("Nee")}

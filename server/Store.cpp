@@ -53,7 +53,8 @@ const char* const schema[] = {
     " owner INTEGER NOT NULL, count INTEGER NOT NULL, PRIMARY KEY(kind, application, owner))",
     "CREATE TABLE IF NOT EXISTS problem_calls(id INTEGER PRIMARY KEY, type TEXT, datum TEXT,"
     " tijd TEXT, computernaam TEXT, rapporteur TEXT, module TEXT, applicatie TEXT,"
-    " omschrijving TEXT, location TEXT, screenshot BLOB)",
+    " omschrijving TEXT, location TEXT, screenshot INTEGER NOT NULL DEFAULT 0)",
+    "CREATE TABLE IF NOT EXISTS problem_screenshots(id INTEGER PRIMARY KEY, data BLOB NOT NULL)",
 };
 
 QString q(const char* text) {
@@ -951,12 +952,15 @@ bool Store::addProblemCall(ProblemCall* call, QString* error) {
         error);
 }
 
-QList<Store::ProblemCall> Store::problemCalls() {
+QList<Store::ProblemCall> Store::problemCalls(qint64 offset, qint64 count) {
     QList<ProblemCall> calls;
     QSqlQuery query(m_db);
-    query.exec(QStringLiteral(
+    query.prepare(QStringLiteral(
         "SELECT id, type, datum, tijd, computernaam, rapporteur, module, applicatie,"
-        " omschrijving, location, screenshot IS NOT NULL FROM problem_calls ORDER BY id"));
+        " omschrijving, location, screenshot FROM problem_calls ORDER BY id LIMIT ? OFFSET ?"));
+    query.addBindValue(count);
+    query.addBindValue(offset);
+    query.exec();
     while (query.next()) {
         ProblemCall c;
         c.id = query.value(0).toLongLong();
@@ -971,12 +975,17 @@ QList<Store::ProblemCall> Store::problemCalls() {
     return calls;
 }
 
+qint64 Store::problemCallCount() {
+    QSqlQuery query(m_db);
+    query.exec(QStringLiteral("SELECT COUNT(*) FROM problem_calls"));
+    return query.next() ? query.value(0).toLongLong() : 0;
+}
+
 bool Store::attachScreenshot(qint64 id, const QByteArray& jpeg, QString* error) {
     return write(
         [&](QString* why) {
             QSqlQuery query(m_db);
-            query.prepare(QStringLiteral("UPDATE problem_calls SET screenshot = ? WHERE id = ?"));
-            query.addBindValue(jpeg);
+            query.prepare(QStringLiteral("UPDATE problem_calls SET screenshot = 1 WHERE id = ?"));
             query.addBindValue(id);
             if (!query.exec()) {
                 *why = query.lastError().text();
@@ -986,14 +995,17 @@ bool Store::attachScreenshot(qint64 id, const QByteArray& jpeg, QString* error) 
                 *why = QStringLiteral("no problem call %1").arg(id);
                 return false;
             }
-            return touchProblemCalls(why);
+            return exec(QStringLiteral("INSERT OR REPLACE INTO problem_screenshots(id, data)"
+                                       " VALUES(?, ?)"),
+                        {id, jpeg}, why) &&
+                   touchProblemCalls(why);
         },
         error);
 }
 
 QByteArray Store::screenshot(qint64 id) {
     QSqlQuery query(m_db);
-    query.prepare(QStringLiteral("SELECT screenshot FROM problem_calls WHERE id = ?"));
+    query.prepare(QStringLiteral("SELECT data FROM problem_screenshots WHERE id = ?"));
     query.addBindValue(id);
     if (query.exec() && query.next())
         return query.value(0).toByteArray();
@@ -1014,7 +1026,9 @@ bool Store::deleteProblemCall(qint64 id, QString* error) {
                 *why = QStringLiteral("no problem call %1").arg(id);
                 return false;
             }
-            return touchProblemCalls(why);
+            return exec(QStringLiteral("DELETE FROM problem_screenshots WHERE id = ?"), {id},
+                        why) &&
+                   touchProblemCalls(why);
         },
         error);
 }

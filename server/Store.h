@@ -146,7 +146,9 @@ public:
     };
     // Stores a call and gives it its ID; every change of the calls moves their change moment.
     bool addProblemCall(ProblemCall* call, QString* error);
-    QList<ProblemCall> problemCalls();
+    // The calls in the order of their IDs, `count` of them from the `offset`-th on.
+    QList<ProblemCall> problemCalls(qint64 offset = 0, qint64 count = -1);
+    qint64 problemCallCount();
     bool attachScreenshot(qint64 id, const QByteArray& jpeg, QString* error);
     QByteArray screenshot(qint64 id);
     bool deleteProblemCall(qint64 id, QString* error);

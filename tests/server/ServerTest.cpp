@@ -51,7 +51,8 @@ TEST(ServerLoadTest, EveryLoadReplyParsesAsTheClientReadsIt) {
     EXPECT_EQ(QStringLiteral("FIRTAFELBERG"), c.ask(QStringLiteral("FIR")));
     EXPECT_EQ(QStringLiteral("LDNTAA1043"), c.ask(QStringLiteral("LDNTAA")));
     EXPECT_EQ(QStringLiteral("LOC"), c.ask(QStringLiteral("LOCGLOBAL")));
-    EXPECT_EQ(QStringLiteral("HLPOPSFOUT"), c.ask(QStringLiteral("HLPOPSfout;<>;regel 12"))) << "too few fields";
+    EXPECT_EQ(QStringLiteral("HLPOPSFOUT"), c.ask(QStringLiteral("HLPOPSfout;<>;regel 12")))
+        << "too few fields";
 
     const auto classes = loadClasses(c);
     ASSERT_EQ(8, classes.size());
