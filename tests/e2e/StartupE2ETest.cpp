@@ -3,6 +3,7 @@
 #include "link/FrmMainLink.h"
 #include "link/ModMainVerbinding.h"
 #include "tests/e2e/ServerProces.h"
+#include "tests/e2e/Werkstation.h"
 #include "tests/support/Werkplek.h"
 #include "theme/UcArchief.h"
 
@@ -14,6 +15,7 @@
 using namespace tk;
 using tk::test::ServerProces;
 using tk::test::Werkplek;
+using tk::test::Werkstation;
 
 namespace {
 
@@ -37,17 +39,10 @@ public:
 TEST(StartupE2ETest, AManagementWorkstationConnectsIdentifiesAndTakesTheServersLanguage) {
     ServerProces server;
     ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
-    Werkplek w;
-    w.p.maak(w.p.frmMain, w.p);
-    w.p.maak(w.p.modMainVerbinding, w.p);
+    Werkstation ws(server.poort());
+    Werkplek& w = ws.w;
     Stappen stappen(w.p);
     w.p.opstartStappen = &stappen;
-    w.p.modMain.ModusBeheer = true;
-    w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
-    w.p.modMain.SchrijfIni(QStringLiteral("127.0.0.1:%1").arg(server.poort()),
-                           QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
-                           QStringLiteral("\\Data\\Instellingen.ini"));
-    w.platform.fakeClock().setStepPerRead(10);
 
     w.p.modMainVerbinding->StartVerbinding(false);
 
@@ -70,26 +65,12 @@ TEST(StartupE2ETest, AManagementWorkstationConnectsIdentifiesAndTakesTheServersL
 TEST(StartupE2ETest, AnIconGoesUpAndComesBackInTheIconPackage) {
     ServerProces server;
     ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
-    Werkplek w;
-    w.p.maak(w.p.frmMain, w.p);
-    w.p.maak(w.p.modMainVerbinding, w.p);
-    w.p.modMain.ModusBeheer = true;
-    w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
-    w.p.modMain.SchrijfIni(QStringLiteral("127.0.0.1:%1").arg(server.poort()),
-                           QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
-                           QStringLiteral("\\Data\\Instellingen.ini"));
-    w.platform.fakeClock().setStepPerRead(10);
-    ASSERT_TRUE(w.p.modMainVerbinding->BepaalServerlocatie());
-    ASSERT_TRUE(w.p.frmMain->ServerVerbinden(true));
-    w.p.modMainVerbinding->IdentificeerClient();
-
+    Werkstation ws(server.poort());
+    Werkplek& w = ws.w;
+    ASSERT_TRUE(ws.verbind());
     // An icon for general application 1 goes up first, as the maintenance module sends it.
-    w.schrijf(QStringLiteral("Tijdelijk/1.pic"), QByteArray("icoon-bytes\0met nul", 19));
-    w.p.modMain.AntwoordOntvangen = false;
-    w.p.frmMain->WS_Versturen(QStringLiteral("OPSAP2a|1.pic"), false);
-    w.p.wacht.Tot([&] { return w.p.modMain.AntwoordOntvangen; });
-    ASSERT_EQ(w.p.modMain.Antwoord, QStringLiteral("OK"));
-    ASSERT_TRUE(w.p.frmMain->VerstuurBestand(w.pad(QStringLiteral("Tijdelijk/1.pic"))));
+    ASSERT_TRUE(ws.stuurIcoon(QStringLiteral("a"), QStringLiteral("1"),
+                              QByteArray("icoon-bytes\0met nul", 19)));
 
     ASSERT_TRUE(w.p.frmMain->OntvangBestand(QStringLiteral("LDNPICPAKgroep|1;<>;algemeen|1"),
                                             QStringLiteral("\\Tijdelijk\\pakket.pictogrammen"),

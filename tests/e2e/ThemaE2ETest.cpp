@@ -2,6 +2,7 @@
 #include "link/FrmMainLink.h"
 #include "link/ModMainVerbinding.h"
 #include "tests/e2e/ServerProces.h"
+#include "tests/e2e/Werkstation.h"
 #include "tests/support/Werkplek.h"
 #include "theme/ModDataPictogrammen.h"
 #include "theme/ModDataThemas.h"
@@ -14,22 +15,14 @@
 using namespace tk;
 using tk::test::ServerProces;
 using tk::test::Werkplek;
+using tk::test::Werkstation;
 
 TEST(ThemaE2ETest, ANewWorkstationFetchesTheSchoolsThemeAndUnpacksIt) {
     ServerProces server({QStringLiteral("--theme"), QStringLiteral(TK_DEFAULT_THEME_DIR)});
     ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
-    Werkplek w;
-    w.p.maak(w.p.frmMain, w.p);
-    w.p.maak(w.p.modMainVerbinding, w.p);
-    w.p.modMain.ModusNetwerk = true;
-    w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
-    w.p.modMain.SchrijfIni(QStringLiteral("127.0.0.1:%1").arg(server.poort()),
-                           QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
-                           QStringLiteral("\\Data\\Instellingen.ini"));
-    w.platform.fakeClock().setStepPerRead(10);
-    ASSERT_TRUE(w.p.modMainVerbinding->BepaalServerlocatie());
-    ASSERT_TRUE(w.p.frmMain->ServerVerbinden(true));
-    w.p.modMainVerbinding->IdentificeerClient();
+    Werkstation ws(server.poort(), false);
+    Werkplek& w = ws.w;
+    ASSERT_TRUE(ws.verbind());
 
     ModDataThemas themas(w.p);
     themas.LaadThemas(false);
@@ -65,24 +58,11 @@ TEST(ThemaE2ETest, ANewWorkstationFetchesTheSchoolsThemeAndUnpacksIt) {
 TEST(ThemaE2ETest, ANewMachineFetchesTheIconsThatChangedOnTheServer) {
     ServerProces server;
     ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
-    Werkplek w;
-    w.p.maak(w.p.frmMain, w.p);
-    w.p.maak(w.p.modMainVerbinding, w.p);
-    w.p.modMain.ModusNetwerk = true;
-    w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
-    w.p.modMain.SchrijfIni(QStringLiteral("127.0.0.1:%1").arg(server.poort()),
-                           QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
-                           QStringLiteral("\\Data\\Instellingen.ini"));
-    w.platform.fakeClock().setStepPerRead(10);
-    ASSERT_TRUE(w.p.modMainVerbinding->BepaalServerlocatie());
-    ASSERT_TRUE(w.p.frmMain->ServerVerbinden(true));
-    w.p.modMainVerbinding->IdentificeerClient();
+    Werkstation ws(server.poort(), false);
+    Werkplek& w = ws.w;
+    ASSERT_TRUE(ws.verbind());
     // An icon for general application 1, as the maintenance module sends one.
-    w.schrijf(QStringLiteral("Tijdelijk/1.pic"), "icoon");
-    w.p.modMain.AntwoordOntvangen = false;
-    w.p.frmMain->WS_Versturen(QStringLiteral("OPSAP2a|1.pic"), false);
-    w.p.wacht.Tot([&] { return w.p.modMain.AntwoordOntvangen; });
-    ASSERT_TRUE(w.p.frmMain->VerstuurBestand(w.pad(QStringLiteral("Tijdelijk/1.pic"))));
+    ASSERT_TRUE(ws.stuurIcoon(QStringLiteral("a"), QStringLiteral("1"), "icoon"));
     QDir(w.pad(QStringLiteral("Tijdelijk"))).removeRecursively();
 
     ModDataPictogrammen store(w.p);
