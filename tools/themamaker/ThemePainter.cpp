@@ -487,7 +487,8 @@ QPainterPath ThemePainter::cloudPath(const QRectF& b) const {
 }
 
 QImage ThemePainter::classButton(QColor colour, bool hover) const {
-    const QRectF r(0, 0, 160, 48);
+    // The start screen places class buttons 100 pixels apart: 96 wide leaves a gap.
+    const QRectF r(0, 0, 96, 48);
     QImage img(r.size().toSize(), QImage::Format_RGB32);
     QPainter p(&img);
     p.setRenderHint(QPainter::Antialiasing);
