@@ -55,7 +55,7 @@ TEST(ThemaE2ETest, ANewWorkstationFetchesTheSchoolsThemeAndUnpacksIt) {
         QFile::exists(w.pad(QStringLiteral("Afbeeldingen/Skins/Pakketten/%1.thema").arg(id))));
 }
 
-TEST(ThemaE2ETest, ANewMachineFetchesTheIconsThatChangedOnTheServer) {
+TEST(ThemaE2ETest, ANewMachineFetchesTheIconsOfEveryKindThatTheServerHas) {
     ServerProces server;
     ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
     Werkstation ws(server.poort(), false);
@@ -63,13 +63,24 @@ TEST(ThemaE2ETest, ANewMachineFetchesTheIconsThatChangedOnTheServer) {
     ASSERT_TRUE(ws.verbind());
     // An icon for general application 1, as the maintenance module sends one.
     ASSERT_TRUE(ws.stuurIcoon(QStringLiteral("a"), QStringLiteral("1"), "icoon"));
+    ASSERT_TRUE(ws.stuurIcoon(QStringLiteral("k"), QStringLiteral("1"), "klas-icoon"));
+    ASSERT_TRUE(ws.stuurIcoon(QStringLiteral("l"), QStringLiteral("1"), "leraar-icoon"));
     QDir(w.pad(QStringLiteral("Tijdelijk"))).removeRecursively();
 
     ModDataPictogrammen store(w.p);
     ASSERT_TRUE(store.LaadPictogrammen()) << server.uitvoer().toStdString();
-    QFile icoon(w.pad(QStringLiteral("Afbeeldingen/Pictogrammen/Applicaties/Algemeen/1.pic")));
-    ASSERT_TRUE(icoon.open(QIODevice::ReadOnly));
-    EXPECT_EQ(icoon.readAll(), QByteArray("icoon"));
+    struct Verwacht {
+        const char* map;
+        const char* inhoud;
+    };
+    for (const Verwacht v : {Verwacht{"Algemeen", "icoon"}, Verwacht{"Groepen", "klas-icoon"},
+                             Verwacht{"Leerkrachten", "leraar-icoon"}}) {
+        SCOPED_TRACE(v.map);
+        QFile icoon(w.pad(QStringLiteral("Afbeeldingen/Pictogrammen/Applicaties/%1/1.pic")
+                              .arg(QLatin1String(v.map))));
+        ASSERT_TRUE(icoon.open(QIODevice::ReadOnly));
+        EXPECT_EQ(icoon.readAll(), QByteArray(v.inhoud));
+    }
     const QString reg = QStringLiteral("\\Data\\Pictogrammen.ini");
     // The group that changed on the server has the server's moment now.
     EXPECT_FALSE(w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Wijziging"), reg)
