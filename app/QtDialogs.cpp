@@ -4,6 +4,7 @@
 #include "core/FrmVersie.h"
 #include "core/Programma.h"
 #include "link/FrmNetwerk.h"
+#include "screens/taskbar/FrmUitschakelen.h"
 
 #include <QCheckBox>
 #include <QInputDialog>
@@ -75,6 +76,19 @@ void QtDialogs::toonModaal(Form& form) {
         }
         versie->Gekozen = int(versie->optCaptions.indexOf(keuze));
         versie->cmdOK_Click();
+    } else if (auto* uitschakelen = dynamic_cast<FrmUitschakelen*>(&form)) {
+        // The close options without the log-on as another user, which needs its own window.
+        const QStringList opties = uitschakelen->optCaptions.mid(
+            0, qMax<qsizetype>(0, uitschakelen->optCaptions.size() - 1));
+        bool ok = false;
+        const QString keuze = QInputDialog::getItem(nullptr, uitschakelen->Caption,
+                                                    uitschakelen->lblKies, opties, 0, false, &ok);
+        if (!ok || keuze.isEmpty()) {
+            uitschakelen->cmdAnnuleren_Click();
+            return;
+        }
+        uitschakelen->optAntwoord = int(opties.indexOf(keuze));
+        uitschakelen->cmdOK_Click();
     } else if (auto* netwerk = dynamic_cast<FrmNetwerk*>(&form)) {
         bool ok = false;
         const QString tekst = QInputDialog::getText(nullptr, netwerk->Caption, netwerk->lblUitleg,
