@@ -192,14 +192,7 @@ void ModData::LaadCategorien(int soort) {
 }
 
 void ModData::LaadApplicaties(int soort) {
-    struct BalkWeg {
-        ModData* d;
-        bool aan = false;
-        ~BalkWeg() {
-            if (aan)
-                d->zetLaadbalk(false);
-        }
-    } balk{this};
+    LaadbalkWeg balk{this};
     Procedure(p, "modData.LaadApplicaties", [&] {
         controleerSoort(soort);
         FixedTable& tabel = Applicaties[soort];
@@ -276,14 +269,7 @@ void ModData::LaadModules() {
 }
 
 void ModData::LaadVerbodenWoorden() {
-    struct BalkWeg {
-        ModData* d;
-        bool aan = false;
-        ~BalkWeg() {
-            if (aan)
-                d->zetLaadbalk(false);
-        }
-    } balk{this};
+    LaadbalkWeg balk{this};
     Procedure(p, "modData.LaadVerbodenWoorden", [&] {
         const int paginas = getal(haal(t("LDNIVWINF"), t("Internetfilter"), t("Verboden woorden")));
         if (paginas > 5) {

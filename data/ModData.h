@@ -117,6 +117,15 @@ public:
     static constexpr const char* PlatBestand = "\\Data\\Tijdelijk.ini";
 
 private:
+    // Hides the loading bar at the end of a loader that showed it, however the loader ends.
+    struct LaadbalkWeg {
+        ModData* d;
+        bool aan = false;
+        ~LaadbalkWeg() {
+            if (aan)
+                d->zetLaadbalk(false);
+        }
+    };
     // An answer of class A: with a link the request is sent and its answer (less `echo`
     // characters) written to the cache; without one, or when the link went while waiting, the
     // cache is read.

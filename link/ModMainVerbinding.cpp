@@ -21,6 +21,15 @@ const QString softwareSleutel() {
 }
 } // namespace
 
+void ModMainVerbinding::ZetServerlocatie(const QString& tekst) {
+    // "host" or "host:port"; a port that is not a number is the default one.
+    const QStringList delen = tekst.split(QLatin1Char(':'));
+    p.frmMain->ServerHost = delen[0];
+    bool numeriek = false;
+    const long poort = delen.value(1).toLong(&numeriek);
+    p.frmMain->ServerPoort = delen.size() > 1 && numeriek ? poort : 34487;
+}
+
 bool ModMainVerbinding::BepaalServerlocatie() {
     return Procedure(p, "modMain.BepaalServerlocatie", false, [&] {
         QString tekst;
@@ -37,11 +46,7 @@ bool ModMainVerbinding::BepaalServerlocatie() {
         }
         if (tekst.trimmed().isEmpty())
             return false;
-        const QStringList delen = tekst.split(QLatin1Char(':'));
-        p.frmMain->ServerHost = delen[0];
-        bool numeriek = false;
-        const long poort = delen.value(1).toLong(&numeriek);
-        p.frmMain->ServerPoort = delen.size() > 1 && numeriek ? poort : 34487;
+        ZetServerlocatie(tekst);
         return true;
     });
 }
@@ -163,11 +168,7 @@ void ModMainVerbinding::StartVerbinding(bool opnieuw) {
         } else {
             const QString tekst = frmNetwerk.Computernaam();
             if (!tekst.isEmpty()) {
-                const QStringList delen = tekst.split(QLatin1Char(':'));
-                f.ServerHost = delen[0];
-                bool numeriek = false;
-                const long poort = delen.value(1).toLong(&numeriek);
-                f.ServerPoort = delen.size() > 1 && numeriek ? poort : 34487;
+                ZetServerlocatie(tekst);
                 p.modMain.MaakMappen(QStringLiteral("\\Data"));
                 p.modMain.SchrijfIni(tekst, QStringLiteral("Instellingen"),
                                      QStringLiteral("Serverlocatie"),
@@ -252,11 +253,7 @@ bool ModMainVerbinding::TestServerlocatie(bool firewall) {
         m.LaadWachttijden();
         bool gelukt = false;
         while (!locatie.isEmpty()) {
-            const QStringList delen = locatie.split(QLatin1Char(':'));
-            f.ServerHost = delen[0];
-            bool numeriek = false;
-            const long poort = delen.value(1).toLong(&numeriek);
-            f.ServerPoort = delen.size() > 1 && numeriek ? poort : 34487;
+            ZetServerlocatie(locatie);
             const qint64 deadline = p.platform.clock().msecsSinceStart() + 5000;
             while (!f.isConnected() && p.platform.clock().msecsSinceStart() < deadline &&
                    !p.beeindigd) {

@@ -18,6 +18,8 @@ public:
 
     // Fills frmMain's ServerHost and ServerPoort; false when there is no location at all.
     bool BepaalServerlocatie();
+    // Sets ServerHost and ServerPoort from a location text "host" or "host:port".
+    void ZetServerlocatie(const QString& tekst);
     // "INFVER", "INFDMN", "INFCOM" in this order, each waited for; only when connected.
     void IdentificeerClient();
     // Sends "LOC" + plaats (waited for) when connected, and sets the location text of reports.
