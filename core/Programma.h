@@ -18,12 +18,19 @@ namespace tk {
 class CommandChannel;
 class DialogService;
 class Form;
+class FrmAanmelden;
+class FrmAfmelden;
+class FrmBureaublad;
+class FrmKlok;
 class FrmMain;
 class FrmMainLink;
 class FrmTaakbalk1;
+class FrmTaakbalk2;
+class FrmWachten;
 class ModData;
 class ModMainLaden;
 class ModMainAfsluiten;
+class ModMainStarten;
 class ModMainVerbinding;
 class ModPictogrammen;
 class ModDataPictogrammen;
@@ -72,6 +79,18 @@ public:
     FrmMain* startScreen = nullptr;               // frmMain as the start screen (the same object)
     FrmTaakbalk1* frmTaakbalk1 = nullptr;         // the start-screen taskbar
     ModMainAfsluiten* modMainAfsluiten = nullptr; // the close options and what they do
+    FrmWachten* frmWachten = nullptr;             // the wait window
+    FrmAanmelden* frmAanmelden = nullptr;         // the logging-in window
+    FrmAfmelden* frmAfmelden = nullptr;           // the log-off question of the taskbars
+    FrmBureaublad* frmBureaublad = nullptr;       // the desktop of a class or teacher
+    ModMainStarten* modMainStarten = nullptr;     // starting programs, display modes, drives
+    FrmTaakbalk2* frmTaakbalk2 = nullptr;         // the desktop's taskbar and its tasks
+    FrmKlok* frmKlok = nullptr;                   // the desktop clock
+
+    // Global state the desktop and its taskbar share: the desktop is up, and the internet pane
+    // is its active part (65535) or not (0).
+    bool BureaubladOpen = false;
+    int InternetOpen = 0;
 
     // Ends the program: every wait returns and the event loop is asked to quit. The process ends
     // when control is back in main().

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace tk {
 
@@ -20,6 +21,8 @@ public:
     virtual QString variable(const QString& name) = 0;
     virtual QString computerName() = 0;
     virtual OsVersion osVersion() = 0;
+    // The mount points of mounted removable and optical media (the drives of the "cdrom" item).
+    virtual QStringList removableMedia() = 0;
 };
 
 } // namespace tk

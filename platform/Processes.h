@@ -1,18 +1,40 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
+#include <QtGlobal>
 
 namespace tk {
 
-// Starting other programs (the role of ShellExecute): the launcher, the local server, the
-// programs of a desktop.
+// What came of starting a program. code follows the numbering of ShellExecute: above 32 is a
+// start; 2 file not found, 3 path not found (the working folder), 5 access denied (not
+// executable), 31 no application for the file, 8 out of resources.
+struct StartResult {
+    int code = 0;
+    qint64 pid = 0;
+    bool started() const { return code > 32; }
+};
+
+// Starting other programs (the role of ShellExecute) and following them: the launcher, the
+// local server, the programs of a desktop.
 class Processes {
 public:
     virtual ~Processes() = default;
     // Starts a program without waiting for it; false when it could not be started.
     virtual bool startDetached(const QString& program, const QStringList& arguments,
                                const QString& workingFolder) = 0;
+    // Starts a program and tells what came of it, with the process id to follow it by.
+    virtual StartResult start(const QString& program, const QStringList& arguments,
+                              const QString& workingFolder) = 0;
+    // This process's id.
+    virtual qint64 ownPid() = 0;
+    // True while the process exists (and has not ended as a zombie).
+    virtual bool isRunning(qint64 pid) = 0;
+    // Every living process below pid, children first.
+    virtual QList<qint64> descendants(qint64 pid) = 0;
+    // Ends the process and what it started; false when there was nothing to end.
+    virtual bool kill(qint64 pid) = 0;
 };
 
 } // namespace tk

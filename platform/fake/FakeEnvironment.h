@@ -14,6 +14,7 @@ public:
     QString variable(const QString& name) override { return m_vars.value(name.toUpper()); }
     QString computerName() override { return m_computer; }
     OsVersion osVersion() override { return m_version; }
+    QStringList removableMedia() override { return media; }
 
     void setVariable(const QString& name, const QString& value) {
         m_vars.insert(name.toUpper(), value);
@@ -22,6 +23,8 @@ public:
     void setOsVersion(OsVersion v) { m_version = v; }
     void playWindows98() { m_version = OsVersion{1, 4, 10}; }
     void playNt(int major = 5, int minor = 1) { m_version = OsVersion{2, major, minor}; }
+
+    QStringList media; // what removableMedia() answers
 
 private:
     QHash<QString, QString> m_vars;

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "FakeClock.h"
+#include "FakeDisplay.h"
 #include "FakeEnvironment.h"
 #include "FakeNetwork.h"
 #include "FakeProcesses.h"
 #include "FakeRegistry.h"
+#include "FakeWindows.h"
 #include "platform/Platform.h"
 
 namespace tk {
@@ -20,6 +22,8 @@ public:
     Clock& clock() override { return m_clock; }
     Processes& processes() override { return m_processes; }
     Network& network() override { return m_network; }
+    Windows& windows() override { return m_windows; }
+    Display& display() override { return m_display; }
     QString programFolder() const override { return m_programFolder; }
 
     FakeRegistry& fakeRegistry() { return m_registry; }
@@ -27,6 +31,8 @@ public:
     FakeClock& fakeClock() { return m_clock; }
     FakeProcesses& fakeProcesses() { return m_processes; }
     FakeNetwork& fakeNetwork() { return m_network; }
+    FakeWindows& fakeWindows() { return m_windows; }
+    FakeDisplay& fakeDisplay() { return m_display; }
 
 private:
     QString m_programFolder;
@@ -35,6 +41,8 @@ private:
     FakeClock m_clock;
     FakeProcesses m_processes;
     FakeNetwork m_network;
+    FakeWindows m_windows;
+    FakeDisplay m_display;
 };
 
 } // namespace tk

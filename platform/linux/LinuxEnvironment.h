@@ -13,6 +13,8 @@ public:
     QString variable(const QString& name) override;
     QString computerName() override;
     OsVersion osVersion() override { return OsVersion{}; }
+    // Mounts of /proc/mounts whose block device is optical (sr*) or marked removable in /sys.
+    QStringList removableMedia() override;
 };
 
 } // namespace tk

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "LinuxDisplay.h"
 #include "LinuxEnvironment.h"
 #include "LinuxNetwork.h"
 #include "LinuxProcesses.h"
+#include "LinuxWindows.h"
 #include "RegistryFileStore.h"
 #include "SystemClock.h"
 #include "platform/Platform.h"
@@ -19,6 +21,8 @@ public:
     Clock& clock() override { return m_clock; }
     Processes& processes() override { return m_processes; }
     Network& network() override { return m_network; }
+    Windows& windows() override { return m_windows; }
+    Display& display() override { return m_display; }
     QString programFolder() const override { return m_programFolder; }
 
 private:
@@ -28,6 +32,8 @@ private:
     SystemClock m_clock;
     LinuxProcesses m_processes;
     LinuxNetwork m_network;
+    LinuxWindows m_windows;
+    LinuxDisplay m_display;
 };
 
 } // namespace tk

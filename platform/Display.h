@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QList>
+
+namespace tk {
+
+struct DisplayMode {
+    int width = 0;
+    int height = 0;
+    int depth = 0; // bits per pixel
+    bool operator==(const DisplayMode&) const = default;
+};
+
+// The screen's display mode (ChangeDisplaySettings; XRandR on Linux, where the colour depth of
+// a running X server is fixed and a demanded depth is taken as met by the present one).
+class Display {
+public:
+    virtual ~Display() = default;
+    virtual DisplayMode current() = 0;
+    // Sets width by height; false when the screen cannot show that size.
+    virtual bool setMode(int width, int height, int depth) = 0;
+};
+
+} // namespace tk
