@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds and installs Tafelkrater into ./install, starts the server with the demo school and the
 # client. Without a display, the client runs under a virtual X server (Xvfb) with a window
-# manager, and a screenshot is left in ./install/screenshot.png.
+# manager, and screenshots of a walk through the demo are left in ./install (scripts/tour.sh).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root="$(pwd)"
@@ -45,9 +45,13 @@ if [ -z "${DISPLAY:-}" ]; then
   sleep 1
   openbox >/dev/null 2>&1 &
   pids+=($!)
-  # Without a screen to look at, leave a picture of what the client shows.
-  ( sleep 10 && import -display "$DISPLAY" -window root "$root/install/screenshot.png" \
-      && echo "run: screenshot in install/screenshot.png" ) &
+  # The client marks its windows for the window manager: wait until openbox has taken the screen.
+  for _ in $(seq 50); do
+    xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
+    sleep 0.1
+  done
+  # Without a screen to look at, walk through the demo and leave a picture of every step.
+  bash "$root/scripts/tour.sh" "$root/install" &
 fi
 
 # The launcher starts the client (and restarts it after a fault) and ends with it.
