@@ -24,7 +24,8 @@ QStringList placeholders(const QString& tekst) {
 TEST(StringTableTest, EveryIdHasATextInBothLanguagesWithTheSamePlaceholders) {
     const StringTable tabel = StringTable::builtIn();
     const QList<int> ids = tabel.ids();
-    ASSERT_EQ(ids.size(), 740);
+    // The table as the program came with it; ids above 9000 are the team's own additions.
+    ASSERT_EQ(std::count_if(ids.begin(), ids.end(), [](int id) { return id < 9000; }), 740);
     for (int id : ids) {
         SCOPED_TRACE(id);
         const QString en = tabel.text(id, 1033);
