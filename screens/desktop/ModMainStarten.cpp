@@ -1,0 +1,491 @@
+#include "ModMainStarten.h"
+
+#include "core/Procedure.h"
+#include "core/Programma.h"
+#include "platform/Display.h"
+#include "platform/Environment.h"
+#include "platform/Processes.h"
+#include "platform/Windows.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStandardPaths>
+
+namespace tk {
+
+namespace {
+
+// The program that opens a file or folder with the application the desktop chose for it.
+const QString openen() {
+    return QStringLiteral("xdg-open");
+}
+
+bool heeftScheiding(const QString& tekst) {
+    return tekst.contains(QLatin1Char('\\')) || tekst.contains(QLatin1Char('/'));
+}
+
+// True when a file's text begins (after comments and blank lines) with a [Desktop Entry] group.
+bool isBureaubladItem(const QString& bestand) {
+    if (bestand.endsWith(QLatin1String(".desktop"), Qt::CaseInsensitive))
+        return true;
+    QFile f(bestand);
+    if (!f.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray begin = f.read(4096);
+    for (const QByteArray& regel : begin.split('\n')) {
+        const QByteArray r = regel.trimmed();
+        if (r.isEmpty() || r.startsWith('#'))
+            continue;
+        return r == "[Desktop Entry]";
+    }
+    return false;
+}
+
+} // namespace
+
+ModMainStarten::ModMainStarten(Programma& p) : p(p) {}
+
+// --- the names of the results
+
+QString ModMainStarten::FoutNaam(int resultaat) const {
+    switch (resultaat) {
+    case 0:
+        return p.modTaal.LaadTekst(9520);
+    case 1:
+        return QStringLiteral("Failed to connect");
+    case 4:
+        return QStringLiteral("File not found");
+    case 5:
+        return QStringLiteral("Path not found");
+    case 7:
+        return QStringLiteral("Access denied");
+    case 10:
+        return QStringLiteral("Out of memory");
+    case 13:
+        return QStringLiteral("Invalid EXE file or error in EXE image");
+    case 28:
+        return QStringLiteral("A sharing violation occurred");
+    case 29:
+        return QStringLiteral("Incomplete or invalid file association");
+    case 30:
+        return QStringLiteral("DDE Time out");
+    case 31:
+        return QStringLiteral("DDE transaction failed");
+    case 32:
+        return QStringLiteral("DDE busy");
+    case 33:
+        return QStringLiteral("No association for file extension");
+    case 34:
+        return QStringLiteral("DLL not found");
+    default:
+        return QStringLiteral("Unknown error");
+    }
+}
+
+int ModMainStarten::ResultaatVan(int platformCode) {
+    // The platform counts as the operating system's start does (2 file not found, 3 path not
+    // found, 5 access denied, 8 out of memory, 11 bad program, 26 to 32 sharing, associations,
+    // DDE and libraries); the names of the desktop stand two places further on.
+    if (platformCode > 32)
+        return platformCode;
+    switch (platformCode) {
+    case 0:
+        return GeenBronnen;
+    case 2:
+    case 3:
+    case 5:
+    case 8:
+    case 11:
+        return platformCode + 2;
+    default:
+        return platformCode >= 26 ? platformCode + 2 : platformCode;
+    }
+}
+
+// --- reading a start command
+
+QString ModMainStarten::WerkMap(const QString& opdracht, const QString& map) {
+    if (!map.isEmpty())
+        return map;
+    QString programma = opdracht.trimmed();
+    // A command line: its program is the first word, so that a "/" in an argument does not
+    // count.
+    if (programma.contains(QLatin1Char(' ')) && !QFileInfo::exists(programma)) {
+        const QStringList woorden = QProcess::splitCommand(programma);
+        if (!woorden.isEmpty() && !woorden.constFirst().contains(QLatin1Char(' ')))
+            programma = woorden.constFirst();
+    }
+    const qsizetype plek =
+        std::max(programma.lastIndexOf(QLatin1Char('\\')), programma.lastIndexOf(QLatin1Char('/')));
+    if (plek < 0)
+        return map;
+    return programma.left(plek);
+}
+
+QString ModMainStarten::vulIn(const QString& tekst) {
+    // The placeholders of a command are the five values of the session the program may read
+    // ("%WINDIR%\Explorer.exe"); any other %...% stays as it is.
+    static const QRegularExpression naam(QStringLiteral("%([A-Za-z]+)%"));
+    QString uit;
+    qsizetype vanaf = 0;
+    auto it = naam.globalMatch(tekst);
+    while (it.hasNext()) {
+        const QRegularExpressionMatch m = it.next();
+        const QString waarde = p.platform.environment().variable(m.captured(1));
+        if (waarde.isEmpty())
+            continue;
+        uit += tekst.mid(vanaf, m.capturedStart() - vanaf) + waarde;
+        vanaf = m.capturedEnd();
+    }
+    return uit + tekst.mid(vanaf);
+}
+
+QString ModMainStarten::nativePad(const QString& pad) const {
+    if (pad.isEmpty() || pad.startsWith(QLatin1Char('/')))
+        return pad;
+    if (pad.contains(QLatin1Char('\\')))
+        return p.modMain.Pad(pad);
+    return pad;
+}
+
+ModMainStarten::BureaubladItem ModMainStarten::LeesBureaubladItem(const QByteArray& tekst) {
+    BureaubladItem item;
+    bool inGroep = false;
+    for (const QByteArray& ruw : tekst.split('\n')) {
+        const QString regel = QString::fromUtf8(ruw).trimmed();
+        if (regel.isEmpty() || regel.startsWith(QLatin1Char('#')))
+            continue;
+        if (regel.startsWith(QLatin1Char('['))) {
+            inGroep = regel == u"[Desktop Entry]";
+            item.geldig = item.geldig || inGroep;
+            continue;
+        }
+        if (!inGroep)
+            continue;
+        const qsizetype is = regel.indexOf(QLatin1Char('='));
+        if (is <= 0)
+            continue;
+        const QString sleutel = regel.left(is).trimmed();
+        const QString waarde = regel.mid(is + 1).trimmed();
+        // Localised keys ("Name[nl]") are left alone: the plain key is the one every entry has.
+        if (sleutel == u"Type")
+            item.type = waarde;
+        else if (sleutel == u"Name")
+            item.naam = waarde;
+        else if (sleutel == u"Exec")
+            item.exec = waarde;
+        else if (sleutel == u"Path")
+            item.pad = waarde;
+        else if (sleutel == u"Icon")
+            item.icoon = waarde;
+        else if (sleutel == u"URL")
+            item.url = waarde;
+    }
+    return item;
+}
+
+QStringList ModMainStarten::ExecOpdracht(const BureaubladItem& item, const QStringList& bestanden,
+                                         const QString& itemBestand) {
+    // The value's own escapes first (a string value of the entry: \s \n \t \r \\), then the
+    // quoting of the command line, then the field codes, each in one argument.
+    QString waarde;
+    for (qsizetype i = 0; i < item.exec.size(); ++i) {
+        const QChar c = item.exec[i];
+        if (c == u'\\' && i + 1 < item.exec.size()) {
+            const QChar n = item.exec[++i];
+            if (n == u's')
+                waarde += QLatin1Char(' ');
+            else if (n == u'n')
+                waarde += QLatin1Char('\n');
+            else if (n == u't')
+                waarde += QLatin1Char('\t');
+            else if (n == u'r')
+                waarde += QLatin1Char('\r');
+            else if (n == u'\\')
+                waarde += QLatin1Char('\\');
+            else // not an escape of the value: the quoting below reads it
+                waarde += QString(QLatin1Char('\\')) + n;
+            continue;
+        }
+        waarde += c;
+    }
+    // Quoting: words split on blanks, "..." keeps blanks, \" \` \$ \\ inside quotes.
+    QStringList woorden;
+    QString woord;
+    bool inAanhaling = false, heeftWoord = false;
+    for (qsizetype i = 0; i < waarde.size(); ++i) {
+        const QChar c = waarde[i];
+        if (inAanhaling) {
+            if (c == u'\\' && i + 1 < waarde.size()) {
+                woord += waarde[++i];
+            } else if (c == u'"') {
+                inAanhaling = false;
+            } else {
+                woord += c;
+            }
+        } else if (c == u'"') {
+            inAanhaling = true;
+            heeftWoord = true;
+        } else if (c == u' ' || c == u'\t') {
+            if (heeftWoord)
+                woorden << woord;
+            woord.clear();
+            heeftWoord = false;
+        } else {
+            if (c == u'\\' && i + 1 < waarde.size())
+                woord += waarde[++i];
+            else
+                woord += c;
+            heeftWoord = true;
+        }
+    }
+    if (inAanhaling)
+        return {};
+    if (heeftWoord)
+        woorden << woord;
+
+    QStringList uit;
+    for (const QString& w : std::as_const(woorden)) {
+        if (w == u"%f" || w == u"%u") {
+            if (!bestanden.isEmpty())
+                uit << bestanden.constFirst();
+            continue;
+        }
+        if (w == u"%F" || w == u"%U") {
+            uit << bestanden;
+            continue;
+        }
+        if (w == u"%i") {
+            if (!item.icoon.isEmpty())
+                uit << QStringLiteral("--icon") << item.icoon;
+            continue;
+        }
+        QString deel;
+        for (qsizetype i = 0; i < w.size(); ++i) {
+            if (w[i] != u'%' || i + 1 >= w.size()) {
+                deel += w[i];
+                continue;
+            }
+            const QChar code = w[++i];
+            if (code == u'%')
+                deel += QLatin1Char('%');
+            else if (code == u'c')
+                deel += item.naam;
+            else if (code == u'k')
+                deel += itemBestand;
+            else if ((code == u'f' || code == u'u') && !bestanden.isEmpty())
+                deel += bestanden.constFirst();
+            // every other code (%d %D %n %N %v %m, and %F %U %i inside a word) goes
+        }
+        if (!deel.isEmpty() || w.isEmpty())
+            uit << deel;
+    }
+    return uit;
+}
+
+ModMainStarten::Opstart ModMainStarten::LosOp(const QString& opdracht, const QString& parameters,
+                                              const QString& map) {
+    return opstart(opdracht, parameters, map);
+}
+
+ModMainStarten::Opstart ModMainStarten::opstart(const QString& opdrachtIn,
+                                                const QString& parametersIn, const QString& mapIn) {
+    Opstart uit;
+    const QString opdracht = vulIn(opdrachtIn.trimmed());
+    const QString parameters = vulIn(parametersIn);
+    uit.map = nativePad(vulIn(mapIn));
+    const QStringList extra = QProcess::splitCommand(parameters);
+
+    if (opdracht.isEmpty()) {
+        uit.resultaat = BestandNietGevonden;
+        return uit;
+    }
+    // The file manager: it opens the folder it is given (the drive of the "cdrom" item).
+    const QString laatste = opdracht.section(QRegularExpression(QStringLiteral("[\\\\/]")), -1);
+    if (laatste.compare(QLatin1String("explorer.exe"), Qt::CaseInsensitive) == 0) {
+        uit.programma = openen();
+        uit.argumenten = extra.isEmpty() ? QStringList{QDir::homePath()} : extra.mid(0, 1);
+        uit.bestand = uit.argumenten.constFirst();
+    } else {
+        const QString pad = nativePad(opdracht);
+        const QFileInfo info(pad);
+        if (heeftScheiding(opdracht) && info.exists()) {
+            uit.bestand = info.absoluteFilePath();
+            if (info.isFile() && isBureaubladItem(uit.bestand)) {
+                QFile f(uit.bestand);
+                if (!f.open(QIODevice::ReadOnly)) {
+                    uit.resultaat = ToegangGeweigerd;
+                    return uit;
+                }
+                const BureaubladItem item = LeesBureaubladItem(f.read(1 << 20));
+                if (item.type == u"Link" && !item.url.isEmpty()) {
+                    uit.programma = openen();
+                    uit.argumenten = {item.url};
+                } else {
+                    const QStringList woorden = ExecOpdracht(item, extra, uit.bestand);
+                    if (!item.geldig || woorden.isEmpty()) {
+                        uit.resultaat = OnvolledigeKoppeling;
+                        return uit;
+                    }
+                    uit.programma = woorden.constFirst();
+                    uit.argumenten = woorden.mid(1);
+                }
+                if (!item.pad.isEmpty())
+                    uit.map = item.pad;
+            } else if (info.isFile() && info.isExecutable()) {
+                uit.programma = uit.bestand;
+                uit.argumenten = extra;
+            } else {
+                // A folder, a document, a picture: the application chosen for it opens it.
+                uit.programma = openen();
+                uit.argumenten = {uit.bestand};
+            }
+        } else {
+            // A command line: its first word is the program, the rest go before the parameters.
+            const QStringList woorden = QProcess::splitCommand(opdracht);
+            if (woorden.isEmpty()) {
+                uit.resultaat = BestandNietGevonden;
+                return uit;
+            }
+            uit.programma = nativePad(woorden.constFirst());
+            uit.argumenten = woorden.mid(1) + extra;
+            uit.bestand = uit.programma;
+        }
+    }
+
+    // The program must be there: a path as given, a bare name on the PATH.
+    if (uit.programma.contains(QLatin1Char('/'))) {
+        if (!QFileInfo::exists(uit.programma)) {
+            uit.resultaat = BestandNietGevonden;
+            return uit;
+        }
+        uit.bestand = uit.bestand.isEmpty() ? uit.programma : uit.bestand;
+    } else {
+        const QString gevonden = QStandardPaths::findExecutable(uit.programma);
+        if (gevonden.isEmpty()) {
+            // Without the program that opens files, no file has an application.
+            uit.resultaat = uit.programma == openen() ? GeenKoppeling : BestandNietGevonden;
+            return uit;
+        }
+        if (uit.bestand == uit.programma)
+            uit.bestand = gevonden;
+    }
+    return uit;
+}
+
+bool ModMainStarten::IsEigenProgramma(const QString& opdracht) {
+    const Opstart o = opstart(opdracht, QString(), QString());
+    if (o.bestand.isEmpty())
+        return false;
+    const QString eigen = QCoreApplication::applicationFilePath();
+    if (eigen.isEmpty())
+        return false;
+    const QFileInfo bestand(o.bestand), zelf(eigen);
+    if (bestand.exists() && bestand.canonicalFilePath() == zelf.canonicalFilePath())
+        return true;
+    const QString naam = bestand.fileName().toLower();
+    const QString eigenNaam = zelf.fileName().toLower();
+    return naam == eigenNaam || naam == eigenNaam + QStringLiteral(".exe");
+}
+
+// --- starting and following
+
+int ModMainStarten::ShellExecute(const QString& opdracht, const QString& parameters,
+                                 const QString& map) {
+    return Procedure<int>(p, "modMain.ShellExecute", GeenBronnen, [&] {
+        const Opstart o = opstart(opdracht, parameters, map);
+        if (o.resultaat != 0)
+            return o.resultaat;
+        return ResultaatVan(p.platform.processes().start(o.programma, o.argumenten, o.map).code);
+    });
+}
+
+ModMainStarten::Gestart ModMainStarten::ShellExecAndWait(const QString& opdracht,
+                                                         const QString& parameters,
+                                                         const QString& map) {
+    return Procedure<Gestart>(p, "modMain.ShellExecAndWait", Gestart{}, [&] {
+        const Opstart o = opstart(opdracht, parameters, map);
+        if (o.resultaat != 0)
+            return Gestart{o.resultaat, 0};
+        const StartResult r = p.platform.processes().start(o.programma, o.argumenten, o.map);
+        Gestart g{ResultaatVan(r.code), r.started() ? r.pid : 0};
+        if (g.proces > 0) {
+            m_gezien.insert(g.proces, {});
+            volg(g.proces);
+        }
+        return g;
+    });
+}
+
+void ModMainStarten::volg(qint64 proces) {
+    Processes& processen = p.platform.processes();
+    QSet<qint64>& gezien = m_gezien[proces];
+    // What lives of the tree now, from the started process and from everything seen before it
+    // (an orphan's children are no longer below the started process).
+    QList<qint64> wortels{proces};
+    wortels.append(gezien.values());
+    for (qint64 wortel : std::as_const(wortels))
+        if (processen.isRunning(wortel))
+            for (qint64 kind : processen.descendants(wortel))
+                gezien.insert(kind);
+}
+
+bool ModMainStarten::ProcesLeeft(qint64 proces) {
+    return Procedure<bool>(p, "modMain.ProcesLeeft", false, [&] {
+        if (proces <= 0)
+            return false;
+        volg(proces);
+        Processes& processen = p.platform.processes();
+        QSet<qint64> boom = m_gezien.value(proces);
+        boom.insert(proces);
+        for (qint64 pid : std::as_const(boom))
+            if (processen.isRunning(pid))
+                return true;
+        const QList<WindowInfo> vensters = p.platform.windows().topLevelWindows();
+        for (const WindowInfo& v : vensters)
+            if (v.pid > 0 && boom.contains(v.pid))
+                return true;
+        m_gezien.remove(proces);
+        return false;
+    });
+}
+
+void ModMainStarten::KillProcess(qint64 proces) {
+    Procedure(p, "modMain.KillProcess", [&] {
+        if (proces <= 0)
+            return;
+        volg(proces);
+        Processes& processen = p.platform.processes();
+        const QSet<qint64> gezien = m_gezien.take(proces);
+        processen.kill(proces);
+        // What was left by a wrapper that ended is no longer below the started process.
+        for (qint64 pid : gezien)
+            if (processen.isRunning(pid))
+                processen.kill(pid);
+    });
+}
+
+// --- display and drives
+
+bool ModMainStarten::WijzigWeergave(int breedte, int hoogte, int kleurdiepte) {
+    return Procedure<bool>(p, "modMain.WijzigWeergave", false, [&] {
+        if (breedte <= 0 || hoogte <= 0)
+            return false;
+        return p.platform.display().setMode(breedte, hoogte, kleurdiepte);
+    });
+}
+
+int ModMainStarten::Kleurdiepte() {
+    return p.platform.display().current().depth;
+}
+
+QStringList ModMainStarten::LaadSchijven() {
+    return Procedure<QStringList>(p, "modMain.LaadSchijven", QStringList(),
+                                  [&] { return p.platform.environment().removableMedia(); });
+}
+
+} // namespace tk

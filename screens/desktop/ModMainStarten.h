@@ -1,0 +1,110 @@
+#pragma once
+
+#include <QHash>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+#include <QtGlobal>
+
+namespace tk {
+
+class Programma;
+
+// The procedures of modMain that start programs for the desktop: the start itself (the role of
+// ShellExecute) with the way a start command is read on Linux, following what was started until
+// it is gone, ending it by force, the display mode a program demands, and the drives of the
+// desktop's "cdrom" item.
+class ModMainStarten {
+public:
+    explicit ModMainStarten(Programma& p);
+
+    // How a start command is run on this machine: the program, its arguments and its folder,
+    // or the result code (numbered as the names below) that says why it cannot run.
+    struct Opstart {
+        QString programma;
+        QStringList argumenten;
+        QString map;
+        QString bestand;   // the file the command names (the program, or the file opened)
+        int resultaat = 0; // 0 when it can run, else a code of 32 or below
+    };
+
+    // What a start gave: a code above 32 for a start, else the reason; the process to follow.
+    struct Gestart {
+        int resultaat = 0;
+        qint64 proces = 0;
+        bool gelukt() const { return resultaat > 32; }
+    };
+
+    // Starts a program and forgets it (ShellExecute with verb "open"). `opdracht` is a program
+    // path, a command line, a .desktop entry or any other file; `parameters` are split as a
+    // command line. The result is above 32 on success.
+    int ShellExecute(const QString& opdracht, const QString& parameters, const QString& map);
+    // Starts a program and gives the process to follow with ProcesLeeft and KillProcess.
+    Gestart ShellExecAndWait(const QString& opdracht, const QString& parameters,
+                             const QString& map);
+    // True while what the start of `proces` gave is still there: the process itself, any process
+    // seen below it so far (a wrapper such as a shell or xdg-open may end at once and leave its
+    // children), or a top-level window of one of them.
+    bool ProcesLeeft(qint64 proces);
+    // Ends a started process and everything seen below it.
+    void KillProcess(qint64 proces);
+
+    // The display change: width by height at a colour depth; true when the screen took it.
+    bool WijzigWeergave(int breedte, int hoogte, int kleurdiepte);
+    // The colour depth of the screen now, in bits per pixel.
+    int Kleurdiepte();
+
+    // The drives of the desktop's "cdrom" item: the mount points of removable and optical media.
+    QStringList LaadSchijven();
+
+    // How a start command would run (placeholders filled, program-relative "\" paths made
+    // native, .desktop entries read). Changes nothing.
+    Opstart LosOp(const QString& opdracht, const QString& parameters, const QString& map);
+    // Whether the command names this program itself (its own file name, with or without
+    // ".exe", in lower case; or the same file).
+    bool IsEigenProgramma(const QString& opdracht);
+
+    // The working folder when none is given: the command up to its last "\" or "/"; a command
+    // without either keeps the folder as given. A command line counts with its first word.
+    static QString WerkMap(const QString& opdracht, const QString& map);
+    // The name of a start's result code.
+    QString FoutNaam(int resultaat) const;
+    // A code of the platform's start (the Processes numbering) in the numbering of the names.
+    static int ResultaatVan(int platformCode);
+
+    // The result codes, as named by FoutNaam.
+    enum Resultaat : int {
+        GeenBronnen = 0,
+        BestandNietGevonden = 4,
+        PadNietGevonden = 5,
+        ToegangGeweigerd = 7,
+        GeenGeheugen = 10,
+        OngeldigProgramma = 13,
+        OnvolledigeKoppeling = 29,
+        GeenKoppeling = 33
+    };
+
+    // The fields of a freedesktop .desktop entry that a start needs.
+    struct BureaubladItem {
+        QString type, naam, exec, pad, icoon, url;
+        bool geldig = false; // a [Desktop Entry] group was found
+    };
+    static BureaubladItem LeesBureaubladItem(const QByteArray& tekst);
+    // The command of an Exec value with its field codes filled: %f %F %u %U take the files,
+    // %i the icon, %c the name, %k the entry's own file, %% a percent sign; the deprecated codes
+    // go. Empty when the value cannot be split.
+    static QStringList ExecOpdracht(const BureaubladItem& item, const QStringList& bestanden,
+                                    const QString& itemBestand);
+
+private:
+    Opstart opstart(const QString& opdracht, const QString& parameters, const QString& map);
+    QString vulIn(const QString& tekst);
+    QString nativePad(const QString& pad) const;
+    void volg(qint64 proces);
+
+    Programma& p;
+    // Per started process, every process seen below it so far.
+    QHash<qint64, QSet<qint64>> m_gezien;
+};
+
+} // namespace tk
