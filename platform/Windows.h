@@ -38,16 +38,19 @@ public:
     virtual QList<WindowInfo> topLevelWindows() = 0;
     // The window that has the input focus as the manager sees it, 0 when none.
     virtual quint64 activeWindow() = 0;
-    // Brings the window forward, restoring it when minimised; false when it is gone.
+    // Brings the window forward, restoring it when minimised; false when it is gone. A window
+    // that never takes the keyboard (a clock, say) comes forward but does not become active.
     virtual bool activate(quint64 window) = 0;
     // Asks the window to close, as its close button would.
     virtual void close(quint64 window) = 0;
-    // The window's icon nearest to size by size pixels, null when it has none.
+    // The window's icon nearest to size by size pixels, scaled to exactly that (ARGB32), null when
+    // it has none.
     virtual QImage icon(quint64 window, int size) = 0;
     // Keeps the area outside workArea free of maximised windows, reserved on the given window of
     // the shell (SetSysWorkArea).
     virtual void reserveWorkArea(quint64 shellWindow, const QRect& workArea) = 0;
-    // Keeps one of the shell's windows above all others, or lets it fall back (FormOnTop).
+    // Keeps one of the shell's windows above all others, or lets it fall back (FormOnTop). Works
+    // on a shown window and on one not yet shown.
     virtual void setOnTop(quint64 shellWindow, bool onTop) = 0;
     // Marks one of the shell's windows before it is shown.
     virtual void setKind(quint64 shellWindow, ShellWindowKind kind) = 0;
