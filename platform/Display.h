@@ -7,7 +7,7 @@ namespace tk {
 struct DisplayMode {
     int width = 0;
     int height = 0;
-    int depth = 0; // bits per pixel
+    int depth = 0; // bits per pixel (X's usual depth 24 is kept in 32)
     bool operator==(const DisplayMode&) const = default;
 };
 
