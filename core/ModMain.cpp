@@ -237,6 +237,35 @@ bool ModMain::ControleerNieuwereVersie(const QString& nieuw, const QString& oud)
     return false;
 }
 
+QString ModMain::WordWrapped_String(const QString& tekst, int breedte, const QString& scheiding,
+                                    bool afbreken) {
+    if (breedte < 1)
+        return tekst;
+    QStringList uit;
+    QString eigen = tekst;
+    eigen.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    for (const QString& alinea : eigen.split(QLatin1Char('\n'))) {
+        QString regel;
+        const QStringList woorden = alinea.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        for (QString woord : woorden) {
+            if (!regel.isEmpty() && regel.size() + 1 + woord.size() <= breedte) {
+                regel += QLatin1Char(' ') + woord;
+                continue;
+            }
+            if (!regel.isEmpty())
+                uit << regel;
+            regel.clear();
+            while (afbreken && woord.size() > breedte) {
+                uit << woord.left(breedte);
+                woord = woord.mid(breedte);
+            }
+            regel = woord;
+        }
+        uit << regel;
+    }
+    return uit.join(scheiding);
+}
+
 QString ModMain::ProgrammaVersie() {
     return QStringLiteral(TK_VERSIE);
 }

@@ -50,6 +50,12 @@ public:
     // Whether version `nieuw` is greater than `oud`: three numeric parts each, compared as
     // numbers; anything else is not newer.
     static bool ControleerNieuwereVersie(const QString& nieuw, const QString& oud);
+    // Breaks a text into lines of at most `breedte` characters, joined by `scheiding`: words
+    // stay whole where they fit, blanks between words on a break are dropped, and a word longer
+    // than a line is cut into pieces of `breedte` when `afbreken` (else it stands alone on its
+    // own, longer line). Line breaks already in the text are kept.
+    static QString WordWrapped_String(const QString& tekst, int breedte, const QString& scheiding,
+                                      bool afbreken);
 
     // The command line of this run, upper-cased
     QString Opdrachtregel;

@@ -161,3 +161,28 @@ TEST(ModMainTest, VersionsAreComparedAsThreeNumbers) {
                   c.nieuwer);
     }
 }
+
+TEST(ModMainTest, IconNamesWrapAtTwelveCharacters) {
+    struct Case {
+        const char* tekst;
+        bool afbreken;
+        const char* verwacht;
+    };
+    const Case cases[] = {
+        {"Rekenmachine", true, "Rekenmachine"},                 // exactly twelve: one line
+        {"Digitale klok", true, "Digitale|klok"},               // the blank at the break goes
+        {"Een klok om te leren", true, "Een klok om|te leren"}, // words fill a line
+        {"Woordenboekspel", true, "Woordenboeks|pel"},          // a long word is cut
+        {"Woordenboekspel", false, "Woordenboekspel"},          // or stands alone
+        {"A  B", true, "A B"},                                  // runs of blanks are one
+        {"", true, ""},
+        {"Eerste\r\nTweede regel hier", true, "Eerste|Tweede regel|hier"},
+        {"Verkeersregelsoefenprogramma", true, "Verkeersrege|lsoefenprogr|amma"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.tekst);
+        EXPECT_EQ(QString::fromLatin1(c.verwacht),
+                  ModMain::WordWrapped_String(QString::fromLatin1(c.tekst), 12, QStringLiteral("|"),
+                                              c.afbreken));
+    }
+}
