@@ -79,7 +79,13 @@ void CommandHandler::handle(ClientConnection& c, const QString& m) {
         return;
     }
     if (m.startsWith(s("LOC"))) {
-        c.location = m.mid(3);
+        const QString location = m.mid(3);
+        // Who is where, for whoever reads the log: only a change, not every repeat.
+        if (location != c.location)
+            ServerLog::line(QStringLiteral("connection %1 at location %2")
+                                .arg(c.number())
+                                .arg(excerpt(location)));
+        c.location = location;
         c.sendReply(s("LOC"));
         return;
     }

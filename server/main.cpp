@@ -1,11 +1,11 @@
 // tafelkrater-server: the school's server. See docs/protocol.md for what it speaks.
+#include "platform/linux/TerminationSignal.h"
 #include "server/ArchivePackager.h"
 #include "server/CommandServer.h"
 #include "server/DemoSchool.h"
 #include "server/ServerLog.h"
 #include "server/ServerOptions.h"
 #include "server/Store.h"
-#include "server/TerminationSignal.h"
 #include "server/UpdateOffer.h"
 #include "server/WebServer.h"
 
@@ -15,6 +15,7 @@
 #include <memory>
 
 using namespace tk::server;
+using tk::TerminationSignal;
 
 int main(int argc, char** argv) {
     // Qt's own event loop instead of GLib's: about a sixth more requests a second.

@@ -5,7 +5,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace tk::server {
+namespace tk {
 
 namespace {
 
@@ -50,4 +50,4 @@ void TerminationSignal::readPipe() {
         Q_EMIT received(last);
 }
 
-} // namespace tk::server
+} // namespace tk

@@ -4,11 +4,11 @@
 
 class QSocketNotifier;
 
-namespace tk::server {
+namespace tk {
 
-// Turns SIGTERM and SIGINT into a Qt signal on the event loop, through a self-pipe, so that
-// the server ends cleanly: the store closed, the sockets closed. All POSIX signal code of the
-// server is here. One instance per process.
+// Turns SIGTERM and SIGINT into a Qt signal on the event loop, through a self-pipe, so that a
+// program (the server, the launcher) ends cleanly: its files closed, its children ended. One
+// instance per process.
 class TerminationSignal : public QObject {
     Q_OBJECT
 public:
@@ -24,4 +24,4 @@ private:
     QSocketNotifier* m_notifier = nullptr;
 };
 
-} // namespace tk::server
+} // namespace tk
