@@ -29,8 +29,8 @@ quint16 vrijePoort() {
 }
 } // namespace
 
-ServerProces::ServerProces(const QStringList& extra) {
-    m_poort = vrijePoort();
+ServerProces::ServerProces(const QStringList& extra, quint16 poort) {
+    m_poort = poort ? poort : vrijePoort();
     m_proces.setProcessChannelMode(QProcess::MergedChannels);
     QObject::connect(&m_proces, &QProcess::readyRead,
                      [this] { m_uitvoer += QString::fromUtf8(m_proces.readAll()); });
@@ -54,6 +54,16 @@ ServerProces::ServerProces(const QStringList& extra) {
         }
         QThread::msleep(20);
     }
+}
+
+bool ServerProces::wachtOpUitvoer(const QString& tekst, int ms) {
+    QElapsedTimer klok;
+    klok.start();
+    while (!m_uitvoer.contains(tekst) && klok.elapsed() < ms &&
+           m_proces.state() == QProcess::Running) {
+        m_proces.waitForReadyRead(50); // the output comes in through readyRead
+    }
+    return m_uitvoer.contains(tekst);
 }
 
 ServerProces::~ServerProces() {

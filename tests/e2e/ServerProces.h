@@ -11,11 +11,14 @@ namespace tk::test {
 // temporary data folder, stopped with SIGTERM at the end.
 class ServerProces {
 public:
-    explicit ServerProces(const QStringList& extra = {});
+    // On a free port, or on `poort` when it is given (the port of a Standalone workstation).
+    explicit ServerProces(const QStringList& extra = {}, quint16 poort = 0);
     ~ServerProces();
     bool gestart() const { return m_gestart; }
     quint16 poort() const { return m_poort; }
     QString uitvoer() const { return m_uitvoer; }
+    // Waits until the server's log holds `tekst`; false when it did not come within ms.
+    bool wachtOpUitvoer(const QString& tekst, int ms);
 
 private:
     QTemporaryDir m_data;
