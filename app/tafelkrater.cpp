@@ -7,7 +7,13 @@
 #include "data/ModMainLaden.h"
 #include "link/ModMainVerbinding.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "screens/start/FrmAanmelden.h"
+#include "screens/start/FrmAanmeldenView.h"
 #include "screens/start/FrmMain.h"
+#include "screens/start/FrmWachten.h"
+#include "screens/start/FrmWachtenView.h"
+#include "screens/taskbar/FrmAfmelden.h"
+#include "screens/taskbar/FrmAfmeldenView.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
 #include "theme/ModDataPictogrammen.h"
@@ -41,6 +47,13 @@ int main(int argc, char** argv) {
     p.modDataThemas->LadenVormgeving = [&p] { p.modThema->LaadThema(); };
     p.maak(p.frmTaakbalk1, p);
     p.maak(p.modMainAfsluiten, p);
+    // The wait windows: models any screen may open, and their views, shown while open.
+    p.maak(p.frmWachten, p);
+    p.maak(p.frmAanmelden, p);
+    p.maak(p.frmAfmelden, p);
+    tk::FrmWachtenView wachtenView(*p.frmWachten);
+    tk::FrmAanmeldenView aanmeldenView(*p.frmAanmelden);
+    tk::FrmAfmeldenView afmeldenView(*p.frmAfmelden);
     tk::ClientStappen stappen(p);
     p.opstartStappen = &stappen;
 

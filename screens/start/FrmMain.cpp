@@ -7,6 +7,7 @@
 #include "core/Programma.h"
 #include "data/ModData.h"
 #include "link/ModMainVerbinding.h"
+#include "screens/start/Laadbalk.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "theme/ModThema.h"
 
@@ -624,43 +625,18 @@ void FrmMain::TekenAanmelden() {
 
 void FrmMain::TijdLadenEx(int totaal, int huidig, const QString& tekst) {
     Procedure(p, "frmMain.TijdLadenEx", [&] {
-        const int breedte = picLaden.width();
-        laadBlokken.clear();
-        int einde = 0;
-        if (huidig >= totaal)
-            einde = breedte - 2;
-        else if (totaal > 0)
-            einde = int(qint64(breedte - 2) * qMax(0, huidig) / totaal);
-        for (int x = 0; x <= einde; x += 10) {
-            if (x + 10 <= breedte - 8) {
-                laadBlokken << QRect(x, 2, 8, 9);
-            } else {
-                if (breedte - 3 > x)
-                    laadBlokken << QRect(x, 2, breedte - 3 - x, 9);
-                break;
-            }
-        }
+        laadBlokken = Laadbalk::blokken(picLaden.width(), totaal, huidig);
         laadTekst = tekst;
-        laadTekstPlek = QPoint(breedte / 2, (picLaden.height() - 14 - 8) / 2 + 19);
+        laadTekstPlek = Laadbalk::tekstPlek(picLaden.size());
         hertekenen();
     });
 }
 
 void FrmMain::TijdLadenEx2(int totaal, int huidig, const QString& tekst) {
     Procedure(p, "frmMain.TijdLadenEx2", [&] {
-        const int breedte = picLaden.width();
-        laadBlokken.clear();
-        int x = 2;
-        if (huidig >= 1 && totaal > 0) {
-            const int plek = int(qint64(breedte - 2) * qMin(huidig, totaal) / totaal) / 10 * 10;
-            // Up: the block stands right of its place; down: it is drawn from the right edge,
-            // a pitch of -10, so that it stands left of its place.
-            x = richtingOmlaag ? plek - 10 : plek;
-        }
-        x = qBound(2, x, breedte - 3 - 8);
-        laadBlokken << QRect(x, 2, 8, 9);
+        laadBlokken = {Laadbalk::springBlok(picLaden.width(), totaal, huidig, richtingOmlaag)};
         laadTekst = tekst;
-        laadTekstPlek = QPoint(breedte / 2, (picLaden.height() - 14 - 8) / 2 + 19);
+        laadTekstPlek = Laadbalk::tekstPlek(picLaden.size());
         hertekenen();
     });
 }
@@ -668,12 +644,7 @@ void FrmMain::TijdLadenEx2(int totaal, int huidig, const QString& tekst) {
 void FrmMain::tmrLaden_Timer() {
     if (!tmrLadenAan || !picLadenZichtbaar)
         return;
-    if (richtingOmlaag) {
-        if (--tellerLaden < -9)
-            richtingOmlaag = false;
-    } else if (++tellerLaden >= 110) {
-        richtingOmlaag = true;
-    }
+    Laadbalk::stap(tellerLaden, richtingOmlaag);
     TijdLadenEx2(100, tellerLaden, p.modTaal.LaadTekst(1609));
 }
 

@@ -1,6 +1,7 @@
 #include "FrmMainView.h"
 
 #include "FrmMain.h"
+#include "LaadbalkTekenaar.h"
 #include "controls/Knop2View.h"
 #include "screens/taskbar/FrmTaakbalk1View.h"
 
@@ -96,25 +97,9 @@ void FrmMainCanvas::paintEvent(QPaintEvent*) {
 }
 
 void FrmMainCanvas::tekenLaadbalk(QPainter& p) {
-    const QRect r = m.picLaden;
-    p.save();
-    p.translate(r.topLeft());
-    p.setPen(Qt::NoPen);
-    p.setBrush(m.KleurRand);
-    p.drawRect(0, 0, r.width(), 13);
-    p.setBrush(m.KleurStatus);
-    p.drawRect(2, 2, r.width() - 4, 9);
-    p.setBrush(m.KleurStreep);
-    for (const QRect& b : m.laadBlokken)
-        p.drawRect(b.intersected(QRect(2, 2, r.width() - 4, 9)));
-    if (!m.laadTekst.isEmpty()) {
-        p.setFont(m.ladenFont);
-        p.setPen(m.KleurLaden);
-        const QFontMetrics fm(m.ladenFont);
-        p.drawText(m.laadTekstPlek.x() - fm.horizontalAdvance(m.laadTekst) / 2,
-                   m.laadTekstPlek.y() + fm.ascent() - fm.height() / 2, m.laadTekst);
-    }
-    p.restore();
+    const LaadbalkTekenaar tekenaar{m.KleurRand, m.KleurStatus, m.KleurStreep, m.KleurLaden,
+                                    m.ladenFont};
+    tekenaar.teken(p, m.picLaden, m.laadBlokken, m.laadTekst, m.laadTekstPlek);
 }
 
 void FrmMainCanvas::tekenAanmelden(QPainter& p) {

@@ -1,0 +1,103 @@
+#include "FrmWachten.h"
+
+#include "core/Procedure.h"
+#include "core/Programma.h"
+#include "theme/ModThema.h"
+
+#include <QFontMetrics>
+
+namespace tk {
+
+namespace {
+QColor kleur(const RgbColour& c) {
+    return QColor(c.r, c.g, c.b);
+}
+} // namespace
+
+FrmWachten::FrmWachten(Programma& p) : p(p) {
+    tekstFont = QFont(QStringLiteral("Verdana"), 9, QFont::Bold);
+    m_tmrLaden.setInterval(30);
+    QObject::connect(&m_tmrLaden, &QTimer::timeout, [this] { tmrLaden_Timer(); });
+}
+
+void FrmWachten::hertekenen() {
+    if (Hertekenen)
+        Hertekenen();
+}
+
+int FrmWachten::hoogteVoor(const QString& tekstOnderBalk) const {
+    // The bar alone, or the bar with its text under it.
+    if (tekstOnderBalk.isEmpty())
+        return picLaden.plek.top() + Laadbalk::BalkHoogte + 2 * Laadbalk::BalkBoven + Marge;
+    return picLaden.plek.bottom() + 1 + Marge / 2;
+}
+
+void FrmWachten::LaadThema() {
+    Procedure(p, "frmWachten.LaadThema", [&] {
+        if (!p.modThema)
+            return;
+        KleurStreep = kleur(p.modThema->waitBarColour(QStringLiteral("Laadbalk wachten streep")));
+        KleurRand = kleur(p.modThema->waitBarColour(QStringLiteral("Laadbalk wachten rand")));
+    });
+}
+
+void FrmWachten::Openen(const QString& tekst, int maximum) {
+    Procedure(p, "frmWachten.Openen", [&] {
+        LaadThema();
+        QString t = tekst;
+        t.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+        regels = t.split(QLatin1Char('\n'));
+        const QFontMetrics fm(tekstFont);
+        int breedste = 0;
+        for (const QString& r : regels)
+            breedste = qMax(breedste, fm.horizontalAdvance(r));
+        Breedte = qMax(MinBreedte, breedste + 2 * Marge);
+        regelHoogte = fm.height();
+        regelsBoven = Marge;
+        const int balkBoven = regelsBoven + regelHoogte * int(regels.size()) + 10;
+        picLaden.plek = QRect(Marge, balkBoven, Breedte - 2 * Marge, 40);
+        Hoogte = hoogteVoor(QString());
+        Maximum = qMax(0, maximum);
+        picLaden.teller = 0;
+        picLaden.omlaag = false;
+        if (Maximum == 0) {
+            picLaden.TijdLadenEx2(100, 0, QString());
+            m_tmrLaden.start();
+        } else {
+            m_tmrLaden.stop();
+            Wachten(Maximum, 0, QString());
+        }
+        Zichtbaar = true;
+        hertekenen();
+    });
+}
+
+void FrmWachten::Waarde(int waarde) {
+    Procedure(p, "frmWachten.Waarde", [&] {
+        if (Maximum > 0)
+            Wachten(Maximum, waarde, QString());
+    });
+}
+
+void FrmWachten::Wachten(int totaal, int huidig, const QString& tekst) {
+    Procedure(p, "frmWachten.Wachten", [&] {
+        picLaden.TijdLadenEx(totaal, huidig, tekst);
+        Hoogte = hoogteVoor(tekst);
+        hertekenen();
+    });
+}
+
+void FrmWachten::tmrLaden_Timer() {
+    if (!Zichtbaar)
+        return;
+    picLaden.tik(QString());
+    hertekenen();
+}
+
+void FrmWachten::Sluiten() {
+    m_tmrLaden.stop();
+    Zichtbaar = false;
+    hertekenen();
+}
+
+} // namespace tk

@@ -1,0 +1,13 @@
+#pragma once
+
+class QWidget;
+
+namespace tk {
+
+// Where the program's own windows stand on the screen.
+struct VensterPlek {
+    // Centres a top-level window on the screen it is on (or the primary screen).
+    static void centreer(QWidget& venster);
+};
+
+} // namespace tk

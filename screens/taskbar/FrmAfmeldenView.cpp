@@ -1,0 +1,48 @@
+#include "FrmAfmeldenView.h"
+
+#include "FrmAfmelden.h"
+#include "screens/start/LaadbalkTekenaar.h"
+#include "screens/start/VensterPlek.h"
+
+#include <QPainter>
+
+namespace tk {
+
+FrmAfmeldenView::FrmAfmeldenView(FrmAfmelden& model, QWidget* ouder)
+    : QWidget(ouder, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint), m(model) {
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setFixedSize(FrmAfmelden::Breedte, FrmAfmelden::Hoogte);
+    m.Hertekenen = [this] { bijwerken(); };
+    bijwerken();
+}
+
+FrmAfmeldenView::~FrmAfmeldenView() {
+    m.Hertekenen = nullptr;
+}
+
+void FrmAfmeldenView::bijwerken() {
+    if (isWindow()) {
+        if (m.Zichtbaar && !isVisible())
+            VensterPlek::centreer(*this);
+        setVisible(m.Zichtbaar);
+    }
+    update();
+}
+
+void FrmAfmeldenView::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.fillRect(rect(), Qt::white);
+    p.setPen(QPen(m.KleurRand, 2));
+    p.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
+    p.setFont(m.tekstFont);
+    p.setPen(m.KleurRand);
+    QString tekst = m.lblAfmelden;
+    tekst.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    p.drawText(QRect(10, 14, width() - 20, m.picLaden.plek.top() - 20), Qt::AlignCenter, tekst);
+    const LaadbalkTekenaar tekenaar{m.KleurRand, m.KleurStatus, m.KleurStreep, m.KleurRand,
+                                    m.tekstFont};
+    tekenaar.teken(p, m.picLaden.plek, m.picLaden.blokkenNu, m.picLaden.tekst,
+                   m.picLaden.tekstMidden);
+}
+
+} // namespace tk
