@@ -28,6 +28,11 @@ FrmMainCanvas::FrmMainCanvas(FrmMain& model, QWidget* ouder) : QWidget(ouder), m
     connect(m_aanmelden, &QPushButton::clicked, this, [this] { m.knopAanmelden_Click(); });
 }
 
+FrmMainCanvas::~FrmMainCanvas() {
+    for (auto& [knop, view] : m_knoppen)
+        knop->Click = nullptr;
+}
+
 void FrmMainCanvas::bijwerken() {
     // The class buttons: a view per button of the model, gone with its button.
     std::map<Knop2*, Knop2View*> nu;
@@ -153,6 +158,10 @@ FrmMainView::FrmMainView(FrmMain& model, QWidget* ouder) : QWidget(ouder), m(mod
     resize(1024, 768);
     m.Hertekenen = [this] { m_canvas->bijwerken(); };
     m_canvas->bijwerken();
+}
+
+FrmMainView::~FrmMainView() {
+    m.Hertekenen = nullptr;
 }
 
 void FrmMainView::resizeEvent(QResizeEvent*) {

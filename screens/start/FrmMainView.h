@@ -18,6 +18,8 @@ class FrmMainCanvas : public QWidget {
     Q_OBJECT
 public:
     FrmMainCanvas(FrmMain& model, QWidget* ouder);
+    // The buttons' clicks reach this canvas: they are let go with it.
+    ~FrmMainCanvas() override;
     // Brings the child controls in line with the model and paints anew.
     void bijwerken();
     FrmTaakbalk1View* taakbalk = nullptr;
@@ -40,6 +42,8 @@ class FrmMainView : public QWidget {
     Q_OBJECT
 public:
     explicit FrmMainView(FrmMain& model, QWidget* ouder = nullptr);
+    // The model outlives its view: its redraw hook is let go with the view.
+    ~FrmMainView() override;
     FrmMainCanvas* canvas() { return m_canvas; }
 
 protected:

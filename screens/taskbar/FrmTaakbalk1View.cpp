@@ -17,6 +17,10 @@ FrmTaakbalk1View::FrmTaakbalk1View(FrmTaakbalk1& model, QWidget* ouder) : QWidge
     bijwerken();
 }
 
+FrmTaakbalk1View::~FrmTaakbalk1View() {
+    m.Hertekenen = nullptr;
+}
+
 void FrmTaakbalk1View::bijwerken() {
     setVisible(m.Zichtbaar);
     for (AccountsView* a : m_accounts)

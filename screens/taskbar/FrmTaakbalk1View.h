@@ -12,6 +12,7 @@ class FrmTaakbalk1View : public QWidget {
     Q_OBJECT
 public:
     FrmTaakbalk1View(FrmTaakbalk1& model, QWidget* ouder);
+    ~FrmTaakbalk1View() override;
     void bijwerken();
 
 protected:

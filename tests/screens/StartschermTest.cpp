@@ -1,6 +1,9 @@
 #include "ScreenWerkplek.h"
 #include "screens/start/FrmMainView.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <gtest/gtest.h>
 
@@ -203,10 +206,44 @@ TEST(StartschermTest, MissingThemePictureIsReportedAndTheScreenStaysUsable) {
     EXPECT_TRUE(w.f().achtergrond.isNull());
     EXPECT_FALSE(w.f().wolk.isNull());
     EXPECT_EQ(562, w.f().LadenY + 2); // places still read
+    // Both faults reached the log book under the procedure's name.
+    QString logboek;
+    for (const QFileInfo& dag : QDir(w.pad("Logboek")).entryInfoList(QDir::Files))
+        logboek += QString::fromUtf8(w.lees("Logboek/" + dag.fileName()));
+    EXPECT_GE(logboek.count("frmMain.LadenVormgeving"), 2) << logboek.toStdString();
+
     w.klas(0, QString(200, 'x') + "|y", QString(200, 'k') + "|z");
     w.f().AccountKlik(0);
     const QImage beeld = w.f().knop(0)->Teken();
     EXPECT_EQ(w.f().knop(0)->Grootte(), beeld.size());
+}
+
+TEST(StartschermTest, LongClassNamesAreDrawnCutInsideTheirButtons) {
+    ScreenWerkplek w;
+    w.f().Form_Load();
+    const QImage leeg = [&] {
+        w.klas(0, "A", "A");
+        w.f().AccountKlik(0);
+        FrmMainView view(w.f());
+        view.resize(1024, 768);
+        return view.grab().toImage();
+    }();
+    // A caption of 200 characters with the list separators in it, beside a plain one.
+    w.klas(0, QString(200, 'W') + "|x;<>;y", QString(100, 'W') + "|" + QString(100, 'M'));
+    w.klas(1, "Groep 2", "2");
+    w.f().WeergevenKlassen(true);
+    w.f().HerschikGroepen();
+    FrmMainView view(w.f());
+    view.resize(1024, 768);
+    const QImage beeld = view.grab().toImage();
+    EXPECT_EQ("acc0|pw0|100", w.f().knop(0)->Tag); // the name does not enter the tag
+    // Left of the first button, in the gap between the two and above them the background is
+    // untouched: the caption stays inside its button.
+    const int breedte = w.f().knop(0)->Grootte().width();
+    for (const QPoint pt : {QPoint(125, 330), QPoint(130 + breedte + 1, 330), QPoint(180, 300)}) {
+        SCOPED_TRACE(pt.x());
+        EXPECT_EQ(leeg.pixel(pt), beeld.pixel(pt));
+    }
 }
 
 TEST(StartschermTest, OffscreenViewDrawsTheClassPicturesAtTheirPlaces) {
