@@ -31,9 +31,11 @@ public:
     virtual qint64 ownPid() = 0;
     // True while the process exists (and has not ended as a zombie).
     virtual bool isRunning(qint64 pid) = 0;
-    // Every living process below pid, children first.
-    virtual QList<qint64> descendants(qint64 pid) = 0;
-    // Ends the process and what it started; false when there was nothing to end.
+    // Every living process of the start that gave pid: the process itself, what it started, and
+    // what those left behind when they ended (a wrapper shell or opener that starts the real
+    // program and exits at once). Empty when all of it has ended.
+    virtual QList<qint64> processesOfStart(qint64 pid) = 0;
+    // Ends every process of the start that gave pid; false when there was nothing to end.
     virtual bool kill(qint64 pid) = 0;
 };
 

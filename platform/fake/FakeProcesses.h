@@ -7,9 +7,10 @@
 
 namespace tk {
 
-// Records every start as "program arg1 arg2 (in folder)". A start answers `result` (by default
-// a start with the next free pid, which then runs until the test ends it); children of a pid are
-// what the test says they are.
+// Records every start as "program arg1 arg2 (in folder)". A start answers `failWith` when set,
+// else a start with the next free pid, which then runs until the test ends it. What a start
+// started is what the test puts in `children`; like a session, the processes below a pid stay
+// part of its start after the ones between them ended.
 class FakeProcesses : public Processes {
 public:
     bool startDetached(const QString& program, const QStringList& arguments,
@@ -28,20 +29,24 @@ public:
     }
     qint64 ownPid() override { return 100; }
     bool isRunning(qint64 pid) override { return running.contains(pid); }
-    QList<qint64> descendants(qint64 pid) override {
+    QList<qint64> processesOfStart(qint64 pid) override {
+        QList<qint64> alle{pid};
+        for (qsizetype i = 0; i < alle.size(); ++i)
+            for (qint64 kind : children.value(alle[i]))
+                if (!alle.contains(kind))
+                    alle.append(kind);
         QList<qint64> uit;
-        for (qint64 kind : children.value(pid))
-            if (running.contains(kind)) {
-                uit.append(kind);
-                uit.append(descendants(kind));
-            }
+        for (qint64 p : alle)
+            if (running.contains(p))
+                uit.append(p);
         return uit;
     }
     bool kill(qint64 pid) override {
         killed.append(pid);
-        for (qint64 kind : descendants(pid))
-            running.remove(kind);
-        return running.remove(pid);
+        bool iets = false;
+        for (qint64 p : processesOfStart(pid))
+            iets = running.remove(p) || iets;
+        return iets;
     }
 
     QStringList started;

@@ -5,52 +5,192 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QProcess>
+#include <QSet>
 #include <QStandardPaths>
 
+#include <cerrno>
 #include <csignal>
+#include <fcntl.h>
+#include <sys/wait.h>
 #include <unistd.h>
+
+#include <vector>
+
+extern char** environ;
 
 namespace tk {
 
 namespace {
 
-// The state letter and parent of a process from /proc/<pid>/stat; false when it is gone. The
-// command name in brackets may hold blanks and brackets, so the fields are read after the last ')'.
-bool leesStat(qint64 pid, char& toestand, qint64& ouder) {
+// The facts of a process that /proc/<pid>/stat gives. The command name in brackets may hold
+// blanks and brackets, so the fields are read after the last ')'.
+struct Stat {
+    char state = 0;
+    qint64 parent = 0;
+    qint64 session = 0;
+    bool alive() const { return state != 0 && state != 'Z' && state != 'X'; }
+};
+
+Stat readStat(qint64 pid) {
     QFile f(QStringLiteral("/proc/%1/stat").arg(pid));
     if (!f.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray regel = f.readAll();
-    const int haak = regel.lastIndexOf(')');
-    if (haak < 0)
-        return false;
-    const QList<QByteArray> velden = regel.mid(haak + 2).split(' ');
-    if (velden.size() < 2 || velden[0].isEmpty())
-        return false;
-    toestand = velden[0].at(0);
-    ouder = velden[1].toLongLong();
-    return true;
+        return {};
+    const QByteArray line = f.readAll();
+    const qsizetype bracket = line.lastIndexOf(')');
+    if (bracket < 0)
+        return {};
+    // state ppid pgrp session ...
+    const QList<QByteArray> fields = line.mid(bracket + 2).split(' ');
+    if (fields.size() < 4 || fields[0].isEmpty())
+        return {};
+    return Stat{fields[0].at(0), fields[1].toLongLong(), fields[3].toLongLong()};
 }
 
-QHash<qint64, QList<qint64>> kinderenPerOuder() {
-    QHash<qint64, QList<qint64>> kinderen;
-    const QStringList namen = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
-    for (const QString& naam : namen) {
-        bool getal = false;
-        const qint64 pid = naam.toLongLong(&getal);
-        char toestand = 0;
-        qint64 ouder = 0;
-        if (getal && leesStat(pid, toestand, ouder) && toestand != 'Z' && toestand != 'X')
-            kinderen[ouder].append(pid);
+// Every living process of the machine with its facts.
+QHash<qint64, Stat> livingProcesses() {
+    QHash<qint64, Stat> all;
+    const QStringList names = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
+    for (const QString& name : names) {
+        bool number = false;
+        const qint64 pid = name.toLongLong(&number);
+        if (!number)
+            continue;
+        const Stat s = readStat(pid);
+        if (s.alive())
+            all.insert(pid, s);
     }
-    return kinderen;
+    return all;
 }
 
 // The program as it will be run: a path as given, a bare name through PATH.
-QString vindProgramma(const QString& program) {
+QString findProgram(const QString& program) {
     if (program.contains(QLatin1Char('/')))
         return program;
     return QStandardPaths::findExecutable(program);
+}
+
+bool readAll(int fd, void* buffer, size_t size) {
+    auto* at = static_cast<char*>(buffer);
+    while (size > 0) {
+        const ssize_t n = ::read(fd, at, size);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            return false;
+        at += n;
+        size -= size_t(n);
+    }
+    return true;
+}
+
+void writeAll(int fd, const void* buffer, size_t size) {
+    const auto* at = static_cast<const char*>(buffer);
+    while (size > 0) {
+        const ssize_t n = ::write(fd, at, size);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            return;
+        at += n;
+        size -= size_t(n);
+    }
+}
+
+// What came of a start in a session of its own.
+struct Spawned {
+    pid_t pid = 0;     // the program
+    pid_t session = 0; // the session it runs in (the id of the short-lived middle process)
+    int error = 0;     // errno of a failed start
+};
+
+// Starts a program detached from this one (a double fork, so that nobody has to wait for it),
+// in a session of its own: everything it starts stays in that session after it ends, which is
+// how a start is followed through wrappers that exit at once. Only async-signal-safe calls run
+// between fork and exec; everything they need is prepared before.
+Spawned spawnInSession(const QString& path, const QStringList& arguments, const QString& folder) {
+    const QByteArray file = QFile::encodeName(path);
+    const QByteArray dir = QFile::encodeName(folder);
+    std::vector<QByteArray> words{file};
+    for (const QString& a : arguments)
+        words.push_back(a.toLocal8Bit());
+    std::vector<char*> argv;
+    for (QByteArray& w : words)
+        argv.push_back(w.data());
+    argv.push_back(nullptr);
+
+    int channel[2];
+    if (::pipe2(channel, O_CLOEXEC) != 0)
+        return Spawned{0, 0, errno};
+    const pid_t middle = ::fork();
+    if (middle < 0) {
+        const int error = errno;
+        ::close(channel[0]);
+        ::close(channel[1]);
+        return Spawned{0, 0, error};
+    }
+    if (middle == 0) {
+        ::close(channel[0]);
+        ::setsid();
+        const pid_t program = ::fork();
+        if (program == 0) {
+            // The signal mask and dispositions of a Qt program are not the program's business.
+            sigset_t none;
+            sigemptyset(&none);
+            ::sigprocmask(SIG_SETMASK, &none, nullptr);
+            ::signal(SIGPIPE, SIG_DFL);
+            ::signal(SIGCHLD, SIG_DFL);
+            if (!dir.isEmpty() && ::chdir(dir.constData()) != 0) {
+                const int error = errno;
+                writeAll(channel[1], &error, sizeof error);
+                ::_exit(127);
+            }
+            ::execve(file.constData(), argv.data(), environ);
+            const int error = errno;
+            writeAll(channel[1], &error, sizeof error);
+            ::_exit(127);
+        }
+        const qint64 told = program;
+        writeAll(channel[1], &told, sizeof told);
+        ::_exit(program < 0 ? 1 : 0);
+    }
+    ::close(channel[1]);
+    Spawned s;
+    s.session = middle;
+    qint64 program = 0;
+    if (!readAll(channel[0], &program, sizeof program) || program <= 0)
+        s.error = EAGAIN;
+    else
+        s.pid = pid_t(program);
+    // Nothing more to read means exec succeeded: the channel closes with it.
+    int error = 0;
+    if (s.error == 0 && readAll(channel[0], &error, sizeof error))
+        s.error = error;
+    ::close(channel[0]);
+    int status = 0;
+    while (::waitpid(middle, &status, 0) < 0 && errno == EINTR) {
+    }
+    return s;
+}
+
+// A failed exec in the numbering of StartResult.
+int startCode(int error) {
+    switch (error) {
+    case ENOENT:
+        return 2;
+    case ENOTDIR:
+        return 3;
+    case EACCES:
+    case EPERM:
+        return 5;
+    case ENOEXEC:
+    case ELIBBAD:
+        return 11;
+    case ENOMEM:
+    case EAGAIN:
+        return 8;
+    default:
+        return 0;
+    }
 }
 
 } // namespace
@@ -64,16 +204,21 @@ StartResult LinuxProcesses::start(const QString& program, const QStringList& arg
                                   const QString& workingFolder) {
     if (!workingFolder.isEmpty() && !QFileInfo(workingFolder).isDir())
         return StartResult{3, 0};
-    const QString pad = vindProgramma(program);
-    const QFileInfo info(pad);
-    if (pad.isEmpty() || !info.exists())
+    const QString path = findProgram(program);
+    const QFileInfo info(path);
+    if (path.isEmpty() || !info.exists())
         return StartResult{2, 0};
     if (info.isDir() || !info.isExecutable())
         return StartResult{5, 0};
-    qint64 pid = 0;
-    if (!QProcess::startDetached(pad, arguments, workingFolder, &pid) || pid <= 0)
-        return StartResult{8, 0};
-    return StartResult{42, pid};
+    const Spawned s = spawnInSession(info.absoluteFilePath(), arguments, workingFolder);
+    if (s.error != 0 || s.pid <= 0) {
+        // A session that was opened may hold a half-started program: nothing of it stays.
+        if (s.pid > 0)
+            ::kill(s.pid, SIGKILL);
+        return StartResult{startCode(s.error), 0};
+    }
+    m_sessions.insert(s.pid, s.session);
+    return StartResult{42, s.pid};
 }
 
 qint64 LinuxProcesses::ownPid() {
@@ -81,33 +226,49 @@ qint64 LinuxProcesses::ownPid() {
 }
 
 bool LinuxProcesses::isRunning(qint64 pid) {
-    char toestand = 0;
-    qint64 ouder = 0;
-    return pid > 0 && leesStat(pid, toestand, ouder) && toestand != 'Z' && toestand != 'X';
+    return pid > 0 && readStat(pid).alive();
 }
 
-QList<qint64> LinuxProcesses::descendants(qint64 pid) {
-    const QHash<qint64, QList<qint64>> kinderen = kinderenPerOuder();
-    QList<qint64> uit;
-    QList<qint64> rij{pid};
-    for (int i = 0; i < rij.size(); ++i)
-        for (qint64 kind : kinderen.value(rij[i]))
-            if (!uit.contains(kind)) {
-                uit.append(kind);
-                rij.append(kind);
-            }
-    return uit;
+QList<qint64> LinuxProcesses::processesOfStart(qint64 pid) {
+    if (pid <= 0)
+        return {};
+    const QHash<qint64, Stat> all = livingProcesses();
+    const qint64 session = m_sessions.value(pid, 0);
+    QList<qint64> out;
+    QSet<qint64> taken;
+    auto take = [&](qint64 p) {
+        if (!taken.contains(p) && p != ownPid()) {
+            taken.insert(p);
+            out.append(p);
+        }
+    };
+    if (all.contains(pid))
+        take(pid);
+    if (session > 0)
+        for (auto it = all.cbegin(); it != all.cend(); ++it)
+            if (it->session == session)
+                take(it.key());
+    // What left the session (a program that starts a session of its own) is still below it.
+    QHash<qint64, QList<qint64>> children;
+    for (auto it = all.cbegin(); it != all.cend(); ++it)
+        children[it->parent].append(it.key());
+    for (qsizetype i = 0; i < out.size(); ++i)
+        for (qint64 child : children.value(out[i]))
+            take(child);
+    if (out.isEmpty())
+        m_sessions.remove(pid);
+    return out;
 }
 
 bool LinuxProcesses::kill(qint64 pid) {
     if (pid <= 0 || pid == ownPid())
         return false;
-    // The children first, so that none is left to its grandparent.
-    const QList<qint64> onder = descendants(pid);
-    bool iets = false;
-    for (auto it = onder.crbegin(); it != onder.crend(); ++it)
-        iets = ::kill(static_cast<pid_t>(*it), SIGKILL) == 0 || iets;
-    return ::kill(static_cast<pid_t>(pid), SIGKILL) == 0 || iets;
+    const QList<qint64> all = processesOfStart(pid);
+    bool any = false;
+    // The last found first: children before the parents that would notice them go.
+    for (auto it = all.crbegin(); it != all.crend(); ++it)
+        any = ::kill(static_cast<pid_t>(*it), SIGKILL) == 0 || any;
+    return any;
 }
 
 } // namespace tk

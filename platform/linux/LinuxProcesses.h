@@ -2,10 +2,14 @@
 
 #include "platform/Processes.h"
 
+#include <QHash>
+
 namespace tk {
 
-// Programs started with QProcess; followed through /proc (a process's parent is the fourth
-// field of /proc/<pid>/stat).
+// Programs started in a session of their own and followed through /proc: the processes of a
+// start are those of its session (the sixth field of /proc/<pid>/stat) and everything below
+// them, so that a wrapper which starts the real program and exits at once leaves nothing
+// unfollowed.
 class LinuxProcesses : public Processes {
 public:
     bool startDetached(const QString& program, const QStringList& arguments,
@@ -14,8 +18,12 @@ public:
                       const QString& workingFolder) override;
     qint64 ownPid() override;
     bool isRunning(qint64 pid) override;
-    QList<qint64> descendants(qint64 pid) override;
+    QList<qint64> processesOfStart(qint64 pid) override;
     bool kill(qint64 pid) override;
+
+private:
+    // The session of each program this object started.
+    QHash<qint64, qint64> m_sessions;
 };
 
 } // namespace tk

@@ -2,6 +2,7 @@
 
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "platform/Clock.h"
 #include "platform/Display.h"
 #include "platform/Environment.h"
 #include "platform/Processes.h"
@@ -413,44 +414,41 @@ ModMainStarten::Gestart ModMainStarten::ShellExecAndWait(const QString& opdracht
             return Gestart{o.resultaat, 0};
         const StartResult r = p.platform.processes().start(o.programma, o.argumenten, o.map);
         Gestart g{ResultaatVan(r.code), r.started() ? r.pid : 0};
-        if (g.proces > 0) {
-            m_gezien.insert(g.proces, {});
-            volg(g.proces);
-        }
+        if (g.proces > 0)
+            m_gevolgd.insert(g.proces, Gevolgd{});
         return g;
     });
-}
-
-void ModMainStarten::volg(qint64 proces) {
-    Processes& processen = p.platform.processes();
-    QSet<qint64>& gezien = m_gezien[proces];
-    // What lives of the tree now, from the started process and from everything seen before it
-    // (an orphan's children are no longer below the started process).
-    QList<qint64> wortels{proces};
-    wortels.append(gezien.values());
-    for (qint64 wortel : std::as_const(wortels))
-        if (processen.isRunning(wortel))
-            for (qint64 kind : processen.descendants(wortel))
-                gezien.insert(kind);
 }
 
 bool ModMainStarten::ProcesLeeft(qint64 proces) {
     return Procedure<bool>(p, "modMain.ProcesLeeft", false, [&] {
         if (proces <= 0)
             return false;
-        volg(proces);
-        Processes& processen = p.platform.processes();
-        QSet<qint64> boom = m_gezien.value(proces);
-        boom.insert(proces);
-        for (qint64 pid : std::as_const(boom))
-            if (processen.isRunning(pid))
-                return true;
-        const QList<WindowInfo> vensters = p.platform.windows().topLevelWindows();
-        for (const WindowInfo& v : vensters)
-            if (v.pid > 0 && boom.contains(v.pid))
-                return true;
-        m_gezien.remove(proces);
-        return false;
+        const QList<qint64> levend = p.platform.processes().processesOfStart(proces);
+        Gevolgd& g = m_gevolgd[proces];
+        bool venster = false;
+        if (!levend.isEmpty()) {
+            const QList<WindowInfo> vensters = p.platform.windows().topLevelWindows();
+            for (const WindowInfo& v : vensters)
+                venster = venster || (v.pid > 0 && levend.contains(v.pid));
+        }
+        const QDateTime nu = p.platform.clock().now();
+        bool leeft = true;
+        if (levend.isEmpty()) {
+            leeft = false;
+        } else if (venster) {
+            g.vensterGezien = true;
+            g.zonderVenster = QDateTime();
+        } else if (g.vensterGezien) {
+            // The program's windows are gone but something of it still runs: a helper it left,
+            // or a program between two windows. The wait ends when none comes back in time.
+            if (!g.zonderVenster.isValid())
+                g.zonderVenster = nu;
+            leeft = g.zonderVenster.msecsTo(nu) < NawachtMs;
+        }
+        if (!leeft)
+            m_gevolgd.remove(proces);
+        return leeft;
     });
 }
 
@@ -458,14 +456,8 @@ void ModMainStarten::KillProcess(qint64 proces) {
     Procedure(p, "modMain.KillProcess", [&] {
         if (proces <= 0)
             return;
-        volg(proces);
-        Processes& processen = p.platform.processes();
-        const QSet<qint64> gezien = m_gezien.take(proces);
-        processen.kill(proces);
-        // What was left by a wrapper that ended is no longer below the started process.
-        for (qint64 pid : gezien)
-            if (processen.isRunning(pid))
-                processen.kill(pid);
+        m_gevolgd.remove(proces);
+        p.platform.processes().kill(proces);
     });
 }
 

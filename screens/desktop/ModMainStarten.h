@@ -1,7 +1,7 @@
 #pragma once
 
+#include <QDateTime>
 #include <QHash>
-#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QtGlobal>
@@ -42,12 +42,16 @@ public:
     // Starts a program and gives the process to follow with ProcesLeeft and KillProcess.
     Gestart ShellExecAndWait(const QString& opdracht, const QString& parameters,
                              const QString& map);
-    // True while what the start of `proces` gave is still there: the process itself, any process
-    // seen below it so far (a wrapper such as a shell or xdg-open may end at once and leave its
-    // children), or a top-level window of one of them.
+    // True while the program that the start of `proces` gave is still there. Its processes are
+    // the started one and what it left (a wrapper such as a shell or xdg-open may end at once and
+    // leave the real program). Until a window of them has shown, the program lives while one of
+    // them runs; from then on, while one of them has a window, and NawachtMs longer, so that a
+    // program between its splash and its main window is not taken for gone, while a helper
+    // that stays behind after the last window closed does not keep the desktop waiting.
     bool ProcesLeeft(qint64 proces);
-    // Ends a started process and everything seen below it.
+    // Ends everything the start of `proces` gave.
     void KillProcess(qint64 proces);
+    static constexpr qint64 NawachtMs = 5000;
 
     // The display change: width by height at a colour depth; true when the screen took it.
     bool WijzigWeergave(int breedte, int hoogte, int kleurdiepte);
@@ -100,11 +104,15 @@ private:
     Opstart opstart(const QString& opdracht, const QString& parameters, const QString& map);
     QString vulIn(const QString& tekst);
     QString nativePad(const QString& pad) const;
-    void volg(qint64 proces);
+
+    // What is known of a start that is followed.
+    struct Gevolgd {
+        bool vensterGezien = false; // one of its processes had a window
+        QDateTime zonderVenster;    // since when none has, while some still run
+    };
 
     Programma& p;
-    // Per started process, every process seen below it so far.
-    QHash<qint64, QSet<qint64>> m_gezien;
+    QHash<qint64, Gevolgd> m_gevolgd;
 };
 
 } // namespace tk

@@ -2,6 +2,7 @@
 #include "tests/support/QtPrinters.h"
 
 #include <QDeadlineTimer>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
 #include <gtest/gtest.h>
@@ -24,30 +25,70 @@ template <class F> bool binnenkort(F voorwaarde) {
 TEST(LinuxProcessesTest, NamesWhyAStartFails) {
     LinuxProcesses p;
     QTemporaryDir map;
+    // A file marked executable that is no program and has no interpreter line.
+    QFile onzin(map.filePath(QStringLiteral("onzin")));
+    ASSERT_TRUE(onzin.open(QIODevice::WriteOnly));
+    onzin.write("\x01\x02\x03 geen programma");
+    onzin.close();
+    onzin.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+
     EXPECT_EQ(p.start(QStringLiteral("/geen/programma"), {}, {}).code, 2);
     EXPECT_EQ(p.start(QStringLiteral("geen-programma-met-deze-naam"), {}, {}).code, 2);
     EXPECT_EQ(p.start(QStringLiteral("/bin/sh"), {}, QStringLiteral("/geen/map")).code, 3);
     EXPECT_EQ(p.start(map.path(), {}, {}).code, 5); // a folder is no program
+    EXPECT_EQ(p.start(onzin.fileName(), {}, {}).code, 11);
 }
 
-TEST(LinuxProcessesTest, FollowsAStartedTreeAndEndsItWhole) {
+TEST(LinuxProcessesTest, RunsInTheGivenFolderWithTheGivenArguments) {
     LinuxProcesses p;
     QTemporaryDir map;
-    // A shell that starts a child and waits for it: two processes to follow.
     const tk::StartResult r =
-        p.start(QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral("sleep 60 & wait")},
+        p.start(QStringLiteral("sh"),
+                {QStringLiteral("-c"), QStringLiteral("printf '%s|%s' \"$PWD\" \"$1\" > uit"),
+                 QStringLiteral("sh"), QStringLiteral("een woord")},
                 map.path());
     ASSERT_TRUE(r.started());
+    QFile uit(map.filePath(QStringLiteral("uit")));
+    ASSERT_TRUE(binnenkort([&] { return !p.isRunning(r.pid) && uit.size() > 0; }));
+    ASSERT_TRUE(uit.open(QIODevice::ReadOnly));
+    EXPECT_EQ(uit.readAll(), QFile::encodeName(map.path()) + "|een woord");
+}
+
+TEST(LinuxProcessesTest, FollowsWhatAWrapperLeftBehindAndEndsItWhole) {
+    LinuxProcesses p;
+    // A shell that starts the real program and exits at once: the program lives on, no longer
+    // below the process that was started.
+    const tk::StartResult r = p.start(
+        QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral("sleep 60 & exit 0")}, {});
+    ASSERT_TRUE(r.started());
     ASSERT_GT(r.pid, 0);
-    EXPECT_TRUE(p.isRunning(r.pid));
-    ASSERT_TRUE(binnenkort([&] { return p.descendants(r.pid).size() == 1; }));
-    const qint64 kind = p.descendants(r.pid).constFirst();
-    EXPECT_TRUE(p.isRunning(kind));
+    ASSERT_TRUE(binnenkort([&] { return !p.isRunning(r.pid); }));
+    const QList<qint64> over = p.processesOfStart(r.pid);
+    ASSERT_EQ(over.size(), 1);
+    EXPECT_NE(over.constFirst(), r.pid);
+    EXPECT_TRUE(p.isRunning(over.constFirst()));
 
     EXPECT_TRUE(p.kill(r.pid));
-    EXPECT_TRUE(binnenkort([&] { return !p.isRunning(r.pid) && !p.isRunning(kind); }));
+    EXPECT_TRUE(binnenkort([&] { return p.processesOfStart(r.pid).isEmpty(); }));
+    EXPECT_FALSE(p.kill(r.pid)); // nothing left to end
     EXPECT_FALSE(p.kill(p.ownPid()));
     EXPECT_FALSE(p.isRunning(0));
+}
+
+TEST(LinuxProcessesTest, TwoStartsAreFollowedApart) {
+    LinuxProcesses p;
+    const tk::StartResult a = p.start(
+        QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral("sleep 60 & wait")}, {});
+    const tk::StartResult b = p.start(QStringLiteral("sleep"), {QStringLiteral("60")}, {});
+    ASSERT_TRUE(a.started());
+    ASSERT_TRUE(b.started());
+    ASSERT_TRUE(binnenkort([&] { return p.processesOfStart(a.pid).size() == 2; }));
+    EXPECT_EQ(p.processesOfStart(b.pid), QList<qint64>{b.pid});
+    EXPECT_TRUE(p.kill(a.pid));
+    EXPECT_TRUE(binnenkort([&] { return p.processesOfStart(a.pid).isEmpty(); }));
+    EXPECT_TRUE(p.isRunning(b.pid));
+    EXPECT_TRUE(p.kill(b.pid));
+    EXPECT_TRUE(binnenkort([&] { return !p.isRunning(b.pid); }));
 }
 
 } // namespace
