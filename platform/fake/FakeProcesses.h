@@ -7,10 +7,10 @@
 
 namespace tk {
 
-// Records every start as "program arg1 arg2 (in folder)". A start answers `failWith` when set,
-// else a start with the next free pid, which then runs until the test ends it. What a start
-// started is what the test puts in `children`; like a session, the processes below a pid stay
-// part of its start after the ones between them ended.
+// Records every start as "program arg1 arg2 (in folder)". A start answers `failWith` when set
+// (0 or more), else a start with the next free pid, which then runs until the test ends it. What
+// a start started is what the test puts in `children`; like a session, the processes below a pid
+// stay part of its start after the ones between them ended.
 class FakeProcesses : public Processes {
 public:
     bool startDetached(const QString& program, const QStringList& arguments,
@@ -21,7 +21,7 @@ public:
     StartResult start(const QString& program, const QStringList& arguments,
                       const QString& workingFolder) override {
         record(program, arguments, workingFolder);
-        if (failWith != 0)
+        if (failWith >= 0)
             return StartResult{failWith, 0};
         const qint64 pid = nextPid++;
         running.insert(pid);
@@ -51,7 +51,7 @@ public:
 
     QStringList started;
     bool succeeds = true;
-    int failWith = 0; // a ShellExecute code (32 or below) that every start() answers
+    int failWith = -1; // a ShellExecute code (32 or below) that every start() answers
     qint64 nextPid = 1000;
     QSet<qint64> running;
     QHash<qint64, QList<qint64>> children;

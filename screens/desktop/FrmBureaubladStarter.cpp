@@ -32,7 +32,7 @@ int getal(const QString& tekst) {
 FrmBureaubladStarter::FrmBureaubladStarter(Programma& p) : p(p) {
     if (!p.modMainStarten)
         p.maak(p.modMainStarten, p);
-    tmrShellWait.setInterval(250);
+    tmrShellWait.setInterval(500);
     tmrDisable.setInterval(500);
     tmrTaakbalk.setInterval(1000);
     connect(&tmrShellWait, &QTimer::timeout, this, &FrmBureaubladStarter::tmrShellWait_Timer);
@@ -45,6 +45,9 @@ FrmBureaubladStarter::FrmBureaubladStarter(Programma& p) : p(p) {
 FrmBureaubladStarter::~FrmBureaubladStarter() = default;
 
 bool FrmBureaubladStarter::StartGeblokkeerd() {
+    // The overlay stands over the desktop while a program is waited for: nothing else starts.
+    if (tmrShellWait.isActive())
+        return true;
     if (!LaatsteStart.isValid())
         return false;
     const qint64 seconden = LaatsteStart.secsTo(p.platform.clock().now());
@@ -78,7 +81,7 @@ void FrmBureaubladStarter::StartApplicatie(const QString& opdracht, const QStrin
 
         if (!wijzigen && !TaakbalkVerbergen) {
             const int resultaat = starten.ShellExecute(opdracht, parameters, werkmap);
-            if (resultaat <= 32)
+            if (resultaat != ModMainStarten::Opgestart)
                 startFout(resultaat, naam, opdracht);
             return;
         }
@@ -108,7 +111,10 @@ void FrmBureaubladStarter::StartApplicatie(const QString& opdracht, const QStrin
             formOnTop(false);
             tmrTaakbalk.stop();
             // Maximised at the present display. Nothing is to be undone, but the desktop comes
-            // back when the program ends, as after any other start that it waits for.
+            // back when the program ends, as after any other start that it waits for, and the
+            // user can end it with cmdShellWait as there.
+            cmdShellWaitZichtbaar = true;
+            hertekenen();
             const ModMainStarten::Gestart g =
                 starten.ShellExecAndWait(opdracht, parameters, werkmap);
             if (!g.gelukt()) {
@@ -331,6 +337,7 @@ void FrmBureaubladStarter::melding(const QString& tekst) {
 void FrmBureaubladStarter::hertekenen() {
     if (Hertekenen)
         Hertekenen();
+    Q_EMIT gewijzigd();
 }
 
 } // namespace tk

@@ -49,8 +49,9 @@ public:
     // A click on the "cdrom" item: opens the drive (a mount point; empty: the first of
     // LaadSchijven) in the file manager, titled "CD/DVD-rom - " and the drive.
     void StartSchijf(const QString& schijf);
-    // True while a click would be dropped because the last start was less than
-    // StartBeveiliging seconds ago (Form_MouseUp tests it before it does anything).
+    // True while a click would be dropped: the last start was less than StartBeveiliging
+    // seconds ago (Form_MouseUp tests it before it does anything), or a started program is
+    // waited for under the overlay.
     bool StartGeblokkeerd();
     // "Close Program": ends the program by force and puts everything back.
     void cmdShellWait_Click();
@@ -104,6 +105,11 @@ public:
     std::function<void()> TaakbalkTekenKnop;
     std::function<void(int hoogte)> TaakbalkVensterPositie;
     std::function<void()> TaakbalkOpTop;
+
+Q_SIGNALS:
+    // The launcher's state changed (with every call of Hertekenen): the overlay's view paints
+    // anew from it.
+    void gewijzigd();
 
 protected:
     Programma& p;

@@ -92,7 +92,7 @@ int ModMainStarten::ResultaatVan(int platformCode) {
     // found, 5 access denied, 8 out of memory, 11 bad program, 26 to 32 sharing, associations,
     // DDE and libraries); the names of the desktop stand two places further on.
     if (platformCode > 32)
-        return platformCode;
+        return Opgestart;
     switch (platformCode) {
     case 0:
         return GeenBronnen;

@@ -25,19 +25,19 @@ public:
         QStringList argumenten;
         QString map;
         QString bestand;   // the file the command names (the program, or the file opened)
-        int resultaat = 0; // 0 when it can run, else a code of 32 or below
+        int resultaat = 0; // 0 when it can run, else a code named by FoutNaam
     };
 
-    // What a start gave: a code above 32 for a start, else the reason; the process to follow.
+    // What a start gave: Opgestart, else the reason; the process to follow.
     struct Gestart {
         int resultaat = 0;
         qint64 proces = 0;
-        bool gelukt() const { return resultaat > 32; }
+        bool gelukt() const { return resultaat == Opgestart; }
     };
 
     // Starts a program and forgets it (ShellExecute with verb "open"). `opdracht` is a program
     // path, a command line, a .desktop entry or any other file; `parameters` are split as a
-    // command line. The result is above 32 on success.
+    // command line. The result is Opgestart on success, else the reason.
     int ShellExecute(const QString& opdracht, const QString& parameters, const QString& map);
     // Starts a program and gives the process to follow with ProcesLeeft and KillProcess.
     Gestart ShellExecAndWait(const QString& opdracht, const QString& parameters,
@@ -76,8 +76,10 @@ public:
     // A code of the platform's start (the Processes numbering) in the numbering of the names.
     static int ResultaatVan(int platformCode);
 
-    // The result codes, as named by FoutNaam.
+    // The result codes, as named by FoutNaam. The names number the reasons of a failed start as
+    // the desktop's table does, in which two reasons stand above 32; a start is Opgestart.
     enum Resultaat : int {
+        Opgestart = 42,
         GeenBronnen = 0,
         BestandNietGevonden = 4,
         PadNietGevonden = 5,

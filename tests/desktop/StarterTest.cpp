@@ -1,9 +1,25 @@
 #include "tests/desktop/DesktopWerkplek.h"
 
+#include <QCoreApplication>
 #include <gtest/gtest.h>
 
 using namespace tk;
 using tk::test::DesktopWerkplek;
+
+namespace {
+
+QString dm(const DisplayMode& m) {
+    return QStringLiteral("%1x%2x%3").arg(m.width).arg(m.height).arg(m.depth);
+}
+
+QStringList gevraagd(DesktopWerkplek& w) {
+    QStringList uit;
+    for (const DisplayMode& m : w.platform.fakeDisplay().asked)
+        uit << dm(m);
+    return uit;
+}
+
+} // namespace
 
 TEST(StartApplicatieTest, ASecondClickWithinTwoSecondsIsDropped) {
     DesktopWerkplek w;
@@ -21,4 +37,358 @@ TEST(StartApplicatieTest, ASecondClickWithinTwoSecondsIsDropped) {
     EXPECT_FALSE(w.s().StartGeblokkeerd());
     w.s().StartApplicatie("/bin/sh", "", "", "", "Shell");
     EXPECT_EQ(started.size(), 2);
+}
+
+TEST(StartApplicatieTest, TheDisplayChangesOnlyForADemandThatDiffersFromThePresentMode) {
+    struct Case {
+        const char* eis;
+        bool beheer;      // a management workstation
+        const char* mode; // the mode asked of the display, "" for none
+        bool wachten;     // the overlay stands and the program is waited for
+        bool verbergen;   // the taskbar is hidden
+    };
+    const Case cases[] = {
+        {"1024x768x32xNEE", false, "", false, false}, // the present mode: a plain start
+        {"1024x768x32", false, "", false, false},
+        {"800x600", false, "", false, false},       // two values never change anything
+        {"1024x768", false, "", false, false},      //
+        {"800x600x0xNEE", false, "", false, false}, // depth 0: no change
+        {"", false, "", false, false},              //
+        {"800x600x32xNEE", false, "800x600x32", true, false},
+        {"1024x600x32", false, "1024x600x32", true, false},     // the height alone
+        {"1024x768x16xNEE", false, "1024x768x16", true, false}, // the depth alone
+        {"1024x768x8", false, "1024x768x8", true, false},
+        {"1024x768x32xJA", false, "", true, true},        // only the taskbar goes
+        {"640x480x8xja", false, "640x480x8", true, true}, // the flag in any case
+        {"800x600x32xNEE", true, "", false, false},       // a management workstation
+        {"800x600x32xJA", true, "", true, true},          // hides the taskbar all the same
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.eis + std::string(c.beheer ? " beheer" : ""));
+        DesktopWerkplek w;
+        w.p.modMain.ModusBeheer = c.beheer;
+        w.s().StartApplicatie("/bin/sh", "", "", c.eis, "Shell");
+        ASSERT_EQ(w.platform.fakeProcesses().started.size(), 1);
+        EXPECT_EQ(gevraagd(w), c.mode[0] ? QStringList{c.mode} : QStringList{});
+        EXPECT_EQ(w.s().picDisableZichtbaar, c.wachten);
+        EXPECT_EQ(w.s().tmrShellWait.isActive(), c.wachten);
+        EXPECT_EQ(w.s().TaakbalkVerbergen, c.verbergen);
+        EXPECT_EQ(w.s().ShellWachtStand, c.mode[0] ? "1" : "0");
+        EXPECT_TRUE(w.meldingen().isEmpty());
+    }
+}
+
+TEST(StartApplicatieTest, WithoutAGivenFolderTheProgramRunsInItsOwnFolder) {
+    struct Case {
+        const char* opdracht;
+        const char* map;
+        const char* werkmap;
+    };
+    const Case cases[] = {
+        {"C:\\Programma's\\Paint\\paint.exe", "", "C:\\Programma's\\Paint"},
+        {"C:\\Programma's\\Paint\\paint.exe", "E:\\Werk", "E:\\Werk"}, // a given folder stays
+        {"paint.exe", "", ""}, // no backslash: the folder as given
+        {"paint.exe", "E:\\Werk", "E:\\Werk"},
+        {"/usr/bin/xlogo", "", "/usr/bin"},
+        {"/usr/bin/xterm -e /bin/sh", "", "/usr/bin"}, // a command line counts with its program
+        {"\\Programma's\\tekenen.sh", "", "\\Programma's"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.opdracht);
+        EXPECT_EQ(ModMainStarten::WerkMap(c.opdracht, c.map), c.werkmap);
+    }
+
+    // The folder reaches the program; a program-relative "\" folder is made native.
+    DesktopWerkplek w;
+    w.schrijf("Programma's/Paint/paint.sh", "#!/bin/sh\n");
+    QFile(w.pad("Programma's/Paint/paint.sh"))
+        .setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    w.s().StartApplicatie("\\Programma's\\Paint\\paint.sh", "", "", "", "Paint");
+    ASSERT_EQ(w.platform.fakeProcesses().started.size(), 1);
+    EXPECT_EQ(w.platform.fakeProcesses().started[0],
+              w.pad("Programma's/Paint/paint.sh") + " (in " + w.pad("Programma's/Paint") + ")");
+}
+
+TEST(StartApplicatieTest, AProgramThatDemandsAModeRunsInItAndTheDesktopComesBackAfter) {
+    DesktopWerkplek w;
+    w.s().Schermopname = [] {
+        QImage beeld(1024, 768, QImage::Format_RGB32);
+        beeld.fill(Qt::darkGreen);
+        return beeld;
+    };
+    auto& processen = w.platform.fakeProcesses();
+    w.s().StartApplicatie("/bin/sh", "", "", "800x600x16xJA", "Rekenen");
+
+    // The overlay: the captured screen, the text, and the button centred on the new screen.
+    EXPECT_TRUE(w.s().picDisableZichtbaar);
+    EXPECT_EQ(w.s().picDisable, QRect(0, 0, 1024, 768));
+    EXPECT_EQ(w.s().picDisableBeeld.pixelColor(5, 5), QColor(Qt::darkGreen));
+    EXPECT_TRUE(w.s().lblDisableZichtbaar);
+    EXPECT_EQ(w.s().lblDisableTekst, w.p.modTaal.LaadTekst(747));
+    EXPECT_TRUE(w.s().cmdShellWaitZichtbaar);
+    EXPECT_EQ(w.s().cmdShellWaitTekst, "Close Program");
+    EXPECT_EQ(w.s().cmdShellWait.topLeft(), QPoint(400 - 80, 300 - 16));
+    EXPECT_EQ(w.s().lblDisable.topLeft(), QPoint(400 - 200, 300 - 80));
+    EXPECT_TRUE(w.s().tmrDisable.isActive());
+
+    EXPECT_EQ(gevraagd(w), QStringList{"800x600x16"});
+    EXPECT_EQ(w.s().OudeWeergave, "1024x768x32");
+    EXPECT_EQ(w.s().BreedteNu, 800);
+    EXPECT_EQ(w.s().HoogteNu, 600);
+    EXPECT_EQ(w.s().ShellWachtStand, "1");
+    // The taskbar learns the new height, and stays down while the program runs.
+    EXPECT_EQ(w.taakbalk, QStringList({"TekenKnop", "VensterPositie 600"}));
+    EXPECT_FALSE(w.s().tmrTaakbalk.isActive());
+    EXPECT_EQ(w.platform.fakeWindows().log, QStringList{"ontop 77 0"});
+    ASSERT_EQ(processen.started.size(), 1);
+    const qint64 pid = w.s().ShellProces;
+    ASSERT_GT(pid, 0);
+
+    // While it runs nothing happens, and no other program starts.
+    w.later();
+    w.s().tmrShellWait_Timer();
+    EXPECT_TRUE(w.s().tmrShellWait.isActive());
+    EXPECT_TRUE(w.s().StartGeblokkeerd());
+    w.s().StartApplicatie("/bin/sh", "", "", "", "Ander");
+    EXPECT_EQ(processen.started.size(), 1);
+
+    processen.running.remove(pid);
+    w.s().tmrShellWait_Timer();
+    EXPECT_FALSE(w.s().tmrShellWait.isActive());
+    EXPECT_EQ(gevraagd(w), QStringList({"800x600x16", "1024x768x32"}));
+    EXPECT_EQ(w.s().BreedteNu, 1024);
+    EXPECT_EQ(w.s().HoogteNu, 768);
+    EXPECT_EQ(w.taakbalk.mid(2), QStringList{"VensterPositie 768"});
+    EXPECT_EQ(w.platform.fakeWindows().log, QStringList({"ontop 77 0", "ontop 77 1"}));
+    EXPECT_TRUE(w.s().tmrTaakbalk.isActive());
+    EXPECT_EQ(w.getoond, 1);
+    EXPECT_FALSE(w.s().picDisableZichtbaar);
+    EXPECT_FALSE(w.s().cmdShellWaitZichtbaar);
+    EXPECT_TRUE(w.s().picDisableBeeld.isNull());
+    EXPECT_FALSE(w.s().StartGeblokkeerd());
+    EXPECT_TRUE(w.meldingen().isEmpty());
+}
+
+TEST(StartApplicatieTest, CloseProgramEndsEverythingTheStartGaveAndRestores) {
+    DesktopWerkplek w;
+    auto& processen = w.platform.fakeProcesses();
+    w.s().StartApplicatie("/bin/sh", "", "", "800x600x32xNEE", "Rekenen");
+    const qint64 pid = w.s().ShellProces;
+    // The program was started through a wrapper that has ended already.
+    processen.children[pid] = {pid + 50};
+    processen.running.insert(pid + 50);
+    processen.running.remove(pid);
+    w.s().tmrShellWait_Timer();
+    EXPECT_TRUE(w.s().tmrShellWait.isActive());
+
+    w.s().cmdShellWait_Click();
+    EXPECT_EQ(processen.killed, QList<qint64>{pid});
+    EXPECT_FALSE(processen.running.contains(pid + 50));
+    EXPECT_FALSE(w.s().tmrShellWait.isActive());
+    EXPECT_EQ(gevraagd(w), QStringList({"800x600x32", "1024x768x32"}));
+    EXPECT_FALSE(w.s().picDisableZichtbaar);
+    EXPECT_FALSE(w.s().cmdShellWaitZichtbaar);
+}
+
+TEST(StartApplicatieTest, AModeTheScreenCannotShowStillStartsTheProgramAtThePresentOne) {
+    DesktopWerkplek w;
+    w.platform.fakeDisplay().modes = {{1024, 768, 32}};
+    w.s().StartApplicatie("/bin/sh", "", "", "640x480x8xNEE", "Oud spel");
+    // The height stays unfilled: the text names it by another placeholder.
+    ASSERT_EQ(w.meldingen().size(), 1);
+    EXPECT_EQ(w.meldingen()[0], "The entered display settings, 640 by %breedte% pixels (8 color "
+                                "quality) cannot be applied.");
+    EXPECT_EQ(gevraagd(w), QStringList{"640x480x8"});
+    EXPECT_EQ(w.platform.fakeWindows().log, QStringList{"ontop 77 0"});
+    EXPECT_FALSE(w.s().tmrTaakbalk.isActive());
+    EXPECT_EQ(w.platform.fakeProcesses().started.size(), 1);
+    // Nothing to undo when it ends, but the desktop comes back.
+    EXPECT_EQ(w.s().ShellWachtStand, "0");
+    EXPECT_TRUE(w.s().cmdShellWaitZichtbaar);
+    EXPECT_EQ(w.s().cmdShellWait.topLeft(), QPoint(512 - 80, 384 - 16));
+    w.platform.fakeProcesses().running.clear();
+    w.s().tmrShellWait_Timer();
+    EXPECT_EQ(gevraagd(w), QStringList{"640x480x8"});
+    EXPECT_FALSE(w.s().picDisableZichtbaar);
+    EXPECT_EQ(w.platform.fakeWindows().log.last(), "ontop 77 1");
+}
+
+TEST(StartApplicatieTest, ADisplayThatCannotBeRestoredIsSaidAndStaysChanged) {
+    DesktopWerkplek w;
+    w.s().StartApplicatie("/bin/sh", "", "", "800x600x32xNEE", "Rekenen");
+    w.platform.fakeDisplay().fails = true;
+    w.platform.fakeProcesses().running.clear();
+    w.s().tmrShellWait_Timer();
+    EXPECT_EQ(w.meldingen(), QStringList{w.p.modTaal.LaadTekst(701)});
+    EXPECT_EQ(w.s().BreedteNu, 800);
+    EXPECT_FALSE(w.s().picDisableZichtbaar);
+    EXPECT_TRUE(w.s().tmrTaakbalk.isActive());
+}
+
+TEST(StartApplicatieTest, AFailedStartIsNamedAndReportedAutomatically) {
+    struct Case {
+        int platformCode; // what the machine's start answered
+        const char* naam;
+        bool padMelding; // the dedicated message of a path not found
+    };
+    const Case cases[] = {
+        {2, "File not found", false},
+        {3, "Path not found", true},
+        {5, "Access denied", false},
+        {8, "Out of memory", false},
+        {11, "Invalid EXE file or error in EXE image", false},
+        {31, "No association for file extension", false},
+        {0, "The operating system is out of memory or resources.", false},
+        {17, "Unknown error", false},
+    };
+    for (const char* eis : {"1024x768x32xNEE", "800x600x32xJA"}) {
+        for (const Case& c : cases) {
+            SCOPED_TRACE(std::string(eis) + " " + c.naam);
+            DesktopWerkplek w;
+            w.platform.fakeProcesses().failWith = c.platformCode;
+            w.s().StartApplicatie("/bin/sh", "", "", eis, "Rekenen");
+            const QString regels = "Name: Rekenen\r\nLocation: /bin/sh\r\nError description: " +
+                                   QString::fromLatin1(c.naam);
+            ASSERT_EQ(w.meldingen().size(), 1);
+            if (c.padMelding)
+                EXPECT_EQ(w.meldingen()[0], "It is not possible to start the application.\r\n\r\n"
+                                            "Error description: Path not found");
+            else
+                EXPECT_EQ(w.meldingen()[0],
+                          "An error occurred while starting the application.\r\n\r\n" + regels);
+            // The fault report: logged and offered to send, under its own name.
+            EXPECT_EQ(w.dialogen.getoond, QStringList{"frmFoutrapportage"});
+            EXPECT_EQ(w.p.frmFoutrapportage.Module, "Automatische melding");
+            EXPECT_EQ(w.p.frmFoutrapportage.Omschrijving, QString(regels).replace("\r\n", "|"));
+            EXPECT_TRUE(
+                w.lees("Logboek/" + w.platform.fakeClock().now().toString("d-M-yyyy") + ".txt")
+                    .contains("Automatische melding"));
+            // Nothing stays of an overlay or a changed display.
+            EXPECT_FALSE(w.s().picDisableZichtbaar);
+            EXPECT_FALSE(w.s().tmrShellWait.isActive());
+            EXPECT_EQ(w.platform.fakeDisplay().mode, (DisplayMode{1024, 768, 32}));
+        }
+    }
+}
+
+TEST(StartApplicatieTest, BadStartCommandsAreNamedWithoutHarm) {
+    struct Case {
+        const char* opdracht;
+        const char* eis;
+        const char* fout;
+    };
+    const Case cases[] = {
+        {"", "", "File not found"},
+        {"/geen/programma", "", "File not found"},
+        {"geen-programma-met-deze-naam --help", "", "File not found"},
+        {"/bin/sh", "axbxc", "cannot be applied"}, // a demand that is no size
+        {"/bin/sh", "99999x99999x32", "cannot be applied"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.opdracht + std::string(" ") + c.eis);
+        DesktopWerkplek w;
+        w.platform.fakeDisplay().modes = {{1024, 768, 32}};
+        w.s().StartApplicatie(c.opdracht, "", "", c.eis, "X");
+        ASSERT_FALSE(w.meldingen().isEmpty());
+        EXPECT_TRUE(w.meldingen().last().contains(c.fout)) << w.meldingen().last().toStdString();
+        EXPECT_EQ(w.platform.fakeDisplay().mode, (DisplayMode{1024, 768, 32}));
+    }
+}
+
+TEST(StartApplicatieTest, AClickOnAnIconCountsTheStartOnTheServerWithoutWaiting) {
+    struct Case {
+        int soort;
+        const char* verwacht;
+    };
+    const Case cases[] = {{0, "OPSTEL12|7|0"}, {1, "OPSTEL12|7|1"}, {2, "OPSTEL12|7|2"}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.soort);
+        DesktopWerkplek w;
+        w.applicatie(c.soort, 3, "12", "Rekenen", "/bin/sh", "standaard|3", "-c true");
+        w.s().StartApplicatieRij(c.soort, 3, "7");
+        EXPECT_EQ(w.kanaal.verstuurd, QStringList{c.verwacht});
+        EXPECT_EQ(w.kanaal.gewacht, QList<bool>{false});
+        EXPECT_EQ(w.platform.fakeProcesses().started, QStringList{"/bin/sh -c true (in /bin)"});
+    }
+    // Offline the start is not counted, but happens.
+    DesktopWerkplek w;
+    w.kanaal.verbonden = false;
+    w.applicatie(2, 0, "12", "Rekenen", "/bin/sh");
+    w.s().StartApplicatieRij(2, 0, "7");
+    EXPECT_TRUE(w.kanaal.verstuurd.isEmpty());
+    EXPECT_EQ(w.platform.fakeProcesses().started.size(), 1);
+}
+
+TEST(StartApplicatieTest, AnIconWhoseProgramIsMissingIsCountedSaidAndReported) {
+    DesktopWerkplek w;
+    w.applicatie(0, 0, "12", "Rekenen", "C:\\Programma's\\Reken\\reken.exe");
+    w.s().StartApplicatieRij(0, 0, "7");
+    EXPECT_EQ(w.kanaal.verstuurd, QStringList{"OPSTEL12|7|0"});
+    EXPECT_EQ(w.meldingen(), QStringList{"Location of the application cannot be found."});
+    EXPECT_TRUE(w.platform.fakeProcesses().started.isEmpty());
+    EXPECT_EQ(w.p.frmFoutrapportage.Module, "Automatische melding");
+    EXPECT_EQ(
+        w.p.frmFoutrapportage.Omschrijving,
+        "Location of the application cannot be found.|Name: Rekenen|"
+        "Location: C:\\Programma's\\Reken|Startup command: C:\\Programma's\\Reken\\reken.exe");
+    // A refused start does not arm the guard.
+    EXPECT_FALSE(w.s().StartGeblokkeerd());
+}
+
+TEST(StartApplicatieTest, ThisProgramItselfIsNotStartedAgain) {
+    DesktopWerkplek w;
+    const QString zelf = QCoreApplication::applicationFilePath();
+    for (const QString& opdracht : {zelf, zelf + ".exe"}) {
+        w.dialogen.gesteld.clear();
+        w.applicatie(2, 0, "5", "Tafelkrater", opdracht);
+        w.s().StartApplicatieRij(2, 0, "7");
+        EXPECT_EQ(w.meldingen(), QStringList{w.p.modTaal.LaadTekst(702)});
+    }
+    EXPECT_TRUE(w.platform.fakeProcesses().started.isEmpty());
+}
+
+TEST(ProcesLeeftTest, TheWaitFollowsTheProgramsWindowsAndWhatAWrapperLeft) {
+    DesktopWerkplek w;
+    auto& processen = w.platform.fakeProcesses();
+    auto& vensters = w.platform.fakeWindows().windows;
+    const ModMainStarten::Gestart g = w.starten().ShellExecAndWait("/bin/sh", "", "");
+    ASSERT_TRUE(g.gelukt());
+    const qint64 wrapper = g.proces, programma = g.proces + 100, helper = g.proces + 101;
+
+    // Starting: the wrapper runs, no window yet.
+    EXPECT_TRUE(w.starten().ProcesLeeft(wrapper));
+    // The wrapper started the program and ended.
+    processen.children[wrapper] = {programma};
+    processen.running.insert(programma);
+    processen.running.remove(wrapper);
+    EXPECT_TRUE(w.starten().ProcesLeeft(wrapper));
+    // Its window shows; the program starts a helper.
+    vensters.append(WindowInfo{.handle = 9, .title = "Rekenen", .pid = programma});
+    processen.children[programma] = {helper};
+    processen.running.insert(helper);
+    EXPECT_TRUE(w.starten().ProcesLeeft(wrapper));
+    // The window closes, the helper stays: a window may still come, for a while.
+    vensters.clear();
+    EXPECT_TRUE(w.starten().ProcesLeeft(wrapper));
+    w.platform.fakeClock().advance(ModMainStarten::NawachtMs - 1);
+    EXPECT_TRUE(w.starten().ProcesLeeft(wrapper));
+    // A window that comes back starts the count anew.
+    vensters.append(WindowInfo{.handle = 10, .title = "Rekenen", .pid = helper});
+    w.platform.fakeClock().advance(10);
+    EXPECT_TRUE(w.starten().ProcesLeeft(wrapper));
+    vensters.clear();
+    EXPECT_TRUE(w.starten().ProcesLeeft(wrapper));
+    w.platform.fakeClock().advance(ModMainStarten::NawachtMs);
+    EXPECT_FALSE(w.starten().ProcesLeeft(wrapper));
+
+    // A program without windows is followed by its processes alone; a window of another
+    // program does not count.
+    const ModMainStarten::Gestart h = w.starten().ShellExecAndWait("/bin/sh", "", "");
+    vensters.append(WindowInfo{.handle = 11, .title = "Ander", .pid = 4242});
+    processen.running.insert(4242);
+    w.platform.fakeClock().advance(60000);
+    EXPECT_TRUE(w.starten().ProcesLeeft(h.proces));
+    processen.running.remove(h.proces);
+    EXPECT_FALSE(w.starten().ProcesLeeft(h.proces));
+    EXPECT_FALSE(w.starten().ProcesLeeft(0));
 }
