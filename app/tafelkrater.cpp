@@ -1,6 +1,6 @@
 // The client: the start-up of the workstation, the link to the server and the screens.
 #include "ClientStappen.h"
-#include "QtDialogs.h"
+#include "GuiDialogs.h"
 #include "core/ModMainOpstart.h"
 #include "core/Programma.h"
 #include "data/ModData.h"
@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     tk::LinuxPlatform platform(QCoreApplication::applicationDirPath());
     tk::Programma p(platform);
-    tk::QtDialogs dialogen(p);
+    tk::GuiDialogs dialogen(p);
     p.dialogen = &dialogen;
     p.maak(p.modData, p);
     p.maak(p.modMainLaden, p);

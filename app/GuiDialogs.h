@@ -6,11 +6,11 @@ namespace tk {
 
 class Programma;
 
-// Modal windows drawn with Qt's standard dialogs, for the forms that have no view of their own
-// yet. The question window follows its style letters.
-class QtDialogs : public DialogService {
+// The modal windows of the client on the screen: each form shown through its own view, the
+// question window through frmVraag.
+class GuiDialogs : public DialogService {
 public:
-    explicit QtDialogs(Programma& p) : p(p) {}
+    explicit GuiDialogs(Programma& p) : p(p) {}
     QString vraag(const QString& titel, const QString& tekst, const QString& stijl) override;
     void toonModaal(Form& form) override;
 

@@ -1,9 +1,11 @@
-#include "QtDialogs.h"
+#include "GuiDialogs.h"
 
 #include "core/FrmFoutrapportage.h"
 #include "core/FrmVersie.h"
 #include "core/Programma.h"
 #include "link/FrmNetwerk.h"
+#include "screens/start/FrmVraag.h"
+#include "screens/start/FrmVraagView.h"
 #include "screens/taskbar/FrmUitschakelen.h"
 
 #include <QCheckBox>
@@ -13,40 +15,18 @@
 
 namespace tk {
 
-QString QtDialogs::vraag(const QString& titel, const QString& tekst, const QString& stijl) {
-    QString zichtbaar = tekst;
-    zichtbaar.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    if (stijl == u"-") {
-        QMessageBox::information(nullptr, titel, zichtbaar);
-        return QStringLiteral("ja");
-    }
-    if (stijl == u":") {
-        return QMessageBox::question(nullptr, titel, zichtbaar,
-                                     QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok
-                   ? QStringLiteral("ja")
-                   : QStringLiteral("nee");
-    }
-    if (stijl == u"?") {
-        return QMessageBox::question(nullptr, titel, zichtbaar) == QMessageBox::Yes
-                   ? QStringLiteral("ja")
-                   : QStringLiteral("nee");
-    }
-    bool ok = false;
-    QString antwoord;
-    if (stijl == u"*") {
-        antwoord =
-            QInputDialog::getText(nullptr, titel, zichtbaar, QLineEdit::Password, QString(), &ok);
-    } else if (stijl.contains(QLatin1Char('|'))) {
-        antwoord = QInputDialog::getItem(nullptr, titel, zichtbaar, stijl.split(QLatin1Char('|')),
-                                         0, false, &ok);
-    } else {
-        antwoord = QInputDialog::getText(nullptr, titel, zichtbaar, QLineEdit::Normal, stijl, &ok);
-    }
-    return ok ? antwoord : QString();
+QString GuiDialogs::vraag(const QString& titel, const QString& tekst, const QString& stijl) {
+    // A message carries the information icon, every question the question mark.
+    FrmVraag vraag(p);
+    return vraag.Vraag(titel, tekst, stijl,
+                       stijl == u"-" ? FrmVraag::Informatie : FrmVraag::Vraagteken);
 }
 
-void QtDialogs::toonModaal(Form& form) {
-    if (auto* rapport = dynamic_cast<FrmFoutrapportage*>(&form)) {
+void GuiDialogs::toonModaal(Form& form) {
+    if (auto* vraag = dynamic_cast<FrmVraag*>(&form)) {
+        FrmVraagView view(*vraag);
+        view.exec();
+    } else if (auto* rapport = dynamic_cast<FrmFoutrapportage*>(&form)) {
         QMessageBox box;
         box.setWindowTitle(rapport->Caption);
         box.setText(rapport->lblUitleg);

@@ -1,0 +1,203 @@
+#include "DialoogView.h"
+
+#include "VensterPlek.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace tk {
+
+DialoogView::DialoogView(QWidget* ouder) : QDialog(ouder, Qt::Dialog | Qt::FramelessWindowHint) {
+    setModal(true);
+    setMouseTracking(true);
+    setFont(QFont(QStringLiteral("Verdana"), 9));
+}
+
+void DialoogView::zetLijf(int breedte, int hoogte) {
+    setFixedSize(breedte, hoogte + Kop);
+    VensterPlek::centreer(*this);
+}
+
+void DialoogView::naActie() {
+    bijwerken();
+    update();
+    if (klaar())
+        accept();
+}
+
+void DialoogView::reject() {
+    // Escape or the window's close: Cancel for the model, then close when it has its answer.
+    annuleren();
+    bijwerken();
+    if (klaar())
+        QDialog::reject();
+}
+
+int DialoogView::vlakOp(const QPoint& venster) const {
+    const QPoint lijf = venster - QPoint(0, Kop);
+    for (int i = 0; i < vlakken.size(); ++i)
+        if (vlakken[i].enabled && vlakken[i].plek.contains(lijf))
+            return i;
+    return -1;
+}
+
+void DialoogView::tekenIcoon(QPainter& p, const QRect& plek, int icoon) {
+    if (icoon != 0 && icoon != 1)
+        return;
+    p.save();
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(kopKleur().darker(120), 1.5));
+    p.setBrush(icoon == 0 ? QColor(92, 180, 238) : kopKleur());
+    p.drawEllipse(QRectF(plek).adjusted(1, 1, -1, -1));
+    QFont f(QStringLiteral("Verdana"), 15, QFont::Bold);
+    if (icoon == 1)
+        f.setItalic(true);
+    p.setFont(f);
+    p.setPen(Qt::white);
+    p.drawText(plek, Qt::AlignCenter, icoon == 0 ? QStringLiteral("?") : QStringLiteral("i"));
+    p.restore();
+}
+
+void DialoogView::tekenVlak(QPainter& p, const Vlak& v, bool hover, bool ingedrukt) {
+    p.save();
+    p.setRenderHint(QPainter::Antialiasing);
+    const QColor tekst = v.enabled ? tekstKleur() : QColor(150, 156, 165);
+    if (v.soort == Soort::Knop) {
+        QRectF r = QRectF(v.plek).adjusted(0.5, 0.5, -0.5, -0.5);
+        QColor vul = ingedrukt ? QColor(196, 214, 236) : hover ? QColor(226, 238, 252) : Qt::white;
+        if (!v.enabled)
+            vul = QColor(236, 238, 241);
+        p.setBrush(vul);
+        p.setPen(QPen(v.enabled ? kopKleur() : QColor(180, 186, 195), v.standaard ? 2 : 1));
+        p.drawRoundedRect(r, 5, 5);
+        if (v.standaard && v.enabled) {
+            p.setPen(Qt::NoPen);
+            p.setBrush(accentKleur());
+            p.drawRoundedRect(QRectF(r.left() + 3, r.bottom() - 4, r.width() - 6, 2), 1, 1);
+        }
+        QFont f = p.font();
+        f.setBold(true);
+        p.setFont(f);
+        p.setPen(tekst);
+        p.drawText(v.plek, Qt::AlignCenter, v.tekst);
+    } else {
+        const int maat = 13;
+        const QRectF vak(v.plek.left(), v.plek.top() + (v.plek.height() - maat) / 2.0, maat, maat);
+        p.setPen(QPen(v.enabled ? kopKleur() : QColor(180, 186, 195), 1.2));
+        p.setBrush(hover ? QColor(226, 238, 252) : Qt::white);
+        if (v.soort == Soort::Optie) {
+            p.drawEllipse(vak);
+            if (v.aan) {
+                p.setPen(Qt::NoPen);
+                p.setBrush(v.enabled ? accentKleur().darker(115) : QColor(170, 176, 185));
+                p.drawEllipse(vak.adjusted(3.5, 3.5, -3.5, -3.5));
+            }
+        } else {
+            p.drawRoundedRect(vak, 2, 2);
+            if (v.aan) {
+                QPainterPath vink;
+                vink.moveTo(vak.left() + 2.5, vak.center().y());
+                vink.lineTo(vak.left() + 5.5, vak.bottom() - 3);
+                vink.lineTo(vak.right() - 2.5, vak.top() + 3);
+                p.setPen(QPen(accentKleur().darker(125), 2));
+                p.setBrush(Qt::NoBrush);
+                p.drawPath(vink);
+            }
+        }
+        p.setPen(tekst);
+        p.drawText(QRect(v.plek.left() + maat + 8, v.plek.top(), v.plek.width() - maat - 8,
+                         v.plek.height()),
+                   Qt::AlignLeft | Qt::AlignVCenter, v.tekst);
+    }
+    p.restore();
+}
+
+void DialoogView::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.fillRect(rect(), lijfKleur());
+    // The caption band with a thin accent line under it, and a frame round the window.
+    p.fillRect(QRect(0, 0, width(), Kop), kopKleur());
+    p.fillRect(QRect(0, Kop - 3, width(), 3), accentKleur());
+    QFont kopFont(QStringLiteral("Verdana"), 9, QFont::Bold);
+    p.setFont(kopFont);
+    p.setPen(Qt::white);
+    p.drawText(QRect(12, 0, width() - 24, Kop - 3), Qt::AlignLeft | Qt::AlignVCenter,
+               p.fontMetrics().elidedText(windowTitle(), Qt::ElideRight, width() - 24));
+    p.setPen(QPen(kopKleur(), 1));
+    p.setBrush(Qt::NoBrush);
+    p.drawRect(rect().adjusted(0, 0, -1, -1));
+    p.setFont(font());
+    p.translate(0, Kop);
+    tekenInhoud(p);
+    for (int i = 0; i < vlakken.size(); ++i)
+        tekenVlak(p, vlakken[i], i == m_hover, i == m_ingedrukt);
+}
+
+void DialoogView::mouseMoveEvent(QMouseEvent* e) {
+    const QPoint punt = e->position().toPoint();
+    if (m_slepen) {
+        move(e->globalPosition().toPoint() - m_sleepBegin);
+        return;
+    }
+    const int hier = vlakOp(punt);
+    if (hier != m_hover) {
+        m_hover = hier;
+        update();
+    }
+}
+
+void DialoogView::mousePressEvent(QMouseEvent* e) {
+    if (e->button() != Qt::LeftButton)
+        return;
+    const QPoint punt = e->position().toPoint();
+    if (punt.y() < Kop) {
+        m_slepen = true;
+        m_sleepBegin = punt;
+        return;
+    }
+    m_ingedrukt = vlakOp(punt);
+    update();
+}
+
+void DialoogView::mouseReleaseEvent(QMouseEvent* e) {
+    if (e->button() != Qt::LeftButton)
+        return;
+    m_slepen = false;
+    const int was = m_ingedrukt;
+    m_ingedrukt = -1;
+    const int hier = vlakOp(e->position().toPoint());
+    if (was >= 0 && was == hier && vlakken[hier].klik) {
+        const auto klik = vlakken[hier].klik;
+        klik();
+        naActie();
+        return;
+    }
+    update();
+}
+
+void DialoogView::leaveEvent(QEvent*) {
+    m_hover = -1;
+    update();
+}
+
+void DialoogView::keyPressEvent(QKeyEvent* e) {
+    if (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter) {
+        for (const Vlak& v : vlakken)
+            if (v.standaard && v.enabled && v.klik) {
+                const auto klik = v.klik;
+                klik();
+                naActie();
+                return;
+            }
+        return;
+    }
+    if (e->key() == Qt::Key_Escape) {
+        reject();
+        return;
+    }
+    QDialog::keyPressEvent(e);
+}
+
+} // namespace tk

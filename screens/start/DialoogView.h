@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QColor>
+#include <QDialog>
+#include <QList>
+#include <QRect>
+#include <QString>
+#include <functional>
+
+namespace tk {
+
+// The frame of the program's own dialog windows: no system frame, a caption band to drag it by,
+// a light body, and buttons, option buttons and check boxes painted in the product's look
+// rather than the desktop's. A subclass paints its body in tekenInhoud (in body coordinates,
+// below the band) and lists its click areas in `vlakken`; keys Enter and Escape go to the
+// default button and to annuleren(). The colours are fixed, not the theme's: these windows must
+// stand even when a theme fails, since they report that fault.
+class DialoogView : public QDialog {
+    Q_OBJECT
+public:
+    static constexpr int Kop = 28; // the caption band
+
+    enum class Soort { Knop, Optie, Vinkje };
+    struct Vlak {
+        Soort soort = Soort::Knop;
+        QRect plek; // in body coordinates
+        QString tekst;
+        bool enabled = true;
+        bool aan = false;       // an option chosen, a box ticked
+        bool standaard = false; // the button Enter presses
+        std::function<void()> klik;
+    };
+
+    explicit DialoogView(QWidget* ouder = nullptr);
+
+    // The palette of every dialog.
+    static QColor kopKleur() { return {30, 58, 95}; }
+    static QColor lijfKleur() { return {244, 247, 251}; }
+    static QColor tekstKleur() { return {20, 30, 45}; }
+    static QColor accentKleur() { return {76, 175, 80}; }
+
+    // Paints an icon of the question window: 0 a question mark, 1 information.
+    static void tekenIcoon(class QPainter& p, const QRect& plek, int icoon);
+    // Paints one click area.
+    static void tekenVlak(class QPainter& p, const Vlak& v, bool hover, bool ingedrukt);
+
+    // Sizes the window for a body of this size and centres it on the screen.
+    void zetLijf(int breedte, int hoogte);
+    // A point or rectangle of the body in the window's coordinates.
+    static QRect inVenster(const QRect& r) { return r.translated(0, Kop); }
+
+protected:
+    // The subclass refills `vlakken` and its child widgets from its model.
+    virtual void bijwerken() = 0;
+    virtual void tekenInhoud(QPainter& p) = 0;
+    // Escape, and the close of the window: the subclass tells its model.
+    virtual void annuleren() = 0;
+    // After a click or key: refresh, and close once the model has its answer.
+    void naActie();
+    virtual bool klaar() const = 0;
+
+    void paintEvent(QPaintEvent*) override;
+    void mouseMoveEvent(QMouseEvent*) override;
+    void mousePressEvent(QMouseEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
+    void leaveEvent(QEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
+    void reject() override;
+
+    QList<Vlak> vlakken;
+
+private:
+    int vlakOp(const QPoint& venster) const;
+    int m_hover = -1;
+    int m_ingedrukt = -1;
+    bool m_slepen = false;
+    QPoint m_sleepBegin;
+};
+
+} // namespace tk

@@ -1,0 +1,258 @@
+// The question window frmVraag: the answer of every kind, its layout, and its view.
+#include "PngBewaren.h"
+#include "screens/start/FrmVraag.h"
+#include "screens/start/FrmVraagView.h"
+#include "tests/support/Werkplek.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <gtest/gtest.h>
+
+using namespace tk;
+using namespace tk::test;
+
+namespace {
+
+// One step of the user: type a text, choose an option, press Enter, OK, Cancel or Escape.
+struct Stap {
+    enum Soort { Typ, Kies, Enter, OK, Annuleer, Escape };
+    Stap(Soort soort, QString tekst = {}, int index = 0)
+        : soort(soort), tekst(std::move(tekst)), index(index) {}
+    Soort soort;
+    QString tekst;
+    int index;
+};
+
+void doe(FrmVraag& f, const Stap& s) {
+    switch (s.soort) {
+    case Stap::Typ:
+        f.txtTekst_Change(s.tekst);
+        break;
+    case Stap::Kies:
+        f.optKeuze_Click(s.index);
+        break;
+    case Stap::Enter:
+        f.txtTekst_KeyPress(13);
+        break;
+    case Stap::OK:
+        f.cmdOK_Click();
+        break;
+    case Stap::Annuleer:
+        f.cmdAnnuleren_Click();
+        break;
+    case Stap::Escape:
+        f.txtTekst_KeyPress(27);
+        break;
+    }
+}
+
+void typ(QWidget* w, const QString& tekst) {
+    for (QChar c : tekst) {
+        QKeyEvent druk(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+        QCoreApplication::sendEvent(w, &druk);
+    }
+}
+
+} // namespace
+
+TEST(VraagTest, EveryKindAnswersAsTheWrapperPromises) {
+    struct Geval {
+        const char* naam;
+        const char* stijl;
+        QList<Stap> stappen;
+        const char* antwoord;
+        bool klaar;
+    };
+    const Geval gevallen[] = {
+        {"message OK", "-", {{Stap::OK}}, "", true},
+        {"message Escape", "-", {{Stap::Escape}}, "", true},
+        {"OK/Cancel OK", ":", {{Stap::OK}}, "ja", true},
+        {"OK/Cancel Enter", ":", {{Stap::Enter}}, "ja", true},
+        {"OK/Cancel Cancel", ":", {{Stap::Annuleer}}, "nee", true},
+        {"Yes/No Yes", "?", {{Stap::OK}}, "ja", true},
+        {"Yes/No No", "?", {{Stap::Annuleer}}, "nee", true},
+        {"Yes/No Escape", "?", {{Stap::Escape}}, "nee", true},
+        {"password typed", "*", {{Stap::Typ, "geheim"}, {Stap::Enter}}, "geheim", true},
+        {"password Cancel", "*", {{Stap::Typ, "geheim"}, {Stap::Annuleer}}, "", true},
+        {"password empty: Enter does nothing", "*", {{Stap::Enter}}, "", false},
+        {"password emptied again", "*", {{Stap::Typ, "a"}, {Stap::Typ, ""}, {Stap::OK}}, "", false},
+        {"text keeps its default", "pc1:34487", {{Stap::Enter}}, "pc1:34487", true},
+        {"text changed", "pc1", {{Stap::Typ, "server2"}, {Stap::OK}}, "server2", true},
+        {"text Cancel", "pc1", {{Stap::Annuleer}}, "", true},
+        {"choice", "Rood|Groen|Blauw", {{Stap::Kies, {}, 1}, {Stap::Enter}}, "Groen", true},
+        {"choice changed",
+         "Rood|Groen",
+         {{Stap::Kies, {}, 0}, {Stap::Kies, {}, 1}, {Stap::OK}},
+         "Groen",
+         true},
+        {"choice none: OK disabled", "Rood|Groen", {{Stap::OK}}, "", false},
+        {"choice out of range", "Rood|Groen", {{Stap::Kies, {}, 5}, {Stap::OK}}, "", false},
+        {"choice Cancel", "Rood|Groen", {{Stap::Kies, {}, 0}, {Stap::Annuleer}}, "", true},
+        {"choice with an empty item", "Rood|", {{Stap::Kies, {}, 1}, {Stap::OK}}, "", false},
+    };
+    for (const Geval& g : gevallen) {
+        SCOPED_TRACE(g.naam);
+        Werkplek w;
+        FrmVraag f(w.p);
+        f.Laden("Titel", "Vraag?", g.stijl, 0);
+        for (const Stap& s : g.stappen)
+            doe(f, s);
+        EXPECT_EQ(g.klaar, f.Klaar);
+        EXPECT_EQ(QString(g.antwoord), f.Antwoord());
+    }
+}
+
+TEST(VraagTest, ControlsFollowTheKind) {
+    Werkplek w;
+    FrmVraag f(w.p);
+    f.Laden("T", "V", "?", 0);
+    ASSERT_FALSE(f.cmdOKCaption.isEmpty());
+    EXPECT_EQ(w.p.modTaal.LaadTekst(2703), f.cmdOKCaption);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(2704), f.cmdAnnulerenCaption);
+    EXPECT_FALSE(f.txtTekstZichtbaar);
+    EXPECT_TRUE(f.cmdOKEnabled);
+    f.Laden("T", "V", ":", 0);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(2701), f.cmdOKCaption);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(2702), f.cmdAnnulerenCaption);
+    f.Laden("T", "V", "-", 1);
+    EXPECT_FALSE(f.cmdAnnulerenZichtbaar);
+    EXPECT_EQ(304, f.cmdOKVak.width()); // OK alone across the bottom
+    f.Laden("T", "V", "*", 0);
+    EXPECT_TRUE(f.txtTekstZichtbaar);
+    EXPECT_TRUE(f.wachtwoordTeken);
+    EXPECT_FALSE(f.cmdOKEnabled);
+    f.Laden("T", "V", "standaard", 0);
+    EXPECT_FALSE(f.wachtwoordTeken);
+    EXPECT_EQ("standaard", f.txtTekst);
+    EXPECT_TRUE(f.cmdOKEnabled);
+    // A new question on the same window forgets the last answer.
+    f.cmdOK_Click();
+    f.Laden("T", "V", "a|b", 0);
+    EXPECT_FALSE(f.Klaar);
+    EXPECT_EQ(-1, f.gekozen);
+    EXPECT_TRUE(f.txtTekst.isEmpty());
+    EXPECT_FALSE(f.txtTekstZichtbaar);
+    EXPECT_EQ(QStringList({"a", "b"}), f.optKeuze);
+}
+
+TEST(VraagTest, LayoutGrowsTwentyPixelsAnOptionAndLeavesNoOverlaps) {
+    Werkplek w;
+    FrmVraag f(w.p);
+    int vorige = 0;
+    for (int n = 2; n <= 6; ++n) {
+        SCOPED_TRACE(n);
+        QStringList opties;
+        for (int i = 0; i < n; ++i)
+            opties << QString("Optie %1").arg(i);
+        f.Laden("T", "Kies er een", opties.join('|'), 0);
+        ASSERT_EQ(n, f.optKeuzeVakken.size());
+        if (vorige) {
+            EXPECT_EQ(FrmVraag::OptieHoogte, f.Hoogte - vorige);
+        }
+        vorige = f.Hoogte;
+        for (int i = 1; i < n; ++i)
+            EXPECT_EQ(f.optKeuzeVakken[i - 1].bottom() + 1, f.optKeuzeVakken[i].top());
+        EXPECT_GT(f.optKeuzeVakken[0].top(), f.vraagVak.bottom());
+        EXPECT_GT(f.cmdOKVak.top(), f.optKeuzeVakken.last().bottom());
+        EXPECT_LT(f.cmdOKVak.bottom(), f.Hoogte);
+        EXPECT_FALSE(f.cmdOKVak.intersects(f.cmdAnnulerenVak));
+    }
+    // The icon stands at (18, 12) and the question beside it; without an icon the question
+    // takes its place.
+    f.Laden("T", "V", "-", 0);
+    EXPECT_GE(f.vraagVak.left(), FrmVraag::IcoonPlek.x() + FrmVraag::IcoonMaat);
+    f.Laden("T", "V", "-", 7);
+    EXPECT_EQ(FrmVraag::Geen, f.icoon);
+    EXPECT_EQ(FrmVraag::Marge, f.vraagVak.left());
+    // A long question makes the window taller, and wider past some lines; the text box follows.
+    f.Laden("T", QString("woord ").repeated(10), "x", 0);
+    const int kort = f.Hoogte;
+    f.Laden("T", QString("woord ").repeated(60), "x", 0);
+    EXPECT_GT(f.Hoogte, kort);
+    EXPECT_GT(f.txtTekstVak.top(), f.vraagVak.bottom());
+    f.Laden("T", QString("woord ").repeated(400), "x", 0);
+    EXPECT_GT(f.breedte, FrmVraag::Breedte);
+}
+
+TEST(VraagTest, VraagShowsTheWindowModallyAndReturnsItsAnswer) {
+    Werkplek w;
+    w.dialogen.opModaal = [](Form& form) {
+        auto& f = dynamic_cast<FrmVraag&>(form);
+        f.txtTekst_Change("Sleutel");
+        f.txtTekst_KeyPress(13);
+    };
+    FrmVraag f(w.p);
+    EXPECT_EQ("Sleutel", f.Vraag("Wachtwoord", "Geef het wachtwoord", "*", 0));
+    EXPECT_EQ(QStringList({"frmVraag"}), w.dialogen.getoond);
+}
+
+TEST(VraagTest, ViewPaintsTheIconTheQuestionAndTheButtons) {
+    Werkplek w;
+    FrmVraag f(w.p);
+    f.Laden("Tafelkrater", "Wil je echt afsluiten?\r\nAlle programma's worden gesloten.", "?", 0);
+    FrmVraagView view(f);
+    const QImage beeld = view.grab().toImage();
+    bewaarPng(beeld, "frmVraag-janee");
+    ASSERT_EQ(QSize(f.breedte, f.Hoogte + DialoogView::Kop), beeld.size());
+    const int kop = DialoogView::Kop;
+    // The caption band, the icon's blue disc at (18, 12), the body.
+    EXPECT_EQ(DialoogView::kopKleur().rgb(), beeld.pixel(5, 5) | 0xff000000);
+    const QRgb icoon = beeld.pixel(18 + 6, kop + 12 + 16);
+    EXPECT_GT(qBlue(icoon), qRed(icoon) + 60);
+    EXPECT_EQ(DialoogView::lijfKleur().rgb(), beeld.pixel(f.breedte - 4, kop + 4));
+    // Dark text in the question's box, and the two buttons' frames.
+    int donker = 0;
+    for (int y = f.vraagVak.top(); y <= f.vraagVak.bottom(); ++y)
+        for (int x = f.vraagVak.left(); x <= f.vraagVak.right(); ++x)
+            donker += qGray(beeld.pixel(x, y + kop)) < 100;
+    EXPECT_GT(donker, 100);
+    for (const QRect& knop : {f.cmdOKVak, f.cmdAnnulerenVak}) {
+        const QRgb rand = beeld.pixel(knop.center().x(), knop.top() + kop);
+        EXPECT_LT(qGray(rand), 120);
+        EXPECT_EQ(qRgb(255, 255, 255), beeld.pixel(knop.left() + 6, knop.center().y() + kop));
+    }
+}
+
+TEST(VraagTest, ViewMasksThePasswordAndEnterAnswers) {
+    Werkplek w;
+    FrmVraag f(w.p);
+    f.Laden("Tafelkrater", "Geef het wachtwoord van de onderhoudsmodule", "*", 0);
+    FrmVraagView view(f);
+    ASSERT_TRUE(view.tekstvak());
+    EXPECT_EQ(QLineEdit::Password, view.tekstvak()->echoMode());
+    EXPECT_EQ(DialoogView::inVenster(f.txtTekstVak), view.tekstvak()->geometry());
+    typ(view.tekstvak(), "abc");
+    EXPECT_EQ("abc", f.txtTekst);
+    EXPECT_TRUE(f.cmdOKEnabled);
+    bewaarPng(view.grab().toImage(), "frmVraag-wachtwoord");
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(&view, &enter);
+    EXPECT_TRUE(f.Klaar);
+    EXPECT_EQ("abc", f.Antwoord());
+}
+
+TEST(VraagTest, ViewOfAChoiceMovesWithTheArrowsAndTicksTheChosenOption) {
+    Werkplek w;
+    FrmVraag f(w.p);
+    f.Laden("Tafelkrater", "Welke printer?", "Lokaal|Lokaal 2|Netwerk", 1);
+    FrmVraagView view(f);
+    EXPECT_FALSE(view.tekstvak()->isVisibleTo(&view));
+    QKeyEvent omlaag(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QCoreApplication::sendEvent(&view, &omlaag);
+    QCoreApplication::sendEvent(&view, &omlaag);
+    EXPECT_EQ(1, f.gekozen);
+    const QImage beeld = view.grab().toImage();
+    bewaarPng(beeld, "frmVraag-keuze");
+    // The dot of the chosen option is green, the others are empty.
+    auto stip = [&](int i) {
+        const QRect r = f.optKeuzeVakken[i];
+        return beeld.pixel(r.left() + 6, r.center().y() + DialoogView::Kop);
+    };
+    EXPECT_GT(qGreen(stip(1)), qRed(stip(1)) + 40);
+    EXPECT_EQ(qRgb(255, 255, 255), stip(0));
+    EXPECT_EQ(qRgb(255, 255, 255), stip(2));
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(&view, &enter);
+    EXPECT_EQ("Lokaal 2", f.Antwoord());
+}
