@@ -103,23 +103,10 @@ void FrmTaakbalk1::Form_Activate() {
             knop.naam = naam;
             knop.links = w->links;
             knop.tekst = p.modTaal.LaadTekst(w->tekst);
-            knop.tekstKleur = Qt::white;
-            knop.hoverKleur = QColor(255, 221, 87);
-            if (k) {
-                const QString pad = k->pictureIfExists(QStringLiteral("Taakbalk"),
-                                                       QString::fromLatin1(w->beeldSleutel));
-                if (!pad.isEmpty())
-                    knop.beeld = QImage(pad);
-                Procedure(
-                    p, "frmTaakbalk1.LaadKleuren",
-                    [&] {
-                        const auto paar = k->colourPair(sectie, QString::fromLatin1(w->kleurWoord));
-                        knop.tekstKleur = kleur(paar.first);
-                        knop.hoverKleur = kleur(paar.second);
-                    },
-                    true);
-            }
-            const int breedte = beeldMaat + 6 + fm.horizontalAdvance(knop.tekst);
+            if (k)
+                knop.LaadThema(p, *k, QString::fromLatin1(w->beeldSleutel), sectie,
+                               QString::fromLatin1(w->kleurWoord), "frmTaakbalk1.LaadKleuren");
+            const int breedte = knop.breedte(beeldMaat, fm.horizontalAdvance(knop.tekst));
             const int top = (Hoogte - beeldMaat) / 2;
             if (knop.links) {
                 knop.plek = QRect(links, top, breedte, beeldMaat);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/Accounts.h"
+#include "screens/taskbar/TaakbalkKnop.h"
 
 #include <QColor>
 #include <QFont>
@@ -23,15 +24,7 @@ public:
     static constexpr int Breedte = 1024;
     static constexpr int Hoogte = 83;
 
-    struct Knop {
-        QString naam; // the action word
-        bool links = true;
-        QRect plek;    // on the bar
-        QString tekst; // the caption beside the picture
-        QImage beeld;
-        QColor tekstKleur, hoverKleur;
-        bool hover = false;
-    };
+    using Knop = TaakbalkKnop;
 
     // Which words the present state shows, and their places (Form_Activate).
     void Form_Activate();

@@ -1,6 +1,7 @@
 #include "FrmTaakbalk1View.h"
 
 #include "FrmTaakbalk1.h"
+#include "TaakbalkKnopView.h"
 #include "controls/AccountsView.h"
 
 #include <QMouseEvent>
@@ -33,16 +34,8 @@ void FrmTaakbalk1View::paintEvent(QPaintEvent*) {
     p.fillRect(rect(), m.achtergrondKleur);
     if (!m.achtergrond.isNull())
         p.drawImage(0, 0, m.achtergrond);
-    p.setFont(m.knopFont);
-    const QFontMetrics fm(m.knopFont);
-    for (const FrmTaakbalk1::Knop& k : m.knoppen) {
-        if (!k.beeld.isNull())
-            p.drawImage(k.plek.left(), k.plek.top() + (k.plek.height() - k.beeld.height()) / 2,
-                        k.beeld);
-        p.setPen(k.hover ? k.hoverKleur : k.tekstKleur);
-        p.drawText(k.plek.left() + 46,
-                   k.plek.top() + (k.plek.height() - fm.height()) / 2 + fm.ascent(), k.tekst);
-    }
+    for (const FrmTaakbalk1::Knop& k : m.knoppen)
+        TaakbalkKnopView::teken(p, k, m.knopFont, 40);
 }
 
 void FrmTaakbalk1View::mouseMoveEvent(QMouseEvent* e) {

@@ -1,0 +1,417 @@
+#include "FrmTaakbalk2.h"
+
+#include "core/Procedure.h"
+#include "core/Programma.h"
+#include "theme/ModThema.h"
+
+#include <QFontMetrics>
+#include <QTextStream>
+
+namespace tk {
+
+namespace {
+// The fixed buttons, each side from the bar's end inwards: action word, side, picture of
+// [Taakbalk], caption (string id, 0: none), and where their colour pair stands. The icon positions
+// button takes the start screen's "Groeperen" pair, as themes for this bar are made.
+struct Vast {
+    const char* naam;
+    bool links;
+    const char* beeld;
+    int tekst;
+    const char* sectie;
+    const char* kleurWoord;
+};
+const char* const eigenSectie = "Kleuren - Taakbalk - Bureaublad";
+const Vast vasteLijst[] = {
+    {"afmelden", true, "Afmelden", 2201, eigenSectie, "Afmelden"},
+    {"bureaublad", true, "Bureaublad", 0, eigenSectie, ""},
+    {"help", false, "Help", 2202, eigenSectie, "Help"},
+    {"bureaubladpictogrammen_onderhoud", false, "Onderhoudsmodule", 0,
+     "Kleuren - Taakbalk - Startscherm", "Groeperen"},
+};
+constexpr int rand = 12;        // from the bar's ends to the first fixed button
+constexpr int knopAfstand = 8;  // between two fixed buttons
+constexpr int tekenAfstand = 6; // between the last task and the first fixed button on the right
+
+QColor kleur(const RgbColour& c) {
+    return QColor(c.r, c.g, c.b);
+}
+} // namespace
+
+FrmTaakbalk2::FrmTaakbalk2(Programma& p) : taken(p), modTaakbalk(p), p(p) {
+    knopFont = QFont(QStringLiteral("Verdana"), 9, QFont::Bold);
+    takenFont = QFont(QStringLiteral("Verdana"), 8);
+    tmrTaken.setInterval(500);
+    tmrMuis.setInterval(100);
+    connect(&tmrTaken, &QTimer::timeout, this, &FrmTaakbalk2::tmrTaken_Timer);
+    connect(&tmrMuis, &QTimer::timeout, this, &FrmTaakbalk2::tmrMuis_Timer);
+    maakVasteKnoppen();
+}
+
+FrmTaakbalk2::~FrmTaakbalk2() = default;
+
+quint64 FrmTaakbalk2::venster() const {
+    return VensterHandle ? VensterHandle() : 0;
+}
+
+void FrmTaakbalk2::hertekenen() {
+    if (Hertekenen)
+        Hertekenen();
+}
+
+void FrmTaakbalk2::Form_Load() {
+    Procedure(p, "frmTaakbalk2.Form_Load", [&] {
+        Geladen = true;
+        LadenVormgeving();
+        VensterPositie(SchermHoogte, BalkBreedte);
+        tmrTaken.start();
+        tmrMuis.start();
+    });
+    tmrTaken_Timer();
+}
+
+void FrmTaakbalk2::Form_Unload() {
+    Procedure(p, "frmTaakbalk2.Form_Unload", [&] {
+        tmrTaken.stop();
+        tmrMuis.stop();
+        if (Geladen)
+            modTaakbalk.SetSysWorkArea(venster(), 0, 0, BalkBreedte, SchermHoogte);
+        Geladen = false;
+        lstTaken.clear();
+        lstTaken2.clear();
+        Knoppen.leegmaken();
+        AantalKnoppen = 0;
+        ActieveKnop = HoverKnop = IngedruktKnop = -1;
+    });
+}
+
+void FrmTaakbalk2::maakVasteKnoppen() {
+    vasteKnoppen.clear();
+    for (const Vast& v : vasteLijst) {
+        TaakbalkKnop k;
+        k.naam = QString::fromLatin1(v.naam);
+        k.links = v.links;
+        if (v.tekst)
+            k.tekst = p.modTaal.LaadTekst(v.tekst);
+        vasteKnoppen << k;
+    }
+}
+
+void FrmTaakbalk2::LadenVormgeving() {
+    Procedure(p, "frmTaakbalk2.LadenVormgeving", [&] {
+        maakVasteKnoppen();
+        achtergrond = QImage();
+        internetIcoon = QImage();
+        Hoogte = StandaardHoogte;
+        if (p.modThema) {
+            const ThemeKeys k = p.modThema->keys();
+            const QString kleuren = QStringLiteral("Kleuren");
+            // Each colour on its own: a theme that lacks one keeps the default of that one.
+            const auto lees = [&](const char* sleutel, QColor& doel) {
+                Procedure(
+                    p, "frmTaakbalk2.LadenVormgeving",
+                    [&] { doel = kleur(k.colour(kleuren, QString::fromLatin1(sleutel))); }, true);
+            };
+            lees("Achtergrond taakbalk - Bureaublad", achtergrondKleur);
+            lees("Taakbalk taken tekst", takenTekst);
+            lees("Taakbalk taken tekst hover", takenTekstHover);
+            lees("Taakbalk taken hover", takenHover);
+            lees("Taakbalk taken rand", takenRand);
+            lees("Taakbalk taken geselecteerd", takenGeselecteerd);
+            lees("Taakbalk taken tekst geselecteerd", takenTekstGeselecteerd);
+            const QString pad = k.pictureIfExists(QStringLiteral("Achtergronden"),
+                                                  QStringLiteral("Taakbalk - Bureaublad"));
+            if (!pad.isEmpty())
+                achtergrond = QImage(pad);
+            // The strip is as high as its picture, within what a bar can sensibly be.
+            if (!achtergrond.isNull())
+                Hoogte = qBound(24, achtergrond.height(), 120);
+            const QString internet =
+                k.pictureIfExists(QStringLiteral("Taakbalk"), QStringLiteral("Internet"));
+            if (!internet.isEmpty())
+                internetIcoon = QImage(internet).scaled(IcoonMaat, IcoonMaat, Qt::IgnoreAspectRatio,
+                                                        Qt::SmoothTransformation);
+            for (qsizetype i = 0; i < vasteKnoppen.size(); ++i) {
+                const Vast& v = vasteLijst[i];
+                vasteKnoppen[i].LaadThema(
+                    p, k, QString::fromLatin1(v.beeld), QString::fromLatin1(v.sectie),
+                    QString::fromLatin1(v.kleurWoord), "frmTaakbalk2.LaadKleuren");
+            }
+        }
+        plaatsVasteKnoppen();
+    });
+    hertekenen();
+}
+
+const TaakbalkKnop* FrmTaakbalk2::zoek(const QString& naam) const {
+    for (const TaakbalkKnop& k : vasteKnoppen)
+        if (k.naam == naam && !k.plek.isNull())
+            return &k;
+    return nullptr;
+}
+
+void FrmTaakbalk2::plaatsVasteKnoppen() {
+    const QFontMetrics fm(knopFont);
+    int links = rand;
+    int rechts = BalkBreedte - rand;
+    const int top = (Hoogte - BeeldMaat) / 2;
+    for (TaakbalkKnop& k : vasteKnoppen) {
+        bool zichtbaar = true;
+        if (k.naam == u"bureaublad")
+            zichtbaar = p.InternetOpen == InternetActief;
+        else if (k.naam == u"bureaubladpictogrammen_onderhoud")
+            zichtbaar = OnderhoudZichtbaar;
+        if (!zichtbaar) {
+            k.plek = QRect();
+            k.hover = false;
+            continue;
+        }
+        const int breedte = k.breedte(BeeldMaat, fm.horizontalAdvance(k.tekst));
+        if (k.links) {
+            k.plek = QRect(links, top, breedte, BeeldMaat);
+            links += breedte + knopAfstand;
+        } else {
+            rechts -= breedte;
+            k.plek = QRect(rechts, top, breedte, BeeldMaat);
+            rechts -= knopAfstand;
+        }
+    }
+}
+
+int FrmTaakbalk2::takenGrens() const {
+    int grens = BalkBreedte;
+    for (const TaakbalkKnop& k : vasteKnoppen)
+        if (!k.links && !k.plek.isNull())
+            grens = qMin(grens, k.plek.left() - tekenAfstand);
+    return grens;
+}
+
+void FrmTaakbalk2::VensterPositie(int schermHoogte, int schermBreedte) {
+    Procedure(p, "frmTaakbalk2.VensterPositie", [&] {
+        if (schermBreedte > 0)
+            BalkBreedte = schermBreedte;
+        SchermHoogte = schermHoogte;
+        Plek = QRect(0, schermHoogte - Hoogte, BalkBreedte, Hoogte);
+        plaatsVasteKnoppen();
+        if (Plaatsen)
+            Plaatsen(Plek);
+        const quint64 v = venster();
+        modTaakbalk.FormOnTop(v, true);
+        modTaakbalk.SetSysWorkArea(v, 0, 0, BalkBreedte, schermHoogte - Hoogte);
+    });
+    hertekenen();
+}
+
+bool FrmTaakbalk2::verborgen(const QString& titel) const {
+    // The shell's own windows never get a button, however their titles are written.
+    const QString klein = titel.toLower();
+    return klein.contains(u"tafel@") || klein.contains(u"krater") || klein.contains(u"tafelkrater");
+}
+
+void FrmTaakbalk2::tmrTaken_Timer() {
+    Procedure(p, "frmTaakbalk2.tmrTaken_Timer", [&] {
+        if (!Geladen)
+            return;
+        const FixedTable oud = Knoppen;
+        const int oudActief = ActieveKnop;
+        const int oudAantal = AantalKnoppen;
+        const bool gewijzigd = taken.Bijwerken();
+        vulKnoppen();
+        // One paint for the tick, and none when nothing on the bar changed.
+        if (gewijzigd || oud != Knoppen || oudActief != ActieveKnop || oudAantal != AantalKnoppen)
+            hertekenen();
+    });
+}
+
+void FrmTaakbalk2::TekenKnop() {
+    if (!p.BureaubladOpen)
+        return;
+    vulKnoppen();
+    hertekenen();
+}
+
+void FrmTaakbalk2::vulKnoppen() {
+    if (p.BureaubladOpen)
+        Procedure(
+            p, "frmTaakbalk2.TekenKnop", [&] { tekenTaken(); }, true);
+}
+
+void FrmTaakbalk2::tekenTaken() {
+    Knoppen.leegmaken();
+    AantalKnoppen = 0;
+    plaatsVasteKnoppen();
+    const bool internet = p.InternetOpen == InternetActief;
+
+    // Which button is pressed: the one of the window in front.
+    ActieveKnop = -1;
+    const quint64 voor = p.platform.windows().activeWindow();
+    int index = internet ? 1 : 0;
+    for (const Taak& t : std::as_const(lstTaken2)) {
+        if (verborgen(t.titel))
+            continue;
+        if (voor != 0 && t.handle == voor) {
+            ActieveKnop = index;
+            break;
+        }
+        ++index;
+    }
+    // With no program in front the internet pane is.
+    if (internet && ActieveKnop < 0)
+        ActieveKnop = 0;
+
+    int aantal = internet ? 1 : 0;
+    for (const Taak& t : std::as_const(lstTaken2))
+        if (!verborgen(t.titel))
+            ++aantal;
+    const int breedte = aantal > 0 ? TakenRuimte / aantal : 0;
+
+    int rij = 0;
+    int links = TakenLinks;
+    if (internet) {
+        const QString tekst = p.modTaal.LaadTekst(745);
+        const int rechts = TakenLinks + QFontMetrics(takenFont).horizontalAdvance(tekst);
+        Knoppen(0, Actie) = QStringLiteral("internet");
+        Knoppen(0, Links) = QString::number(TakenLinks);
+        Knoppen(0, Rechts) = QString::number(rechts);
+        Knoppen(0, Titel) = tekst;
+        Knoppen(0, KaderLinks) = QString::number(InternetIcoonLinks - 2);
+        Knoppen(0, KaderRechts) = QString::number(rechts + TitelInspringing);
+        links = rechts + TitelInspringing;
+        rij = AantalKnoppen = 1;
+    }
+    for (const Taak& t : std::as_const(lstTaken2)) {
+        if (verborgen(t.titel))
+            continue;
+        if (rij >= MaxKnoppen) {
+            // One report for as long as there are too many, not one every tick.
+            if (m_teveelGemeld)
+                return;
+            m_teveelGemeld = true;
+        }
+        const int rechts = links + breedte;
+        Knoppen(rij, Actie) = QString::number(t.handle); // past the last row: the fault
+        Knoppen(rij, Links) = QString::number(links);
+        Knoppen(rij, Rechts) = QString::number(rechts);
+        Knoppen(rij, Titel) = t.titel;
+        Knoppen(rij, KaderLinks) = QString::number(links);
+        Knoppen(rij, KaderRechts) = QString::number(rechts + TitelInspringing);
+        links = rechts + TitelInspringing;
+        AantalKnoppen = ++rij;
+    }
+    m_teveelGemeld = false;
+}
+
+int FrmTaakbalk2::knopOp(QPoint punt) const {
+    if (punt.y() < 0 || punt.y() >= Hoogte || punt.x() >= takenGrens())
+        return -1;
+    for (int i = 0; i < AantalKnoppen; ++i)
+        if (punt.x() >= Knoppen(i, KaderLinks).toInt() &&
+            punt.x() < Knoppen(i, KaderRechts).toInt())
+            return i;
+    return -1;
+}
+
+quint64 FrmTaakbalk2::handleVan(int rij) const {
+    if (rij < 0 || rij >= AantalKnoppen)
+        return 0;
+    return Knoppen(rij, Actie).toULongLong();
+}
+
+void FrmTaakbalk2::Form_MouseMove(QPoint punt) {
+    Procedure(p, "frmTaakbalk2.Form_MouseMove", [&] {
+        bool gewijzigd = false;
+        for (TaakbalkKnop& k : vasteKnoppen) {
+            const bool erboven = !k.plek.isNull() && k.plek.contains(punt);
+            gewijzigd |= erboven != k.hover;
+            k.hover = erboven;
+        }
+        int hover = knopOp(punt);
+        if (hover >= 0 && Knoppen(hover, Titel).contains(u"Overige vensters..."))
+            hover = -1;
+        gewijzigd |= hover != HoverKnop;
+        HoverKnop = hover;
+        if (gewijzigd)
+            hertekenen();
+    });
+}
+
+void FrmTaakbalk2::tmrMuis_Timer() {
+    if (MuisPositie)
+        Form_MouseMove(MuisPositie());
+}
+
+void FrmTaakbalk2::Form_MouseDown(QPoint punt) {
+    IngedruktKnop = knopOp(punt);
+    if (IngedruktKnop >= 0)
+        hertekenen();
+}
+
+void FrmTaakbalk2::Form_MouseUp(QPoint punt) {
+    Procedure(p, "frmTaakbalk2.Form_MouseUp", [&] {
+        IngedruktKnop = -1;
+        for (const TaakbalkKnop& k : vasteKnoppen)
+            if (!k.plek.isNull() && k.plek.contains(punt)) {
+                const QString naam = k.naam;
+                KnopActie(naam);
+                return;
+            }
+        const int rij = knopOp(punt);
+        if (rij < 0) {
+            hertekenen();
+            return;
+        }
+        const QString actie = Knoppen(rij, Actie);
+        if (actie == u"internet") {
+            if (InternetWeergeven)
+                InternetWeergeven();
+        } else if (actie == u"bureaublad") {
+            if (BureaubladWeergeven)
+                BureaubladWeergeven();
+        } else if (taken.modTaken.pSetForegroundWindow(actie.toULongLong())) {
+            // Pressed at once; the next tick confirms it from the manager.
+            ActieveKnop = rij;
+        }
+        hertekenen();
+    });
+}
+
+void FrmTaakbalk2::KnopActie(const QString& naam) {
+    Procedure(p, "frmTaakbalk2.KnopActie", [&] {
+        if (naam == u"afmelden" && Afmelden) {
+            Afmelden();
+        } else if (naam == u"bureaublad" && BureaubladWeergeven) {
+            BureaubladWeergeven();
+        } else if (OpenElders) {
+            OpenElders(naam);
+        } else {
+            QTextStream(stdout) << "tafelkrater: the taskbar's button '" << naam
+                                << "' opens a screen that is not part of this program yet"
+                                << Qt::endl;
+        }
+    });
+}
+
+QString FrmTaakbalk2::Tekentekst(const QString& titel, const QFontMetrics& fm, int breedte) {
+    if (breedte <= 0)
+        return {};
+    if (fm.horizontalAdvance(titel) <= breedte)
+        return titel;
+    const QString punten = QStringLiteral("...");
+    const int ruimte = breedte - fm.horizontalAdvance(punten);
+    if (ruimte < 0)
+        return {};
+    // The longest beginning that fits with the dots behind it.
+    qsizetype laag = 0, hoog = titel.size();
+    while (laag < hoog) {
+        const qsizetype midden = (laag + hoog + 1) / 2;
+        if (fm.horizontalAdvance(titel.left(midden)) <= ruimte)
+            laag = midden;
+        else
+            hoog = midden - 1;
+    }
+    if (laag > 0 && titel.at(laag - 1).isHighSurrogate())
+        --laag;
+    return titel.left(laag).trimmed() + punten;
+}
+
+} // namespace tk

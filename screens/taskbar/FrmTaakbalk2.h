@@ -1,0 +1,155 @@
+#pragma once
+
+#include "data/FixedTable.h"
+#include "screens/taskbar/ModTaakbalk.h"
+#include "screens/taskbar/TaakbalkKnop.h"
+#include "screens/taskbar/Takenlijst.h"
+
+#include <QColor>
+#include <QFont>
+#include <QImage>
+#include <QList>
+#include <QObject>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+#include <QTimer>
+#include <functional>
+
+class QFontMetrics;
+
+namespace tk {
+
+class Programma;
+
+// The taskbar of the desktop: a strip along the bottom of the screen with the fixed buttons
+// (log off, help, the desktop's icon positions, back to the desktop) and a button for every
+// running program. Which top-level windows are programs is found out on a timer (tmrTaken);
+// the buttons are laid out in Knoppen for the view to paint, and clicks come back through
+// Form_MouseUp.
+class FrmTaakbalk2 : public QObject {
+    Q_OBJECT
+public:
+    explicit FrmTaakbalk2(Programma& p);
+    ~FrmTaakbalk2() override;
+
+    // The layout of the 1024-pixel bar.
+    static constexpr int Breedte = 1024;
+    static constexpr int StandaardHoogte = 40;  // without a background picture in the theme
+    static constexpr int MaxKnoppen = 20;       // rows of Knoppen
+    static constexpr int TakenLinks = 220;      // the first task button
+    static constexpr int TakenRuimte = 368;     // what the task buttons share
+    static constexpr int TitelInspringing = 30; // from a button's left to its title
+    static constexpr int InternetIcoonLinks = 199;
+    static constexpr int InternetActief = 65535; // InternetOpen while the pane is in front
+    static constexpr int BeeldMaat = 40;         // the fixed buttons' pictures
+    static constexpr int IcoonMaat = 16;
+
+    // The columns of a row of Knoppen.
+    enum Kolom {
+        Actie = 0, // "internet", "bureaublad" or the window handle as decimal text
+        Links = 1, // the text share of the button: Links..Rechts
+        Rechts = 2,
+        Titel = 3,
+        KaderLinks = 4, // the drawn frame, which also takes the clicks: KaderLinks..KaderRechts
+        KaderRechts = 5,
+    };
+
+    // --- the procedures
+    // Loads the look, places the strip at the bottom of the screen and starts the timers.
+    void Form_Load();
+    // Stops the timers and gives the screen's strip back.
+    void Form_Unload();
+    void LadenVormgeving();
+    // Places the strip at the bottom of a screen of this height (and width, when given): on
+    // top, with the strip kept free of maximised windows.
+    void VensterPositie(int schermHoogte, int schermBreedte = -1);
+    // The drawing routine of the task buttons: fills Knoppen from lstTaken2 and asks the view
+    // to paint. A 21st task is a fault that ends the drawing of that tick.
+    void TekenKnop();
+    // The fixed buttons by action word: "afmelden", "help", "bureaubladpictogrammen_onderhoud",
+    // and "bureaublad".
+    void KnopActie(const QString& naam);
+    // The mouse over the bar, in the bar's pixels; outside the bar clears every hover.
+    void Form_MouseMove(QPoint punt);
+    void Form_MouseDown(QPoint punt);
+    // Resets the press state and acts on the button under the mouse.
+    void Form_MouseUp(QPoint punt);
+
+    // A title cut with "..." to fit `breedte` pixels of `fm` (Tekentekst).
+    static QString Tekentekst(const QString& titel, const QFontMetrics& fm, int breedte);
+
+    // --- the timers (a test calls a tick directly)
+    QTimer tmrTaken;
+    void tmrTaken_Timer();
+    QTimer tmrMuis;
+    void tmrMuis_Timer();
+
+    // --- the state
+    Takenlijst taken; // lstTaken and lstTaken2
+    QList<Taak>& lstTaken = taken.lstTaken;
+    QList<Taak>& lstTaken2 = taken.lstTaken2;
+    FixedTable Knoppen{MaxKnoppen, 6};
+    int AantalKnoppen = 0;  // rows of Knoppen filled by the last draw
+    int ActieveKnop = -1;   // the button shown pressed
+    int HoverKnop = -1;     // the button under the mouse
+    int IngedruktKnop = -1; // held down by the mouse
+    QList<TaakbalkKnop> vasteKnoppen;
+    bool Geladen = false;
+    bool OnderhoudZichtbaar = false; // the icon positions button, for a teacher's desktop
+
+    // The strip on the screen.
+    int Hoogte = StandaardHoogte;
+    int BalkBreedte = Breedte;
+    int SchermHoogte = 768;
+    QRect Plek{0, 768 - StandaardHoogte, Breedte, StandaardHoogte};
+
+    // The look.
+    QImage achtergrond;
+    QColor achtergrondKleur{41, 90, 143};
+    QFont knopFont;  // the captions of the fixed buttons
+    QFont takenFont; // the titles of the tasks
+    QImage internetIcoon;
+    QColor takenTekst{Qt::white};
+    QColor takenTekstHover{Qt::black};
+    QColor takenHover{190, 225, 255};
+    QColor takenRand{120, 170, 220};
+    QColor takenGeselecteerd{255, 221, 87};
+    QColor takenTekstGeselecteerd{Qt::black};
+
+    // Where a fixed button stands; null when the bar does not show it.
+    const TaakbalkKnop* zoek(const QString& naam) const;
+    // The row of Knoppen under a point, -1 when none.
+    int knopOp(QPoint punt) const;
+    // Where task buttons may be drawn: up to the first fixed button on the right.
+    int takenGrens() const;
+    // The window handle of row `rij`, 0 for "internet" and "bureaublad".
+    quint64 handleVan(int rij) const;
+
+    // --- what the desktop and the view fill in
+    std::function<quint64()> VensterHandle; // the strip's window, 0 while it has none
+    std::function<void()> Hertekenen;
+    std::function<void(const QRect&)> Plaatsen; // move the window to this place
+    std::function<QPoint()> MuisPositie;        // the mouse in the bar's pixels
+    // The desktop: bring it forward with its icons, with its internet pane, log off.
+    std::function<void()> BureaubladWeergeven;
+    std::function<void()> InternetWeergeven;
+    std::function<void()> Afmelden;
+    // The screens the bar opens that live elsewhere (help, the icon position editor).
+    std::function<void(const QString& woord)> OpenElders;
+
+    ModTaakbalk modTaakbalk;
+
+private:
+    void maakVasteKnoppen();
+    void plaatsVasteKnoppen();
+    void vulKnoppen();
+    void tekenTaken();
+    bool verborgen(const QString& titel) const;
+    quint64 venster() const;
+    void hertekenen();
+    Programma& p;
+    bool m_teveelGemeld = false;
+};
+
+} // namespace tk

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QWidget>
+
+namespace tk {
+
+class FrmTaakbalk2;
+
+// The desktop's taskbar on the screen: a borderless bar window along the bottom of the screen,
+// marked as a dock for the window manager, above all other windows and never taking the focus
+// from the program in front. Paints the model's fixed buttons and task buttons from the theme and
+// forwards the mouse.
+class FrmTaakbalk2View : public QWidget {
+    Q_OBJECT
+public:
+    explicit FrmTaakbalk2View(FrmTaakbalk2& model, QWidget* ouder = nullptr);
+    ~FrmTaakbalk2View() override;
+    // Marks the window, loads the bar for the screen it stands on and shows it.
+    void openen();
+    // Stops the bar and hides the window.
+    void sluiten();
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void mouseMoveEvent(QMouseEvent*) override;
+    void mousePressEvent(QMouseEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
+    void leaveEvent(QEvent*) override;
+
+private:
+    void tekenTaken(QPainter& painter);
+    FrmTaakbalk2& m;
+};
+
+} // namespace tk

@@ -1,0 +1,309 @@
+#include "TaakbalkWerkplek.h"
+
+#include <QFontMetrics>
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::TaakbalkWerkplek;
+using K = FrmTaakbalk2::Kolom;
+
+TEST(Taakbalk2Test, TasksShareTheSpaceFromLeft220) {
+    struct Case {
+        int taken;
+        int breedte;
+    };
+    const Case cases[] = {{1, 368}, {2, 184}, {3, 122}, {10, 36}, {20, 18}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.taken);
+        TaakbalkWerkplek w;
+        for (int i = 0; i < c.taken; ++i)
+            w.programma(100 + i, QStringLiteral("Programma %1").arg(i));
+        w.tik();
+        ASSERT_EQ(c.taken, w.balk().AantalKnoppen);
+        int links = FrmTaakbalk2::TakenLinks;
+        for (int i = 0; i < c.taken; ++i) {
+            EXPECT_EQ(QString::number(100 + i), w.balk().Knoppen(i, K::Actie));
+            EXPECT_EQ(links, w.kolom(i, K::Links));
+            EXPECT_EQ(c.breedte, w.kolom(i, K::Rechts) - w.kolom(i, K::Links));
+            // Frames follow one another without a gap, each 30 wider than its title's share.
+            EXPECT_EQ(links, w.kolom(i, K::KaderLinks));
+            links = w.kolom(i, K::Rechts) + FrmTaakbalk2::TitelInspringing;
+            EXPECT_EQ(links, w.kolom(i, K::KaderRechts));
+        }
+    }
+}
+
+TEST(Taakbalk2Test, TheShellsOwnWindowsNeverGetAButton) {
+    TaakbalkWerkplek w;
+    const char* titels[] = {
+        "Tafelkrater", "TAFELKRATER - Bureaublad", "tafel@school",  "De Krater van de maan",
+        "Rekenen",     "Tafel en stoel",           "Tafels oefenen"};
+    quint64 h = 1;
+    for (const char* t : titels)
+        w.programma(h++, t);
+    w.tik();
+    EXPECT_EQ((QStringList{"Rekenen", "Tafel en stoel", "Tafels oefenen"}), w.knopTitels());
+    // The hidden ones do not take a share of the space either.
+    EXPECT_EQ(122, w.kolom(0, K::Rechts) - w.kolom(0, K::Links));
+}
+
+TEST(Taakbalk2Test, ARenamedTaskChangesItsButtonWithoutMoving) {
+    TaakbalkWerkplek w;
+    w.programma(1, "Een");
+    w.programma(2, "Twee");
+    w.tik();
+    const int links = w.kolom(1, K::Links);
+    w.vensters().windows[1].title = "Twee - opgeslagen";
+    w.tik();
+    EXPECT_EQ((QStringList{"Een", "Twee - opgeslagen"}), w.knopTitels());
+    EXPECT_EQ(links, w.kolom(1, K::Links));
+    EXPECT_EQ("2", w.balk().Knoppen(1, K::Actie));
+}
+
+TEST(Taakbalk2Test, TheWindowInFrontIsPressed) {
+    TaakbalkWerkplek w;
+    w.programma(1, "Tafelkrater"); // hidden, and before the others
+    w.programma(2, "Een");
+    w.programma(3, "Twee");
+    w.vensters().active = 3;
+    w.tik();
+    EXPECT_EQ(1, w.balk().ActieveKnop);
+    w.vensters().active = 1; // the shell itself in front: nothing pressed
+    w.tik();
+    EXPECT_EQ(-1, w.balk().ActieveKnop);
+
+    // The internet pane is a button before the tasks, pressed while no program is in front.
+    w.p.InternetOpen = FrmTaakbalk2::InternetActief;
+    w.tik();
+    ASSERT_EQ(3, w.balk().AantalKnoppen);
+    EXPECT_EQ("internet", w.balk().Knoppen(0, K::Actie));
+    EXPECT_EQ(0, w.balk().ActieveKnop);
+    w.vensters().active = 3;
+    w.tik();
+    EXPECT_EQ(2, w.balk().ActieveKnop);
+}
+
+TEST(Taakbalk2Test, TheInternetButtonMeasuresItsWordAndCountsAsOneOfTheShare) {
+    TaakbalkWerkplek w;
+    w.p.InternetOpen = FrmTaakbalk2::InternetActief;
+    w.programma(1, "Een");
+    w.programma(2, "Twee");
+    w.tik();
+    ASSERT_EQ(3, w.balk().AantalKnoppen);
+    const int woord =
+        QFontMetrics(w.balk().takenFont).horizontalAdvance(w.p.modTaal.LaadTekst(745));
+    EXPECT_EQ(w.p.modTaal.LaadTekst(745), w.balk().Knoppen(0, K::Titel));
+    EXPECT_EQ(220, w.kolom(0, K::Links));
+    EXPECT_EQ(220 + woord, w.kolom(0, K::Rechts));
+    EXPECT_EQ(220 + woord + 30, w.kolom(1, K::Links));
+    EXPECT_EQ(122, w.kolom(1, K::Rechts) - w.kolom(1, K::Links));
+    EXPECT_EQ(w.kolom(1, K::Rechts) + 30, w.kolom(2, K::Links));
+
+    // The back-to-the-desktop button stands only while the pane is in front.
+    EXPECT_NE(nullptr, w.balk().zoek("bureaublad"));
+    w.p.InternetOpen = 0;
+    w.tik();
+    EXPECT_EQ(nullptr, w.balk().zoek("bureaublad"));
+    EXPECT_EQ(2, w.balk().AantalKnoppen);
+}
+
+TEST(Taakbalk2Test, TheTwentyFirstTaskStopsTheDrawingWithOneReport) {
+    TaakbalkWerkplek w;
+    for (int i = 0; i < 21; ++i)
+        w.programma(100 + i, QStringLiteral("Programma %1").arg(i));
+    w.tik();
+    EXPECT_EQ(FrmTaakbalk2::MaxKnoppen, w.balk().AantalKnoppen);
+    EXPECT_EQ("119", w.balk().Knoppen(19, K::Actie));
+    EXPECT_EQ(21, w.balk().lstTaken2.size()); // still followed, only not drawn
+    EXPECT_EQ(1, w.logboek().count("frmTaakbalk2.TekenKnop"));
+    EXPECT_TRUE(w.dialogen.gesteld.isEmpty()); // nothing in the pupil's face
+
+    w.tik();
+    w.tik();
+    EXPECT_EQ(1, w.logboek().count("frmTaakbalk2.TekenKnop")) << "reported once, not every tick";
+
+    // Back to twenty: all drawn again, and a new overflow is reported anew.
+    w.vensters().windows.removeLast();
+    w.tik();
+    EXPECT_EQ(20, w.balk().AantalKnoppen);
+    w.programma(200, "Nog een");
+    w.tik();
+    EXPECT_EQ(2, w.logboek().count("frmTaakbalk2.TekenKnop"));
+}
+
+TEST(Taakbalk2Test, ClicksOnTasksAndButtons) {
+    TaakbalkWerkplek w;
+    w.programma(1, "Een");
+    w.programma(2, "Twee");
+    w.p.InternetOpen = FrmTaakbalk2::InternetActief;
+    w.tik();
+
+    w.balk().Form_MouseDown(w.midden(2));
+    EXPECT_EQ(2, w.balk().IngedruktKnop);
+    w.balk().Form_MouseUp(w.midden(2));
+    EXPECT_EQ(-1, w.balk().IngedruktKnop);
+    EXPECT_EQ(QStringList{"activate 2"}, w.vensters().log);
+    EXPECT_EQ(2, w.balk().ActieveKnop);
+
+    w.balk().Form_MouseUp(w.midden(0));
+    w.balk().Form_MouseUp(w.balk().zoek("bureaublad")->plek.center());
+    w.balk().Form_MouseUp(w.balk().zoek("afmelden")->plek.center());
+    w.balk().Form_MouseUp(w.balk().zoek("help")->plek.center());
+    EXPECT_EQ((QStringList{"InternetWeergeven", "BureaubladWeergeven", "Afmelden", "open help"}),
+              w.acties);
+
+    // A window that died since the last tick: asked, nothing happens, nothing pressed.
+    w.vensters().windows.removeFirst();
+    w.vensters().log.clear();
+    w.balk().ActieveKnop = -1;
+    w.balk().Form_MouseUp(w.midden(1));
+    EXPECT_EQ(QStringList{"activate 1"}, w.vensters().log);
+    EXPECT_EQ(-1, w.balk().ActieveKnop);
+
+    // Empty ground of the bar and points below it do nothing.
+    w.vensters().log.clear();
+    w.balk().Form_MouseUp(QPoint(160, 20));
+    w.balk().Form_MouseUp(QPoint(w.midden(1).x(), w.balk().Hoogte + 3));
+    EXPECT_TRUE(w.vensters().log.isEmpty());
+    EXPECT_EQ(4, w.acties.size());
+}
+
+TEST(Taakbalk2Test, IconPositionsButtonOnlyWhereAskedFor) {
+    TaakbalkWerkplek w;
+    EXPECT_EQ(nullptr, w.balk().zoek("bureaubladpictogrammen_onderhoud"));
+    w.balk().OnderhoudZichtbaar = true;
+    w.balk().LadenVormgeving();
+    const TaakbalkKnop* k = w.balk().zoek("bureaubladpictogrammen_onderhoud");
+    ASSERT_NE(nullptr, k);
+    EXPECT_LT(k->plek.right(), w.balk().zoek("help")->plek.left());
+    w.balk().Form_MouseUp(k->plek.center());
+    EXPECT_EQ(QStringList{"open bureaubladpictogrammen_onderhoud"}, w.acties);
+}
+
+TEST(Taakbalk2Test, HoverFollowsTheMouseExceptOnOtherWindows) {
+    TaakbalkWerkplek w;
+    w.programma(1, "Een");
+    w.programma(2, "Overige vensters...");
+    w.tik();
+    QPoint muis = w.midden(0);
+    w.balk().MuisPositie = [&] { return muis; };
+    w.balk().tmrMuis_Timer();
+    EXPECT_EQ(0, w.balk().HoverKnop);
+    muis = w.midden(1);
+    w.balk().tmrMuis_Timer();
+    EXPECT_EQ(-1, w.balk().HoverKnop);
+    muis = w.balk().zoek("help")->plek.center();
+    w.balk().tmrMuis_Timer();
+    EXPECT_TRUE(w.balk().zoek("help")->hover);
+    muis = QPoint(-1, -1); // left the bar
+    w.balk().tmrMuis_Timer();
+    EXPECT_FALSE(w.balk().zoek("help")->hover);
+    EXPECT_EQ(-1, w.balk().HoverKnop);
+}
+
+TEST(Taakbalk2Test, TheStripStandsAtTheBottomOnTopWithTheWorkAreaAboveIt) {
+    TaakbalkWerkplek w;
+    QRect geplaatst;
+    w.balk().Plaatsen = [&](const QRect& r) { geplaatst = r; };
+    w.balk().VensterPositie(768, 1024);
+    EXPECT_EQ(QRect(0, 728, 1024, 40), geplaatst);
+    EXPECT_EQ((QStringList{"ontop 5 1", "workarea 0,0 1024x728 on 5"}), w.vensters().log);
+
+    // A program changed the display: the strip follows.
+    w.vensters().log.clear();
+    w.balk().VensterPositie(480, 640);
+    EXPECT_EQ(QRect(0, 440, 640, 40), geplaatst);
+    EXPECT_EQ((QStringList{"ontop 5 1", "workarea 0,0 640x440 on 5"}), w.vensters().log);
+    EXPECT_LE(w.balk().zoek("help")->plek.right(), 640);
+
+    // Closing the bar gives the strip back and stops following windows.
+    w.vensters().log.clear();
+    w.balk().Form_Unload();
+    EXPECT_EQ(QStringList{"workarea 0,0 640x480 on 5"}, w.vensters().log);
+    EXPECT_FALSE(w.balk().tmrTaken.isActive());
+    w.programma(1, "Een");
+    w.tik();
+    EXPECT_EQ(0, w.balk().AantalKnoppen);
+}
+
+TEST(Taakbalk2Test, NothingIsDrawnWhileTheDesktopIsNotUp) {
+    TaakbalkWerkplek w;
+    w.p.BureaubladOpen = false;
+    w.programma(1, "Een");
+    w.tik();
+    EXPECT_EQ(1, w.balk().lstTaken2.size());
+    EXPECT_EQ(0, w.balk().AantalKnoppen);
+    w.p.BureaubladOpen = true;
+    w.tik();
+    EXPECT_EQ(1, w.balk().AantalKnoppen);
+}
+
+TEST(Taakbalk2Test, ATickThatChangesNothingPaintsNothing) {
+    TaakbalkWerkplek w;
+    w.programma(1, "Een");
+    w.tik();
+    const int na = w.hertekend;
+    w.tik();
+    w.tik();
+    EXPECT_EQ(na, w.hertekend);
+    w.vensters().active = 1;
+    w.tik();
+    EXPECT_EQ(na + 1, w.hertekend);
+}
+
+TEST(Taakbalk2Test, TheThemeGivesHeightPicturesAndColours) {
+    TaakbalkWerkplek w;
+    EXPECT_EQ(40, w.balk().Hoogte); // the default theme's bar picture
+    EXPECT_FALSE(w.balk().achtergrond.isNull());
+    EXPECT_EQ(QSize(16, 16), w.balk().internetIcoon.size());
+    EXPECT_EQ(QColor(255, 221, 87), w.balk().takenGeselecteerd);
+    EXPECT_EQ(QColor(41, 90, 143), w.balk().achtergrondKleur);
+    for (const char* naam : {"afmelden", "help"}) {
+        const TaakbalkKnop* k = w.balk().zoek(naam);
+        ASSERT_NE(nullptr, k) << naam;
+        EXPECT_FALSE(k->beeld.isNull()) << naam;
+        EXPECT_FALSE(k->tekst.isEmpty()) << naam;
+    }
+    // The fixed buttons keep clear of the tasks: left ones end before the internet icon.
+    EXPECT_LT(w.balk().zoek("afmelden")->plek.right(), FrmTaakbalk2::InternetIcoonLinks);
+
+    // A theme without the bar's picture and colours: the defaults, no fault in the way.
+    QFile::remove(w.pad("Afbeeldingen/Skins/1/Instellingen.ini"));
+    w.balk().LadenVormgeving();
+    EXPECT_EQ(FrmTaakbalk2::StandaardHoogte, w.balk().Hoogte);
+    EXPECT_TRUE(w.balk().achtergrond.isNull());
+    EXPECT_TRUE(w.dialogen.gesteld.isEmpty());
+}
+
+TEST(Taakbalk2Test, TitlesAreCutWithDotsToFit) {
+    const QFont font(QStringLiteral("Verdana"), 8);
+    const QFontMetrics fm(font);
+    struct Case {
+        QString titel;
+        int breedte;
+    };
+    const Case cases[] = {
+        {"Kort", 200},
+        {"Een titel die veel te lang is voor de knop", 80},
+        {QString(10000, QLatin1Char('W')), 120},
+        {"Iets", 3}, // not even the dots fit
+        {"Iets", 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.titel.left(40).toStdString());
+        const QString uit = FrmTaakbalk2::Tekentekst(c.titel, fm, c.breedte);
+        EXPECT_LE(fm.horizontalAdvance(uit), qMax(0, c.breedte));
+        if (fm.horizontalAdvance(c.titel) <= c.breedte) {
+            EXPECT_EQ(c.titel, uit);
+        } else if (!uit.isEmpty()) {
+            EXPECT_TRUE(uit.endsWith("..."));
+            EXPECT_TRUE(c.titel.startsWith(uit.chopped(3)));
+            // As much of the title as fits: one more character would not.
+            qsizetype volgende = uit.size() - 3;
+            while (c.titel.at(volgende).isSpace()) // blanks before the dots are dropped
+                ++volgende;
+            const QString langer = c.titel.left(volgende + 1) + "...";
+            EXPECT_GT(fm.horizontalAdvance(langer), c.breedte);
+        }
+    }
+}

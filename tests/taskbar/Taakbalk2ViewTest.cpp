@@ -1,0 +1,97 @@
+#include "TaakbalkWerkplek.h"
+#include "screens/taskbar/FrmTaakbalk2View.h"
+
+#include <QDir>
+#include <QImage>
+#include <QPixmap>
+#include <QScreen>
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::TaakbalkWerkplek;
+using K = FrmTaakbalk2::Kolom;
+
+namespace {
+
+// Saves what a test drew where a developer can look at it.
+void bewaar(const QImage& beeld, const char* naam) {
+    const QString map = QDir::temp().filePath(QStringLiteral("tafelkrater-taakbalk"));
+    QDir().mkpath(map);
+    beeld.save(map + QLatin1Char('/') + QLatin1String(naam) + QStringLiteral(".png"));
+}
+
+int tel(const QImage& beeld, const QRect& gebied, const QColor& kleur) {
+    int n = 0;
+    for (int y = gebied.top(); y <= gebied.bottom(); ++y)
+        for (int x = gebied.left(); x <= gebied.right(); ++x)
+            n += beeld.pixelColor(x, y) == kleur;
+    return n;
+}
+
+} // namespace
+
+TEST(Taakbalk2ViewTest, PaintsTasksPressedHoveredAndCut) {
+    TaakbalkWerkplek w;
+    QImage rood(16, 16, QImage::Format_ARGB32);
+    rood.fill(QColor(220, 0, 0));
+    w.programma(1, "Rekenen");
+    w.programma(2, "Een heel lange titel van een tekstverwerker die niet past");
+    w.programma(3, QString(10000, QLatin1Char('x')));
+    w.vensters().icons.insert(1, rood);
+    w.vensters().active = 2;
+    w.p.InternetOpen = FrmTaakbalk2::InternetActief;
+    w.tik();
+    ASSERT_EQ(4, w.balk().AantalKnoppen);
+    w.balk().Form_MouseMove(w.midden(3));
+    ASSERT_EQ(3, w.balk().HoverKnop);
+
+    FrmTaakbalk2View view(w.balk());
+    view.setGeometry(0, 0, 1024, w.balk().Hoogte);
+    const QImage beeld = view.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    bewaar(beeld, "taken");
+    ASSERT_EQ(QSize(1024, 40), beeld.size());
+
+    const auto kader = [&](int rij) {
+        return QRect(w.kolom(rij, K::KaderLinks) + 3, 8,
+                     w.kolom(rij, K::KaderRechts) - w.kolom(rij, K::KaderLinks) - 8, 24);
+    };
+    // The pressed button is filled with the theme's selected colour, the hovered one with the
+    // hover colour, the others with neither.
+    EXPECT_GT(tel(beeld, kader(2), w.balk().takenGeselecteerd), 200);
+    EXPECT_GT(tel(beeld, kader(3), w.balk().takenHover), 200);
+    EXPECT_EQ(0, tel(beeld, kader(1), w.balk().takenGeselecteerd));
+    EXPECT_EQ(0, tel(beeld, kader(1), w.balk().takenHover));
+    // The window's icon stands at the button's left plus 2.
+    EXPECT_EQ(QColor(220, 0, 0), beeld.pixelColor(w.kolom(1, K::Links) + 2 + 8, 20));
+    // Titles stay inside their buttons: the column just past the hovered frame is no hover.
+    EXPECT_EQ(0, tel(beeld, QRect(w.kolom(3, K::KaderRechts) + 1, 8, 3, 24), w.balk().takenHover));
+    // The log-off button's picture stands at the left.
+    const QRect afmelden = w.balk().zoek("afmelden")->plek;
+    int oranje = 0;
+    for (int y = afmelden.top(); y <= afmelden.bottom(); ++y)
+        for (int x = afmelden.left(); x < afmelden.left() + FrmTaakbalk2::BeeldMaat; ++x) {
+            const QColor c = beeld.pixelColor(x, y);
+            oranje += c.red() > 200 && c.green() > 110 && c.green() < 200 && c.blue() < 120;
+        }
+    EXPECT_GT(oranje, 200);
+}
+
+TEST(Taakbalk2ViewTest, OpeningMarksTheWindowAsABarAndPlacesItAtTheBottom) {
+    TaakbalkWerkplek w;
+    w.balk().Form_Unload();
+    w.vensters().log.clear();
+    FrmTaakbalk2View view(w.balk());
+    view.openen();
+    ASSERT_FALSE(w.vensters().log.isEmpty());
+    const quint64 id = quint64(view.winId());
+    // Marked before anything else, so before it is mapped.
+    EXPECT_EQ(QStringLiteral("kind %1 dock").arg(id), w.vensters().log.first());
+    EXPECT_TRUE(w.vensters().log.contains(QStringLiteral("ontop %1 1").arg(id)));
+    EXPECT_TRUE(w.balk().tmrTaken.isActive());
+    EXPECT_TRUE(view.isVisible());
+    EXPECT_EQ(w.balk().Plek, view.geometry());
+    EXPECT_EQ(view.screen()->geometry().bottom(), view.geometry().bottom());
+    view.sluiten();
+    EXPECT_FALSE(view.isVisible());
+    EXPECT_FALSE(w.balk().tmrTaken.isActive());
+}
