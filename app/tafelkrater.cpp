@@ -9,6 +9,7 @@
 #include "platform/linux/LinuxPlatform.h"
 #include "screens/start/FrmAanmelden.h"
 #include "screens/start/FrmAanmeldenView.h"
+#include "screens/start/FrmInitialiserenView.h"
 #include "screens/start/FrmMain.h"
 #include "screens/start/FrmWachten.h"
 #include "screens/start/FrmWachtenView.h"
@@ -61,6 +62,7 @@ int main(int argc, char** argv) {
     // account word on a management workstation).
     QStringList woorden = QCoreApplication::arguments().mid(1);
     tk::ModMainOpstart opstart(p, stappen);
+    tk::FrmInitialiserenView initialiserenView(opstart.frmInitialiseren);
     opstart.Main(woorden.join(QLatin1Char(' ')));
     if (p.beeindigd)
         return 0;

@@ -26,6 +26,20 @@ void FrmInitialiseren::Instelling(int rij, bool geslaagd, bool subrij) {
     controleerIndex(rij, rijen.size());
     rijen[rij].zichtbaar = true;
     rijen[rij].lblCheck = geslaagd ? QStringLiteral("a") : QStringLiteral("r");
+    if (Hertekenen)
+        Hertekenen();
+}
+
+void FrmInitialiseren::Tonen() {
+    Zichtbaar = true;
+    if (Hertekenen)
+        Hertekenen();
+}
+
+void FrmInitialiseren::Verbergen() {
+    Zichtbaar = false;
+    if (Hertekenen)
+        Hertekenen();
 }
 
 } // namespace tk

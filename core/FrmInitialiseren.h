@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QString>
+#include <functional>
 
 namespace tk {
 
@@ -23,11 +24,16 @@ public:
     void LaadTaal() override;
     // Makes a row (or a sub-row) visible and sets its mark.
     void Instelling(int rij, bool geslaagd, bool subrij = false);
+    // Shows the window without waiting for it, and hides it again.
+    void Tonen();
+    void Verbergen();
 
     QString Caption, lblInfo;
     QList<Rij> lblItem;    // rows 102-107, 110 in the place of 104 when that applies
     QList<Rij> lblSubItem; // 108 "Server", 109 "Client"
     bool Zichtbaar = false;
+    // Set by a view: the window's state changed.
+    std::function<void()> Hertekenen;
 
 private:
     Programma& p;

@@ -340,7 +340,7 @@ void ModMainOpstart::Main(const QString& opdrachtregel) {
             m.StilActiveren = LeesActivatieWaarde();
             if (!ShellOK) { // 17
                 frmInitialiseren.LaadTaal();
-                frmInitialiseren.Zichtbaar = true;
+                frmInitialiseren.Tonen();
                 const int pauze = m.StilActiveren ? 100 : 500;
                 m.Wacht(pauze);
                 frmInitialiseren.Instelling(0, RegisterOK);
@@ -378,8 +378,8 @@ void ModMainOpstart::Main(const QString& opdrachtregel) {
                 p.Einde();
                 return;
             }
-            frmInitialiseren.Zichtbaar = false; // 20
-            if (!ShellOK) {                     // 21
+            frmInitialiseren.Verbergen(); // 20
+            if (!ShellOK) {               // 21
                 stappen.WijzigOpstarten();
                 return;
             }

@@ -243,4 +243,10 @@ TEST(WachtvenstersTest, LogOffWindowShowsItsTextOverTheBar) {
     EXPECT_TRUE(dichtbij(beeld.pixel(r.left() + 1, r.top() + 6), f.KleurRand, 10));
     f.Sluiten();
     EXPECT_FALSE(f.tmrLadenActief());
+    // A short colour key is reported and the window opens all the same.
+    w.p.modMain.SchrijfIni("30,58", "Kleuren", "Laadbalk rand", themaIni);
+    f.Openen();
+    EXPECT_TRUE(f.Zichtbaar);
+    EXPECT_EQ(QStringList({"frmFoutrapportage"}), w.dialogen.getoond);
+    EXPECT_EQ("frmAfmelden.LaadVormgeving", w.p.frmFoutrapportage.Procedure);
 }

@@ -1,0 +1,67 @@
+#include "FrmNetwerkView.h"
+
+#include "link/FrmNetwerk.h"
+
+#include <QLineEdit>
+#include <QPainter>
+
+namespace tk {
+
+FrmNetwerkView::FrmNetwerkView(FrmNetwerk& model, QWidget* ouder) : DialoogView(ouder), m(model) {
+    setWindowTitle(m.Caption);
+    const QFontMetrics fm(font());
+    const QRect uitleg =
+        fm.boundingRect(QRect(0, 0, Breedte - 36, 2000), Qt::TextWordWrap, m.lblUitleg);
+    m_uitleg = QRect(18, 14, Breedte - 36, uitleg.height());
+    m_label = QRect(18, m_uitleg.bottom() + 14, Breedte - 36, fm.height());
+    const QRect vak(18, m_label.bottom() + 4, Breedte - 36, 24);
+    m_knoppenBoven = vak.bottom() + 16;
+    m_naam = new QLineEdit(this);
+    m_naam->setGeometry(inVenster(vak));
+    m_naam->setText(m.txtNaam);
+    m_naam->selectAll();
+    connect(m_naam, &QLineEdit::textEdited, this, [this](const QString& t) {
+        m.txtNaam_Change(t);
+        bijwerken();
+    });
+    zetLijf(Breedte, m_knoppenBoven + 26 + 16);
+    bijwerken();
+    m_naam->setFocus();
+}
+
+void FrmNetwerkView::bijwerken() {
+    vlakken.clear();
+    const int b = (Breedte - 36 - 12) / 2;
+    Vlak ok;
+    ok.plek = QRect(18, m_knoppenBoven, b, 26);
+    ok.tekst = m.cmdOK;
+    ok.standaard = true;
+    ok.enabled = m.cmdOKEnabled;
+    ok.klik = [this] {
+        m.cmdOK_Click();
+        m_klaar = true;
+    };
+    vlakken << ok;
+    Vlak annuleer;
+    annuleer.plek = QRect(Breedte - 18 - b, m_knoppenBoven, b, 26);
+    annuleer.tekst = m.cmdAnnuleren;
+    annuleer.klik = [this] { annuleren(); };
+    vlakken << annuleer;
+    update();
+}
+
+void FrmNetwerkView::tekenInhoud(QPainter& p) {
+    p.setPen(tekstKleur());
+    p.drawText(m_uitleg, Qt::TextWordWrap | Qt::AlignLeft, m.lblUitleg);
+    QFont vet = p.font();
+    vet.setBold(true);
+    p.setFont(vet);
+    p.drawText(m_label, Qt::AlignLeft | Qt::AlignVCenter, m.lblNaam);
+}
+
+void FrmNetwerkView::annuleren() {
+    m.cmdAnnuleren_Click();
+    m_klaar = true;
+}
+
+} // namespace tk
