@@ -202,10 +202,12 @@ void FrmTaakbalk2::VensterPositie(int schermHoogte, int schermBreedte) {
     hertekenen();
 }
 
-bool FrmTaakbalk2::verborgen(const QString& titel) const {
+bool FrmTaakbalk2::verborgen(const QString& titel) {
     // The shell's own windows never get a button, however their titles are written.
-    const QString klein = titel.toLower();
-    return klein.contains(u"tafel@") || klein.contains(u"krater") || klein.contains(u"tafelkrater");
+    for (const char16_t* woord : {u"tafel@", u"krater", u"tafelkrater"})
+        if (titel.contains(QStringView(woord), Qt::CaseInsensitive))
+            return true;
+    return false;
 }
 
 void FrmTaakbalk2::tmrTaken_Timer() {
@@ -242,28 +244,27 @@ void FrmTaakbalk2::tekenTaken() {
     plaatsVasteKnoppen();
     const bool internet = p.InternetOpen == InternetActief;
 
-    // Which button is pressed: the one of the window in front.
+    // The tasks that get a button, in the kept order.
+    QList<const Taak*> zichtbaar;
+    zichtbaar.reserve(lstTaken2.size());
+    for (const Taak& t : std::as_const(lstTaken2))
+        if (!verborgen(t.titel))
+            zichtbaar.append(&t);
+
+    // Which button is pressed: the one of the window in front; with no program in front, the
+    // internet pane when it stands.
     ActieveKnop = -1;
     const quint64 voor = p.platform.windows().activeWindow();
-    int index = internet ? 1 : 0;
-    for (const Taak& t : std::as_const(lstTaken2)) {
-        if (verborgen(t.titel))
-            continue;
-        if (voor != 0 && t.handle == voor) {
-            ActieveKnop = index;
+    for (qsizetype i = 0; i < zichtbaar.size() && voor != 0; ++i)
+        if (zichtbaar[i]->handle == voor) {
+            ActieveKnop = int(i) + (internet ? 1 : 0);
             break;
         }
-        ++index;
-    }
-    // With no program in front the internet pane is.
     if (internet && ActieveKnop < 0)
         ActieveKnop = 0;
 
-    int aantal = internet ? 1 : 0;
-    for (const Taak& t : std::as_const(lstTaken2))
-        if (!verborgen(t.titel))
-            ++aantal;
-    const int breedte = aantal > 0 ? TakenRuimte / aantal : 0;
+    const qsizetype aantal = zichtbaar.size() + (internet ? 1 : 0);
+    const int breedte = aantal > 0 ? TakenRuimte / int(aantal) : 0;
 
     int rij = 0;
     int links = TakenLinks;
@@ -279,9 +280,7 @@ void FrmTaakbalk2::tekenTaken() {
         links = rechts + TitelInspringing;
         rij = AantalKnoppen = 1;
     }
-    for (const Taak& t : std::as_const(lstTaken2)) {
-        if (verborgen(t.titel))
-            continue;
+    for (const Taak* t : std::as_const(zichtbaar)) {
         if (rij >= MaxKnoppen) {
             // One report for as long as there are too many, not one every tick.
             if (m_teveelGemeld)
@@ -289,10 +288,10 @@ void FrmTaakbalk2::tekenTaken() {
             m_teveelGemeld = true;
         }
         const int rechts = links + breedte;
-        Knoppen(rij, Actie) = QString::number(t.handle); // past the last row: the fault
+        Knoppen(rij, Actie) = QString::number(t->handle); // past the last row: the fault
         Knoppen(rij, Links) = QString::number(links);
         Knoppen(rij, Rechts) = QString::number(rechts);
-        Knoppen(rij, Titel) = t.titel;
+        Knoppen(rij, Titel) = t->titel;
         Knoppen(rij, KaderLinks) = QString::number(links);
         Knoppen(rij, KaderRechts) = QString::number(rechts + TitelInspringing);
         links = rechts + TitelInspringing;

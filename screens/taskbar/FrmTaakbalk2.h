@@ -119,6 +119,8 @@ public:
 
     // Where a fixed button stands; null when the bar does not show it.
     const TaakbalkKnop* zoek(const QString& naam) const;
+    // A window of the shell itself, known by the words of its title: it never gets a button.
+    static bool verborgen(const QString& titel);
     // The row of Knoppen under a point, -1 when none.
     int knopOp(QPoint punt) const;
     // Where task buttons may be drawn: up to the first fixed button on the right.
@@ -145,7 +147,6 @@ private:
     void plaatsVasteKnoppen();
     void vulKnoppen();
     void tekenTaken();
-    bool verborgen(const QString& titel) const;
     quint64 venster() const;
     void hertekenen();
     Programma& p;

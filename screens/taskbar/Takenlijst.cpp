@@ -53,13 +53,14 @@ bool Takenlijst::haalIconen() {
     const bool opnieuw = m_tik % IcoonOpnieuw == 1;
     bool nieuw = false;
     for (const Taak& t : std::as_const(lstTaken2)) {
-        const auto gevonden = m_iconen.constFind(t.handle);
-        const bool onbekend = gevonden == m_iconen.constEnd();
-        if (onbekend || (opnieuw && gevonden->isNull())) {
-            const QImage icoon = modTaken.GetIcon(t.handle);
-            nieuw |= !icoon.isNull();
-            m_iconen.insert(t.handle, icoon);
-        }
+        Icoon& icoon = m_iconen[t.handle];
+        const bool vraag = icoon.gevraagd == 0 ||
+                           (opnieuw && icoon.beeld.isNull() && icoon.gevraagd <= IcoonPogingen);
+        if (!vraag)
+            continue;
+        ++icoon.gevraagd;
+        icoon.beeld = modTaken.GetIcon(t.handle);
+        nieuw |= !icoon.beeld.isNull();
     }
     return nieuw;
 }

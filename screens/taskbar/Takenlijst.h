@@ -22,21 +22,26 @@ public:
     bool Bijwerken();
 
     // The 16 by 16 icon of a kept task; null when the window has none (yet).
-    QImage icoon(quint64 handle) const { return m_iconen.value(handle); }
+    QImage icoon(quint64 handle) const { return m_iconen.value(handle).beeld; }
 
     ModTaken modTaken;
     QList<Taak> lstTaken;
     QList<Taak> lstTaken2;
 
-    // A window without an icon is asked again every this many ticks: many programs set theirs
-    // only after the window is up.
+    // A window without an icon is asked again every this many ticks, up to IcoonPogingen
+    // times: many programs set theirs only after the window is up, and some never do.
     static constexpr int IcoonOpnieuw = 8;
+    static constexpr int IcoonPogingen = 5;
 
 private:
     // True when an icon came that was not there before.
     bool haalIconen();
     Programma& p;
-    QHash<quint64, QImage> m_iconen;
+    struct Icoon {
+        QImage beeld;
+        int gevraagd = 0;
+    };
+    QHash<quint64, Icoon> m_iconen;
     int m_tik = 0;
 };
 
