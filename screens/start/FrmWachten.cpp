@@ -46,7 +46,7 @@ void FrmWachten::Openen(const QString& tekst, int maximum) {
         LaadThema();
         QString t = tekst;
         t.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-        regels = t.split(QLatin1Char('\n'));
+        regels = t.isEmpty() ? QStringList() : t.split(QLatin1Char('\n'));
         const QFontMetrics fm(tekstFont);
         int breedste = 0;
         for (const QString& r : regels)

@@ -58,6 +58,12 @@ TEST(WachtvenstersTest, WaitBarFollowsTheValueAndAValueAboveTheMaximumFillsIt) {
         EXPECT_EQ(Laadbalk::Pitch, vol[i].left() - vol[i - 1].left());
     f.Waarde(-4); // below zero counts as nothing done
     EXPECT_EQ(1, f.picLaden.blokkenNu.size());
+    // Without a text the bar takes the top; the window stays as wide as it was made.
+    const int metTekst = f.picLaden.plek.top();
+    f.Openen(QString(), 10);
+    EXPECT_TRUE(f.regels.isEmpty());
+    EXPECT_EQ(metTekst - f.regelHoogte, f.picLaden.plek.top());
+    EXPECT_EQ(FrmWachten::MinBreedte, f.Breedte);
 }
 
 TEST(WachtvenstersTest, WithoutAMaximumTheBlockBouncesUntilTheWindowCloses) {
