@@ -17,16 +17,16 @@ struct Vast {
     const char* naam;
     bool links;
     const char* beeld;
-    int tekst;
+    int tekst; // the caption, or for a picture alone its hint
     const char* sectie;
     const char* kleurWoord;
 };
 const char* const eigenSectie = "Kleuren - Taakbalk - Bureaublad";
 const Vast vasteLijst[] = {
     {"afmelden", true, "Afmelden", 2201, eigenSectie, "Afmelden"},
-    {"bureaublad", true, "Bureaublad", 0, eigenSectie, ""},
+    {"bureaublad", true, "Bureaublad", -2107, eigenSectie, ""},
     {"help", false, "Help", 2202, eigenSectie, "Help"},
-    {"bureaubladpictogrammen_onderhoud", false, "Onderhoudsmodule", 0,
+    {"bureaubladpictogrammen_onderhoud", false, "Onderhoudsmodule", -2203,
      "Kleuren - Taakbalk - Startscherm", "Groeperen"},
 };
 constexpr int rand = 12;        // from the bar's ends to the first fixed button
@@ -91,8 +91,10 @@ void FrmTaakbalk2::maakVasteKnoppen() {
         TaakbalkKnop k;
         k.naam = QString::fromLatin1(v.naam);
         k.links = v.links;
-        if (v.tekst)
+        if (v.tekst > 0)
             k.tekst = p.modTaal.LaadTekst(v.tekst);
+        else
+            k.hint = p.modTaal.LaadTekst(-v.tekst);
         vasteKnoppen << k;
     }
 }

@@ -116,7 +116,18 @@ void FrmTaakbalk2View::tekenTaken(QPainter& painter) {
 }
 
 void FrmTaakbalk2View::mouseMoveEvent(QMouseEvent* e) {
-    m.Form_MouseMove(e->position().toPoint());
+    const QPoint punt = e->position().toPoint();
+    m.Form_MouseMove(punt);
+    // The whole title of a task, which its button may show cut, and what a picture does.
+    QString hint;
+    const int rij = m.knopOp(punt);
+    if (rij >= 0)
+        hint = m.Knoppen(rij, FrmTaakbalk2::Titel);
+    for (const TaakbalkKnop& k : m.vasteKnoppen)
+        if (!k.plek.isNull() && k.plek.contains(punt))
+            hint = k.hint;
+    if (hint != toolTip())
+        setToolTip(hint);
 }
 
 void FrmTaakbalk2View::mousePressEvent(QMouseEvent* e) {

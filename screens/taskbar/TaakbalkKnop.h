@@ -18,6 +18,7 @@ struct TaakbalkKnop {
     bool links = true;
     QRect plek;    // on the bar
     QString tekst; // the caption beside the picture; empty: the picture alone
+    QString hint;  // what the button does, shown under the mouse (for a picture alone)
     QImage beeld;
     QColor tekstKleur{Qt::white};
     QColor hoverKleur{255, 221, 87};
