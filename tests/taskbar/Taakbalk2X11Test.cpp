@@ -155,6 +155,15 @@ TEST_F(Taakbalk2X11Test, TheBarIsADockAtTheBottomThatKeepsItsStripFree) {
     // The bar is never a task of its own.
     for (const Taak& t : balk().lstTaken2)
         EXPECT_NE(quint64(id), t.handle);
+
+    // Closed with the desktop and opened with the next one: still a dock with its strip.
+    view->sluiten();
+    view->openen();
+    ASSERT_TRUE(totDat([&] { return view->isVisible(); }));
+    EXPECT_EQ(x->atom("_NET_WM_WINDOW_TYPE_DOCK"),
+              waarden(id, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM).front());
+    EXPECT_EQ(uint32_t(balk().Hoogte),
+              waarden(id, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL).at(3));
 }
 
 TEST_F(Taakbalk2X11Test, RealProgramsBecomeTasksTheClickedOneComesForwardAndAClosedOneGoes) {
