@@ -1,0 +1,397 @@
+#include "screens/desktop/FrmBureaubladBeelden.h"
+#include "tests/desktop/BureaubladWerkplek.h"
+
+#include <QFontMetrics>
+#include <QSettings>
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::BureaubladWerkplek;
+
+namespace {
+
+QString ids(int van, int tot, const QString& voor = "") {
+    QStringList l;
+    for (int i = van; i <= tot; ++i)
+        l << voor + QString::number(i);
+    return l.join('|');
+}
+
+} // namespace
+
+TEST(BureaubladRasterTest, SixColumnsOfSixThenThreeOfThreeAndNoPlaceBeyond) {
+    struct Case {
+        int n, links, boven;
+    };
+    const Case cases[] = {
+        {0, 56, 170},   {5, 56, 560},   {6, 154, 170},  {35, 546, 560}, {36, 644, 170},
+        {38, 644, 326}, {39, 742, 170}, {44, 840, 326}, {45, 0, 0},     {-1, 0, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.n);
+        EXPECT_EQ(FrmBureaublad::RasterPlek(c.n), QPoint(c.links, c.boven));
+    }
+}
+
+TEST(BureaubladTest, FortySixItemsPutTheLastOneAtTheOrigin) {
+    BureaubladWerkplek w;
+    for (int i = 0; i < 46; ++i)
+        w.applicatie(0, i, QString::number(i + 1), "App " + QString::number(i + 1));
+    w.klas(0, "Groep 1", "12", ids(1, 46), "Nee");
+    w.b().Openen(0, "12");
+
+    ASSERT_EQ(w.b().iconen.size(), 46);
+    EXPECT_EQ(w.plek(0), QPoint(56, 170));
+    EXPECT_EQ(w.plek(44), QPoint(840, 326));
+    EXPECT_EQ(w.plek(45), QPoint(0, 0));
+    EXPECT_EQ(w.b().Iconen(45, FrmBureaublad::KolomSleutel), "46");
+    EXPECT_EQ(w.b().Iconen(45, FrmBureaublad::KolomLinks), "0");
+    EXPECT_EQ(w.b().subKop, w.p.modTaal.LaadTekst(721));
+    EXPECT_EQ(w.b().kop, "Groep 1");
+    EXPECT_TRUE(w.p.BureaubladOpen);
+    // The places were asked for this class, by its letter and ID.
+    EXPECT_TRUE(w.kanaal.verstuurd.contains("LDNAPPPOSK12"));
+}
+
+TEST(BureaubladTest, EmptyItemsKeepTheirGridPlaceOnlyWhenNoPlacesAreStored) {
+    BureaubladWerkplek w;
+    for (int i = 0; i < 3; ++i)
+        w.applicatie(0, i, QString::number(i + 1), "App");
+
+    w.klas(0, "Groep 1", "12", "1|leeg||2", "Nee");
+    w.b().Openen(0, "12");
+    EXPECT_EQ(w.plek(0), FrmBureaublad::RasterPlek(0));
+    EXPECT_EQ(w.icoon(1), nullptr);
+    EXPECT_EQ(w.b().Iconen(1, FrmBureaublad::KolomSleutel), "");
+    EXPECT_EQ(w.plek(3), FrmBureaublad::RasterPlek(3));
+
+    // With stored places the hole takes no place: the unplaced item gets the first one.
+    w.klas(1, "Groep 2", "13", "1|leeg|2|3", "Nee");
+    w.posities("K13", "1|k|300x400><3|k|500x200");
+    w.b().Openen(0, "13");
+    EXPECT_EQ(w.plek(0), QPoint(285, 400));
+    EXPECT_EQ(w.plek(2), FrmBureaublad::RasterPlek(0));
+    EXPECT_EQ(w.plek(3), QPoint(485, 200));
+}
+
+TEST(BureaubladTest, StoredPlacesMatchKindAndIdAndBadItemsAreLeftOut) {
+    BureaubladWerkplek w;
+    w.applicatie(1, 0, "4", "Eigen");
+    w.applicatie(2, 0, "4", "Algemeen");
+    w.leraar(0, "Vries", "Jan", "de", "21", "appel", "4|a4|cdrom");
+    w.posities("L21", "4|a|600x300><4|l|700x100><zes|l|1x1><5|l|10y10><4|k|15x15");
+    w.b().Openen(1, "21");
+
+    EXPECT_EQ(w.b().posApplicatie.size(), 3);
+    EXPECT_EQ(w.plek(0), QPoint(685, 100));
+    EXPECT_EQ(w.plek(1), QPoint(585, 300));
+    EXPECT_EQ(w.b().Iconen(1, FrmBureaublad::KolomSleutel), "4a");
+    // The drive item has no stored place: the first place of the grid.
+    EXPECT_EQ(w.plek(2), FrmBureaublad::RasterPlek(0));
+    EXPECT_TRUE(w.b().Iconen(2, FrmBureaublad::KolomSleutel).startsWith("cdrom"));
+    EXPECT_EQ(w.icoon(2)->regels, QStringList{w.p.modTaal.LaadTekst(723)});
+}
+
+TEST(BureaubladTest, InternetIconOnlyForAnOwnerWithInternet) {
+    BureaubladWerkplek w;
+    w.applicatie(0, 0, "1", "App");
+    w.klas(0, "Zonder", "12", "1", "Nee");
+    w.klas(1, "Met", "13", "1", "Ja");
+
+    w.b().Openen(0, "12");
+    EXPECT_EQ(w.b().iconen.size(), 1);
+    EXPECT_EQ(w.b().Iconen(1, FrmBureaublad::KolomSleutel), "");
+    // One item: no invitation in the sub-header.
+    EXPECT_EQ(w.b().subKop, "");
+
+    w.b().Openen(0, "13");
+    ASSERT_EQ(w.b().iconen.size(), 2);
+    EXPECT_EQ(w.b().Iconen(1, FrmBureaublad::KolomSleutel), w.p.modTaal.LaadTekst(745));
+    EXPECT_EQ(w.plek(1), QPoint(920, 248));
+    const auto* internet = w.icoon(1);
+    EXPECT_EQ(internet->beeld.size(), QSize(31, 31));
+    EXPECT_EQ(internet->tekst.top(), 284);
+    EXPECT_NEAR(internet->tekst.center().x(), 935, 1);
+}
+
+TEST(BureaubladTest, TeacherHeaderLeavesOutAnEmptyMiddleName) {
+    BureaubladWerkplek w;
+    w.leraar(0, "Jansen", "Petra", "", "21", "peer");
+    w.leraar(1, "Vries", "Jan", "de", "22", "appel");
+    w.b().Openen(1, "21");
+    EXPECT_EQ(w.b().kop, "Petra Jansen");
+    w.b().Openen(1, "22");
+    EXPECT_EQ(w.b().kop, "Jan de Vries");
+    EXPECT_EQ(FrmBureaublad::LijstNaam(w.d().Leraren.rij(0)), "Jansen, Petra");
+    EXPECT_EQ(FrmBureaublad::LijstNaam(w.d().Leraren.rij(1)), "Vries, Jan de");
+}
+
+TEST(BureaubladTest, IconReferencesThatCannotBeDrawnShowTheBlankPicture) {
+    BureaubladWerkplek w;
+    const QImage geen = FrmBureaubladBeelden::Geen();
+    w.applicatie(0, 0, "1", "Goed", "standaard|3");
+    w.applicatie(0, 1, "2", "Te groot", "standaard|999");
+    w.applicatie(0, 2, "3", "Geen getal", "standaard|abc");
+    w.applicatie(0, 3, "4", "Onbekend", "iets|anders");
+    w.applicatie(0, 4, "5", "Leeg", "");
+    w.applicatie(0, 5, "6", "Eigen zonder bestand", "eigen");
+    w.klas(0, "Groep 1", "12", ids(1, 6) + "|99", "Nee");
+    w.b().Openen(0, "12");
+
+    ASSERT_EQ(w.b().iconen.size(), 7);
+    EXPECT_NE(w.icoon(0)->plaatje, geen);
+    EXPECT_FALSE(w.icoon(0)->plaatje.isNull());
+    for (int rij = 1; rij <= 5; ++rij) {
+        SCOPED_TRACE(rij);
+        EXPECT_EQ(w.icoon(rij)->plaatje, geen);
+    }
+    // An unknown ID shows the first application in its place.
+    EXPECT_EQ(w.icoon(6)->regels.join(' '), "Goed");
+
+    // The missing own icon is fetched again at the next start.
+    QSettings ini(w.pad("Data/Pictogrammen.ini"), QSettings::IniFormat);
+    EXPECT_EQ(ini.value("Groepen/Wijziging").toString(), "1-1-2000 0:00");
+    EXPECT_EQ(ini.value("Groep6/Wijziging").toString(), "1-1-2000 0:00");
+}
+
+TEST(BureaubladTest, AnOwnIconIsCopiedToTheShortcutThatStarts) {
+    BureaubladWerkplek w;
+    QDir().mkpath(w.pad("Afbeeldingen/Pictogrammen/Applicaties/Algemeen"));
+    QFile::copy(QStringLiteral(TK_STANDARD_ICL),
+                w.pad("Afbeeldingen/Pictogrammen/Applicaties/Algemeen/8.pic"));
+    w.applicatie(2, 0, "8", "Eigen", "eigen");
+    w.klas(0, "Groep 1", "12", "a8", "Nee");
+    w.b().Openen(0, "12");
+    EXPECT_TRUE(QFile::exists(w.pad("Afbeeldingen/Pictogrammen/Applicaties/Algemeen/8.pic.lnk")));
+    ASSERT_EQ(w.b().iconen.size(), 1);
+    EXPECT_NE(w.icoon(0)->plaatje, FrmBureaubladBeelden::Geen());
+}
+
+TEST(BureaubladTest, NamesBreakAtTwelveCharactersCentredUnderTheIcon) {
+    BureaubladWerkplek w;
+    w.applicatie(0, 0, "1", "Rekenen met breuken");
+    w.applicatie(0, 1, "2", "Klok");
+    w.klas(0, "Groep 1", "12", "1|2", "Nee");
+    w.b().Openen(0, "12");
+
+    const auto* lang = w.icoon(0);
+    EXPECT_EQ(lang->regels, (QStringList{"Rekenen met", "breuken"}));
+    const auto* kort = w.icoon(1);
+    const QFontMetrics fm(w.b().icoonFont);
+    const QPoint ic = kort->beeld.topLeft();
+    EXPECT_EQ(kort->tekst.left(), ic.x() + 16 - fm.horizontalAdvance("Klok") / 2);
+    EXPECT_EQ(kort->tekst.top(), ic.y() + 36);
+    EXPECT_EQ(w.b().Iconen(1, FrmBureaublad::KolomTekstBoven), QString::number(ic.y() + 36));
+}
+
+TEST(BureaubladTest, HoverHighlightsTheNameAndTheTooltipTellsWhatItIs) {
+    BureaubladWerkplek w;
+    w.d().Categorien[0](0, 0) = "5";
+    w.d().Categorien[0](0, 1) = "Rekenen";
+    w.d().Categorien[0](1, 0) = "6";
+    w.d().Categorien[0](1, 1) = "Taal";
+    w.applicatie(0, 0, "1", "Woorden", "standaard|1", "/bin/true",
+                 "Oefenen met woorden en zinnen voor groep drie en vier", "6");
+    w.applicatie(0, 1, "2", "Sommen", "standaard|1", "/bin/true", "-", "5");
+    w.klas(0, "Groep 1", "12", "1|2", "Ja");
+    w.b().Openen(0, "12");
+    auto& b = w.b();
+
+    const QPoint op = w.plek(0) + QPoint(10, 10);
+    b.Form_MouseMove(op.x(), op.y());
+    EXPECT_EQ(b.Iconen(0, FrmBureaublad::KolomHover), "ja");
+    EXPECT_TRUE(b.tmrTooltip.isActive());
+    b.tmrTooltip_Timer();
+    ASSERT_TRUE(b.picTooltipZichtbaar);
+    EXPECT_EQ(b.tooltipRegels.mid(0, 2), (QStringList{"Woorden", "Categorie: Taal"}));
+    EXPECT_GT(b.tooltipRegels.size(), 2);
+    EXPECT_GE(b.picTooltipPlek.x(), w.plek(0).x() + 32);
+
+    // Over the text of the second: the first goes back, the tooltip goes.
+    const auto* tweede = w.icoon(1);
+    b.Form_MouseMove(tweede->tekst.center().x(), tweede->tekst.center().y());
+    EXPECT_EQ(b.Iconen(0, FrmBureaublad::KolomHover), "nee");
+    EXPECT_EQ(b.Iconen(1, FrmBureaublad::KolomHover), "ja");
+    EXPECT_FALSE(b.picTooltipZichtbaar);
+    b.tmrTooltip_Timer();
+    // A description of "-" is left out.
+    EXPECT_EQ(b.tooltipRegels, (QStringList{"Sommen", "Categorie: Rekenen"}));
+
+    // The internet icon has no tooltip; empty ground stops the timer.
+    b.Form_MouseMove(925, 250);
+    b.tmrTooltip_Timer();
+    EXPECT_FALSE(b.picTooltipZichtbaar);
+    b.Form_MouseMove(5, 700);
+    EXPECT_FALSE(b.tmrTooltip.isActive());
+    EXPECT_EQ(b.Iconen(2, FrmBureaublad::KolomHover), "nee");
+}
+
+TEST(BureaubladTest, LeftClickStartsTheApplicationAndCountsTheStart) {
+    BureaubladWerkplek w;
+    auto& started = w.platform.fakeProcesses().started;
+    w.applicatie(0, 0, "1", "Eigen", "standaard|1", "/bin/true");
+    w.applicatie(2, 0, "7", "Algemeen", "standaard|1", "/bin/echo");
+    w.klas(0, "Groep 1", "12", "1|a7", "Nee");
+    w.b().Openen(0, "12");
+    const QPoint eerste = w.plek(0) + QPoint(5, 5), tweede = w.plek(1) + QPoint(5, 5);
+
+    w.b().Form_MouseUp(2, eerste.x(), eerste.y());
+    w.b().Form_MouseUp(1, 1000, 700);
+    EXPECT_TRUE(started.isEmpty());
+
+    w.b().Form_MouseUp(1, eerste.x(), eerste.y());
+    ASSERT_EQ(started.size(), 1);
+    EXPECT_TRUE(started[0].startsWith("/bin/true"));
+    EXPECT_TRUE(w.kanaal.verstuurd.contains("OPSTEL1|12|0"));
+
+    // Within the guard a click is dropped; after it the general one counts for kind 2.
+    w.b().Form_MouseUp(1, tweede.x(), tweede.y());
+    EXPECT_EQ(started.size(), 1);
+    w.platform.fakeClock().advance(3000);
+    w.b().Form_MouseUp(1, tweede.x(), tweede.y());
+    ASSERT_EQ(started.size(), 2);
+    EXPECT_TRUE(started[1].startsWith("/bin/echo"));
+    EXPECT_TRUE(w.kanaal.verstuurd.contains("OPSTEL7|12|2"));
+}
+
+TEST(BureaubladTest, TheInternetIconSaysTheBrowserIsNotThereAndLogsIt) {
+    BureaubladWerkplek w;
+    w.klas(0, "Groep 1", "12", "", "Ja");
+    w.b().Openen(0, "12");
+    w.b().Form_MouseUp(1, 930, 260);
+    EXPECT_EQ(w.meldingen(), QStringList{w.p.modTaal.LaadTekst(9540)});
+    EXPECT_FALSE(w.b().Internetstand);
+    EXPECT_EQ(w.p.InternetOpen, 0);
+    EXPECT_FALSE(QDir(w.pad("Logboek")).entryList(QDir::Files).isEmpty());
+}
+
+TEST(BureaubladTest, BackgroundFallsBackForAClassOnlyAndNoneMeansNone) {
+    BureaubladWerkplek w;
+    w.klas(0, "Bestaat", "1", "", "Nee", "Zee.jpg");
+    w.klas(1, "Ontbreekt", "2", "", "Nee", "Weg.jpg");
+    w.klas(2, "Geen", "3", "", "Nee", "Geen");
+    w.leraar(0, "Jansen", "Petra", "", "21", "peer");
+    w.d().Leraren(0, 2) = "Weg.jpg";
+
+    for (const char* id : {"1", "2"}) {
+        w.b().Openen(0, id);
+        SCOPED_TRACE(id);
+        EXPECT_EQ(w.b().achtergrond.size(), QSize(1024, 768 - FrmBureaublad::KopHoogte));
+    }
+    w.b().Openen(0, "3");
+    EXPECT_TRUE(w.b().achtergrond.isNull());
+    w.b().Openen(1, "21");
+    EXPECT_TRUE(w.b().achtergrond.isNull());
+}
+
+TEST(BureaubladAanmeldenTest, TheListNamesEveryTeacherOrSaysThereAreNone) {
+    BureaubladWerkplek w;
+    w.b().Openen(2, "");
+    EXPECT_TRUE(w.b().picAanmeldenZichtbaar);
+    EXPECT_EQ(w.b().cmbAanmelden, QStringList{w.p.modTaal.LaadTekst(719)});
+    EXPECT_EQ(w.b().cmbAanmeldenIndex, -1);
+    w.b().knopAanmelden_Click();
+    EXPECT_TRUE(w.b().picAanmeldenZichtbaar);
+
+    w.leraar(0, "Vries", "Jan", "de", "21", "appel");
+    w.leraar(1, "Jansen", "Petra", "", "22", "peer");
+    w.b().Openen(2, "");
+    EXPECT_EQ(w.b().cmbAanmelden, (QStringList{"Vries, Jan de", "Jansen, Petra"}));
+    EXPECT_EQ(w.b().cmbAanmeldenIndex, 0);
+    EXPECT_FALSE(w.b().imgAanmelden.isNull());
+    EXPECT_TRUE(w.b().iconen.isEmpty());
+}
+
+TEST(BureaubladAanmeldenTest, PasswordDecisions) {
+    struct Case {
+        const char* naam;
+        const char* opgeslagen;
+        const char* getypt;
+        bool netwerk;
+        const char* rechten;
+        int melding; // 0: none, the desktop opens
+    };
+    const Case cases[] = {
+        {"exact", "appel", "appel", false, "", 0},
+        {"case counts", "appel", "Appel", false, "", 709},
+        {"blank counts", "appel", "appel ", false, "", 709},
+        {"empty against empty", "", "", false, "", 0},
+        {"empty against a password", "appel", "", false, "", 709},
+        {"network without rights", "appel", "appel", true, "Nee", 707},
+        {"network with rights", "appel", "appel", true, "ja", 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.naam);
+        BureaubladWerkplek w;
+        w.applicatie(1, 0, "3", "Lesprogramma");
+        w.leraar(0, "Jansen", "Petra", "", "21", "peer");
+        w.leraar(1, "Vries", "Jan", "de", "22", c.opgeslagen, "3", "jvries");
+        w.p.modMain.ModusNetwerk = c.netwerk;
+        QDir().mkpath(w.pad("Data"));
+        if (*c.rechten)
+            w.p.modMain.SchrijfIni(c.rechten, "jvries", "Administratorrechten",
+                                   "\\Data\\Instellingen.ini");
+        w.b().Openen(2, "");
+        w.b().cmbAanmelden_Click(1);
+        w.b().txtWachtwoord = c.getypt;
+        w.b().txtWachtwoord_KeyPress(13);
+        if (c.melding == 0) {
+            EXPECT_TRUE(w.meldingen().isEmpty()) << w.meldingen().join('/').toStdString();
+            EXPECT_FALSE(w.b().picAanmeldenZichtbaar);
+            EXPECT_EQ(w.b().Weergave, 1);
+            EXPECT_EQ(w.b().Eigenaar, 1);
+            EXPECT_EQ(w.b().kop, "Jan de Vries");
+            EXPECT_EQ(w.b().iconen.size(), 1);
+        } else {
+            QString tekst = w.p.modTaal.LaadTekst(c.melding);
+            tekst.replace("%account%", "jvries");
+            EXPECT_EQ(w.meldingen(), QStringList{tekst});
+            EXPECT_TRUE(w.b().picAanmeldenZichtbaar);
+            EXPECT_EQ(w.b().Eigenaar, -1);
+            if (c.melding == 709) {
+                EXPECT_EQ(w.b().txtWachtwoord, "");
+            }
+        }
+    }
+}
+
+TEST(BureaubladOnderhoudTest, WithoutTheModuleTheTeacherIsToldAndTheLogSaysWhy) {
+    BureaubladWerkplek w;
+    w.klas(0, "Groep 1", "12", "", "Nee");
+    w.klas(1, "Groep 2", "13", "", "Nee");
+    w.leraar(0, "Vries", "Jan", "de", "22", "appel");
+    w.d().Leraren(0, 10) = "13|99|12";
+    w.b().Openen(1, "22");
+    w.b().Onderhoud();
+    EXPECT_EQ(w.meldingen(), QStringList{w.p.modTaal.LaadTekst(9541)});
+    EXPECT_FALSE(QDir(w.pad("Logboek")).entryList(QDir::Files).isEmpty());
+
+    int leraar = -1;
+    QList<int> klassen;
+    w.b().OpenOnderhoudsmodule = [&](int l, const QList<int>& k) {
+        leraar = l;
+        klassen = k;
+    };
+    w.b().Onderhoud();
+    EXPECT_EQ(leraar, 0);
+    EXPECT_EQ(klassen, (QList<int>{1, 0}));
+    EXPECT_EQ(w.b().ballonTekst, w.p.modTaal.LaadTekst(710));
+}
+
+TEST(BureaubladTest, LoggingOffLeavesNothingOpen) {
+    BureaubladWerkplek w;
+    w.klas(0, "Groep 1", "12", "", "Ja");
+    w.b().Openen(0, "12");
+    ASSERT_TRUE(w.p.BureaubladOpen);
+    int afgemeld = 0;
+    w.b().Afgemeld = [&] { ++afgemeld; };
+    w.b().Afmelden();
+    EXPECT_EQ(afgemeld, 1);
+    EXPECT_FALSE(w.p.BureaubladOpen);
+    EXPECT_FALSE(w.b().Zichtbaar);
+    EXPECT_TRUE(w.b().iconen.isEmpty());
+    EXPECT_FALSE(w.b().tmrTaakbalk.isActive());
+    // A click after log-off starts nothing.
+    w.b().Form_MouseUp(1, 930, 260);
+    EXPECT_TRUE(w.meldingen().isEmpty());
+}
