@@ -515,11 +515,7 @@ void FrmBureaublad::tmrTooltip_Timer() {
         // Beside the icon; on the left of it where the right edge is near.
         const int links = Iconen(rij, KolomLinks).toInt();
         const int boven = Iconen(rij, KolomBoven).toInt();
-        const QFontMetrics fm(tooltipFont);
-        int breedte = 0;
-        for (const QString& r : tooltipRegels)
-            breedte = qMax(breedte, fm.horizontalAdvance(r));
-        breedte += 12;
+        const int breedte = TooltipMaat().width();
         int x = links + IcoonMaat + 12;
         if (x + breedte > SchermBreedte)
             x = qMax(0, links - 12 - breedte);
@@ -527,6 +523,16 @@ void FrmBureaublad::tmrTooltip_Timer() {
         picTooltipZichtbaar = true;
         teken();
     });
+}
+
+QSize FrmBureaublad::TooltipMaat() const {
+    QFont vet = tooltipFont;
+    vet.setBold(true);
+    const QFontMetrics fm(tooltipFont), fmVet(vet);
+    int breedte = 0;
+    for (int i = 0; i < tooltipRegels.size(); ++i)
+        breedte = qMax(breedte, (i == 0 ? fmVet : fm).horizontalAdvance(tooltipRegels[i]));
+    return QSize(breedte + 12, fm.height() * int(tooltipRegels.size()) + 8);
 }
 
 // --- the teacher panel
@@ -759,6 +765,7 @@ void FrmBureaublad::Afmelden() {
 void FrmBureaublad::teken() {
     if (Hertekenen)
         Hertekenen();
+    Q_EMIT gewijzigd();
 }
 
 void FrmBureaublad::toonBallon(const QString& tekst) {

@@ -9,6 +9,7 @@
 #include <QList>
 #include <QPoint>
 #include <QRect>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 #include <QTimer>
@@ -154,6 +155,8 @@ public:
     QStringList tooltipRegels;
     QPoint picTooltipPlek;
     int tooltipRij = -1; // the Iconen row the tooltip is for
+    // The size of picTooltip for its lines (the name in bold).
+    QSize TooltipMaat() const;
 
     // picAanmelden: the teacher panel
     bool picAanmeldenZichtbaar = false;

@@ -1,0 +1,117 @@
+#include "screens/desktop/FrmBureaubladView.h"
+#include "tests/desktop/BureaubladWerkplek.h"
+#include "tests/screens/PngBewaren.h"
+
+#include <QCoreApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::BureaubladWerkplek;
+
+namespace {
+
+bool dichtbij(QRgb a, QRgb b, int marge = 6) {
+    return qAbs(qRed(a) - qRed(b)) <= marge && qAbs(qGreen(a) - qGreen(b)) <= marge &&
+           qAbs(qBlue(a) - qBlue(b)) <= marge;
+}
+
+// The opaque pixels of an icon, as they must stand on the canvas at `plek`.
+int verschillen(const QImage& scherm, const QImage& icoon, QPoint plek) {
+    const QImage i = icoon.convertToFormat(QImage::Format_ARGB32);
+    int fout = 0;
+    for (int y = 0; y < i.height(); ++y)
+        for (int x = 0; x < i.width(); ++x)
+            if (qAlpha(i.pixel(x, y)) == 255 &&
+                !dichtbij(i.pixel(x, y), scherm.pixel(plek.x() + x, plek.y() + y)))
+                ++fout;
+    return fout;
+}
+
+} // namespace
+
+TEST(BureaubladViewTest, IconsStandAtTheirPlacesOnTheCentredCanvas) {
+    BureaubladWerkplek w;
+    w.applicatie(0, 0, "1", "Rekenen", "standaard|0");
+    w.applicatie(0, 1, "2", "Klok", "standaard|10");
+    w.applicatie(0, 2, "3", "Geplaatst", "standaard|5");
+    w.klas(0, "Groep 1", "12", "1|leeg|2|3", "Ja");
+    w.posities("K12", "3|k|615x500");
+    FrmBureaubladView view(w.b());
+    view.resize(1280, 1024);
+    w.b().Openen(0, "12");
+    const QImage beeld = view.grab().toImage();
+    tk::test::bewaarPng(beeld, "bureaublad-klas");
+    const QPoint canvas((1280 - 1024) / 2, (1024 - 768) / 2);
+
+    // Around the canvas the window is black.
+    EXPECT_EQ(beeld.pixel(5, 5), qRgb(0, 0, 0));
+    ASSERT_EQ(w.b().iconen.size(), 4);
+    for (int rij : {0, 2, 3}) {
+        SCOPED_TRACE(rij);
+        const auto* i = w.icoon(rij);
+        ASSERT_NE(i, nullptr);
+        EXPECT_EQ(verschillen(beeld, i->plaatje, canvas + i->beeld.topLeft()), 0);
+    }
+    // With stored places the empty item takes no place of the grid.
+    EXPECT_EQ(w.plek(2), FrmBureaublad::RasterPlek(1));
+    EXPECT_EQ(w.plek(3), QPoint(600, 500));
+    // The internet icon at its own place.
+    EXPECT_EQ(verschillen(beeld, w.icoon(4)->plaatje, canvas + QPoint(920, 248)), 0);
+    // A free place shows the background.
+    const QPoint gat = FrmBureaublad::RasterPlek(2) + QPoint(16, 16);
+    EXPECT_TRUE(dichtbij(beeld.pixel(canvas + gat), w.b().achtergrond.pixel(gat), 40));
+}
+
+TEST(BureaubladViewTest, TheMouseReachesTheModel) {
+    BureaubladWerkplek w;
+    w.applicatie(0, 0, "1", "Rekenen", "standaard|0", "/bin/true");
+    w.klas(0, "Groep 1", "12", "1", "Nee");
+    FrmBureaubladView view(w.b());
+    w.b().Openen(0, "12");
+    const QPointF op = QPointF(w.plek(0) + QPoint(8, 8));
+    QMouseEvent beweeg(QEvent::MouseMove, op, op, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(view.canvas(), &beweeg);
+    EXPECT_EQ(w.b().Iconen(0, FrmBureaublad::KolomHover), "ja");
+    QMouseEvent los(QEvent::MouseButtonRelease, op, op, Qt::LeftButton, Qt::NoButton,
+                    Qt::NoModifier);
+    QCoreApplication::sendEvent(view.canvas(), &los);
+    EXPECT_EQ(w.platform.fakeProcesses().started.size(), 1);
+}
+
+TEST(BureaubladViewTest, HoverTooltipAndTeacherPanelAreDrawn) {
+    BureaubladWerkplek w;
+    w.d().Categorien[0](0, 0) = "5";
+    w.d().Categorien[0](0, 1) = "Rekenen";
+    for (int i = 0; i < 14; ++i)
+        w.applicatie(0, i, QString::number(i + 1),
+                     i == 0 ? "Rekenen met breuken en kommagetallen"
+                            : "Programma " + QString::number(i + 1),
+                     "standaard|" + QString::number(i), "/bin/true",
+                     "Oefenen met breuken, kommagetallen en procenten", "5");
+    w.klas(0, "Groep 7", "12", "1|2|3|4|5|6|7|8|9|10|11|12|13|14|cdrom", "Ja");
+    FrmBureaubladView view(w.b());
+    w.b().Openen(0, "12");
+    const QPoint op = w.plek(0) + QPoint(10, 10);
+    w.b().Form_MouseMove(op.x(), op.y());
+    w.b().tmrTooltip_Timer();
+    const QImage beeld = view.canvas()->grab().toImage();
+    tk::test::bewaarPng(beeld, "bureaublad-hover");
+    // The tooltip's box stands where the model put it, in its pale yellow.
+    ASSERT_TRUE(w.b().picTooltipZichtbaar);
+    EXPECT_TRUE(dichtbij(beeld.pixel(w.b().picTooltipPlek + QPoint(3, 3)), qRgb(255, 255, 225)));
+    // The highlighted name stands on the hover colour.
+    const auto* i = w.icoon(0);
+    EXPECT_TRUE(
+        dichtbij(beeld.pixel(i->tekst.topLeft() + QPoint(-2, 0)), w.b().KleurIcoonHover.rgb()));
+
+    w.leraar(0, "Vries", "Jan", "de", "21", "appel");
+    w.leraar(1, "Jansen", "Petra", "", "22", "peer");
+    w.b().Openen(2, "");
+    const QImage paneel = view.canvas()->grab().toImage();
+    tk::test::bewaarPng(paneel, "bureaublad-leraren");
+    const QRect r = w.b().picAanmelden;
+    EXPECT_TRUE(dichtbij(paneel.pixel(r.left() + 10, r.bottom() - 10), qRgb(255, 255, 255), 20));
+    EXPECT_EQ(verschillen(paneel, w.b().imgAanmelden, r.topLeft() + QPoint(16, 44)), 0);
+}
