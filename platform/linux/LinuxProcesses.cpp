@@ -242,7 +242,8 @@ QList<qint64> LinuxProcesses::processesOfStart(qint64 pid) {
             out.append(p);
         }
     };
-    if (all.contains(pid))
+    // The process itself is asked directly: a listing of /proc may lag behind a fresh start.
+    if (all.contains(pid) || readStat(pid).alive())
         take(pid);
     if (session > 0)
         for (auto it = all.cbegin(); it != all.cend(); ++it)
@@ -255,8 +256,6 @@ QList<qint64> LinuxProcesses::processesOfStart(qint64 pid) {
     for (qsizetype i = 0; i < out.size(); ++i)
         for (qint64 child : children.value(out[i]))
             take(child);
-    if (out.isEmpty())
-        m_sessions.remove(pid);
     return out;
 }
 

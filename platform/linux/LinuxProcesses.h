@@ -22,7 +22,7 @@ public:
     bool kill(qint64 pid) override;
 
 private:
-    // The session of each program this object started.
+    // The session of each program this object started (kept for the run: a few bytes a start).
     QHash<qint64, qint64> m_sessions;
 };
 

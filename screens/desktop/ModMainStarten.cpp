@@ -433,9 +433,15 @@ bool ModMainStarten::ProcesLeeft(qint64 proces) {
                 venster = venster || (v.pid > 0 && levend.contains(v.pid));
         }
         const QDateTime nu = p.platform.clock().now();
+        if (!levend.isEmpty())
+            g.leegSinds = QDateTime();
         bool leeft = true;
         if (levend.isEmpty()) {
-            leeft = false;
+            // Gone when nothing of it shows twice, a moment apart: a process that a wrapper
+            // forked as it ended may not be listed yet.
+            if (!g.leegSinds.isValid())
+                g.leegSinds = nu;
+            leeft = g.leegSinds.msecsTo(nu) < LeegMs;
         } else if (venster) {
             g.vensterGezien = true;
             g.zonderVenster = QDateTime();

@@ -47,11 +47,13 @@ public:
     // leave the real program). Until a window of them has shown, the program lives while one of
     // them runs; from then on, while one of them has a window, and NawachtMs longer, so that a
     // program between its splash and its main window is not taken for gone, while a helper
-    // that stays behind after the last window closed does not keep the desktop waiting.
+    // that stays behind after the last window closed does not keep the desktop waiting. With
+    // nothing of it left it is gone once that has held LeegMs.
     bool ProcesLeeft(qint64 proces);
     // Ends everything the start of `proces` gave.
     void KillProcess(qint64 proces);
     static constexpr qint64 NawachtMs = 5000;
+    static constexpr qint64 LeegMs = 300;
 
     // The display change: width by height at a colour depth; true when the screen took it.
     bool WijzigWeergave(int breedte, int hoogte, int kleurdiepte);
@@ -111,6 +113,7 @@ private:
     struct Gevolgd {
         bool vensterGezien = false; // one of its processes had a window
         QDateTime zonderVenster;    // since when none has, while some still run
+        QDateTime leegSinds;        // since when none of its processes runs
     };
 
     Programma& p;

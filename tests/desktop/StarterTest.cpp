@@ -19,6 +19,13 @@ QStringList gevraagd(DesktopWerkplek& w) {
     return uit;
 }
 
+// The program has ended: tmrShellWait sees it gone twice, a moment apart.
+void tikNaEinde(DesktopWerkplek& w) {
+    w.s().tmrShellWait_Timer();
+    w.platform.fakeClock().advance(ModMainStarten::LeegMs);
+    w.s().tmrShellWait_Timer();
+}
+
 } // namespace
 
 TEST(StartApplicatieTest, ASecondClickWithinTwoSecondsIsDropped) {
@@ -153,7 +160,7 @@ TEST(StartApplicatieTest, AProgramThatDemandsAModeRunsInItAndTheDesktopComesBack
     EXPECT_EQ(processen.started.size(), 1);
 
     processen.running.remove(pid);
-    w.s().tmrShellWait_Timer();
+    tikNaEinde(w);
     EXPECT_FALSE(w.s().tmrShellWait.isActive());
     EXPECT_EQ(gevraagd(w), QStringList({"800x600x16", "1024x768x32"}));
     EXPECT_EQ(w.s().BreedteNu, 1024);
@@ -207,7 +214,7 @@ TEST(StartApplicatieTest, AModeTheScreenCannotShowStillStartsTheProgramAtThePres
     EXPECT_TRUE(w.s().cmdShellWaitZichtbaar);
     EXPECT_EQ(w.s().cmdShellWait.topLeft(), QPoint(512 - 80, 384 - 16));
     w.platform.fakeProcesses().running.clear();
-    w.s().tmrShellWait_Timer();
+    tikNaEinde(w);
     EXPECT_EQ(gevraagd(w), QStringList{"640x480x8"});
     EXPECT_FALSE(w.s().picDisableZichtbaar);
     EXPECT_EQ(w.platform.fakeWindows().log.last(), "ontop 77 1");
@@ -218,7 +225,7 @@ TEST(StartApplicatieTest, ADisplayThatCannotBeRestoredIsSaidAndStaysChanged) {
     w.s().StartApplicatie("/bin/sh", "", "", "800x600x32xNEE", "Rekenen");
     w.platform.fakeDisplay().fails = true;
     w.platform.fakeProcesses().running.clear();
-    w.s().tmrShellWait_Timer();
+    tikNaEinde(w);
     EXPECT_EQ(w.meldingen(), QStringList{w.p.modTaal.LaadTekst(701)});
     EXPECT_EQ(w.s().BreedteNu, 800);
     EXPECT_FALSE(w.s().picDisableZichtbaar);
@@ -380,6 +387,7 @@ TEST(ProcesLeeftTest, TheWaitFollowsTheProgramsWindowsAndWhatAWrapperLeft) {
     EXPECT_TRUE(w.starten().ProcesLeeft(wrapper));
     w.platform.fakeClock().advance(ModMainStarten::NawachtMs);
     EXPECT_FALSE(w.starten().ProcesLeeft(wrapper));
+    EXPECT_TRUE(processen.running.contains(helper)); // left to itself
 
     // A program without windows is followed by its processes alone; a window of another
     // program does not count.
@@ -388,7 +396,18 @@ TEST(ProcesLeeftTest, TheWaitFollowsTheProgramsWindowsAndWhatAWrapperLeft) {
     processen.running.insert(4242);
     w.platform.fakeClock().advance(60000);
     EXPECT_TRUE(w.starten().ProcesLeeft(h.proces));
+    // Gone is gone once it has been seen so for a moment: a process that is not listed yet
+    // comes back within it.
     processen.running.remove(h.proces);
+    EXPECT_TRUE(w.starten().ProcesLeeft(h.proces));
+    processen.running.insert(h.proces);
+    w.platform.fakeClock().advance(ModMainStarten::LeegMs);
+    EXPECT_TRUE(w.starten().ProcesLeeft(h.proces));
+    processen.running.remove(h.proces);
+    EXPECT_TRUE(w.starten().ProcesLeeft(h.proces));
+    w.platform.fakeClock().advance(ModMainStarten::LeegMs - 1);
+    EXPECT_TRUE(w.starten().ProcesLeeft(h.proces));
+    w.platform.fakeClock().advance(1);
     EXPECT_FALSE(w.starten().ProcesLeeft(h.proces));
     EXPECT_FALSE(w.starten().ProcesLeeft(0));
 }

@@ -1,4 +1,5 @@
 #include "X11Fixture.h"
+#include "XrandrTestModes.h"
 #include "platform/linux/LinuxDisplay.h"
 
 #include <xcb/randr.h>
@@ -8,51 +9,6 @@
 namespace tk::test {
 
 namespace {
-
-// Adds a mode of the given size to the output of the test's X server, through the session's own
-// connection, which stays open for the test: Xvfb forgets modes whose adding client has left.
-bool addMode(XvfbSession& x, uint16_t width, uint16_t height) {
-    xcb_connection_t* c = x.connection();
-    xcb_randr_get_screen_resources_reply_t* resources = xcb_randr_get_screen_resources_reply(
-        c, xcb_randr_get_screen_resources(c, x.root()), nullptr);
-    if (!resources || xcb_randr_get_screen_resources_outputs_length(resources) < 1) {
-        std::free(resources);
-        return false;
-    }
-    const xcb_randr_output_t output = xcb_randr_get_screen_resources_outputs(resources)[0];
-    std::free(resources);
-
-    const QByteArray name = QByteArray::number(width) + 'x' + QByteArray::number(height) + "_test";
-    xcb_randr_mode_info_t info{};
-    info.width = width;
-    info.height = height;
-    info.dot_clock = uint32_t(width + 100) * (height + 30) * 60;
-    info.hsync_start = width + 20;
-    info.hsync_end = width + 60;
-    info.htotal = width + 100;
-    info.vsync_start = height + 5;
-    info.vsync_end = height + 10;
-    info.vtotal = height + 30;
-    info.name_len = uint16_t(name.size());
-    xcb_randr_create_mode_reply_t* mode = xcb_randr_create_mode_reply(
-        c, xcb_randr_create_mode(c, x.root(), info, uint32_t(name.size()), name.constData()),
-        nullptr);
-    if (!mode)
-        return false;
-    xcb_generic_error_t* error =
-        xcb_request_check(c, xcb_randr_add_output_mode_checked(c, output, mode->mode));
-    std::free(mode);
-    std::free(error);
-    return error == nullptr;
-}
-
-QSize rootSize(XvfbSession& x) {
-    xcb_get_geometry_reply_t* g =
-        xcb_get_geometry_reply(x.connection(), xcb_get_geometry(x.connection(), x.root()), nullptr);
-    const QSize size = g ? QSize(g->width, g->height) : QSize();
-    std::free(g);
-    return size;
-}
 
 class X11DisplayTest : public X11Test {};
 

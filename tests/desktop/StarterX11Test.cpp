@@ -1,0 +1,224 @@
+// The launcher on a real X server (Xvfb with openbox): real programs started through
+// StartApplicatie, followed until their windows are gone, and real display modes over XRandR.
+#include "platform/linux/LinuxDisplay.h"
+#include "platform/linux/LinuxProcesses.h"
+#include "platform/linux/LinuxWindows.h"
+#include "platform/linux/SystemClock.h"
+#include "tests/desktop/DesktopWerkplek.h"
+#include "tests/platform/X11Fixture.h"
+#include "tests/platform/XrandrTestModes.h"
+
+#include <QCoreApplication>
+#include <QStandardPaths>
+#include <memory>
+
+namespace tk::test {
+
+XvfbSession* X11Test::s_session = nullptr;
+
+namespace {
+
+// The platform of a workstation whose programs, windows and display are the test's X server;
+// everything else stays the fake one.
+class X11Platform : public Platform {
+public:
+    X11Platform(FakePlatform& fake, const QByteArray& display)
+        : m_fake(fake), m_windows(display), m_display(display) {}
+    RegistryStore& registry() override { return m_fake.registry(); }
+    Environment& environment() override { return m_fake.environment(); }
+    Clock& clock() override { return m_clock; }
+    Processes& processes() override { return m_processes; }
+    Network& network() override { return m_fake.network(); }
+    Windows& windows() override { return m_windows; }
+    Display& display() override { return m_display; }
+    QString programFolder() const override { return m_fake.programFolder(); }
+
+    LinuxProcesses& linuxProcesses() { return m_processes; }
+    LinuxWindows& linuxWindows() { return m_windows; }
+    LinuxDisplay& linuxDisplay() { return m_display; }
+
+private:
+    FakePlatform& m_fake;
+    SystemClock m_clock;
+    LinuxProcesses m_processes;
+    LinuxWindows m_windows;
+    LinuxDisplay m_display;
+};
+
+// The launcher over that platform.
+struct X11Werkplek {
+    explicit X11Werkplek(XvfbSession& x) : platform(fake, x.display()), p(platform) {
+        p.dialogen = &dialogen;
+        p.kanaal = &kanaal;
+        starter = std::make_unique<FrmBureaubladStarter>(p);
+    }
+    ~X11Werkplek() {
+        // Nothing a test started outlives it.
+        for (qint64 pid : gestart)
+            platform.linuxProcesses().kill(pid);
+    }
+    FrmBureaubladStarter& s() { return *starter; }
+    // Starts through the launcher and notes the process, so that it is ended at the latest
+    // with the test.
+    void start(const QString& opdracht, const QString& parameters, const QString& eis) {
+        s().LaatsteStart = QDateTime(); // no guard against the start before
+        s().StartApplicatie(opdracht, parameters, QString(), eis, QStringLiteral("Programma"));
+        if (s().ShellProces > 0)
+            gestart << s().ShellProces;
+    }
+    // The windows of the start that is waited for.
+    QList<WindowInfo> vensters() {
+        const QList<qint64> processen = platform.linuxProcesses().processesOfStart(s().ShellProces);
+        QList<WindowInfo> uit;
+        for (const WindowInfo& v : platform.linuxWindows().topLevelWindows())
+            if (processen.contains(v.pid))
+                uit << v;
+        return uit;
+    }
+    // Ticks tmrShellWait until the condition holds (the program and the server take their time).
+    template <class F> bool tikTot(F voorwaarde) {
+        return eventually([&] {
+            s().tmrShellWait_Timer();
+            return voorwaarde();
+        });
+    }
+    QStringList meldingen() const {
+        QStringList uit;
+        for (const auto& v : dialogen.gesteld)
+            uit << v.tekst;
+        return uit;
+    }
+
+    QTemporaryDir map;
+    FakePlatform fake{map.path()};
+    X11Platform platform;
+    ScriptedDialogs dialogen;
+    OpnameKanaal kanaal;
+    Programma p;
+    std::unique_ptr<FrmBureaubladStarter> starter;
+    QList<qint64> gestart;
+};
+
+class StarterX11Test : public X11Test {
+protected:
+    void SetUp() override {
+        X11Test::SetUp();
+        if (IsSkipped() || HasFatalFailure())
+            return;
+        if (QStandardPaths::findExecutable(QStringLiteral("xlogo")).isEmpty())
+            GTEST_SKIP() << "xlogo is not installed";
+        // The programs the launcher starts find the test's server.
+        m_display = qgetenv("DISPLAY");
+        qputenv("DISPLAY", x().display());
+    }
+    void TearDown() override {
+        if (m_display.isNull())
+            qunsetenv("DISPLAY");
+        else
+            qputenv("DISPLAY", m_display);
+    }
+    QByteArray m_display;
+};
+
+TEST_F(StarterX11Test, TheWaitFollowsAStartedProgramUntilItsWindowIsClosed) {
+    X11Werkplek w(x());
+    // A demand that hides the taskbar: the launcher waits for the program.
+    w.start(QStringLiteral("xlogo"), QStringLiteral("-geometry 120x120+10+10"),
+            QStringLiteral("1024x768x32xJA"));
+    ASSERT_TRUE(w.meldingen().isEmpty()) << w.meldingen().join('\n').toStdString();
+    ASSERT_TRUE(w.s().tmrShellWait.isActive());
+    ASSERT_TRUE(w.tikTot([&] { return !w.vensters().isEmpty(); }));
+    EXPECT_TRUE(w.s().tmrShellWait.isActive());
+    EXPECT_TRUE(w.s().picDisableZichtbaar);
+
+    w.platform.linuxWindows().close(w.vensters().constFirst().handle);
+    EXPECT_TRUE(w.tikTot([&] { return !w.s().tmrShellWait.isActive(); }));
+    EXPECT_FALSE(w.s().picDisableZichtbaar);
+    EXPECT_TRUE(w.meldingen().isEmpty());
+}
+
+TEST_F(StarterX11Test, AProgramStartedThroughAWrapperThatExitsAtOnceIsStillWaitedFor) {
+    X11Werkplek w(x());
+    w.start(QStringLiteral("/bin/sh"),
+            QStringLiteral("-c \"xlogo -geometry 120x120+10+10 & exit 0\""),
+            QStringLiteral("1024x768x32xJA"));
+    const qint64 wrapper = w.s().ShellProces;
+    ASSERT_GT(wrapper, 0);
+    ASSERT_TRUE(w.tikTot([&] {
+        return !w.platform.linuxProcesses().isRunning(wrapper) && !w.vensters().isEmpty();
+    }));
+    EXPECT_TRUE(w.s().tmrShellWait.isActive());
+
+    w.platform.linuxWindows().close(w.vensters().constFirst().handle);
+    EXPECT_TRUE(w.tikTot([&] { return !w.s().tmrShellWait.isActive(); }));
+    EXPECT_TRUE(w.platform.linuxProcesses().processesOfStart(wrapper).isEmpty());
+}
+
+TEST_F(StarterX11Test, CloseProgramEndsAProgramThatRunsOn) {
+    X11Werkplek w(x());
+    w.start(QStringLiteral("/bin/sh"), QStringLiteral("-c \"xlogo & exit 0\""),
+            QStringLiteral("1024x768x32xJA"));
+    const qint64 wrapper = w.s().ShellProces;
+    ASSERT_TRUE(w.tikTot([&] { return !w.vensters().isEmpty(); }));
+    w.s().cmdShellWait_Click();
+    EXPECT_FALSE(w.s().tmrShellWait.isActive());
+    EXPECT_TRUE(eventually(
+        [&] { return w.platform.linuxProcesses().processesOfStart(wrapper).isEmpty(); }));
+}
+
+TEST_F(StarterX11Test, AProgramThatDemandsAModeRunsInItAndTheModeIsRestoredAfter) {
+    ASSERT_TRUE(addMode(x(), 800, 600));
+    ASSERT_TRUE(addMode(x(), 1024, 768));
+    X11Werkplek w(x());
+    LinuxDisplay& display = w.platform.linuxDisplay();
+    const DisplayMode begin = display.current();
+    // The desktop runs at 1024 by 768.
+    ASSERT_TRUE(display.setMode(1024, 768, 32));
+
+    w.start(QStringLiteral("xlogo"), QString(), QStringLiteral("800x600x32xNEE"));
+    ASSERT_TRUE(w.meldingen().isEmpty()) << w.meldingen().join('\n').toStdString();
+    EXPECT_EQ(rootSize(x()), QSize(800, 600));
+    EXPECT_EQ(w.s().ShellWachtStand, "1");
+    ASSERT_TRUE(w.tikTot([&] { return !w.vensters().isEmpty(); }));
+    EXPECT_EQ(rootSize(x()), QSize(800, 600));
+
+    w.platform.linuxWindows().close(w.vensters().constFirst().handle);
+    EXPECT_TRUE(w.tikTot([&] { return !w.s().tmrShellWait.isActive(); }));
+    EXPECT_EQ(rootSize(x()), QSize(1024, 768));
+    EXPECT_TRUE(w.meldingen().isEmpty());
+
+    // A mode the output does not offer: said, and the program runs at the present one.
+    w.start(QStringLiteral("xlogo"), QString(), QStringLiteral("640x480x8xNEE"));
+    ASSERT_EQ(w.meldingen().size(), 1);
+    EXPECT_TRUE(w.meldingen()[0].contains(QStringLiteral("640 by")));
+    EXPECT_EQ(rootSize(x()), QSize(1024, 768));
+    ASSERT_TRUE(w.tikTot([&] { return !w.vensters().isEmpty(); }));
+    w.platform.linuxWindows().close(w.vensters().constFirst().handle);
+    EXPECT_TRUE(w.tikTot([&] { return !w.s().tmrShellWait.isActive(); }));
+    EXPECT_EQ(rootSize(x()), QSize(1024, 768));
+
+    EXPECT_TRUE(display.setMode(begin.width, begin.height, begin.depth));
+}
+
+TEST_F(StarterX11Test, BadStartsAreSaidAndLeaveTheDesktopAsItWas) {
+    X11Werkplek w(x());
+    // A command that does not exist: named, reported, nothing waits.
+    w.start(QStringLiteral("/opt/geen/programma"), QString(), QStringLiteral("1024x768x32xJA"));
+    ASSERT_EQ(w.meldingen().size(), 1);
+    EXPECT_TRUE(w.meldingen()[0].contains(QStringLiteral("File not found")));
+    EXPECT_EQ(w.dialogen.getoond, QStringList{"frmFoutrapportage"});
+    EXPECT_FALSE(w.s().tmrShellWait.isActive());
+    EXPECT_FALSE(w.s().picDisableZichtbaar);
+
+    // A program that crashes at once started well: the wait ends with it, without a word.
+    w.start(QStringLiteral("/bin/sh"), QStringLiteral("-c \"kill -SEGV $$\""),
+            QStringLiteral("1024x768x32xJA"));
+    ASSERT_GT(w.s().ShellProces, 0);
+    EXPECT_TRUE(w.tikTot([&] { return !w.s().tmrShellWait.isActive(); }));
+    EXPECT_FALSE(w.s().picDisableZichtbaar);
+    EXPECT_EQ(w.meldingen().size(), 1);
+}
+
+} // namespace
+
+} // namespace tk::test
