@@ -7,6 +7,8 @@
 #include <QFontMetrics>
 #include <QTextStream>
 
+#include <algorithm>
+
 namespace tk {
 
 namespace {
@@ -300,6 +302,11 @@ void FrmTaakbalk2::tekenTaken() {
         AantalKnoppen = ++rij;
     }
     m_teveelGemeld = false;
+}
+
+int FrmTaakbalk2::AantalTaken() const {
+    return int(std::count_if(lstTaken2.cbegin(), lstTaken2.cend(),
+                             [](const Taak& t) { return !verborgen(t.titel); }));
 }
 
 int FrmTaakbalk2::knopOp(QPoint punt) const {

@@ -119,6 +119,8 @@ public:
 
     // Where a fixed button stands; null when the bar does not show it.
     const TaakbalkKnop* zoek(const QString& naam) const;
+    // The programs open now, as the bar shows them (what a log-off asks about).
+    int AantalTaken() const;
     // A window of the shell itself, known by the words of its title: it never gets a button.
     static bool verborgen(const QString& titel);
     // The row of Knoppen under a point, -1 when none.

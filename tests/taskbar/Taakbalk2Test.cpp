@@ -43,6 +43,7 @@ TEST(Taakbalk2Test, TheShellsOwnWindowsNeverGetAButton) {
         w.programma(h++, t);
     w.tik();
     EXPECT_EQ((QStringList{"Rekenen", "Tafel en stoel", "Tafels oefenen"}), w.knopTitels());
+    EXPECT_EQ(3, w.balk().AantalTaken()); // what a log-off counts as open programs
     // The hidden ones do not take a share of the space either.
     EXPECT_EQ(122, w.kolom(0, K::Rechts) - w.kolom(0, K::Links));
 }
