@@ -2,10 +2,10 @@
 
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "screens/desktop/FrmBureaublad.h"
 #include "theme/ModThema.h"
 
 #include <QFontMetrics>
-#include <QTextStream>
 
 #include <algorithm>
 
@@ -28,7 +28,9 @@ const Vast vasteLijst[] = {
     {"afmelden", true, "Afmelden", 2201, eigenSectie, "Afmelden"},
     {"bureaublad", true, "Bureaublad", -2107, eigenSectie, ""},
     {"help", false, "Help", 2202, eigenSectie, "Help"},
-    {"bureaubladpictogrammen_onderhoud", false, "Onderhoudsmodule", -2203,
+    {"onderhoud", false, "Onderhoudsmodule", -2203, "Kleuren - Taakbalk - Startscherm",
+     "Groeperen"},
+    {"bureaubladpictogrammen_onderhoud", false, "Onderhoudsmodule", -800,
      "Kleuren - Taakbalk - Startscherm", "Groeperen"},
 };
 constexpr int rand = 12;        // from the bar's ends to the first fixed button
@@ -163,8 +165,10 @@ void FrmTaakbalk2::plaatsVasteKnoppen() {
         bool zichtbaar = true;
         if (k.naam == u"bureaublad")
             zichtbaar = p.InternetOpen == InternetActief;
-        else if (k.naam == u"bureaubladpictogrammen_onderhoud")
+        else if (k.naam == u"onderhoud")
             zichtbaar = OnderhoudZichtbaar;
+        else if (k.naam == u"bureaubladpictogrammen_onderhoud")
+            zichtbaar = PictogrammenZichtbaar;
         if (!zichtbaar) {
             k.plek = QRect();
             k.hover = false;
@@ -218,6 +222,14 @@ void FrmTaakbalk2::tmrTaken_Timer() {
     Procedure(p, "frmTaakbalk2.tmrTaken_Timer", [&] {
         if (!Geladen)
             return;
+        // The desktop was left: the bar goes with it.
+        if (!p.BureaubladOpen) {
+            if (VensterVerbergen)
+                VensterVerbergen();
+            else
+                Form_Unload();
+            return;
+        }
         const FixedTable oud = Knoppen;
         const int oudActief = ActieveKnop;
         const int oudAantal = AantalKnoppen;
@@ -385,18 +397,89 @@ void FrmTaakbalk2::Form_MouseUp(QPoint punt) {
 
 void FrmTaakbalk2::KnopActie(const QString& naam) {
     Procedure(p, "frmTaakbalk2.KnopActie", [&] {
-        if (naam == u"afmelden" && Afmelden) {
-            Afmelden();
-        } else if (naam == u"bureaublad" && BureaubladWeergeven) {
-            BureaubladWeergeven();
+        if (naam == u"afmelden") {
+            afmelden();
+        } else if (naam == u"bureaublad") {
+            if (BureaubladWeergeven)
+                BureaubladWeergeven();
+        } else if (naam == u"onderhoud") {
+            if (Onderhoud)
+                Onderhoud();
         } else if (OpenElders) {
             OpenElders(naam);
-        } else {
-            QTextStream(stdout) << "tafelkrater: the taskbar's button '" << naam
-                                << "' opens a screen that is not part of this program yet"
-                                << Qt::endl;
+        } else if (naam == u"help") {
+            nietBeschikbaar(naam, 9542);
+        } else if (naam == u"bureaubladpictogrammen_onderhoud") {
+            nietBeschikbaar(naam, 9543);
         }
     });
+}
+
+void FrmTaakbalk2::afmelden() {
+    // Programs still open are named before the user leaves them behind.
+    const int aantal = AantalTaken();
+    if (aantal > 0) {
+        QString tekst = p.modTaal.LaadTekst(712);
+        tekst.replace(QStringLiteral("%aantal%"), QString::number(aantal));
+        tekst.replace(QStringLiteral("%programma%"), p.modTaal.LaadTekst(aantal == 1 ? 713 : 714));
+        if (p.modMain.ToonVraag(p.modTaal.LaadTekst(3), tekst, QStringLiteral("?")) != u"ja")
+            return;
+    }
+    if (Afmelden)
+        Afmelden();
+}
+
+void FrmTaakbalk2::nietBeschikbaar(const QString& woord, int tekst) {
+    p.modMain.SchrijfLogboek(
+        QStringLiteral("The taskbar's button '%1' was pressed, but this workstation has no such "
+                       "screen")
+            .arg(woord),
+        QStringLiteral("Taakbalk"), QStringLiteral("frmTaakbalk2.KnopActie"), QStringLiteral("-"));
+    p.modMain.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(tekst), QStringLiteral("-"));
+}
+
+void FrmTaakbalk2::KoppelBureaublad(FrmBureaublad& bureaublad) {
+    FrmBureaublad* b = &bureaublad;
+    b->TaakbalkTekenKnop = [this, b] {
+        const bool leraar = b->Weergave == 1 && b->Eigenaar >= 0;
+        if (leraar != OnderhoudZichtbaar) {
+            OnderhoudZichtbaar = leraar;
+            plaatsVasteKnoppen();
+        }
+        if (p.BureaubladOpen && !Geladen) {
+            if (VensterTonen)
+                VensterTonen();
+            else
+                Form_Load();
+        }
+        TekenKnop();
+    };
+    b->TaakbalkVensterPositie = [this](int hoogte) {
+        // The window system knows the screen's real size; the launcher only the height it set.
+        const QSize scherm = SchermGrootte ? SchermGrootte() : QSize();
+        if (scherm.isValid())
+            VensterPositie(scherm.height(), scherm.width());
+        else
+            VensterPositie(hoogte);
+    };
+    b->TaakbalkOpTop = [this] {
+        if (Geladen)
+            modTaakbalk.FormOnTop(venster(), true);
+    };
+    const auto naarVoren = [b] {
+        if (b->Tonen)
+            b->Tonen();
+    };
+    InternetWeergeven = [b, naarVoren] {
+        naarVoren();
+        b->InternetWeergeven();
+    };
+    BureaubladWeergeven = [b, naarVoren] {
+        naarVoren();
+        b->BureaubladWeergeven();
+    };
+    Afmelden = [b] { b->Afmelden(); };
+    Onderhoud = [b] { b->Onderhoud(); };
 }
 
 QString FrmTaakbalk2::Tekentekst(const QString& titel, const QFontMetrics& fm, int breedte) {

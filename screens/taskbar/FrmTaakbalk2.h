@@ -12,6 +12,7 @@
 #include <QObject>
 #include <QPoint>
 #include <QRect>
+#include <QSize>
 #include <QString>
 #include <QTimer>
 #include <functional>
@@ -20,6 +21,7 @@ class QFontMetrics;
 
 namespace tk {
 
+class FrmBureaublad;
 class Programma;
 
 // The taskbar of the desktop: a strip along the bottom of the screen with the fixed buttons
@@ -67,8 +69,8 @@ public:
     // The drawing routine of the task buttons: fills Knoppen from lstTaken2 and asks the view
     // to paint. A 21st task is a fault that ends the drawing of that tick.
     void TekenKnop();
-    // The fixed buttons by action word: "afmelden", "help", "bureaubladpictogrammen_onderhoud",
-    // and "bureaublad".
+    // The fixed buttons by action word: "afmelden" (asks first while programs are open),
+    // "help", "bureaubladpictogrammen_onderhoud", "onderhoud" and "bureaublad".
     void KnopActie(const QString& naam);
     // The mouse over the bar, in the bar's pixels; outside the bar clears every hover.
     void Form_MouseMove(QPoint punt);
@@ -96,7 +98,8 @@ public:
     int IngedruktKnop = -1; // held down by the mouse
     QList<TaakbalkKnop> vasteKnoppen;
     bool Geladen = false;
-    bool OnderhoudZichtbaar = false; // the icon positions button, for a teacher's desktop
+    bool OnderhoudZichtbaar = false;    // the maintenance button, on a teacher's desktop
+    bool PictogrammenZichtbaar = false; // the icon positions button, when an editor is attached
 
     // The strip on the screen.
     int Hoogte = StandaardHoogte;
@@ -130,8 +133,19 @@ public:
     // The window handle of row `rij`, 0 for "internet" and "bureaublad".
     quint64 handleVan(int rij) const;
 
+    // Makes this the taskbar of `bureaublad`: the bar is loaded (through VensterTonen) when the
+    // desktop opens, follows what it shows, keeps on top while its launcher asks, and goes when
+    // the desktop is left; its buttons reach the desktop.
+    void KoppelBureaublad(FrmBureaublad& bureaublad);
+
     // --- what the desktop and the view fill in
     std::function<quint64()> VensterHandle; // the strip's window, 0 while it has none
+    // Load the bar and show its window, and the reverse (the view's openen and sluiten); without
+    // them Form_Load and Form_Unload alone.
+    std::function<void()> VensterTonen;
+    std::function<void()> VensterVerbergen;
+    // The size of the screen the bar stands on, as the window system has it now.
+    std::function<QSize()> SchermGrootte;
     std::function<void()> Hertekenen;
     std::function<void(const QRect&)> Plaatsen; // move the window to this place
     std::function<QPoint()> MuisPositie;        // the mouse in the bar's pixels
@@ -139,6 +153,7 @@ public:
     std::function<void()> BureaubladWeergeven;
     std::function<void()> InternetWeergeven;
     std::function<void()> Afmelden;
+    std::function<void()> Onderhoud;
     // The screens the bar opens that live elsewhere (help, the icon position editor).
     std::function<void(const QString& woord)> OpenElders;
 
@@ -146,6 +161,8 @@ public:
 
 private:
     void maakVasteKnoppen();
+    void afmelden();
+    void nietBeschikbaar(const QString& woord, int tekst);
     void plaatsVasteKnoppen();
     void vulKnoppen();
     void tekenTaken();

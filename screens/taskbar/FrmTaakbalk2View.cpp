@@ -23,7 +23,16 @@ FrmTaakbalk2View::FrmTaakbalk2View(FrmTaakbalk2& model, QWidget* ouder)
     m.Hertekenen = [this] { update(); };
     m.Plaatsen = [this](const QRect& plek) { setGeometry(plek); };
     m.MuisPositie = [this] { return mapFromGlobal(QCursor::pos()); };
+    m.VensterTonen = [this] { openen(); };
+    m.VensterVerbergen = [this] { sluiten(); };
+    m.SchermGrootte = [this] { return screen() ? screen()->geometry().size() : QSize(); };
     setGeometry(m.Plek);
+    // A display change moves the strip with the screen's new bottom.
+    if (QScreen* scherm = screen())
+        connect(scherm, &QScreen::geometryChanged, this, [this](const QRect& nieuw) {
+            if (m.Geladen)
+                m.VensterPositie(nieuw.height(), nieuw.width());
+        });
 }
 
 FrmTaakbalk2View::~FrmTaakbalk2View() {
@@ -31,19 +40,17 @@ FrmTaakbalk2View::~FrmTaakbalk2View() {
     m.Hertekenen = nullptr;
     m.Plaatsen = nullptr;
     m.MuisPositie = nullptr;
+    m.VensterTonen = nullptr;
+    m.VensterVerbergen = nullptr;
+    m.SchermGrootte = nullptr;
 }
 
 void FrmTaakbalk2View::openen() {
     // The manager must know the window as a bar before it first maps it.
     m.modTaakbalk.MarkeerAlsBalk(quint64(winId()));
     if (QScreen* scherm = screen()) {
-        const QRect g = scherm->geometry();
-        m.BalkBreedte = g.width();
-        m.SchermHoogte = g.height();
-        connect(scherm, &QScreen::geometryChanged, this, [this](const QRect& nieuw) {
-            if (m.Geladen)
-                m.VensterPositie(nieuw.height(), nieuw.width());
-        });
+        m.BalkBreedte = scherm->geometry().width();
+        m.SchermHoogte = scherm->geometry().height();
     }
     m.Form_Load();
     show();

@@ -148,6 +148,7 @@ TEST(Taakbalk2Test, ClicksOnTasksAndButtons) {
 
     w.balk().Form_MouseUp(w.midden(0));
     w.balk().Form_MouseUp(w.balk().zoek("bureaublad")->plek.center());
+    w.dialogen.antwoorden << "ja"; // yes, log off with the programs open
     w.balk().Form_MouseUp(w.balk().zoek("afmelden")->plek.center());
     w.balk().Form_MouseUp(w.balk().zoek("help")->plek.center());
     EXPECT_EQ((QStringList{"InternetWeergeven", "BureaubladWeergeven", "Afmelden", "open help"}),
@@ -169,16 +170,24 @@ TEST(Taakbalk2Test, ClicksOnTasksAndButtons) {
     EXPECT_EQ(4, w.acties.size());
 }
 
-TEST(Taakbalk2Test, IconPositionsButtonOnlyWhereAskedFor) {
+TEST(Taakbalk2Test, MaintenanceButtonsOnlyWhereAskedFor) {
     TaakbalkWerkplek w;
+    EXPECT_EQ(nullptr, w.balk().zoek("onderhoud"));
     EXPECT_EQ(nullptr, w.balk().zoek("bureaubladpictogrammen_onderhoud"));
     w.balk().OnderhoudZichtbaar = true;
+    w.balk().PictogrammenZichtbaar = true;
     w.balk().LadenVormgeving();
-    const TaakbalkKnop* k = w.balk().zoek("bureaubladpictogrammen_onderhoud");
-    ASSERT_NE(nullptr, k);
-    EXPECT_LT(k->plek.right(), w.balk().zoek("help")->plek.left());
-    w.balk().Form_MouseUp(k->plek.center());
-    EXPECT_EQ(QStringList{"open bureaubladpictogrammen_onderhoud"}, w.acties);
+    const TaakbalkKnop* help = w.balk().zoek("help");
+    const TaakbalkKnop* onderhoud = w.balk().zoek("onderhoud");
+    const TaakbalkKnop* pictogrammen = w.balk().zoek("bureaubladpictogrammen_onderhoud");
+    ASSERT_TRUE(onderhoud && pictogrammen);
+    // From the right end inwards: help, maintenance, icon positions; none over another.
+    EXPECT_LT(onderhoud->plek.right(), help->plek.left());
+    EXPECT_LT(pictogrammen->plek.right(), onderhoud->plek.left());
+    EXPECT_FALSE(onderhoud->hint.isEmpty());
+    w.balk().Form_MouseUp(onderhoud->plek.center());
+    w.balk().Form_MouseUp(pictogrammen->plek.center());
+    EXPECT_EQ((QStringList{"Onderhoud", "open bureaubladpictogrammen_onderhoud"}), w.acties);
 }
 
 TEST(Taakbalk2Test, HoverFollowsTheMouseExceptOnOtherWindows) {
@@ -227,16 +236,69 @@ TEST(Taakbalk2Test, TheStripStandsAtTheBottomOnTopWithTheWorkAreaAboveIt) {
     EXPECT_EQ(0, w.balk().AantalKnoppen);
 }
 
-TEST(Taakbalk2Test, NothingIsDrawnWhileTheDesktopIsNotUp) {
+TEST(Taakbalk2Test, TheBarGoesWhenTheDesktopIsLeft) {
     TaakbalkWerkplek w;
-    w.p.BureaubladOpen = false;
+    int verborgen = 0;
+    w.balk().VensterVerbergen = [&] {
+        ++verborgen;
+        w.balk().Form_Unload();
+    };
     w.programma(1, "Een");
     w.tik();
-    EXPECT_EQ(1, w.balk().lstTaken2.size());
-    EXPECT_EQ(0, w.balk().AantalKnoppen);
-    w.p.BureaubladOpen = true;
-    w.tik();
     EXPECT_EQ(1, w.balk().AantalKnoppen);
+    w.p.BureaubladOpen = false;
+    w.tik();
+    EXPECT_EQ(1, verborgen);
+    EXPECT_FALSE(w.balk().Geladen);
+    EXPECT_EQ(0, w.balk().AantalKnoppen);
+    w.tik(); // an unloaded bar does nothing at all
+    EXPECT_EQ(1, verborgen);
+}
+
+TEST(Taakbalk2Test, LoggingOffAsksWhileProgramsAreOpen) {
+    struct Case {
+        int programmas;
+        const char* antwoord;
+        const char* vraag; // empty: no question
+        bool afgemeld;
+    };
+    const Case cases[] = {
+        {0, "", "", true},
+        {1, "nee", "There are still 1 program open.", false},
+        {2, "ja", "There are still 2 programs open.", true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.programmas);
+        TaakbalkWerkplek w;
+        w.p.modTaal.Taal = 1033;
+        w.programma(99, "Tafelkrater"); // the shell's own: not counted
+        for (int i = 0; i < c.programmas; ++i)
+            w.programma(1 + i, QStringLiteral("Programma %1").arg(i));
+        w.tik();
+        w.dialogen.antwoorden << c.antwoord;
+        w.balk().Form_MouseUp(w.balk().zoek("afmelden")->plek.center());
+        if (*c.vraag) {
+            ASSERT_EQ(1, w.dialogen.gesteld.size());
+            EXPECT_TRUE(w.dialogen.gesteld[0].tekst.startsWith(c.vraag))
+                << qPrintable(w.dialogen.gesteld[0].tekst);
+            EXPECT_EQ("?", w.dialogen.gesteld[0].stijl);
+        } else {
+            EXPECT_TRUE(w.dialogen.gesteld.isEmpty());
+        }
+        EXPECT_EQ(c.afgemeld, w.acties.contains("Afmelden"));
+    }
+}
+
+TEST(Taakbalk2Test, ScreensThisWorkstationLacksAreNamedNotSilentlyIgnored) {
+    TaakbalkWerkplek w;
+    w.p.modTaal.Taal = 1033;
+    w.balk().OpenElders = nullptr;
+    w.balk().KnopActie("help");
+    w.balk().KnopActie("bureaubladpictogrammen_onderhoud");
+    ASSERT_EQ(2, w.dialogen.gesteld.size());
+    EXPECT_EQ(w.p.modTaal.LaadTekst(9542), w.dialogen.gesteld[0].tekst);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(9543), w.dialogen.gesteld[1].tekst);
+    EXPECT_EQ(2, w.logboek().count("frmTaakbalk2.KnopActie"));
 }
 
 TEST(Taakbalk2Test, ATickThatChangesNothingPaintsNothing) {

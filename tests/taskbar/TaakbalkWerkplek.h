@@ -26,6 +26,7 @@ struct TaakbalkWerkplek : Werkplek {
         balk().InternetWeergeven = [this] { acties << "InternetWeergeven"; };
         balk().BureaubladWeergeven = [this] { acties << "BureaubladWeergeven"; };
         balk().Afmelden = [this] { acties << "Afmelden"; };
+        balk().Onderhoud = [this] { acties << "Onderhoud"; };
         balk().OpenElders = [this](const QString& woord) { acties << "open " + woord; };
         balk().Form_Load();
         balk().tmrTaken.stop(); // a test ticks by hand

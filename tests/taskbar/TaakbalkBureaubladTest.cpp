@@ -1,0 +1,88 @@
+// The desktop's taskbar with the desktop itself: opened and closed with it, its buttons reaching
+// it, kept on top by its launcher.
+#include "screens/taskbar/FrmTaakbalk2.h"
+#include "tests/desktop/BureaubladWerkplek.h"
+
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::BureaubladWerkplek;
+
+namespace {
+
+struct Werkplek : BureaubladWerkplek {
+    Werkplek() {
+        p.modTaal.Taal = 1033;
+        p.maak(p.frmTaakbalk2, p);
+        balk().VensterHandle = [] { return quint64(5); };
+        balk().VensterTonen = [this] {
+            ++getoond;
+            balk().Form_Load();
+            balk().tmrTaken.stop(); // ticked by the test
+            balk().tmrMuis.stop();
+        };
+        balk().VensterVerbergen = [this] {
+            ++verborgen;
+            balk().Form_Unload();
+        };
+        balk().KoppelBureaublad(b());
+        klas(0, "Groep 3", "100", "");
+        leraar(0, "Jansen", "Els", "", "200", "geheim");
+    }
+    FrmTaakbalk2& balk() { return *p.frmTaakbalk2; }
+    int getoond = 0;
+    int verborgen = 0;
+};
+
+} // namespace
+
+TEST(TaakbalkBureaubladTest, TheBarOpensAndClosesWithTheDesktop) {
+    Werkplek w;
+    EXPECT_FALSE(w.balk().Geladen);
+    w.b().Openen(0, "100");
+    EXPECT_EQ(1, w.getoond);
+    EXPECT_TRUE(w.balk().Geladen);
+    EXPECT_EQ(nullptr, w.balk().zoek("onderhoud")); // a class has no maintenance button
+
+    w.platform.fakeWindows().windows.append(WindowInfo{7, true, 0, 0, false, false, "Rekenen", 0});
+    w.balk().tmrTaken_Timer();
+    EXPECT_EQ(1, w.balk().AantalKnoppen);
+
+    // The launcher keeps the bar on top while nothing hides it.
+    w.platform.fakeWindows().log.clear();
+    w.b().tmrTaakbalk_Timer();
+    EXPECT_EQ(QStringList{"ontop 5 1"}, w.platform.fakeWindows().log);
+
+    // Log off with one program open: asked, confirmed, the desktop is left and the bar goes.
+    w.dialogen.antwoorden << "ja";
+    w.balk().KnopActie("afmelden");
+    ASSERT_EQ(1, w.dialogen.gesteld.size());
+    EXPECT_TRUE(w.dialogen.gesteld[0].tekst.contains("1 program "));
+    EXPECT_FALSE(w.p.BureaubladOpen);
+    w.balk().tmrTaken_Timer();
+    EXPECT_EQ(1, w.verborgen);
+    EXPECT_FALSE(w.balk().Geladen);
+
+    // The next desktop, a teacher's, brings the bar back with the maintenance button.
+    w.b().Openen(1, "200");
+    EXPECT_EQ(2, w.getoond);
+    ASSERT_NE(nullptr, w.balk().zoek("onderhoud"));
+    w.dialogen.gesteld.clear();
+    w.balk().KnopActie("onderhoud");
+    EXPECT_EQ(QStringList{w.p.modTaal.LaadTekst(9541)},
+              QStringList{w.dialogen.gesteld.value(0).tekst});
+}
+
+TEST(TaakbalkBureaubladTest, ADisplayChangeOfTheLauncherMovesTheStrip) {
+    Werkplek w;
+    w.b().Openen(0, "100");
+    w.platform.fakeWindows().log.clear();
+    // Without a window system's word on the screen, the height the launcher set.
+    w.b().TaakbalkVensterPositie(480);
+    EXPECT_EQ(QRect(0, 440, FrmTaakbalk2::Breedte, 40), w.balk().Plek);
+    EXPECT_TRUE(w.platform.fakeWindows().log.contains("workarea 0,0 1024x440 on 5"));
+    // With it, the screen as it really is.
+    w.balk().SchermGrootte = [] { return QSize(1280, 1024); };
+    w.b().TaakbalkVensterPositie(768);
+    EXPECT_EQ(QRect(0, 984, 1280, 40), w.balk().Plek);
+}
