@@ -146,8 +146,15 @@ QString ModMainStarten::vulIn(const QString& tekst) {
 }
 
 QString ModMainStarten::nativePad(const QString& pad) const {
-    if (pad.isEmpty() || pad.startsWith(QLatin1Char('/')))
+    if (pad.isEmpty())
         return pad;
+    // An absolute path with the system's separators behind it, as a placeholder gives it
+    // ("%TEMP%\les.pdf"): one path, native throughout.
+    if (pad.startsWith(QLatin1Char('/'))) {
+        if (!pad.contains(QLatin1Char('\\')) || QFileInfo::exists(pad))
+            return pad;
+        return QString(pad).replace(QLatin1Char('\\'), QLatin1Char('/'));
+    }
     if (pad.contains(QLatin1Char('\\')))
         return p.modMain.Pad(pad);
     return pad;

@@ -1,0 +1,127 @@
+// How a start command of an application is read on Linux: a program or command line, a
+// freedesktop .desktop entry, or a file or folder opened by the application chosen for it.
+#include "tests/desktop/DesktopWerkplek.h"
+
+#include <QDir>
+#include <QFile>
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::DesktopWerkplek;
+
+namespace {
+
+// A file below the program folder, executable when asked.
+QString maak(DesktopWerkplek& w, const QString& relatief, const QByteArray& inhoud,
+             bool uitvoerbaar = false) {
+    w.schrijf(relatief, inhoud);
+    if (uitvoerbaar)
+        QFile(w.pad(relatief))
+            .setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return w.pad(relatief);
+}
+
+} // namespace
+
+TEST(StartOpdrachtTest, ProgramsCommandLinesFilesAndFoldersAreRunAsTheirKindAsks) {
+    DesktopWerkplek w;
+    const QString spel = maak(w, "Programma's/Spel/spel.sh", "#!/bin/sh\n", true);
+    const QString les = maak(w, "Documenten/les 1.pdf", "%PDF-1.4\n");
+    w.platform.fakeEnvironment().setVariable("TEMP", w.pad("Documenten"));
+
+    struct Case {
+        QString opdracht, parameters;
+        QString programma;
+        QStringList argumenten;
+    };
+    const Case cases[] = {
+        {"/bin/sh", "-c \"echo a b\"", "/bin/sh", {"-c", "echo a b"}},
+        {"sh -c true", "", "sh", {"-c", "true"}}, // a command line: its program on the PATH
+        {"sh -c", "true", "sh", {"-c", "true"}},  // the parameters follow its own arguments
+        {"\\Programma's\\Spel\\spel.sh", "--groot", spel, {"--groot"}}, // program-relative
+        {spel, "", spel, {}},
+        {"\\Documenten\\les 1.pdf", "", "xdg-open", {les}},      // a document: its application
+        {"%TEMP%\\les 1.pdf", "", "xdg-open", {les}},            // with a placeholder filled in
+        {"\\Documenten", "", "xdg-open", {w.pad("Documenten")}}, // a folder
+        // The drive of the "cdrom" item in the file manager; without one, the home folder.
+        {"%WINDIR%\\Explorer.exe", "/media/cdrom0", "xdg-open", {"/media/cdrom0"}},
+        {"%WINDIR%\\Explorer.exe", "", "xdg-open", {QDir::homePath()}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.opdracht.toStdString() + " " + c.parameters.toStdString());
+        const ModMainStarten::Opstart o = w.starten().LosOp(c.opdracht, c.parameters, "");
+        EXPECT_EQ(o.resultaat, 0);
+        EXPECT_EQ(o.programma, c.programma);
+        EXPECT_EQ(o.argumenten, c.argumenten);
+    }
+}
+
+TEST(StartOpdrachtTest, ADesktopEntryRunsItsExecWithFieldCodesFilledAndInItsPath) {
+    DesktopWerkplek w;
+    const QString item = maak(w, "Snelkoppelingen/tekenen.desktop",
+                              "# a shortcut\n"
+                              "[Desktop Entry]\n"
+                              "Type=Application\n"
+                              "Name=Tekenen\n"
+                              "Name[nl]=Tekenen (nl)\n"
+                              "Icon=tekenen\n"
+                              "Exec=\"/bin/sh\" --naam=%c --bestand %U %i -x%% %k \\s%d\n"
+                              "Path=/tmp\n"
+                              "[Desktop Action Nieuw]\n"
+                              "Exec=/bin/false\n");
+    const ModMainStarten::Opstart o =
+        w.starten().LosOp("\\Snelkoppelingen\\tekenen.desktop", "\"a 1.png\" b.png", "");
+    EXPECT_EQ(o.resultaat, 0);
+    EXPECT_EQ(o.programma, "/bin/sh");
+    EXPECT_EQ(o.argumenten, QStringList({"--naam=Tekenen", "--bestand", "a 1.png", "b.png",
+                                         "--icon", "tekenen", "-x%", item}));
+    EXPECT_EQ(o.map, "/tmp");
+    EXPECT_EQ(o.bestand, item);
+
+    // A link entry opens its address; a file that is an entry by its text counts without the
+    // suffix.
+    maak(w, "Snelkoppelingen/school", "[Desktop Entry]\nType=Link\nURL=https://school.example/\n");
+    const ModMainStarten::Opstart link = w.starten().LosOp("\\Snelkoppelingen\\school", "", "");
+    EXPECT_EQ(link.resultaat, 0);
+    EXPECT_EQ(link.programma, "xdg-open");
+    EXPECT_EQ(link.argumenten, QStringList{"https://school.example/"});
+
+    // Through the launcher the entry's folder is the one the program runs in.
+    w.s().StartApplicatie("\\Snelkoppelingen\\tekenen.desktop", "", "", "", "Tekenen");
+    ASSERT_EQ(w.platform.fakeProcesses().started.size(), 1);
+    EXPECT_TRUE(w.platform.fakeProcesses().started[0].endsWith(" (in /tmp)"));
+}
+
+TEST(StartOpdrachtTest, CommandsThatCannotRunAreNamed) {
+    DesktopWerkplek w;
+    maak(w, "Kapot/zonder-exec.desktop", "[Desktop Entry]\nType=Application\nName=Leeg\n");
+    maak(w, "Kapot/open-aanhaling.desktop", "[Desktop Entry]\nExec=/bin/sh \"-c\n");
+    maak(w, "Kapot/geen-groep.desktop", "[Iets Anders]\nExec=/bin/sh\n");
+    maak(w, "Kapot/geen-programma.desktop", "[Desktop Entry]\nExec=/geen/programma %f\n");
+    struct Case {
+        QString opdracht;
+        int resultaat;
+        const char* naam;
+    };
+    const Case cases[] = {
+        {"", ModMainStarten::BestandNietGevonden, "File not found"},
+        {"   ", ModMainStarten::BestandNietGevonden, "File not found"},
+        {"/geen/programma", ModMainStarten::BestandNietGevonden, "File not found"},
+        {"\\Geen\\map\\spel.exe", ModMainStarten::BestandNietGevonden, "File not found"},
+        {"geen-programma-met-deze-naam", ModMainStarten::BestandNietGevonden, "File not found"},
+        {"\\Kapot\\zonder-exec.desktop", ModMainStarten::OnvolledigeKoppeling,
+         "Incomplete or invalid file association"},
+        {"\\Kapot\\open-aanhaling.desktop", ModMainStarten::OnvolledigeKoppeling,
+         "Incomplete or invalid file association"},
+        {"\\Kapot\\geen-groep.desktop", ModMainStarten::OnvolledigeKoppeling,
+         "Incomplete or invalid file association"},
+        {"\\Kapot\\geen-programma.desktop", ModMainStarten::BestandNietGevonden, "File not found"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.opdracht.toStdString());
+        EXPECT_EQ(w.starten().LosOp(c.opdracht, "", "").resultaat, c.resultaat);
+        EXPECT_EQ(w.starten().FoutNaam(c.resultaat), c.naam);
+        EXPECT_EQ(w.starten().ShellExecute(c.opdracht, "", ""), c.resultaat);
+    }
+    EXPECT_TRUE(w.platform.fakeProcesses().started.isEmpty());
+}
