@@ -81,6 +81,7 @@ void FrmTaakbalk2::Form_Unload() {
         if (Geladen)
             modTaakbalk.SetSysWorkArea(venster(), 0, 0, BalkBreedte, SchermHoogte);
         Geladen = false;
+        Weggestopt = false;
         lstTaken.clear();
         lstTaken2.clear();
         Knoppen.leegmaken();
@@ -230,6 +231,7 @@ void FrmTaakbalk2::tmrTaken_Timer() {
                 Form_Unload();
             return;
         }
+        volgVerbergen();
         const FixedTable oud = Knoppen;
         const int oudActief = ActieveKnop;
         const int oudAantal = AantalKnoppen;
@@ -239,6 +241,23 @@ void FrmTaakbalk2::tmrTaken_Timer() {
         if (gewijzigd || oud != Knoppen || oudActief != ActieveKnop || oudAantal != AantalKnoppen)
             hertekenen();
     });
+}
+
+void FrmTaakbalk2::volgVerbergen() {
+    const bool weg =
+        m_bureaublad && m_bureaublad->TaakbalkVerbergen && m_bureaublad->tmrShellWait.isActive();
+    if (weg == Weggestopt)
+        return;
+    Weggestopt = weg;
+    if (weg) {
+        // The program has the whole screen, maximised windows included.
+        modTaakbalk.FormOnTop(venster(), false);
+        modTaakbalk.SetSysWorkArea(venster(), 0, 0, BalkBreedte, SchermHoogte);
+    }
+    if (VensterZichtbaar)
+        VensterZichtbaar(!weg);
+    if (!weg)
+        VensterPositie(SchermHoogte, BalkBreedte);
 }
 
 void FrmTaakbalk2::TekenKnop() {
@@ -440,6 +459,7 @@ void FrmTaakbalk2::nietBeschikbaar(const QString& woord, int tekst) {
 
 void FrmTaakbalk2::KoppelBureaublad(FrmBureaublad& bureaublad) {
     FrmBureaublad* b = &bureaublad;
+    m_bureaublad = b;
     b->TaakbalkTekenKnop = [this, b] {
         const bool leraar = b->Weergave == 1 && b->Eigenaar >= 0;
         if (leraar != OnderhoudZichtbaar) {

@@ -98,6 +98,8 @@ public:
     int IngedruktKnop = -1; // held down by the mouse
     QList<TaakbalkKnop> vasteKnoppen;
     bool Geladen = false;
+    // Out of sight while a program that the desktop started demands a hidden taskbar.
+    bool Weggestopt = false;
     bool OnderhoudZichtbaar = false;    // the maintenance button, on a teacher's desktop
     bool PictogrammenZichtbaar = false; // the icon positions button, when an editor is attached
 
@@ -144,6 +146,8 @@ public:
     // them Form_Load and Form_Unload alone.
     std::function<void()> VensterTonen;
     std::function<void()> VensterVerbergen;
+    // Show or hide the loaded bar's window (for a program that demands a hidden taskbar).
+    std::function<void(bool zichtbaar)> VensterZichtbaar;
     // The size of the screen the bar stands on, as the window system has it now.
     std::function<QSize()> SchermGrootte;
     std::function<void()> Hertekenen;
@@ -169,7 +173,9 @@ private:
     quint64 venster() const;
     void hertekenen();
     Programma& p;
+    void volgVerbergen();
     bool m_teveelGemeld = false;
+    FrmBureaublad* m_bureaublad = nullptr;
 };
 
 } // namespace tk

@@ -25,6 +25,7 @@ FrmTaakbalk2View::FrmTaakbalk2View(FrmTaakbalk2& model, QWidget* ouder)
     m.MuisPositie = [this] { return mapFromGlobal(QCursor::pos()); };
     m.VensterTonen = [this] { openen(); };
     m.VensterVerbergen = [this] { sluiten(); };
+    m.VensterZichtbaar = [this](bool zichtbaar) { setVisible(zichtbaar); };
     m.SchermGrootte = [this] { return screen() ? screen()->geometry().size() : QSize(); };
     setGeometry(m.Plek);
     // A display change moves the strip with the screen's new bottom.
@@ -42,6 +43,7 @@ FrmTaakbalk2View::~FrmTaakbalk2View() {
     m.MuisPositie = nullptr;
     m.VensterTonen = nullptr;
     m.VensterVerbergen = nullptr;
+    m.VensterZichtbaar = nullptr;
     m.SchermGrootte = nullptr;
 }
 

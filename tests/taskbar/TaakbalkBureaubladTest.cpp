@@ -86,3 +86,30 @@ TEST(TaakbalkBureaubladTest, ADisplayChangeOfTheLauncherMovesTheStrip) {
     w.b().TaakbalkVensterPositie(768);
     EXPECT_EQ(QRect(0, 984, 1280, 40), w.balk().Plek);
 }
+
+TEST(TaakbalkBureaubladTest, AProgramThatDemandsAHiddenTaskbarHasTheWholeScreenWhileItRuns) {
+    Werkplek w;
+    QList<bool> zichtbaar;
+    w.balk().VensterZichtbaar = [&](bool z) { zichtbaar << z; };
+    w.b().Openen(0, "100");
+    w.platform.fakeWindows().log.clear();
+    // The launcher started such a program and waits for it.
+    w.b().TaakbalkVerbergen = true;
+    w.b().tmrShellWait.start();
+    w.balk().tmrTaken_Timer();
+    EXPECT_TRUE(w.balk().Weggestopt);
+    EXPECT_EQ(QList<bool>{false}, zichtbaar);
+    EXPECT_EQ((QStringList{"ontop 5 0", "workarea 0,0 1024x768 on 5"}),
+              w.platform.fakeWindows().log);
+    w.balk().tmrTaken_Timer();
+    EXPECT_EQ(1, zichtbaar.size()) << "hidden once, not at every tick";
+
+    // The program ended: the bar is back in its place, on top, with its strip.
+    w.platform.fakeWindows().log.clear();
+    w.b().tmrShellWait.stop();
+    w.balk().tmrTaken_Timer();
+    EXPECT_FALSE(w.balk().Weggestopt);
+    EXPECT_EQ((QList<bool>{false, true}), zichtbaar);
+    EXPECT_EQ((QStringList{"ontop 5 1", "workarea 0,0 1024x728 on 5"}),
+              w.platform.fakeWindows().log);
+}
