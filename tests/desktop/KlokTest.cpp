@@ -2,6 +2,7 @@
 #include "screens/desktop/FrmKlokView.h"
 #include "tests/support/Werkplek.h"
 
+#include <QDir>
 #include <QtMath>
 #include <gtest/gtest.h>
 
@@ -95,5 +96,37 @@ TEST(KlokTest, TheViewCutsItsWindowToTheDial) {
     EXPECT_FALSE(view.mask().contains(QPoint(0, 0)));
     EXPECT_TRUE(view.mask().contains(QPoint(FrmKlok::Zijde / 2, FrmKlok::Zijde / 2)));
     EXPECT_EQ(quint64(view.winId()), k.hWnd);
+    view.close();
+}
+
+TEST(KlokTest, TheViewShowsTheDialTheHandsAndTheTime) {
+    Werkplek w;
+    w.platform.fakeClock().setNow(QDateTime(QDate(2026, 11, 3), QTime(3, 0, 0)));
+    FrmKlok k(w.p);
+    FrmKlokView view(k);
+    view.openen();
+    const QImage beeld = view.grab().toImage();
+    beeld.save(QDir::temp().filePath(QStringLiteral("FrmKlokView.png")));
+    auto kleur = [&](QPointF face) {
+        const QPoint v = FrmKlok::naarVenster(face).toPoint();
+        return beeld.pixelColor(v.x(), v.y());
+    };
+    auto donker = [](QColor c) { return c.red() + c.green() + c.blue() < 3 * 128; };
+    const double m = FrmKlok::Midden;
+    // Three o'clock: the hour hand to the right, the minute hand up; nothing to the left.
+    EXPECT_TRUE(donker(kleur({m + 15, m})));
+    EXPECT_TRUE(donker(kleur({m, m - 30})));
+    EXPECT_FALSE(donker(kleur({m - 15, m + 8})));
+    // The marks: the one of twelve o'clock is dark, the dial between marks is light.
+    EXPECT_TRUE(donker(kleur(FrmKlok::Minuutstreep(0).center())));
+    EXPECT_FALSE(donker(kleur(FrmKlok::Wijzerpunt(2.5, FrmKlok::Straal - 2))));
+    // The time and the date are written on the dial.
+    EXPECT_EQ(k.lblTijd, "3:00");
+    EXPECT_EQ(k.lblDatum, "3-11-2026");
+    int tekst = 0;
+    for (int y = 0; y < beeld.height() / 2 - 8; ++y)
+        for (int x = 20; x < beeld.width() - 20; ++x)
+            tekst += donker(beeld.pixelColor(x, y)) && y > 20;
+    EXPECT_GT(tekst, 20);
     view.close();
 }
