@@ -138,6 +138,10 @@ void FrmBureaubladStarter::StartApplicatie(const QString& opdracht, const QStrin
         if (TaakbalkVerbergen) {
             tmrTaakbalk.stop();
             formOnTop(false);
+            if (TaakbalkZichtbaar) {
+                TaakbalkZichtbaar(false);
+                TaakbalkVerborgen = true;
+            }
         }
         hertekenen();
         const ModMainStarten::Gestart g = starten.ShellExecAndWait(opdracht, parameters, werkmap);
@@ -306,6 +310,9 @@ void FrmBureaubladStarter::herstellen(const char* procedure) {
             }
         }
         ShellWachtStand = QStringLiteral("0");
+        if (TaakbalkVerborgen && TaakbalkZichtbaar)
+            TaakbalkZichtbaar(true);
+        TaakbalkVerborgen = false;
         if (Tonen)
             Tonen();
         formOnTop(true);

@@ -75,6 +75,7 @@ public:
     int HoogteNu = SchermHoogte;
     QString ShellWachtStand = QStringLiteral("0"); // "1": a display change must be undone
     qint64 ShellProces = 0;                        // the process tmrShellWait follows
+    bool TaakbalkVerborgen = false;                // the strip is away for the program
 
     // --- the overlay
     // picDisable: over the whole window, grey, with the screen as it was captured.
@@ -105,6 +106,9 @@ public:
     std::function<void()> TaakbalkTekenKnop;
     std::function<void(int hoogte)> TaakbalkVensterPositie;
     std::function<void()> TaakbalkOpTop;
+    // Takes the strip away while a program that demands a hidden taskbar runs (false), and
+    // brings it back after (true): a strip the window manager keeps free would otherwise stay.
+    std::function<void(bool zichtbaar)> TaakbalkZichtbaar;
 
 Q_SIGNALS:
     // The launcher's state changed (with every call of Hertekenen): the overlay's view paints

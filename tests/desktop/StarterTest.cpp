@@ -124,6 +124,9 @@ TEST(StartApplicatieTest, AProgramThatDemandsAModeRunsInItAndTheDesktopComesBack
         return beeld;
     };
     auto& processen = w.platform.fakeProcesses();
+    w.s().TaakbalkZichtbaar = [&](bool zichtbaar) {
+        w.taakbalk << QStringLiteral("Zichtbaar %1").arg(zichtbaar);
+    };
     w.s().StartApplicatie("/bin/sh", "", "", "800x600x16xJA", "Rekenen");
 
     // The overlay: the captured screen, the text, and the button centred on the new screen.
@@ -144,7 +147,7 @@ TEST(StartApplicatieTest, AProgramThatDemandsAModeRunsInItAndTheDesktopComesBack
     EXPECT_EQ(w.s().HoogteNu, 600);
     EXPECT_EQ(w.s().ShellWachtStand, "1");
     // The taskbar learns the new height, and stays down while the program runs.
-    EXPECT_EQ(w.taakbalk, QStringList({"TekenKnop", "VensterPositie 600"}));
+    EXPECT_EQ(w.taakbalk, QStringList({"TekenKnop", "VensterPositie 600", "Zichtbaar 0"}));
     EXPECT_FALSE(w.s().tmrTaakbalk.isActive());
     EXPECT_EQ(w.platform.fakeWindows().log, QStringList{"ontop 77 0"});
     ASSERT_EQ(processen.started.size(), 1);
@@ -165,7 +168,7 @@ TEST(StartApplicatieTest, AProgramThatDemandsAModeRunsInItAndTheDesktopComesBack
     EXPECT_EQ(gevraagd(w), QStringList({"800x600x16", "1024x768x32"}));
     EXPECT_EQ(w.s().BreedteNu, 1024);
     EXPECT_EQ(w.s().HoogteNu, 768);
-    EXPECT_EQ(w.taakbalk.mid(2), QStringList{"VensterPositie 768"});
+    EXPECT_EQ(w.taakbalk.mid(3), QStringList({"VensterPositie 768", "Zichtbaar 1"}));
     EXPECT_EQ(w.platform.fakeWindows().log, QStringList({"ontop 77 0", "ontop 77 1"}));
     EXPECT_TRUE(w.s().tmrTaakbalk.isActive());
     EXPECT_EQ(w.getoond, 1);
