@@ -154,6 +154,22 @@ TEST_F(StarterX11Test, AProgramStartedThroughAWrapperThatExitsAtOnceIsStillWaite
     EXPECT_TRUE(w.platform.linuxProcesses().processesOfStart(wrapper).isEmpty());
 }
 
+TEST_F(StarterX11Test, TheWaitEndsWhenTheWindowIsGoneThoughAHelperOfTheProgramRunsOn) {
+    X11Werkplek w(x());
+    // The program's window, and a process of it that stays when the window closes.
+    w.start(QStringLiteral("/bin/sh"), QStringLiteral("-c \"sleep 600 & exec xlogo\""),
+            QStringLiteral("1024x768x32xJA"));
+    const qint64 programma = w.s().ShellProces;
+    ASSERT_TRUE(w.tikTot([&] { return !w.vensters().isEmpty(); }));
+    w.platform.linuxWindows().close(w.vensters().constFirst().handle);
+    ASSERT_TRUE(eventually([&] { return w.vensters().isEmpty(); }));
+    w.s().tmrShellWait_Timer();
+    EXPECT_TRUE(w.s().tmrShellWait.isActive()); // a window may still come
+    EXPECT_FALSE(w.platform.linuxProcesses().processesOfStart(programma).isEmpty());
+    EXPECT_TRUE(w.tikTot([&] { return !w.s().tmrShellWait.isActive(); }));
+    EXPECT_FALSE(w.s().picDisableZichtbaar);
+}
+
 TEST_F(StarterX11Test, CloseProgramEndsAProgramThatRunsOn) {
     X11Werkplek w(x());
     w.start(QStringLiteral("/bin/sh"), QStringLiteral("-c \"xlogo & exit 0\""),
