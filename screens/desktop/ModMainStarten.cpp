@@ -112,19 +112,24 @@ int ModMainStarten::ResultaatVan(int platformCode) {
 QString ModMainStarten::WerkMap(const QString& opdracht, const QString& map) {
     if (!map.isEmpty())
         return map;
-    QString programma = opdracht.trimmed();
-    // A command line: its program is the first word, so that a "/" in an argument does not
-    // count.
+    const QString tekst = opdracht.trimmed();
+    // A command in the system's own form ("\Programma's\Mijn spel\spel.exe", "%TEMP%\x"):
+    // up to its last backslash, blanks and all.
+    const qsizetype backslash = tekst.lastIndexOf(QLatin1Char('\\'));
+    if (backslash >= 0)
+        return tekst.left(backslash);
+    // A Linux path, or a command line whose program is its first word, so that a "/" in an
+    // argument does not count.
+    QString programma = tekst;
     if (programma.contains(QLatin1Char(' ')) && !QFileInfo::exists(programma)) {
         const QStringList woorden = QProcess::splitCommand(programma);
-        if (!woorden.isEmpty() && !woorden.constFirst().contains(QLatin1Char(' ')))
+        if (!woorden.isEmpty())
             programma = woorden.constFirst();
     }
-    const qsizetype plek =
-        std::max(programma.lastIndexOf(QLatin1Char('\\')), programma.lastIndexOf(QLatin1Char('/')));
-    if (plek < 0)
+    const qsizetype slash = programma.lastIndexOf(QLatin1Char('/'));
+    if (slash < 0)
         return map;
-    return programma.left(plek);
+    return slash == 0 ? QStringLiteral("/") : programma.left(slash);
 }
 
 QString ModMainStarten::vulIn(const QString& tekst) {
@@ -317,6 +322,8 @@ ModMainStarten::Opstart ModMainStarten::opstart(const QString& opdrachtIn,
     if (laatste.compare(QLatin1String("explorer.exe"), Qt::CaseInsensitive) == 0) {
         uit.programma = openen();
         uit.argumenten = extra.isEmpty() ? QStringList{QDir::homePath()} : extra.mid(0, 1);
+        // The system's folder it would have run in means nothing to the file manager here.
+        uit.map.clear();
         uit.bestand = uit.argumenten.constFirst();
     } else {
         const QString pad = nativePad(opdracht);

@@ -70,8 +70,9 @@ public:
     // ".exe", in lower case; or the same file).
     bool IsEigenProgramma(const QString& opdracht);
 
-    // The working folder when none is given: the command up to its last "\" or "/"; a command
-    // without either keeps the folder as given. A command line counts with its first word.
+    // The working folder when none is given: the command up to its last "\"; a command
+    // without one keeps the folder as given. A Linux command takes its program (the first word of
+    // a command line) up to its last "/".
     static QString WerkMap(const QString& opdracht, const QString& map);
     // The name of a start's result code.
     QString FoutNaam(int resultaat) const;

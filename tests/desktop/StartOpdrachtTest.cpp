@@ -54,6 +54,8 @@ TEST(StartOpdrachtTest, ProgramsCommandLinesFilesAndFoldersAreRunAsTheirKindAsks
         EXPECT_EQ(o.programma, c.programma);
         EXPECT_EQ(o.argumenten, c.argumenten);
     }
+    // The file manager runs without the system's folder it would have had.
+    EXPECT_EQ(w.starten().LosOp("%WINDIR%\\Explorer.exe", "/media/cdrom0", "%WINDIR%").map, "");
 }
 
 TEST(StartOpdrachtTest, ADesktopEntryRunsItsExecWithFieldCodesFilledAndInItsPath) {

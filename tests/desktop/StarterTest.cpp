@@ -99,6 +99,10 @@ TEST(StartApplicatieTest, WithoutAGivenFolderTheProgramRunsInItsOwnFolder) {
         {"/usr/bin/xlogo", "", "/usr/bin"},
         {"/usr/bin/xterm -e /bin/sh", "", "/usr/bin"}, // a command line counts with its program
         {"\\Programma's\\tekenen.sh", "", "\\Programma's"},
+        {"\\Programma's\\Mijn spel\\spel.sh", "", "\\Programma's\\Mijn spel"},
+        {"C:\\Program Files\\Spel\\spel.exe /volledig", "", "C:\\Program Files\\Spel"},
+        {"%TEMP%\\les.pdf", "", "%TEMP%"},
+        {"/spel", "", "/"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.opdracht);
