@@ -51,6 +51,12 @@ void ClientStappen::toonHoofdvenster() {
     m_view->canvas()->bijwerken();
 }
 
+void ClientStappen::verbergHoofdvenster() {
+    p.startScreen->Zichtbaar = false;
+    if (m_view)
+        m_view->hide();
+}
+
 void ClientStappen::OpenTaakbalk1() {
     FrmMain& f = *p.startScreen;
     if (!m_view) {

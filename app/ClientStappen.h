@@ -36,6 +36,8 @@ public:
 
     // Shows the start screen's window (the hook HoofdvensterTonen of frmMain).
     void toonHoofdvenster();
+    // Hides it while a desktop stands.
+    void verbergHoofdvenster();
 
 private:
     void meld(const QString& wat);

@@ -1,4 +1,5 @@
 // The client: the start-up of the workstation, the link to the server and the screens.
+#include "BureaubladStappen.h"
 #include "ClientStappen.h"
 #include "GuiDialogs.h"
 #include "core/ModMainOpstart.h"
@@ -57,6 +58,10 @@ int main(int argc, char** argv) {
     tk::FrmAfmeldenView afmeldenView(*p.frmAfmelden);
     tk::ClientStappen stappen(p);
     p.opstartStappen = &stappen;
+    // A class click or a teacher's login opens the desktop; log-off comes back here.
+    tk::BureaubladStappen bureaublad(
+        p, [&stappen] { stappen.toonHoofdvenster(); },
+        [&stappen] { stappen.verbergHoofdvenster(); });
 
     // The command line as one text, as the launcher gives it ("STARTUP", "STARTUPFOUT", or an
     // account word on a management workstation).

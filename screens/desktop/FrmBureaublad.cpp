@@ -753,7 +753,7 @@ void FrmBureaublad::Afmelden() {
             p.modThema->LaadThema();
         if (p.startScreen) {
             p.startScreen->LadenVormgeving();
-            p.startScreen->OpenGlobal(false);
+            p.startScreen->OpenGlobal(true);
         }
         if (Afgemeld)
             Afgemeld();

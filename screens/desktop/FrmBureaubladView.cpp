@@ -64,7 +64,8 @@ void FrmBureaubladCanvas::bijwerken() {
     m_wachtwoord->setVisible(paneelZichtbaar);
     if (m_wachtwoord->text() != m.txtWachtwoord)
         m_wachtwoord->setText(m.txtWachtwoord);
-    if (m.focusOpWachtwoord && m_wachtwoord->isVisible()) {
+    // Also while the window is not yet shown: the box takes the keys when it comes.
+    if (m.focusOpWachtwoord && !m_wachtwoord->isHidden()) {
         m_wachtwoord->setFocus();
         m.focusOpWachtwoord = false;
     }

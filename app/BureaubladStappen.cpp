@@ -1,0 +1,98 @@
+#include "BureaubladStappen.h"
+
+#include "core/Programma.h"
+#include "platform/Windows.h"
+#include "screens/desktop/FrmBureaublad.h"
+#include "screens/desktop/FrmBureaubladView.h"
+#include "screens/start/FrmAanmelden.h"
+#include "screens/start/FrmMain.h"
+#include "screens/taskbar/FrmTaakbalk2.h"
+#include "screens/taskbar/FrmTaakbalk2View.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace tk {
+
+BureaubladStappen::BureaubladStappen(Programma& p, std::function<void()> toonStartscherm,
+                                     std::function<void()> verbergStartscherm)
+    : p(p), m_toonStartscherm(std::move(toonStartscherm)),
+      m_verbergStartscherm(std::move(verbergStartscherm)) {
+    if (!p.frmBureaublad)
+        p.maak(p.frmBureaublad, p);
+    if (!p.frmTaakbalk2)
+        p.maak(p.frmTaakbalk2, p);
+    p.frmBureaublad->Afgemeld = [this] { verlaten(); };
+    if (p.startScreen)
+        p.startScreen->OpenBureaublad = [this](int soort, const QString& id) { openen(soort, id); };
+}
+
+BureaubladStappen::~BureaubladStappen() {
+    if (p.startScreen)
+        p.startScreen->OpenBureaublad = nullptr;
+    if (p.frmBureaublad)
+        p.frmBureaublad->Afgemeld = nullptr;
+}
+
+void BureaubladStappen::maakVensters() {
+    if (m_view)
+        return;
+    FrmBureaublad& b = *p.frmBureaublad;
+    FrmTaakbalk2& balk = *p.frmTaakbalk2;
+    m_view = std::make_unique<FrmBureaubladView>(b);
+    // The manager keeps a desktop window under every program and under the taskbar; it must
+    // know the kind before the window is first shown.
+    m_view->setWindowFlag(Qt::FramelessWindowHint);
+    p.platform.windows().setKind(quint64(m_view->winId()), ShellWindowKind::Desktop);
+    m_balk = std::make_unique<FrmTaakbalk2View>(balk);
+    b.TaakbalkTekenKnop = [&balk] { balk.TekenKnop(); };
+    b.TaakbalkVensterPositie = [&balk](int hoogte) { balk.VensterPositie(hoogte); };
+    b.TaakbalkOpTop = [this] {
+        if (m_balk && m_balk->isVisible())
+            m_balk->raise();
+    };
+    balk.BureaubladWeergeven = [this, &b] {
+        m_view->raise();
+        m_view->activateWindow();
+        b.BureaubladWeergeven();
+    };
+    balk.InternetWeergeven = [this, &b] {
+        m_view->raise();
+        b.InternetWeergeven();
+    };
+    balk.Afmelden = [&b] { b.Afmelden(); };
+}
+
+void BureaubladStappen::openen(int soort, const QString& id) {
+    // The logging-in window stands while the desktop loads.
+    if (p.frmAanmelden) {
+        p.frmAanmelden->Openen();
+        QCoreApplication::processEvents();
+    }
+    maakVensters();
+    p.frmBureaublad->Openen(soort, id);
+    if (QScreen* scherm = QGuiApplication::primaryScreen())
+        m_view->setGeometry(scherm->geometry());
+    m_view->show();
+    if (m_verbergStartscherm)
+        m_verbergStartscherm();
+    m_balk->openen();
+    if (p.frmAanmelden)
+        p.frmAanmelden->Sluiten();
+    // A desktop window is not focused by the manager on its own: the password box of the
+    // teachers' panel must take the keys at once.
+    m_view->activateWindow();
+    p.platform.windows().activate(quint64(m_view->winId()));
+}
+
+void BureaubladStappen::verlaten() {
+    if (m_balk)
+        m_balk->sluiten();
+    if (m_view)
+        m_view->hide();
+    if (m_toonStartscherm)
+        m_toonStartscherm();
+}
+
+} // namespace tk
