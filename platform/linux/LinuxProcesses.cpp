@@ -118,14 +118,22 @@ Spawned spawnInSession(const QString& path, const QStringList& arguments, const 
         argv.push_back(w.data());
     argv.push_back(nullptr);
 
+    // The program reads nothing of ours: its input is empty.
+    const int leeg = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
     int channel[2];
-    if (::pipe2(channel, O_CLOEXEC) != 0)
-        return Spawned{0, 0, errno};
+    if (::pipe2(channel, O_CLOEXEC) != 0) {
+        const int error = errno;
+        if (leeg >= 0)
+            ::close(leeg);
+        return Spawned{0, 0, error};
+    }
     const pid_t middle = ::fork();
     if (middle < 0) {
         const int error = errno;
         ::close(channel[0]);
         ::close(channel[1]);
+        if (leeg >= 0)
+            ::close(leeg);
         return Spawned{0, 0, error};
     }
     if (middle == 0) {
@@ -139,6 +147,8 @@ Spawned spawnInSession(const QString& path, const QStringList& arguments, const 
             ::sigprocmask(SIG_SETMASK, &none, nullptr);
             ::signal(SIGPIPE, SIG_DFL);
             ::signal(SIGCHLD, SIG_DFL);
+            if (leeg >= 0)
+                ::dup2(leeg, STDIN_FILENO);
             if (!dir.isEmpty() && ::chdir(dir.constData()) != 0) {
                 const int error = errno;
                 writeAll(channel[1], &error, sizeof error);
@@ -154,6 +164,8 @@ Spawned spawnInSession(const QString& path, const QStringList& arguments, const 
         ::_exit(program < 0 ? 1 : 0);
     }
     ::close(channel[1]);
+    if (leeg >= 0)
+        ::close(leeg);
     Spawned s;
     s.session = middle;
     qint64 program = 0;

@@ -7,6 +7,8 @@
 #include <QThread>
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 namespace {
 
 using tk::LinuxProcesses;
@@ -42,16 +44,27 @@ TEST(LinuxProcessesTest, NamesWhyAStartFails) {
 TEST(LinuxProcessesTest, RunsInTheGivenFolderWithTheGivenArguments) {
     LinuxProcesses p;
     QTemporaryDir map;
-    const tk::StartResult r =
-        p.start(QStringLiteral("sh"),
-                {QStringLiteral("-c"), QStringLiteral("printf '%s|%s' \"$PWD\" \"$1\" > uit"),
-                 QStringLiteral("sh"), QStringLiteral("een woord")},
-                map.path());
+    // Our own input holds a text that the program must not get.
+    int invoer[2];
+    ASSERT_EQ(::pipe(invoer), 0);
+    ASSERT_EQ(::write(invoer[1], "geheim", 6), 6);
+    ::close(invoer[1]);
+    const int eigen = ::dup(STDIN_FILENO);
+    ::dup2(invoer[0], STDIN_FILENO);
+    ::close(invoer[0]);
+    const tk::StartResult r = p.start(
+        QStringLiteral("sh"),
+        {QStringLiteral("-c"), QStringLiteral("printf '%s|%s|%s' \"$PWD\" \"$1\" \"$(cat)\" > uit"),
+         QStringLiteral("sh"), QStringLiteral("een woord")},
+        map.path());
+    ::dup2(eigen, STDIN_FILENO);
+    ::close(eigen);
     ASSERT_TRUE(r.started());
     QFile uit(map.filePath(QStringLiteral("uit")));
     ASSERT_TRUE(binnenkort([&] { return !p.isRunning(r.pid) && uit.size() > 0; }));
     ASSERT_TRUE(uit.open(QIODevice::ReadOnly));
-    EXPECT_EQ(uit.readAll(), QFile::encodeName(map.path()) + "|een woord");
+    // Nothing to read: the program neither gets our input nor waits for input that never comes.
+    EXPECT_EQ(uit.readAll(), QFile::encodeName(map.path()) + "|een woord|");
 }
 
 TEST(LinuxProcessesTest, FollowsWhatAWrapperLeftBehindAndEndsItWhole) {
