@@ -29,6 +29,15 @@ bool heeftScheiding(const QString& tekst) {
     return tekst.contains(QLatin1Char('\\')) || tekst.contains(QLatin1Char('/'));
 }
 
+// True when the file is a Windows shell link: its header size (76) and its class id.
+bool isWindowsSnelkoppeling(const QString& bestand) {
+    QFile f(bestand);
+    if (!f.open(QIODevice::ReadOnly))
+        return false;
+    static const char kop[] = "\x4C\0\0\0\x01\x14\x02\0\0\0\0\0\xC0\0\0\0\0\0\0\x46";
+    return f.read(20) == QByteArray(kop, 20);
+}
+
 // True when a file's text begins (after comments and blank lines) with a [Desktop Entry] group.
 bool isBureaubladItem(const QString& bestand) {
     if (bestand.endsWith(QLatin1String(".desktop"), Qt::CaseInsensitive))
@@ -330,6 +339,12 @@ ModMainStarten::Opstart ModMainStarten::opstart(const QString& opdrachtIn,
         const QFileInfo info(pad);
         if (heeftScheiding(opdracht) && info.exists()) {
             uit.bestand = info.absoluteFilePath();
+            if (info.isFile() && isWindowsSnelkoppeling(uit.bestand)) {
+                // A shortcut of another system names a program of that system: nothing here
+                // knows how to run it.
+                uit.resultaat = OnvolledigeKoppeling;
+                return uit;
+            }
             if (info.isFile() && isBureaubladItem(uit.bestand)) {
                 QFile f(uit.bestand);
                 if (!f.open(QIODevice::ReadOnly)) {

@@ -100,6 +100,10 @@ TEST(StartOpdrachtTest, CommandsThatCannotRunAreNamed) {
     maak(w, "Kapot/open-aanhaling.desktop", "[Desktop Entry]\nExec=/bin/sh \"-c\n");
     maak(w, "Kapot/geen-groep.desktop", "[Iets Anders]\nExec=/bin/sh\n");
     maak(w, "Kapot/geen-programma.desktop", "[Desktop Entry]\nExec=/geen/programma %f\n");
+    // A shortcut of Windows: its header and class id, then a target nobody here can run.
+    maak(w, "Kapot/atlas.pic.lnk",
+         QByteArray("\x4C\0\0\0\x01\x14\x02\0\0\0\0\0\xC0\0\0\0\0\0\0\x46", 20) +
+             QByteArray(60, '\0') + "C:\\Atlas\\atlas.exe");
     struct Case {
         QString opdracht;
         int resultaat;
@@ -117,6 +121,8 @@ TEST(StartOpdrachtTest, CommandsThatCannotRunAreNamed) {
          "Incomplete or invalid file association"},
         {"\\Kapot\\geen-groep.desktop", ModMainStarten::OnvolledigeKoppeling,
          "Incomplete or invalid file association"},
+        {"\\Kapot\\atlas.pic.lnk", ModMainStarten::OnvolledigeKoppeling,
+         "Incomplete or invalid file association"},
         {"\\Kapot\\geen-programma.desktop", ModMainStarten::BestandNietGevonden, "File not found"},
     };
     for (const Case& c : cases) {
@@ -126,4 +132,17 @@ TEST(StartOpdrachtTest, CommandsThatCannotRunAreNamed) {
         EXPECT_EQ(w.starten().ShellExecute(c.opdracht, "", ""), c.resultaat);
     }
     EXPECT_TRUE(w.platform.fakeProcesses().started.isEmpty());
+}
+
+TEST(StartOpdrachtTest, AnApplicationWithItsOwnShortcutStartsWhatTheShortcutSays) {
+    // An "eigen" application starts its shortcut, the copy of its .pic with ".lnk" behind it;
+    // on Linux that shortcut is a .desktop entry, known by its text.
+    DesktopWerkplek w;
+    maak(w, "Afbeeldingen/Pictogrammen/Applicaties/Algemeen/12.pic.lnk",
+         "[Desktop Entry]\nType=Application\nName=Atlas\nExec=/bin/sh -c atlas\nPath=/tmp\n");
+    w.applicatie(2, 4, "12", "Atlas", "C:\\Atlas\\atlas.exe", "eigen|");
+    w.s().StartApplicatieRij(2, 4, "7");
+    EXPECT_TRUE(w.meldingen().isEmpty()) << w.meldingen().join('\n').toStdString();
+    EXPECT_EQ(w.kanaal.verstuurd, QStringList{"OPSTEL12|7|2"});
+    EXPECT_EQ(w.platform.fakeProcesses().started, QStringList{"/bin/sh -c atlas (in /tmp)"});
 }
