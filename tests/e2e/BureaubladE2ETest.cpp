@@ -1,0 +1,110 @@
+// The desktop against the real server: the tables of the demo school, the stored places of a
+// desktop, a start counted, and a teacher's login told to the server.
+#include "data/ModData.h"
+#include "link/FrmMainLink.h"
+#include "screens/desktop/FrmBureaublad.h"
+#include "tests/e2e/ServerProces.h"
+#include "tests/e2e/Werkstation.h"
+
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::ServerProces;
+using tk::test::Werkstation;
+
+namespace {
+
+// The row of the class named `naam` in the loaded table.
+int klasRij(const ModData& d, const QString& naam) {
+    for (int rij = 0; rij < ModData::KlassenRijen; ++rij)
+        if (d.Klassen(rij, 0) == naam)
+            return rij;
+    return -1;
+}
+
+} // namespace
+
+TEST(BureaubladE2ETest, TheDesktopOfADemoClassStandsWhereTheServerKeepsItsPlaces) {
+    ServerProces server;
+    ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
+    Werkstation ws(server.poort(), false);
+    ASSERT_TRUE(ws.verbind());
+    Programma& p = ws.w.p;
+    ModData& d = p.maak(p.modData, p);
+    d.LaadKlassen();
+    d.LaadLeraren();
+    for (int soort = 0; soort < 3; ++soort) {
+        d.LaadCategorien(soort);
+        d.LaadApplicaties(soort);
+    }
+    const int rij = klasRij(d, QStringLiteral("Groep 5"));
+    ASSERT_GE(rij, 0);
+    const QString klas = d.Klassen(rij, 6);
+    const QStringList items = d.Klassen(rij, 7).split(QLatin1Char('|'));
+    ASSERT_GE(items.size(), 3);
+
+    // The second item gets a stored place; the server keeps it for this class.
+    const QString tweede = items[1];
+    p.modMain.AntwoordOpslaanOntvangen = false;
+    p.frmMain->WS_Versturen(QStringLiteral("OPSAPPPOSk") + klas + QStringLiteral(";<>;") + tweede +
+                                QStringLiteral("|k|415x480"),
+                            false);
+    p.wacht.Tot([&] { return p.modMain.AntwoordOpslaanOntvangen; });
+
+    FrmBureaublad& b = p.maak(p.frmBureaublad, p);
+    b.Openen(0, klas);
+    ASSERT_EQ(b.Eigenaar, rij);
+    EXPECT_EQ(b.kop, QStringLiteral("Groep 5"));
+    ASSERT_EQ(b.posApplicatie.size(), 1);
+    // Every item and the internet icon of this class stand on the desktop.
+    EXPECT_EQ(b.iconen.size(), items.size() + 1);
+    auto plek = [&](int r) {
+        for (const auto& i : b.iconen)
+            if (i.rij == r)
+                return i.beeld.topLeft();
+        return QPoint(-1, -1);
+    };
+    EXPECT_EQ(plek(0), FrmBureaublad::RasterPlek(0));
+    EXPECT_EQ(plek(1), QPoint(400, 480));
+    EXPECT_EQ(plek(2), FrmBureaublad::RasterPlek(1));
+    EXPECT_EQ(b.Iconen(items.size(), FrmBureaublad::KolomSleutel), p.modTaal.LaadTekst(745));
+
+    // A click on the first icon starts its program and counts the start on the server.
+    const QPoint op = plek(0) + QPoint(8, 8);
+    b.Form_MouseUp(1, op.x(), op.y());
+    EXPECT_EQ(ws.w.platform.fakeProcesses().started.size(), 1);
+    // The count is not answered; the next question's answer shows it went before.
+    EXPECT_FALSE(ws.vraag(QStringLiteral("LDNKLSSNC")).isEmpty());
+    EXPECT_FALSE(server.uitvoer().contains(QStringLiteral("OPSTEL")))
+        << server.uitvoer().toStdString();
+}
+
+TEST(BureaubladE2ETest, ATeacherLogsInOnTheDesktopAndTheServerKnowsWhere) {
+    ServerProces server;
+    ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
+    Werkstation ws(server.poort(), false);
+    ASSERT_TRUE(ws.verbind());
+    Programma& p = ws.w.p;
+    ModData& d = p.maak(p.modData, p);
+    d.LaadLeraren();
+    d.LaadApplicaties(1);
+    d.LaadApplicaties(2);
+    p.modMain.SchrijfIni(QStringLiteral("JA"), QStringLiteral("jvries"),
+                         QStringLiteral("Administratorrechten"),
+                         QStringLiteral("\\Data\\Instellingen.ini"));
+
+    FrmBureaublad& b = p.maak(p.frmBureaublad, p);
+    b.Openen(2, QString());
+    const int keuze = int(b.cmbAanmelden.indexOf(QStringLiteral("Vries, Jan de")));
+    ASSERT_GE(keuze, 0) << b.cmbAanmelden.join(QLatin1Char('/')).toStdString();
+    b.cmbAanmelden_Click(keuze);
+    b.txtWachtwoord = QStringLiteral("appel");
+    b.knopAanmelden_Click();
+    ASSERT_EQ(b.Weergave, 1);
+    EXPECT_EQ(b.kop, QStringLiteral("Jan de Vries"));
+    EXPECT_FALSE(b.iconen.isEmpty());
+    const QString id = d.Leraren(b.Eigenaar, 5);
+    EXPECT_TRUE(server.wachtOpUitvoer(
+        QStringLiteral("at location LERAAR|") + id + QStringLiteral("|bureaublad"), 10000))
+        << server.uitvoer().toStdString();
+}
