@@ -13,13 +13,14 @@ namespace tk {
 
 namespace {
 // The fixed buttons, each side from the bar's end inwards: action word, side, picture of
-// [Taakbalk], caption (string id, 0: none), and where their colour pair stands. The icon positions
-// button takes the start screen's "Groeperen" pair, as themes for this bar are made.
+// [Taakbalk], caption as a string id (negative: a picture alone, and this is its hint), and where
+// its colour pair stands. The maintenance buttons take the start screen's "Groeperen" pair, as
+// themes for this bar are made.
 struct Vast {
     const char* naam;
     bool links;
     const char* beeld;
-    int tekst; // the caption, or for a picture alone its hint
+    int tekst;
     const char* sectie;
     const char* kleurWoord;
 };

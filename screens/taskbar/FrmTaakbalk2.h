@@ -25,7 +25,7 @@ class FrmBureaublad;
 class Programma;
 
 // The taskbar of the desktop: a strip along the bottom of the screen with the fixed buttons
-// (log off, help, the desktop's icon positions, back to the desktop) and a button for every
+// (log off, help, maintenance, icon positions, back to the desktop) and a button for every
 // running program. Which top-level windows are programs is found out on a timer (tmrTaken);
 // the buttons are laid out in Knoppen for the view to paint, and clicks come back through
 // Form_MouseUp.
