@@ -46,22 +46,8 @@ void BureaubladStappen::maakVensters() {
     m_view->setWindowFlag(Qt::FramelessWindowHint);
     p.platform.windows().setKind(quint64(m_view->winId()), ShellWindowKind::Desktop);
     m_balk = std::make_unique<FrmTaakbalk2View>(balk);
-    b.TaakbalkTekenKnop = [&balk] { balk.TekenKnop(); };
-    b.TaakbalkVensterPositie = [&balk](int hoogte) { balk.VensterPositie(hoogte); };
-    b.TaakbalkOpTop = [this] {
-        if (m_balk && m_balk->isVisible())
-            m_balk->raise();
-    };
-    balk.BureaubladWeergeven = [this, &b] {
-        m_view->raise();
-        m_view->activateWindow();
-        b.BureaubladWeergeven();
-    };
-    balk.InternetWeergeven = [this, &b] {
-        m_view->raise();
-        b.InternetWeergeven();
-    };
-    balk.Afmelden = [&b] { b.Afmelden(); };
+    // The bar follows the desktop and its launcher; its buttons reach the desktop.
+    balk.KoppelBureaublad(b);
 }
 
 void BureaubladStappen::openen(int soort, const QString& id) {

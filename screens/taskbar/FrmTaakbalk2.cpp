@@ -232,7 +232,6 @@ void FrmTaakbalk2::tmrTaken_Timer() {
                 Form_Unload();
             return;
         }
-        volgVerbergen();
         const FixedTable oud = Knoppen;
         const int oudActief = ActieveKnop;
         const int oudAantal = AantalKnoppen;
@@ -244,21 +243,21 @@ void FrmTaakbalk2::tmrTaken_Timer() {
     });
 }
 
-void FrmTaakbalk2::volgVerbergen() {
-    const bool weg =
-        m_bureaublad && m_bureaublad->TaakbalkVerbergen && m_bureaublad->tmrShellWait.isActive();
-    if (weg == Weggestopt)
-        return;
-    Weggestopt = weg;
-    if (weg) {
-        // The program has the whole screen, maximised windows included.
-        modTaakbalk.FormOnTop(venster(), false);
-        modTaakbalk.SetSysWorkArea(venster(), 0, 0, BalkBreedte, SchermHoogte);
-    }
-    if (VensterZichtbaar)
-        VensterZichtbaar(!weg);
-    if (!weg)
-        VensterPositie(SchermHoogte, BalkBreedte);
+void FrmTaakbalk2::ZetZichtbaar(bool zichtbaar) {
+    Procedure(p, "frmTaakbalk2.ZetZichtbaar", [&] {
+        if (!Geladen || zichtbaar != Weggestopt)
+            return;
+        Weggestopt = !zichtbaar;
+        if (Weggestopt) {
+            // The program has the whole screen, maximised windows included.
+            modTaakbalk.FormOnTop(venster(), false);
+            modTaakbalk.SetSysWorkArea(venster(), 0, 0, BalkBreedte, SchermHoogte);
+        }
+        if (VensterZichtbaar)
+            VensterZichtbaar(zichtbaar);
+        if (zichtbaar)
+            VensterPositie(SchermHoogte, BalkBreedte);
+    });
 }
 
 void FrmTaakbalk2::TekenKnop() {
@@ -460,7 +459,6 @@ void FrmTaakbalk2::nietBeschikbaar(const QString& woord, int tekst) {
 
 void FrmTaakbalk2::KoppelBureaublad(FrmBureaublad& bureaublad) {
     FrmBureaublad* b = &bureaublad;
-    m_bureaublad = b;
     b->TaakbalkTekenKnop = [this, b] {
         const bool leraar = b->Weergave == 1 && b->Eigenaar >= 0;
         if (leraar != OnderhoudZichtbaar) {
@@ -484,9 +482,10 @@ void FrmTaakbalk2::KoppelBureaublad(FrmBureaublad& bureaublad) {
             VensterPositie(hoogte);
     };
     b->TaakbalkOpTop = [this] {
-        if (Geladen)
+        if (Geladen && !Weggestopt)
             modTaakbalk.FormOnTop(venster(), true);
     };
+    b->TaakbalkZichtbaar = [this](bool zichtbaar) { ZetZichtbaar(zichtbaar); };
     const auto naarVoren = [b] {
         if (b->Tonen)
             b->Tonen();

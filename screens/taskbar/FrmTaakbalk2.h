@@ -135,9 +135,13 @@ public:
     // The window handle of row `rij`, 0 for "internet" and "bureaublad".
     quint64 handleVan(int rij) const;
 
+    // Hides the loaded bar and gives its strip and the top back, for a program that demands a
+    // hidden taskbar (false); puts it back in its place (true).
+    void ZetZichtbaar(bool zichtbaar);
     // Makes this the taskbar of `bureaublad`: the bar is loaded (through VensterTonen) when the
-    // desktop opens, follows what it shows, keeps on top while its launcher asks, and goes when
-    // the desktop is left; its buttons reach the desktop.
+    // desktop opens, follows what it shows, keeps on top while its launcher asks, steps aside
+    // for a program that demands it, and goes when the desktop is left; its buttons reach the
+    // desktop.
     void KoppelBureaublad(FrmBureaublad& bureaublad);
 
     // --- what the desktop and the view fill in
@@ -173,9 +177,7 @@ private:
     quint64 venster() const;
     void hertekenen();
     Programma& p;
-    void volgVerbergen();
     bool m_teveelGemeld = false;
-    FrmBureaublad* m_bureaublad = nullptr;
 };
 
 } // namespace tk

@@ -48,6 +48,10 @@ FrmTaakbalk2View::~FrmTaakbalk2View() {
 }
 
 void FrmTaakbalk2View::openen() {
+    if (m.Geladen) {
+        show();
+        return;
+    }
     // The manager must know the window as a bar before it first maps it.
     m.modTaakbalk.MarkeerAlsBalk(quint64(winId()));
     if (QScreen* scherm = screen()) {
