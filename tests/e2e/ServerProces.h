@@ -17,6 +17,8 @@ public:
     bool gestart() const { return m_gestart; }
     quint16 poort() const { return m_poort; }
     QString uitvoer() const { return m_uitvoer; }
+    // The server's data folder (its store is "tafelkrater.sqlite" there).
+    QString dataMap() const { return m_data.path(); }
     // Waits until the server's log holds `tekst`; false when it did not come within ms.
     bool wachtOpUitvoer(const QString& tekst, int ms);
 
