@@ -5,6 +5,7 @@
 #include "core/Programma.h"
 #include "data/ModData.h"
 #include "platform/Clock.h"
+#include "platform/Display.h"
 #include "platform/Windows.h"
 #include "screens/desktop/ModMainStarten.h"
 
@@ -42,7 +43,17 @@ FrmBureaubladStarter::FrmBureaubladStarter(Programma& p) : p(p) {
     lblDisableTekst = p.modTaal.LaadTekst(747);
 }
 
-FrmBureaubladStarter::~FrmBureaubladStarter() = default;
+FrmBureaubladStarter::~FrmBureaubladStarter() {
+    // The desktop goes (a log-off) while a program runs in the mode it demanded: the screen
+    // goes back all the same. Only the platform is asked: the other modules and the views may
+    // be gone already.
+    if (!tmrShellWait.isActive() || ShellWachtStand != u"1")
+        return;
+    const QStringList oud = OudeWeergave.split(QLatin1Char('x'));
+    const int breedte = getal(oud.value(0)), hoogte = getal(oud.value(1));
+    if (breedte > 0 && hoogte > 0)
+        p.platform.display().setMode(breedte, hoogte, getal(oud.value(2)));
+}
 
 bool FrmBureaubladStarter::StartGeblokkeerd() {
     // The overlay stands over the desktop while a program is waited for: nothing else starts.

@@ -204,6 +204,21 @@ TEST(StartApplicatieTest, CloseProgramEndsEverythingTheStartGaveAndRestores) {
     EXPECT_FALSE(w.s().cmdShellWaitZichtbaar);
 }
 
+TEST(StartApplicatieTest, ADesktopThatGoesWhileAProgramRunsInItsModeLeavesTheScreenAsItWas) {
+    DesktopWerkplek w;
+    w.s().StartApplicatie("/bin/sh", "", "", "800x600x16xNEE", "Rekenen");
+    ASSERT_EQ(w.platform.fakeDisplay().mode, (DisplayMode{800, 600, 32}));
+    w.starter.reset(); // a log-off
+    EXPECT_EQ(gevraagd(w), QStringList({"800x600x16", "1024x768x32"}));
+    EXPECT_EQ(w.platform.fakeDisplay().mode, (DisplayMode{1024, 768, 32}));
+
+    // Without a changed mode nothing is asked.
+    DesktopWerkplek v;
+    v.s().StartApplicatie("/bin/sh", "", "", "1024x768x32xJA", "Rekenen");
+    v.starter.reset();
+    EXPECT_TRUE(gevraagd(v).isEmpty());
+}
+
 TEST(StartApplicatieTest, AModeTheScreenCannotShowStillStartsTheProgramAtThePresentOne) {
     DesktopWerkplek w;
     w.platform.fakeDisplay().modes = {{1024, 768, 32}};
