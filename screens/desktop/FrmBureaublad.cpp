@@ -1,5 +1,6 @@
 #include "FrmBureaublad.h"
 
+#include "controls/DesktopEntryIcon.h"
 #include "controls/ModPictogrammen.h"
 #include "core/Ansi.h"
 #include "core/Fout.h"
@@ -258,8 +259,8 @@ void FrmBureaublad::LaadBureaublad(int rij, bool volledig) {
             },
             true);
 
-        subKop = lijst.size() > 1 ? p.modTaal.LaadTekst(721) : QString();
-        kop = Weergave == 0 ? eigenaar.value(0) : LeraarNaam(eigenaar);
+        TekenSubKop(lijst.size() > 1 ? p.modTaal.LaadTekst(721) : QString());
+        TekenKop(Weergave == 0 ? eigenaar.value(0) : LeraarNaam(eigenaar));
         LaadPosities(p.modData->LaadApplicatiePosities(Weergave, eigenaarID()));
 
         // The walk: a place of the grid for every item without a stored place. An empty item
@@ -343,7 +344,10 @@ QImage FrmBureaublad::applicatieBeeld(int soort, int rij) {
             const QString lnk = m.Pad(pic + QStringLiteral(".lnk"));
             QFile::remove(lnk);
             QFile::copy(m.Pad(pic), lnk);
-            const QImage beeld = p.modPictogrammen->FileIcon(lnk, IcoonMaat);
+            // On this system the shortcut is a .desktop entry; anything else shows as a file.
+            QImage beeld = DesktopEntryIcon::load(lnk, IcoonMaat);
+            if (beeld.isNull())
+                beeld = p.modPictogrammen->FileIcon(lnk, IcoonMaat);
             return beeld.isNull() ? FrmBureaubladBeelden::Geen() : beeld;
         }
         if (eigen)
@@ -621,7 +625,7 @@ void FrmBureaublad::knopAanmelden_Click() {
                         QStringLiteral("|bureaublad"));
         picAanmeldenZichtbaar = false;
         txtWachtwoord.clear();
-        toonBallon(p.modTaal.LaadTekst(708));
+        TekenBallon(p.modTaal.LaadTekst(708));
         Aanmelden(rij);
     });
 }
@@ -648,7 +652,7 @@ void FrmBureaublad::Onderhoud() {
             return;
         const QStringList leraar = eigenaarRij();
         geefLocatieDoor(QStringLiteral("LERAAR|") + leraar.value(5) + QStringLiteral("|onderhoud"));
-        toonBallon(p.modTaal.LaadTekst(710));
+        TekenBallon(p.modTaal.LaadTekst(710));
         // The classes the teacher may manage, as rows; IDs no longer known are dropped.
         QList<int> klassen;
         for (const QString& id : leraar.value(10).split(QLatin1Char('|'), Qt::SkipEmptyParts)) {
@@ -768,9 +772,17 @@ void FrmBureaublad::teken() {
     Q_EMIT gewijzigd();
 }
 
-void FrmBureaublad::toonBallon(const QString& tekst) {
+void FrmBureaublad::TekenBallon(const QString& tekst) {
     ballonTekst = tekst;
     teken();
+}
+
+void FrmBureaublad::TekenKop(const QString& tekst) {
+    kop = tekst;
+}
+
+void FrmBureaublad::TekenSubKop(const QString& tekst) {
+    subKop = tekst;
 }
 
 void FrmBureaublad::meld(const QString& tekst) {

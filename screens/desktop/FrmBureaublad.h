@@ -105,6 +105,11 @@ public:
     void Aanmelden(int rij);
     // Opens the maintenance module for the current teacher.
     void Onderhoud();
+    // The header (the owner's name), the sub-header (the invitation to click) and the cloud
+    // with a wait text (strings 708 and 710); an empty text takes the cloud away.
+    void TekenKop(const QString& tekst);
+    void TekenSubKop(const QString& tekst);
+    void TekenBallon(const QString& tekst);
     // The internet pane on and off.
     void InternetWeergeven();
     void BureaubladWeergeven();
@@ -198,7 +203,6 @@ private:
     void tekenNamen();
     void laadStandaard();
     void teken();
-    void toonBallon(const QString& tekst);
     void meld(const QString& tekst);
     void geefLocatieDoor(const QString& plaats);
     QStringList eigenaarRij() const;

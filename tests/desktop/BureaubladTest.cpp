@@ -167,6 +167,23 @@ TEST(BureaubladTest, AnOwnIconIsCopiedToTheShortcutThatStarts) {
     EXPECT_NE(w.icoon(0)->plaatje, FrmBureaubladBeelden::Geen());
 }
 
+TEST(BureaubladTest, AnOwnShortcutThatIsADesktopEntryShowsTheEntrysIcon) {
+    BureaubladWerkplek w;
+    QImage rood(48, 48, QImage::Format_ARGB32);
+    rood.fill(QColor(220, 20, 20));
+    ASSERT_TRUE(rood.save(w.pad("rood.png")));
+    w.schrijf("Afbeeldingen/Pictogrammen/Applicaties/Groepen/9.pic",
+              "[Desktop Entry]\nType=Application\nName=Rood\nExec=/bin/true\nIcon=" +
+                  w.pad("rood.png").toUtf8() + "\n");
+    w.applicatie(0, 0, "9", "Rood", "eigen");
+    w.klas(0, "Groep 1", "12", "9", "Nee");
+    w.b().Openen(0, "12");
+    ASSERT_EQ(w.b().iconen.size(), 1);
+    const QImage beeld = w.icoon(0)->plaatje;
+    ASSERT_EQ(beeld.size(), QSize(32, 32));
+    EXPECT_EQ(QColor(beeld.pixel(16, 16)).red(), 220);
+}
+
 TEST(BureaubladTest, NamesBreakAtTwelveCharactersCentredUnderTheIcon) {
     BureaubladWerkplek w;
     w.applicatie(0, 0, "1", "Rekenen met breuken");
