@@ -1,4 +1,6 @@
 #include "screens/desktop/FrmBureaubladBeelden.h"
+#include "screens/start/FrmMain.h"
+#include "screens/taskbar/FrmTaakbalk1.h"
 #include "tests/desktop/BureaubladWerkplek.h"
 
 #include <QFontMetrics>
@@ -411,4 +413,37 @@ TEST(BureaubladTest, LoggingOffLeavesNothingOpen) {
     // A click after log-off starts nothing.
     w.b().Form_MouseUp(1, 930, 260);
     EXPECT_TRUE(w.meldingen().isEmpty());
+}
+
+TEST(BureaubladStartschermTest, AClassClickOpensItsDesktopAndLogOffBringsTheSchoolBack) {
+    BureaubladWerkplek w;
+    w.kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/2/"));
+    w.applicatie(0, 0, "1", "Rekenen");
+    w.klas(0, "Groep 1", "12", "1", "Nee");
+    w.d().Klassen(0, 10) = "2";
+    w.p.maak(w.p.startScreen, w.p);
+    w.p.frmMain = w.p.startScreen;
+    w.p.maak(w.p.frmTaakbalk1, w.p);
+    FrmMain& f = *w.p.startScreen;
+    f.OpenBureaublad = [&](int soort, const QString& id) { w.b().Openen(soort, id); };
+    f.OpenGlobal(true);
+    ASSERT_TRUE(w.p.frmTaakbalk1->AccountsZichtbaar);
+
+    f.knopGroep_Click(0);
+    EXPECT_FALSE(f.Zichtbaar);
+    EXPECT_TRUE(w.b().Zichtbaar);
+    EXPECT_EQ(w.b().kop, "Groep 1");
+    EXPECT_EQ(w.b().iconen.size(), 1);
+    // The class's own theme while its desktop stands.
+    EXPECT_EQ(w.p.modThema->huidigThema, "2");
+    EXPECT_FALSE(w.p.frmTaakbalk1->AccountsZichtbaar);
+
+    w.b().Afmelden();
+    EXPECT_TRUE(f.Zichtbaar);
+    EXPECT_FALSE(w.p.BureaubladOpen);
+    EXPECT_EQ(w.p.modThema->huidigThema, "1");
+    EXPECT_TRUE(w.p.frmTaakbalk1->AccountsZichtbaar);
+    // The class buttons are there for the next pupil.
+    ASSERT_NE(f.knop(0), nullptr);
+    EXPECT_TRUE(f.knop(0)->Visible);
 }
