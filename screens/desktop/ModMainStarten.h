@@ -93,18 +93,6 @@ public:
         GeenKoppeling = 33
     };
 
-    // The fields of a freedesktop .desktop entry that a start needs.
-    struct BureaubladItem {
-        QString type, naam, exec, pad, icoon, url;
-        bool geldig = false; // a [Desktop Entry] group was found
-    };
-    static BureaubladItem LeesBureaubladItem(const QByteArray& tekst);
-    // The command of an Exec value with its field codes filled: %f %F %u %U take the files,
-    // %i the icon, %c the name, %k the entry's own file, %% a percent sign; the deprecated codes
-    // go. Empty when the value cannot be split.
-    static QStringList ExecOpdracht(const BureaubladItem& item, const QStringList& bestanden,
-                                    const QString& itemBestand);
-
 private:
     Opstart opstart(const QString& opdracht, const QString& parameters, const QString& map);
     QString vulIn(const QString& tekst);

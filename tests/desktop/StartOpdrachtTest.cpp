@@ -1,5 +1,6 @@
 // How a start command of an application is read on Linux: a program or command line, a
 // freedesktop .desktop entry, or a file or folder opened by the application chosen for it.
+#include "screens/desktop/BureaubladItem.h"
 #include "tests/desktop/DesktopWerkplek.h"
 
 #include <QDir>
@@ -145,4 +146,49 @@ TEST(StartOpdrachtTest, AnApplicationWithItsOwnShortcutStartsWhatTheShortcutSays
     EXPECT_TRUE(w.meldingen().isEmpty()) << w.meldingen().join('\n').toStdString();
     EXPECT_EQ(w.kanaal.verstuurd, QStringList{"OPSTEL12|7|2"});
     EXPECT_EQ(w.platform.fakeProcesses().started, QStringList{"/bin/sh -c atlas (in /tmp)"});
+}
+
+TEST(BureaubladItemTest, ExecValuesAreSplitAndFilledAsTheEntryFormatSays) {
+    BureaubladItem item;
+    item.naam = "Tekenen";
+    item.icoon = "tekenen";
+    struct Case {
+        const char* exec;
+        QStringList uit;
+    };
+    const Case cases[] = {
+        {"tekenen %f", {"tekenen", "a.png"}}, // one file of the two
+        {"tekenen %F", {"tekenen", "a.png", "b c.png"}},
+        {"tekenen", {"tekenen"}},                                      // files are not added
+        {"\"/opt/mijn spel/spel\" -x", {"/opt/mijn spel/spel", "-x"}}, // quoted blanks
+        {"sh -c \"echo \\\"hoi\\\" \\$HOME\"", {"sh", "-c", "echo \"hoi\" $HOME"}},
+        {"tekenen --titel=%c %%", {"tekenen", "--titel=Tekenen", "%"}},
+        {"tekenen %i", {"tekenen", "--icon", "tekenen"}},
+        {"tekenen %d %D %n %N %v %m", {"tekenen"}}, // deprecated codes go
+        {"tekenen\\s%u", {"tekenen", "a.png"}},     // \s is a blank of the value
+        {"  tekenen   -a  ", {"tekenen", "-a"}},
+        {"tekenen \"open", {}}, // an unclosed quote: no command
+        {"", {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.exec);
+        item.exec = QString::fromUtf8(c.exec);
+        EXPECT_EQ(item.opdracht({"a.png", "b c.png"}, "/x.desktop"), c.uit);
+    }
+}
+
+TEST(BureaubladItemTest, AnyTextReadsWithoutHarm) {
+    // Random bytes, and random lines in an entry's group: read, never a crash.
+    quint32 zaad = 12345;
+    auto volgende = [&] { return zaad = zaad * 1103515245u + 12345u; };
+    for (int i = 0; i < 2000; ++i) {
+        QByteArray tekst = i % 2 ? QByteArray("[Desktop Entry]\nExec=") : QByteArray();
+        const int lengte = int(volgende() % 200);
+        for (int j = 0; j < lengte; ++j)
+            tekst.append(char(" %\"\\=[]\nfFuUcikx\xff\x01"[volgende() % 20]));
+        const BureaubladItem item = BureaubladItem::lees(tekst);
+        (void)item.opdracht({"a"}, "/b");
+    }
+    EXPECT_EQ(BureaubladItem::lees("[Desktop Entry]\nExec=a %f\n").opdracht({}, ""),
+              QStringList{"a"});
 }
