@@ -166,6 +166,23 @@ TEST_F(Taakbalk2X11Test, TheBarIsADockAtTheBottomThatKeepsItsStripFree) {
               waarden(id, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL).at(3));
 }
 
+TEST_F(Taakbalk2X11Test, StepsAsideForAProgramThatDemandsTheWholeScreen) {
+    const xcb_window_t id = xcb_window_t(view->winId());
+    const auto werkHoogte = [&] {
+        const std::vector<uint32_t> werk = waarden(x->root(), "_NET_WORKAREA", XCB_ATOM_CARDINAL);
+        return werk.size() >= 4 ? int(werk[3]) : -1;
+    };
+    ASSERT_TRUE(totDat([&] { return werkHoogte() == 768 - balk().Hoogte; }));
+    balk().ZetZichtbaar(false);
+    EXPECT_TRUE(totDat([&] { return !view->isVisible() && werkHoogte() == 768; })) << werkHoogte();
+    balk().ZetZichtbaar(true);
+    EXPECT_TRUE(totDat([&] { return view->isVisible() && werkHoogte() == 768 - balk().Hoogte; }))
+        << werkHoogte();
+    EXPECT_EQ(x->atom("_NET_WM_WINDOW_TYPE_DOCK"),
+              waarden(id, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM).front());
+    EXPECT_EQ(QRect(0, 768 - balk().Hoogte, 1024, balk().Hoogte), view->geometry());
+}
+
 TEST_F(Taakbalk2X11Test, RealProgramsBecomeTasksTheClickedOneComesForwardAndAClosedOneGoes) {
     QProcess* logo = x->startProgram(QStringLiteral("xlogo"));
     QProcess* calc = x->startProgram(QStringLiteral("xcalc"));
