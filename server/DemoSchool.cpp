@@ -69,18 +69,18 @@ bool DemoSchool::seed(Store& store, const QString& themeFolder, const PackageBui
         }
 
     const QList<DemoApplication> demo[3] = {
-        {{"Klok", 0, "/usr/bin/xclock", "Een klok om te leren klokkijken", 12, ""},
-         {"Rekenmachine", 0, "/usr/bin/xcalc", "Rekenen met de rekenmachine", 7, ""},
+        {{"Klok", 0, "/usr/bin/xclock", "Een klok om te leren klokkijken", 10, ""},
+         {"Rekenmachine", 0, "/usr/bin/xcalc", "Rekenen met de rekenmachine", 17, ""},
          {"Ogen", 2, "/usr/bin/xeyes", "Ogen die de muis volgen", 3, ""},
-         {"Logo", 2, "/usr/bin/xlogo", "Het logo van X", 4, ""},
-         {"Woordenboek", 1, "/usr/bin/xdg-open", "Wikipedia in het Nederlands", 21,
+         {"Logo", 2, "/usr/bin/xlogo", "Het logo van X", 15, ""},
+         {"Woordenboek", 1, "/usr/bin/xdg-open", "Wikipedia in het Nederlands", 1,
           "https://nl.wikipedia.org"}},
-        {{"Rekenmachine", 0, "/usr/bin/xcalc", "De rekenmachine", 7, ""},
-         {"Digitale klok", 0, "/usr/bin/xclock", "Een digitale klok", 12, "-digital"},
-         {"Schooltv", 1, "/usr/bin/xdg-open", "Lesmateriaal van Schooltv", 21,
+        {{"Rekenmachine", 0, "/usr/bin/xcalc", "De rekenmachine", 17, ""},
+         {"Digitale klok", 0, "/usr/bin/xclock", "Een digitale klok", 10, "-digital"},
+         {"Schooltv", 1, "/usr/bin/xdg-open", "Lesmateriaal van Schooltv", 16,
           "https://schooltv.nl"}},
-        {{"Klok", 0, "/usr/bin/xclock", "De klok", 12, ""},
-         {"Wikipedia", 1, "/usr/bin/xdg-open", "De vrije encyclopedie", 21,
+        {{"Klok", 0, "/usr/bin/xclock", "De klok", 10, ""},
+         {"Wikipedia", 1, "/usr/bin/xdg-open", "De vrije encyclopedie", 8,
           "https://nl.wikipedia.org"}},
     };
     QList<qint64> applicationIds[3];
