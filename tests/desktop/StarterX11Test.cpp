@@ -161,6 +161,7 @@ TEST_F(StarterX11Test, TheWaitEndsWhenTheWindowIsGoneThoughAHelperOfTheProgramRu
             QStringLiteral("1024x768x32xJA"));
     const qint64 programma = w.s().ShellProces;
     ASSERT_TRUE(w.tikTot([&] { return !w.vensters().isEmpty(); }));
+    w.s().tmrShellWait_Timer(); // the launcher has seen the window too
     w.platform.linuxWindows().close(w.vensters().constFirst().handle);
     ASSERT_TRUE(eventually([&] { return w.vensters().isEmpty(); }));
     w.s().tmrShellWait_Timer();
