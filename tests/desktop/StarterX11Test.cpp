@@ -1,10 +1,7 @@
 // The launcher on a real X server (Xvfb with openbox): real programs started through
 // StartApplicatie, followed until their windows are gone, and real display modes over XRandR.
-#include "platform/linux/LinuxDisplay.h"
-#include "platform/linux/LinuxProcesses.h"
-#include "platform/linux/LinuxWindows.h"
-#include "platform/linux/SystemClock.h"
 #include "tests/desktop/DesktopWerkplek.h"
+#include "tests/desktop/X11Platform.h"
 #include "tests/platform/X11Fixture.h"
 #include "tests/platform/XrandrTestModes.h"
 
@@ -17,33 +14,6 @@ namespace tk::test {
 XvfbSession* X11Test::s_session = nullptr;
 
 namespace {
-
-// The platform of a workstation whose programs, windows and display are the test's X server;
-// everything else stays the fake one.
-class X11Platform : public Platform {
-public:
-    X11Platform(FakePlatform& fake, const QByteArray& display)
-        : m_fake(fake), m_windows(display), m_display(display) {}
-    RegistryStore& registry() override { return m_fake.registry(); }
-    Environment& environment() override { return m_fake.environment(); }
-    Clock& clock() override { return m_clock; }
-    Processes& processes() override { return m_processes; }
-    Network& network() override { return m_fake.network(); }
-    Windows& windows() override { return m_windows; }
-    Display& display() override { return m_display; }
-    QString programFolder() const override { return m_fake.programFolder(); }
-
-    LinuxProcesses& linuxProcesses() { return m_processes; }
-    LinuxWindows& linuxWindows() { return m_windows; }
-    LinuxDisplay& linuxDisplay() { return m_display; }
-
-private:
-    FakePlatform& m_fake;
-    SystemClock m_clock;
-    LinuxProcesses m_processes;
-    LinuxWindows m_windows;
-    LinuxDisplay m_display;
-};
 
 // The launcher over that platform.
 struct X11Werkplek {

@@ -1,0 +1,171 @@
+// The desktop clock as a real window on X (Xvfb with openbox): cut to its dial, above the other
+// windows, without a frame, and moved by dragging its face.
+#include "DesktopX11Sessie.h"
+#include "core/Programma.h"
+#include "screens/desktop/FrmKlok.h"
+#include "screens/desktop/FrmKlokView.h"
+#include "tests/desktop/X11Platform.h"
+#include "tests/support/ScriptedDialogs.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QThread>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <vector>
+
+namespace tk::test {
+
+namespace {
+
+// Runs Qt's events until the condition holds; the server and the manager take their time.
+template <class F> bool totDat(F voorwaarde) {
+    QDeadlineTimer deadline(10000);
+    while (!voorwaarde()) {
+        if (deadline.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QThread::msleep(5);
+    }
+    return true;
+}
+
+// Lets everything settle for a moment.
+void even(int ms = 200) {
+    QDeadlineTimer deadline(ms);
+    while (!deadline.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QThread::msleep(5);
+    }
+}
+
+class KlokX11Test : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (!DesktopX11Sessie::sessie)
+            GTEST_SKIP() << "Xvfb or openbox is not there";
+        if (QStandardPaths::findExecutable(QStringLiteral("xdotool")).isEmpty())
+            GTEST_SKIP() << "xdotool is not installed";
+    }
+    XvfbSession& x() { return *DesktopX11Sessie::sessie; }
+
+    // The colour the screen shows at a point.
+    QRgb pixel(QPoint plek) {
+        xcb_connection_t* c = x().connection();
+        xcb_get_image_reply_t* r =
+            xcb_get_image_reply(c,
+                                xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, x().root(),
+                                              int16_t(plek.x()), int16_t(plek.y()), 1, 1, ~0u),
+                                nullptr);
+        QRgb kleur = 0;
+        if (r && xcb_get_image_data_length(r) >= 3) {
+            const uint8_t* d = xcb_get_image_data(r);
+            kleur = qRgb(d[2], d[1], d[0]);
+        }
+        std::free(r);
+        return kleur;
+    }
+    // Where a window stands on the screen, and its size.
+    QRect plaats(quint64 venster) {
+        xcb_connection_t* c = x().connection();
+        xcb_translate_coordinates_reply_t* t = xcb_translate_coordinates_reply(
+            c, xcb_translate_coordinates(c, xcb_window_t(venster), x().root(), 0, 0), nullptr);
+        xcb_get_geometry_reply_t* g =
+            xcb_get_geometry_reply(c, xcb_get_geometry(c, xcb_window_t(venster)), nullptr);
+        const QRect uit = t && g ? QRect(t->dst_x, t->dst_y, g->width, g->height) : QRect();
+        std::free(t);
+        std::free(g);
+        return uit;
+    }
+    std::vector<uint32_t> waarden(quint64 venster, const char* eigenschap) {
+        xcb_connection_t* c = x().connection();
+        xcb_get_property_reply_t* r = xcb_get_property_reply(
+            c,
+            xcb_get_property(c, 0, xcb_window_t(venster), x().atom(eigenschap),
+                             XCB_GET_PROPERTY_TYPE_ANY, 0, 64),
+            nullptr);
+        std::vector<uint32_t> uit;
+        if (r && r->format == 32) {
+            const auto* d = static_cast<const uint32_t*>(xcb_get_property_value(r));
+            uit.assign(d, d + xcb_get_property_value_length(r) / 4);
+        }
+        std::free(r);
+        return uit;
+    }
+    // Runs xdotool on the test's server with the given words, to its end.
+    bool xdotool(const QStringList& woorden) {
+        QProcess* p = x().startProgram(QStringLiteral("xdotool"), woorden);
+        return p->waitForFinished(10000) && p->exitCode() == 0;
+    }
+};
+
+TEST_F(KlokX11Test, TheClockIsCutToItsDialStandsAboveWithoutAFrameAndIsDraggedByItsFace) {
+    QTemporaryDir map;
+    FakePlatform fake(map.path());
+    X11Platform platform(fake, x().display());
+    ScriptedDialogs dialogen;
+    Programma p(platform);
+    p.dialogen = &dialogen;
+
+    // A red window under the clock, so that what the clock leaves out shows red.
+    QWidget onder;
+    onder.setAutoFillBackground(true);
+    QPalette rood = onder.palette();
+    rood.setColor(QPalette::Window, Qt::red);
+    onder.setPalette(rood);
+    onder.setGeometry(0, 0, 500, 500);
+    onder.show();
+    ASSERT_TRUE(totDat([&] { return pixel(QPoint(250, 250)) == qRgb(255, 0, 0); }));
+
+    FrmKlok klok(p);
+    FrmKlokView view(klok);
+    view.move(150, 150);
+    view.openen();
+    const quint64 venster = view.winId();
+    ASSERT_TRUE(totDat([&] {
+        const QRect r = plaats(venster);
+        return r.isValid() && pixel(r.center()) != qRgb(255, 0, 0);
+    }));
+    even();
+    const QRect r = plaats(venster);
+    ASSERT_EQ(r.size(), QSize(FrmKlok::Zijde, FrmKlok::Zijde));
+
+    // The shape: the corners of its square show the window below, the dial is the clock's.
+    EXPECT_EQ(pixel(r.topLeft() + QPoint(2, 2)), qRgb(255, 0, 0));
+    EXPECT_EQ(pixel(r.bottomRight() - QPoint(2, 2)), qRgb(255, 0, 0));
+    EXPECT_NE(pixel(r.center() + QPoint(20, 20)), qRgb(255, 0, 0));
+    // Above the others, and no frame around it.
+    const std::vector<uint32_t> staat = waarden(venster, "_NET_WM_STATE");
+    EXPECT_NE(std::find(staat.begin(), staat.end(), x().atom("_NET_WM_STATE_ABOVE")), staat.end());
+    const std::vector<uint32_t> rand = waarden(venster, "_NET_FRAME_EXTENTS");
+    EXPECT_EQ(rand, (std::vector<uint32_t>{0, 0, 0, 0}));
+    onder.raise();
+    onder.activateWindow();
+    even();
+    EXPECT_NE(pixel(r.center() + QPoint(20, 20)), qRgb(255, 0, 0)); // still on top
+
+    // A drag on the face moves the window with the mouse.
+    const QPoint greep = r.center() + QPoint(0, 25);
+    ASSERT_TRUE(
+        xdotool({QStringLiteral("mousemove"), QString::number(greep.x()),
+                 QString::number(greep.y()), QStringLiteral("mousedown"), QStringLiteral("1")}));
+    even(300); // the press reaches the clock, which hands the drag to the manager
+    ASSERT_TRUE(xdotool({QStringLiteral("mousemove"), QString::number(greep.x() + 60),
+                         QString::number(greep.y() + 30)}));
+    even(100);
+    ASSERT_TRUE(
+        xdotool({QStringLiteral("mousemove"), QString::number(greep.x() + 120),
+                 QString::number(greep.y() + 60), QStringLiteral("mouseup"), QStringLiteral("1")}));
+    EXPECT_TRUE(totDat([&] { return plaats(venster).topLeft() == r.topLeft() + QPoint(120, 60); }))
+        << "the clock stands at " << plaats(venster).x() << "," << plaats(venster).y()
+        << ", it stood at " << r.x() << "," << r.y();
+    view.close();
+}
+
+} // namespace
+
+} // namespace tk::test
