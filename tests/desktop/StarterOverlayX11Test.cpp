@@ -1,0 +1,114 @@
+// The launcher's overlay on a real X server: it captures the screen as it is and lays it,
+// under grey, over the desktop while a program runs.
+#include "DesktopX11Sessie.h"
+#include "core/Programma.h"
+#include "screens/desktop/FrmBureaubladStarter.h"
+#include "screens/desktop/StarterOverlayView.h"
+#include "tests/desktop/X11Platform.h"
+#include "tests/support/ScriptedDialogs.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QPainter>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QThread>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace tk::test {
+
+namespace {
+
+template <class F> bool totDat(F voorwaarde) {
+    QDeadlineTimer deadline(10000);
+    while (!voorwaarde()) {
+        if (deadline.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QThread::msleep(5);
+    }
+    return true;
+}
+
+// A desktop of two colours: green on the left, blue on the right.
+class Bureaublad : public QWidget {
+public:
+    Bureaublad() { setFixedSize(1024, 768); }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter g(this);
+        g.fillRect(0, 0, 512, 768, QColor(0, 255, 0));
+        g.fillRect(512, 0, 512, 768, QColor(0, 0, 255));
+    }
+};
+
+QRgb pixel(XvfbSession& x, QPoint plek) {
+    xcb_connection_t* c = x.connection();
+    xcb_get_image_reply_t* r =
+        xcb_get_image_reply(c,
+                            xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, x.root(), int16_t(plek.x()),
+                                          int16_t(plek.y()), 1, 1, ~0u),
+                            nullptr);
+    QRgb kleur = 0;
+    if (r && xcb_get_image_data_length(r) >= 3) {
+        const uint8_t* d = xcb_get_image_data(r);
+        kleur = qRgb(d[2], d[1], d[0]);
+    }
+    std::free(r);
+    return kleur;
+}
+
+TEST(StarterOverlayX11Test, TheOverlayShowsTheCapturedScreenUnderGreyUntilTheProgramIsClosed) {
+    if (!DesktopX11Sessie::sessie)
+        GTEST_SKIP() << "Xvfb or openbox is not there";
+    XvfbSession& x = *DesktopX11Sessie::sessie;
+    QTemporaryDir map;
+    FakePlatform fake(map.path());
+    X11Platform platform(fake, x.display());
+    ScriptedDialogs dialogen;
+    Programma p(platform);
+    p.dialogen = &dialogen;
+    FrmBureaubladStarter starter(p);
+
+    Bureaublad bureaublad;
+    StarterOverlayView overlay(starter, &bureaublad); // captures the screen itself
+    bureaublad.setWindowFlag(Qt::FramelessWindowHint);
+    bureaublad.move(0, 0);
+    bureaublad.show();
+    const QPoint links = bureaublad.mapToGlobal(QPoint(100, 100));
+    const QPoint rechts = bureaublad.mapToGlobal(QPoint(900, 100));
+    ASSERT_TRUE(totDat(
+        [&] { return pixel(x, links) == qRgb(0, 255, 0) && pixel(x, rechts) == qRgb(0, 0, 255); }));
+
+    // A program that demands a hidden taskbar: the launcher waits for it under the overlay.
+    starter.StartApplicatie(QStringLiteral("/bin/sh"), QStringLiteral("-c \"sleep 60\""), QString(),
+                            QStringLiteral("1024x768x32xJA"), QStringLiteral("Slaap"));
+    ASSERT_TRUE(starter.tmrShellWait.isActive());
+    const qint64 proces = starter.ShellProces;
+    ASSERT_FALSE(starter.picDisableBeeld.isNull());
+    EXPECT_EQ(starter.picDisableBeeld.pixel(links), qRgb(0, 255, 0));
+    EXPECT_EQ(starter.picDisableBeeld.pixel(rechts), qRgb(0, 0, 255));
+    // On the screen: the same colours, darkened under grey.
+    EXPECT_TRUE(totDat([&] {
+        const QColor l = QColor::fromRgb(pixel(x, links));
+        const QColor r = QColor::fromRgb(pixel(x, rechts));
+        return l.green() > l.red() + 50 && l.green() < 200 && r.blue() > r.red() + 50 &&
+               r.blue() < 200;
+    })) << std::hex
+        << pixel(x, links) << " " << pixel(x, rechts);
+    EXPECT_TRUE(overlay.cmdShellWait()->isVisible());
+
+    overlay.cmdShellWait()->click();
+    EXPECT_FALSE(starter.tmrShellWait.isActive());
+    EXPECT_TRUE(
+        totDat([&] { return platform.linuxProcesses().processesOfStart(proces).isEmpty(); }));
+    EXPECT_TRUE(totDat([&] { return pixel(x, links) == qRgb(0, 255, 0); }));
+    bureaublad.close();
+}
+
+} // namespace
+
+} // namespace tk::test
