@@ -239,7 +239,7 @@ void FrmBureaublad::LaadBureaublad(int rij, bool volledig) {
         tooltipRij = -1;
         tmrTooltip.stop();
 
-        // The background, fitted to the window above the header's height.
+        // The background: the window's width, and its height less the header's.
         achtergrond = QImage();
         startschermBeeld = QImage();
         Procedure(
@@ -292,7 +292,7 @@ void FrmBureaublad::LaadBureaublad(int rij, bool volledig) {
                     zetNaam(i, p.modTaal.LaadTekst(723), plek);
                     return;
                 }
-                tekenIcoon(item, i, plaats);
+                tekenIcoon(item.trimmed(), i, plaats);
             });
         }
         Procedure(p, "frmBureaublad.LaadBureaublad", [&] { tekenInternet(); });
