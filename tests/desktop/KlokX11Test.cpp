@@ -8,11 +8,9 @@
 #include "tests/support/ScriptedDialogs.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QThread>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -21,27 +19,6 @@
 namespace tk::test {
 
 namespace {
-
-// Runs Qt's events until the condition holds; the server and the manager take their time.
-template <class F> bool totDat(F voorwaarde) {
-    QDeadlineTimer deadline(10000);
-    while (!voorwaarde()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        QThread::msleep(5);
-    }
-    return true;
-}
-
-// Lets everything settle for a moment.
-void even(int ms = 200) {
-    QDeadlineTimer deadline(ms);
-    while (!deadline.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        QThread::msleep(5);
-    }
-}
 
 class KlokX11Test : public ::testing::Test {
 protected:
@@ -53,22 +30,7 @@ protected:
     }
     XvfbSession& x() { return *DesktopX11Sessie::sessie; }
 
-    // The colour the screen shows at a point.
-    QRgb pixel(QPoint plek) {
-        xcb_connection_t* c = x().connection();
-        xcb_get_image_reply_t* r =
-            xcb_get_image_reply(c,
-                                xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, x().root(),
-                                              int16_t(plek.x()), int16_t(plek.y()), 1, 1, ~0u),
-                                nullptr);
-        QRgb kleur = 0;
-        if (r && xcb_get_image_data_length(r) >= 3) {
-            const uint8_t* d = xcb_get_image_data(r);
-            kleur = qRgb(d[2], d[1], d[0]);
-        }
-        std::free(r);
-        return kleur;
-    }
+    QRgb pixel(QPoint plek) { return schermpixel(x(), plek); }
     // Where a window stands on the screen, and its size.
     QRect plaats(quint64 venster) {
         xcb_connection_t* c = x().connection();

@@ -7,30 +7,14 @@
 #include "tests/desktop/X11Platform.h"
 #include "tests/support/ScriptedDialogs.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QPainter>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <QThread>
 #include <gtest/gtest.h>
-
-#include <cstdlib>
 
 namespace tk::test {
 
 namespace {
-
-template <class F> bool totDat(F voorwaarde) {
-    QDeadlineTimer deadline(10000);
-    while (!voorwaarde()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        QThread::msleep(5);
-    }
-    return true;
-}
 
 // A desktop of two colours: green on the left, blue on the right.
 class Bureaublad : public QWidget {
@@ -44,22 +28,6 @@ protected:
         g.fillRect(512, 0, 512, 768, QColor(0, 0, 255));
     }
 };
-
-QRgb pixel(XvfbSession& x, QPoint plek) {
-    xcb_connection_t* c = x.connection();
-    xcb_get_image_reply_t* r =
-        xcb_get_image_reply(c,
-                            xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, x.root(), int16_t(plek.x()),
-                                          int16_t(plek.y()), 1, 1, ~0u),
-                            nullptr);
-    QRgb kleur = 0;
-    if (r && xcb_get_image_data_length(r) >= 3) {
-        const uint8_t* d = xcb_get_image_data(r);
-        kleur = qRgb(d[2], d[1], d[0]);
-    }
-    std::free(r);
-    return kleur;
-}
 
 TEST(StarterOverlayX11Test, TheOverlayShowsTheCapturedScreenUnderGreyUntilTheProgramIsClosed) {
     if (!DesktopX11Sessie::sessie)
@@ -80,8 +48,10 @@ TEST(StarterOverlayX11Test, TheOverlayShowsTheCapturedScreenUnderGreyUntilThePro
     bureaublad.show();
     const QPoint links = bureaublad.mapToGlobal(QPoint(100, 100));
     const QPoint rechts = bureaublad.mapToGlobal(QPoint(900, 100));
-    ASSERT_TRUE(totDat(
-        [&] { return pixel(x, links) == qRgb(0, 255, 0) && pixel(x, rechts) == qRgb(0, 0, 255); }));
+    ASSERT_TRUE(totDat([&] {
+        return schermpixel(x, links) == qRgb(0, 255, 0) &&
+               schermpixel(x, rechts) == qRgb(0, 0, 255);
+    }));
 
     // A program that demands a hidden taskbar: the launcher waits for it under the overlay.
     starter.StartApplicatie(QStringLiteral("/bin/sh"), QStringLiteral("-c \"sleep 60\""), QString(),
@@ -93,19 +63,19 @@ TEST(StarterOverlayX11Test, TheOverlayShowsTheCapturedScreenUnderGreyUntilThePro
     EXPECT_EQ(starter.picDisableBeeld.pixel(rechts), qRgb(0, 0, 255));
     // On the screen: the same colours, darkened under grey.
     EXPECT_TRUE(totDat([&] {
-        const QColor l = QColor::fromRgb(pixel(x, links));
-        const QColor r = QColor::fromRgb(pixel(x, rechts));
+        const QColor l = QColor::fromRgb(schermpixel(x, links));
+        const QColor r = QColor::fromRgb(schermpixel(x, rechts));
         return l.green() > l.red() + 50 && l.green() < 200 && r.blue() > r.red() + 50 &&
                r.blue() < 200;
     })) << std::hex
-        << pixel(x, links) << " " << pixel(x, rechts);
+        << schermpixel(x, links) << " " << schermpixel(x, rechts);
     EXPECT_TRUE(overlay.cmdShellWait()->isVisible());
 
     overlay.cmdShellWait()->click();
     EXPECT_FALSE(starter.tmrShellWait.isActive());
     EXPECT_TRUE(
         totDat([&] { return platform.linuxProcesses().processesOfStart(proces).isEmpty(); }));
-    EXPECT_TRUE(totDat([&] { return pixel(x, links) == qRgb(0, 255, 0); }));
+    EXPECT_TRUE(totDat([&] { return schermpixel(x, links) == qRgb(0, 255, 0); }));
     bureaublad.close();
 }
 
