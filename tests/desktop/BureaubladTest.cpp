@@ -80,7 +80,7 @@ TEST(BureaubladTest, StoredPlacesMatchKindAndIdAndBadItemsAreLeftOut) {
     BureaubladWerkplek w;
     w.applicatie(1, 0, "4", "Eigen");
     w.applicatie(2, 0, "4", "Algemeen");
-    w.leraar(0, "Vries", "Jan", "de", "21", "appel", "4|a4|cdrom");
+    w.leraar(0, "Vries", "Jan", "de", "21", "appel", "4| a4 |cdrom");
     w.posities("L21", "4|a|600x300><4|l|700x100><zes|l|1x1><5|l|10y10><4|k|15x15");
     w.b().Openen(1, "21");
 
