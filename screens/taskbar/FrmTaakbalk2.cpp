@@ -111,7 +111,9 @@ void FrmTaakbalk2::LadenVormgeving() {
         achtergrond = QImage();
         internetIcoon = QImage();
         Hoogte = StandaardHoogte;
+        m_thema.clear();
         if (p.modThema) {
+            m_thema = p.modThema->themaMap;
             const ThemeKeys k = p.modThema->keys();
             const QString kleuren = QStringLiteral("Kleuren");
             // Each colour on its own: a theme that lacks one keeps the default of that one.
@@ -470,6 +472,10 @@ void FrmTaakbalk2::KoppelBureaublad(FrmBureaublad& bureaublad) {
                 VensterTonen();
             else
                 Form_Load();
+        } else if (Geladen && p.modThema && p.modThema->themaMap != m_thema) {
+            // A teacher who logs in on the desktop brings a theme of their own.
+            LadenVormgeving();
+            VensterPositie(SchermHoogte, BalkBreedte);
         }
         TekenKnop();
     };

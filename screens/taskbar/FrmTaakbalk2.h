@@ -178,6 +178,7 @@ private:
     void hertekenen();
     Programma& p;
     bool m_teveelGemeld = false;
+    QString m_thema; // the theme folder the look was loaded from
 };
 
 } // namespace tk

@@ -112,3 +112,23 @@ TEST(TaakbalkBureaubladTest, AProgramThatDemandsAHiddenTaskbarHasTheWholeScreenW
     EXPECT_EQ((QStringList{"ontop 5 1", "workarea 0,0 1024x728 on 5"}),
               w.platform.fakeWindows().log);
 }
+
+TEST(TaakbalkBureaubladTest, ATeacherWhoLogsInOnTheDesktopBringsTheBarsLookOfTheirTheme) {
+    Werkplek w;
+    // Theme 2: the default one with a red bar.
+    w.kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/2/"));
+    QByteArray ini = w.lees("Afbeeldingen/Skins/2/Instellingen.ini");
+    ini.replace("Achtergrond taakbalk - Bureaublad=41,90,143",
+                "Achtergrond taakbalk - Bureaublad=200,10,10");
+    w.schrijf("Afbeeldingen/Skins/2/Instellingen.ini", ini);
+    w.d().Leraren(0, 14) = "2";
+
+    w.b().Openen(0, "100");
+    EXPECT_EQ(QColor(41, 90, 143), w.balk().achtergrondKleur);
+    int hertekend = 0;
+    w.balk().Hertekenen = [&] { ++hertekend; };
+    w.b().Aanmelden(0);
+    EXPECT_EQ(QColor(200, 10, 10), w.balk().achtergrondKleur);
+    EXPECT_GT(hertekend, 0);
+    EXPECT_NE(nullptr, w.balk().zoek("onderhoud")); // and the teacher's maintenance button
+}
