@@ -528,7 +528,10 @@ QString FrmTaakbalk2::Tekentekst(const QString& titel, const QFontMetrics& fm, i
     }
     if (laag > 0 && titel.at(laag - 1).isHighSurrogate())
         --laag;
-    return titel.left(laag).trimmed() + punten;
+    // No blanks between the last word and the dots.
+    while (laag > 0 && titel.at(laag - 1).isSpace())
+        --laag;
+    return titel.left(laag) + punten;
 }
 
 } // namespace tk
