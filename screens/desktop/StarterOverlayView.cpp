@@ -42,8 +42,10 @@ void StarterOverlayView::paintEvent(QPaintEvent*) {
     const QRect vlak = rect();
     g.fillRect(vlak, QColor::fromRgb(Grijs));
     if (!m.picDisableBeeld.isNull()) {
-        // The captured screen at its own pixels from the top left, as the window lies on it.
-        g.drawImage(QPoint(0, 0), m.picDisableBeeld);
+        // The part of the captured screen that lies under the overlay, where it lay: the
+        // desktop may stand anywhere on a larger screen.
+        const QPoint scherm = screen() ? screen()->geometry().topLeft() : QPoint();
+        g.drawImage(scherm - mapToGlobal(QPoint(0, 0)), m.picDisableBeeld);
         QColor sluier = QColor::fromRgb(Grijs);
         sluier.setAlpha(Dekking);
         g.fillRect(vlak, sluier);

@@ -24,8 +24,8 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter g(this);
-        g.fillRect(0, 0, 512, 768, QColor(0, 255, 0));
-        g.fillRect(512, 0, 512, 768, QColor(0, 0, 255));
+        g.fillRect(0, 0, 450, 768, QColor(0, 255, 0));
+        g.fillRect(450, 0, 574, 768, QColor(0, 0, 255));
     }
 };
 
@@ -43,11 +43,15 @@ TEST(StarterOverlayX11Test, TheOverlayShowsTheCapturedScreenUnderGreyUntilThePro
 
     Bureaublad bureaublad;
     StarterOverlayView overlay(starter, &bureaublad); // captures the screen itself
+    // The desktop off the screen's corner: the capture is laid where it was taken.
     bureaublad.setWindowFlag(Qt::FramelessWindowHint);
-    bureaublad.move(0, 0);
+    bureaublad.setFixedSize(900, 700);
+    bureaublad.move(60, 40);
     bureaublad.show();
-    const QPoint links = bureaublad.mapToGlobal(QPoint(100, 100));
-    const QPoint rechts = bureaublad.mapToGlobal(QPoint(900, 100));
+    ASSERT_TRUE(totDat([&] { return bureaublad.mapToGlobal(QPoint(0, 0)) == QPoint(60, 40); }));
+    // Just inside the colours' border, so that a capture laid a little off shows the other.
+    const QPoint links = bureaublad.mapToGlobal(QPoint(440, 100));
+    const QPoint rechts = bureaublad.mapToGlobal(QPoint(460, 100));
     ASSERT_TRUE(totDat([&] {
         return schermpixel(x, links) == qRgb(0, 255, 0) &&
                schermpixel(x, rechts) == qRgb(0, 0, 255);
