@@ -215,11 +215,10 @@ void FrmTaakbalk2::VensterPositie(int schermHoogte, int schermBreedte) {
 }
 
 bool FrmTaakbalk2::verborgen(const QString& titel) {
-    // The shell's own windows never get a button, however their titles are written.
-    for (const char16_t* woord : {u"tafel@", u"krater", u"tafelkrater"})
-        if (titel.contains(QStringView(woord), Qt::CaseInsensitive))
-            return true;
-    return false;
+    // The shell's own windows never get a button, however their titles are written: a title
+    // with "tafel@" or "krater" (and so "tafelkrater") in it.
+    return titel.contains(QStringView(u"krater"), Qt::CaseInsensitive) ||
+           titel.contains(QStringView(u"tafel@"), Qt::CaseInsensitive);
 }
 
 void FrmTaakbalk2::tmrTaken_Timer() {
