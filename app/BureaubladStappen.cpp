@@ -1,7 +1,6 @@
 #include "BureaubladStappen.h"
 
 #include "core/Programma.h"
-#include "platform/Windows.h"
 #include "screens/desktop/FrmBureaublad.h"
 #include "screens/desktop/FrmBureaubladView.h"
 #include "screens/start/FrmAanmelden.h"
@@ -10,8 +9,6 @@
 #include "screens/taskbar/FrmTaakbalk2View.h"
 
 #include <QCoreApplication>
-#include <QGuiApplication>
-#include <QScreen>
 
 namespace tk {
 
@@ -41,10 +38,6 @@ void BureaubladStappen::maakVensters() {
     FrmBureaublad& b = *p.frmBureaublad;
     FrmTaakbalk2& balk = *p.frmTaakbalk2;
     m_view = std::make_unique<FrmBureaubladView>(b);
-    // The manager keeps a desktop window under every program and under the taskbar; it must
-    // know the kind before the window is first shown.
-    m_view->setWindowFlag(Qt::FramelessWindowHint);
-    p.platform.windows().setKind(quint64(m_view->winId()), ShellWindowKind::Desktop);
     m_balk = std::make_unique<FrmTaakbalk2View>(balk);
     // The bar follows the desktop and its launcher; its buttons reach the desktop.
     balk.KoppelBureaublad(b);
@@ -58,18 +51,14 @@ void BureaubladStappen::openen(int soort, const QString& id) {
     }
     maakVensters();
     p.frmBureaublad->Openen(soort, id);
-    if (QScreen* scherm = QGuiApplication::primaryScreen())
-        m_view->setGeometry(scherm->geometry());
-    m_view->show();
+    m_view->openen();
     if (m_verbergStartscherm)
         m_verbergStartscherm();
     m_balk->openen();
     if (p.frmAanmelden)
         p.frmAanmelden->Sluiten();
-    // A desktop window is not focused by the manager on its own: the password box of the
-    // teachers' panel must take the keys at once.
-    m_view->activateWindow();
-    p.platform.windows().activate(quint64(m_view->winId()));
+    // The password box of the teachers' panel takes the keys at once.
+    m_view->openen();
 }
 
 void BureaubladStappen::verlaten() {

@@ -8,6 +8,7 @@
 #include "core/Programma.h"
 #include "data/ModData.h"
 #include "link/ModMainVerbinding.h"
+#include "platform/Windows.h"
 #include "screens/desktop/FrmBureaubladBeelden.h"
 #include "screens/desktop/ModMainStarten.h"
 #include "screens/start/FrmMain.h"
@@ -762,6 +763,16 @@ void FrmBureaublad::Afmelden() {
         if (Afgemeld)
             Afgemeld();
     });
+}
+
+void FrmBureaublad::MarkeerAlsBureaublad(quint64 venster) {
+    if (venster != 0)
+        p.platform.windows().setKind(venster, ShellWindowKind::Desktop);
+}
+
+void FrmBureaublad::Activeer(quint64 venster) {
+    if (venster != 0)
+        p.platform.windows().activate(venster);
 }
 
 // --- small helpers

@@ -120,6 +120,11 @@ public:
     void Openen(int soort, const QString& id);
     // Leaves the desktop for the start screen.
     void Afmelden();
+    // The window of the desktop on the platform: made known as the desktop before it is first
+    // shown (the window manager keeps it under every program and under the taskbar), and
+    // brought forward with the keyboard once shown (a manager does not focus a desktop itself).
+    void MarkeerAlsBureaublad(quint64 venster);
+    void Activeer(quint64 venster);
 
     // --- the timers
     QTimer tmrTooltip;

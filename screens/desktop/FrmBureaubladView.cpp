@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 
 namespace tk {
 
@@ -236,6 +237,20 @@ FrmBureaubladView::FrmBureaubladView(FrmBureaublad& model, QWidget* ouder)
         activateWindow();
     };
     m_canvas->bijwerken();
+}
+
+void FrmBureaubladView::openen() {
+    if (!isVisible()) {
+        setWindowFlag(Qt::FramelessWindowHint);
+        // The manager must know the kind before it first maps the window.
+        m.MarkeerAlsBureaublad(quint64(winId()));
+        if (QScreen* scherm = screen())
+            setGeometry(scherm->geometry());
+        show();
+    }
+    raise();
+    activateWindow();
+    m.Activeer(quint64(winId()));
 }
 
 FrmBureaubladView::~FrmBureaubladView() {

@@ -47,6 +47,9 @@ public:
     explicit FrmBureaubladView(FrmBureaublad& model, QWidget* ouder = nullptr);
     ~FrmBureaubladView() override;
     FrmBureaubladCanvas* canvas() { return m_canvas; }
+    // Shows the desktop over the whole screen it stands on, as the screen's desktop window, with
+    // the keyboard.
+    void openen();
 
 protected:
     void resizeEvent(QResizeEvent*) override;

@@ -1,0 +1,130 @@
+// The desktop's window on a real X server with openbox: a desktop window that stays under the
+// programs started from it and fills the screen.
+#include "platform/fake/FakePlatform.h"
+#include "platform/linux/LinuxWindows.h"
+#include "screens/desktop/FrmBureaubladView.h"
+#include "tests/desktop/BureaubladWerkplek.h"
+#include "tests/platform/XvfbSession.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QThread>
+#include <gtest/gtest.h>
+
+#include <xcb/xcb.h>
+
+namespace tk::test {
+extern XvfbSession* bureaubladSessie;
+}
+
+using namespace tk;
+using tk::test::bureaubladSessie;
+
+namespace {
+
+// The fake platform, but with the real window system of the test's X server.
+class XPlatform : public FakePlatform {
+public:
+    XPlatform(const QString& map, const QByteArray& display)
+        : FakePlatform(map), m_vensters(display) {}
+    Windows& windows() override { return m_vensters; }
+
+private:
+    LinuxWindows m_vensters;
+};
+
+QList<xcb_window_t> vensters(const char* eigenschap) {
+    xcb_connection_t* c = bureaubladSessie->connection();
+    const auto cookie =
+        xcb_get_property(c, 0, bureaubladSessie->root(), bureaubladSessie->atom(eigenschap),
+                         XCB_ATOM_WINDOW, 0, 1024);
+    QList<xcb_window_t> uit;
+    if (xcb_get_property_reply_t* r = xcb_get_property_reply(c, cookie, nullptr)) {
+        const auto* w = static_cast<const xcb_window_t*>(xcb_get_property_value(r));
+        for (int i = 0; i < xcb_get_property_value_length(r) / 4; ++i)
+            uit << w[i];
+        free(r);
+    }
+    return uit;
+}
+
+xcb_atom_t soort(xcb_window_t venster) {
+    xcb_connection_t* c = bureaubladSessie->connection();
+    const auto cookie = xcb_get_property(
+        c, 0, venster, bureaubladSessie->atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, 0, 1);
+    xcb_atom_t uit = XCB_ATOM_NONE;
+    if (xcb_get_property_reply_t* r = xcb_get_property_reply(c, cookie, nullptr)) {
+        if (xcb_get_property_value_length(r) >= 4)
+            uit = *static_cast<const xcb_atom_t*>(xcb_get_property_value(r));
+        free(r);
+    }
+    return uit;
+}
+
+template <class F> bool totDat(F voorwaarde) {
+    QDeadlineTimer deadline(15000);
+    for (;;) {
+        QCoreApplication::processEvents();
+        if (voorwaarde())
+            return true;
+        if (deadline.hasExpired())
+            return false;
+        QThread::msleep(20);
+    }
+}
+
+// A workstation on the X server, with the data and channel of the desktop tests.
+struct XBureaublad {
+    XBureaublad() : platform(map.path(), bureaubladSessie->display()), p(platform), kanaal(p) {
+        p.dialogen = &dialogen;
+        p.kanaal = &kanaal;
+        p.maak(p.modData, p);
+        ModData& d = *p.modData;
+        d.Applicaties[0](0, 0) = "1";
+        d.Applicaties[0](0, 1) = "Logo";
+        d.Klassen(0, 0) = "Groep 1";
+        d.Klassen(0, 3) = "Geen";
+        d.Klassen(0, 6) = "12";
+        d.Klassen(0, 7) = "1";
+        p.maak(p.frmBureaublad, p);
+    }
+    QTemporaryDir map;
+    XPlatform platform;
+    Programma p;
+    tk::test::ScriptedDialogs dialogen;
+    tk::test::AntwoordKanaal kanaal;
+};
+
+} // namespace
+
+TEST(BureaubladX11Test, TheDesktopIsTheScreensDesktopWindowUnderTheProgramsStartedOnIt) {
+    if (!bureaubladSessie)
+        GTEST_SKIP() << "no Xvfb with openbox";
+    XBureaublad x;
+    FrmBureaubladView view(*x.p.frmBureaublad);
+    x.p.frmBureaublad->Openen(0, "12");
+    view.openen();
+    const xcb_window_t bureaublad = xcb_window_t(view.winId());
+    ASSERT_TRUE(totDat([&] { return vensters("_NET_CLIENT_LIST_STACKING").contains(bureaublad); }));
+    EXPECT_EQ(soort(bureaublad), bureaubladSessie->atom("_NET_WM_WINDOW_TYPE_DESKTOP"));
+    EXPECT_EQ(view.geometry(), QRect(0, 0, 1280, 1024));
+    // The canvas stands unscaled in the middle.
+    EXPECT_EQ(view.canvas()->geometry(), QRect(128, 128, 1024, 768));
+
+    const QList<xcb_window_t> voor = vensters("_NET_CLIENT_LIST");
+    ASSERT_NE(bureaubladSessie->startProgram("xlogo"), nullptr);
+    xcb_window_t programma = 0;
+    ASSERT_TRUE(totDat([&] {
+        for (xcb_window_t w : vensters("_NET_CLIENT_LIST"))
+            if (!voor.contains(w))
+                programma = w;
+        return programma != 0;
+    }));
+    // Brought forward again (as the taskbar's desktop button does), the desktop stays under it.
+    view.openen();
+    QThread::msleep(200);
+    QCoreApplication::processEvents();
+    const QList<xcb_window_t> stapel = vensters("_NET_CLIENT_LIST_STACKING");
+    ASSERT_TRUE(stapel.contains(programma));
+    EXPECT_LT(stapel.indexOf(bureaublad), stapel.indexOf(programma));
+}
