@@ -43,6 +43,9 @@ public:
     virtual bool activate(quint64 window) = 0;
     // Asks the window to close, as its close button would.
     virtual void close(quint64 window) = 0;
+    // Asks the manager to show another program's window maximised (both directions); false when
+    // the window is not among the managed ones.
+    virtual bool maximize(quint64 window) = 0;
     // The window's icon nearest to size by size pixels, scaled to exactly that (ARGB32), null when
     // it has none.
     virtual QImage icon(quint64 window, int size) = 0;

@@ -8,8 +8,8 @@
 namespace tk {
 
 // The window system of a test: the windows are what the test puts in `windows`; every change
-// the program asks for is recorded in `log` ("activate 7", "close 7", "workarea 0,0 1024x720 on
-// 3", "ontop 3 1", "kind 3 dock", "move 3 10,20").
+// the program asks for is recorded in `log` ("activate 7", "close 7", "maximize 7", "workarea 0,0
+// 1024x720 on 3", "ontop 3 1", "kind 3 dock", "move 3 10,20").
 class FakeWindows : public Windows {
 public:
     bool available() override { return isAvailable; }
@@ -27,6 +27,13 @@ public:
     void close(quint64 window) override {
         log.append(QStringLiteral("close %1").arg(window));
         windows.removeIf([window](const WindowInfo& w) { return w.handle == window; });
+    }
+    bool maximize(quint64 window) override {
+        log.append(QStringLiteral("maximize %1").arg(window));
+        for (const WindowInfo& w : windows)
+            if (w.handle == window)
+                return true;
+        return false;
     }
     QImage icon(quint64 window, int) override { return icons.value(window); }
     void reserveWorkArea(quint64 shellWindow, const QRect& a) override {

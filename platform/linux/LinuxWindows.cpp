@@ -249,6 +249,18 @@ void LinuxWindows::close(quint64 window) {
     m_x->flush();
 }
 
+bool LinuxWindows::maximize(quint64 window) {
+    xcb_connection_t* c = m_x->connection();
+    if (!c || window == 0 || window > 0xffffffffu || !contains(clientList(*m_x, c), window))
+        return false;
+    const xcb_ewmh_connection_t& e = *m_x->ewmh();
+    xcb_ewmh_request_change_wm_state(m_x->ewmh(), m_x->screenNumber(), xcb_window_t(window),
+                                     XCB_EWMH_WM_STATE_ADD, e._NET_WM_STATE_MAXIMIZED_VERT,
+                                     e._NET_WM_STATE_MAXIMIZED_HORZ,
+                                     XCB_EWMH_CLIENT_SOURCE_TYPE_OTHER);
+    return m_x->flush();
+}
+
 QImage LinuxWindows::icon(quint64 window, int size) {
     xcb_connection_t* c = m_x->connection();
     if (!c || window == 0 || window > 0xffffffffu || size <= 0)

@@ -26,6 +26,7 @@ public:
     quint64 activeWindow() override;
     bool activate(quint64 window) override;
     void close(quint64 window) override;
+    bool maximize(quint64 window) override;
     QImage icon(quint64 window, int size) override;
     void reserveWorkArea(quint64 shellWindow, const QRect& workArea) override;
     void setOnTop(quint64 shellWindow, bool onTop) override;

@@ -127,7 +127,7 @@ void FrmBureaubladStarter::StartApplicatie(const QString& opdracht, const QStrin
             cmdShellWaitZichtbaar = true;
             hertekenen();
             const ModMainStarten::Gestart g =
-                starten.ShellExecAndWait(opdracht, parameters, werkmap);
+                starten.ShellExecAndWait(opdracht, parameters, werkmap, true);
             if (!g.gelukt()) {
                 herstellen("frmBureaublad.StartApplicatie");
                 startFout(g.resultaat, naam, opdracht);

@@ -286,15 +286,18 @@ int ModMainStarten::ShellExecute(const QString& opdracht, const QString& paramet
 
 ModMainStarten::Gestart ModMainStarten::ShellExecAndWait(const QString& opdracht,
                                                          const QString& parameters,
-                                                         const QString& map) {
+                                                         const QString& map, bool maximaliseren) {
     return Procedure<Gestart>(p, "modMain.ShellExecAndWait", Gestart{}, [&] {
         const Opstart o = opstart(opdracht, parameters, map);
         if (o.resultaat != 0)
             return Gestart{o.resultaat, 0};
         const StartResult r = p.platform.processes().start(o.programma, o.argumenten, o.map);
         Gestart g{ResultaatVan(r.code), r.started() ? r.pid : 0};
-        if (g.proces > 0)
-            m_gevolgd.insert(g.proces, Gevolgd{});
+        if (g.proces > 0) {
+            Gevolgd gevolgd;
+            gevolgd.maximaliseren = maximaliseren;
+            m_gevolgd.insert(g.proces, gevolgd);
+        }
         return g;
     });
 }
@@ -308,8 +311,16 @@ bool ModMainStarten::ProcesLeeft(qint64 proces) {
         bool venster = false;
         if (!levend.isEmpty()) {
             const QList<WindowInfo> vensters = p.platform.windows().topLevelWindows();
-            for (const WindowInfo& v : vensters)
-                venster = venster || (v.pid > 0 && levend.contains(v.pid));
+            for (const WindowInfo& v : vensters) {
+                if (v.pid <= 0 || !levend.contains(v.pid))
+                    continue;
+                venster = true;
+                // Only the first window: a dialog the program opens later keeps its own size.
+                if (g.maximaliseren && !g.vensterGezien) {
+                    p.platform.windows().maximize(v.handle);
+                    g.maximaliseren = false;
+                }
+            }
         }
         const QDateTime nu = p.platform.clock().now();
         if (!levend.isEmpty())

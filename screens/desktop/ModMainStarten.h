@@ -39,9 +39,11 @@ public:
     // path, a command line, a .desktop entry or any other file; `parameters` are split as a
     // command line. The result is Opgestart on success, else the reason.
     int ShellExecute(const QString& opdracht, const QString& parameters, const QString& map);
-    // Starts a program and gives the process to follow with ProcesLeeft and KillProcess.
-    Gestart ShellExecAndWait(const QString& opdracht, const QString& parameters,
-                             const QString& map);
+    // Starts a program and gives the process to follow with ProcesLeeft and KillProcess. With
+    // `maximaliseren` the program's first window is shown maximised: ProcesLeeft asks the window
+    // manager for it when that window appears.
+    Gestart ShellExecAndWait(const QString& opdracht, const QString& parameters, const QString& map,
+                             bool maximaliseren = false);
     // True while the program that the start of `proces` gave is still there. Its processes are
     // the started one and what it left (a wrapper such as a shell or xdg-open may end at once and
     // leave the real program). Until a window of them has shown, the program lives while one of
@@ -101,6 +103,7 @@ private:
     // What is known of a start that is followed.
     struct Gevolgd {
         bool vensterGezien = false; // one of its processes had a window
+        bool maximaliseren = false; // its first window is still to be maximised
         QDateTime zonderVenster;    // since when none has, while some still run
         QDateTime leegSinds;        // since when none of its processes runs
     };

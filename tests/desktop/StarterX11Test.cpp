@@ -180,6 +180,12 @@ TEST_F(StarterX11Test, AProgramThatDemandsAModeRunsInItAndTheModeIsRestoredAfter
     EXPECT_TRUE(w.meldingen()[0].contains(QStringLiteral("640 by")));
     EXPECT_EQ(rootSize(x()), QSize(1024, 768));
     ASSERT_TRUE(w.tikTot([&] { return !w.vensters().isEmpty(); }));
+    // There it is shown maximised, as the window manager records it.
+    EXPECT_TRUE(w.tikTot([&] {
+        const xcb_window_t v = xcb_window_t(w.vensters().value(0).handle);
+        return v != 0 && hasAtom(v, "_NET_WM_STATE", "_NET_WM_STATE_MAXIMIZED_VERT") &&
+               hasAtom(v, "_NET_WM_STATE", "_NET_WM_STATE_MAXIMIZED_HORZ");
+    }));
     w.platform.linuxWindows().close(w.vensters().constFirst().handle);
     EXPECT_TRUE(w.tikTot([&] { return !w.s().tmrShellWait.isActive(); }));
     EXPECT_EQ(rootSize(x()), QSize(1024, 768));
