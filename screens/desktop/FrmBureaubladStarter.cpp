@@ -235,11 +235,19 @@ void FrmBureaubladStarter::StartSchijf(const QString& schijf) {
     Procedure(p, "frmBureaublad.Form_MouseUp", [&] {
         if (StartGeblokkeerd())
             return;
-        QString drive = schijf;
-        if (drive.isEmpty())
-            drive = p.modMainStarten->LaadSchijven().value(0);
-        if (drive.isEmpty())
+        // The drive the item was drawn with may have been emptied since: the media are asked
+        // for again, and the first one there stands in for it.
+        const QStringList schijven = p.modMainStarten->LaadSchijven();
+        const QString drive = schijven.contains(schijf) ? schijf : schijven.value(0);
+        if (drive.isEmpty()) {
+            p.modMain.SchrijfLogboek(
+                QStringLiteral("The drive item was clicked, but no disc or removable medium is "
+                               "mounted"),
+                QStringLiteral("CD/DVD-rom"), QStringLiteral("frmBureaublad.Form_MouseUp"),
+                QStringLiteral("-"));
+            melding(p.modTaal.LaadTekst(9550));
             return;
+        }
         StartApplicatie(QStringLiteral("%WINDIR%\\Explorer.exe"), drive, QString(), QString(),
                         QStringLiteral("CD/DVD-rom - ") + drive);
     });

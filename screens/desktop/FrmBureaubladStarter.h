@@ -46,8 +46,9 @@ public:
     // class or teacher `eigenaarID`. Counts the start on the server ("OPSTEL"), refuses this
     // program itself and a command that cannot be found, and starts it.
     void StartApplicatieRij(int soort, int rij, const QString& eigenaarID);
-    // A click on the "cdrom" item: opens the drive (a mount point; empty: the first of
-    // LaadSchijven) in the file manager, titled "CD/DVD-rom - " and the drive.
+    // A click on the "cdrom" item: opens the drive (a mount point; empty or no longer mounted:
+    // the first of LaadSchijven) in the file manager, titled "CD/DVD-rom - " and the drive. With
+    // no medium at all it says so and writes it to the log book.
     void StartSchijf(const QString& schijf);
     // True while a click would be dropped: the last start was less than StartBeveiliging
     // seconds ago (Form_MouseUp tests it before it does anything), or a started program is

@@ -406,6 +406,34 @@ TEST(StartApplicatieTest, ThisProgramItselfIsNotStartedAgain) {
     EXPECT_TRUE(w.platform.fakeProcesses().started.isEmpty());
 }
 
+TEST(StartSchijfTest, TheDriveItemOpensAMediumThatIsThereAndSaysSoWhenNoneIs) {
+    DesktopWerkplek w;
+    auto& media = w.platform.fakeEnvironment().media;
+    auto& gestart = w.platform.fakeProcesses().started;
+    // The disc the item was drawn with was taken out, a stick was put in: that one opens.
+    media = {"/media/usb0"};
+    w.s().StartSchijf("/media/cdrom0");
+    ASSERT_EQ(gestart.size(), 1);
+    EXPECT_TRUE(gestart[0].contains("/media/usb0")) << gestart[0].toStdString();
+    EXPECT_FALSE(gestart[0].contains("cdrom0"));
+    EXPECT_TRUE(w.meldingen().isEmpty());
+
+    // Nothing in any drive: said and logged, nothing started, the next click may try again.
+    media.clear();
+    w.s().LaatsteStart = QDateTime();
+    w.s().StartSchijf("/media/usb0");
+    EXPECT_EQ(gestart.size(), 1);
+    EXPECT_EQ(w.meldingen(), QStringList{w.p.modTaal.LaadTekst(9550)});
+    EXPECT_TRUE(w.p.modTaal.LaadTekst(9550).contains("no disc"));
+    EXPECT_TRUE(w.lees("Logboek/" + w.platform.fakeClock().now().toString("d-M-yyyy") + ".txt")
+                    .contains("no disc or removable medium"));
+    EXPECT_FALSE(w.s().StartGeblokkeerd());
+    media = {"/media/cdrom0"};
+    w.s().StartSchijf("");
+    ASSERT_EQ(gestart.size(), 2);
+    EXPECT_TRUE(gestart[1].contains("/media/cdrom0"));
+}
+
 TEST(ProcesLeeftTest, TheWaitFollowsTheProgramsWindowsAndWhatAWrapperLeft) {
     DesktopWerkplek w;
     auto& processen = w.platform.fakeProcesses();
