@@ -4,7 +4,7 @@
 #include "platform/linux/LinuxWindows.h"
 #include "screens/desktop/FrmBureaubladView.h"
 #include "tests/desktop/BureaubladWerkplek.h"
-#include "tests/platform/XvfbSession.h"
+#include "tests/platform/X11TestSessie.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -13,12 +13,8 @@
 
 #include <xcb/xcb.h>
 
-namespace tk::test {
-extern XvfbSession* bureaubladSessie;
-}
-
 using namespace tk;
-using tk::test::bureaubladSessie;
+using tk::test::X11TestSessie;
 
 namespace {
 
@@ -34,10 +30,10 @@ private:
 };
 
 QList<xcb_window_t> vensters(const char* eigenschap) {
-    xcb_connection_t* c = bureaubladSessie->connection();
+    xcb_connection_t* c = X11TestSessie::sessie->connection();
     const auto cookie =
-        xcb_get_property(c, 0, bureaubladSessie->root(), bureaubladSessie->atom(eigenschap),
-                         XCB_ATOM_WINDOW, 0, 1024);
+        xcb_get_property(c, 0, X11TestSessie::sessie->root(),
+                         X11TestSessie::sessie->atom(eigenschap), XCB_ATOM_WINDOW, 0, 1024);
     QList<xcb_window_t> uit;
     if (xcb_get_property_reply_t* r = xcb_get_property_reply(c, cookie, nullptr)) {
         const auto* w = static_cast<const xcb_window_t*>(xcb_get_property_value(r));
@@ -49,9 +45,9 @@ QList<xcb_window_t> vensters(const char* eigenschap) {
 }
 
 xcb_atom_t soort(xcb_window_t venster) {
-    xcb_connection_t* c = bureaubladSessie->connection();
+    xcb_connection_t* c = X11TestSessie::sessie->connection();
     const auto cookie = xcb_get_property(
-        c, 0, venster, bureaubladSessie->atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, 0, 1);
+        c, 0, venster, X11TestSessie::sessie->atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, 0, 1);
     xcb_atom_t uit = XCB_ATOM_NONE;
     if (xcb_get_property_reply_t* r = xcb_get_property_reply(c, cookie, nullptr)) {
         if (xcb_get_property_value_length(r) >= 4)
@@ -75,7 +71,7 @@ template <class F> bool totDat(F voorwaarde) {
 
 // A workstation on the X server, with the data and channel of the desktop tests.
 struct XBureaublad {
-    XBureaublad() : platform(map.path(), bureaubladSessie->display()), p(platform), kanaal(p) {
+    XBureaublad() : platform(map.path(), X11TestSessie::sessie->display()), p(platform), kanaal(p) {
         p.dialogen = &dialogen;
         p.kanaal = &kanaal;
         p.maak(p.modData, p);
@@ -98,7 +94,7 @@ struct XBureaublad {
 } // namespace
 
 TEST(BureaubladX11Test, TheDesktopIsTheScreensDesktopWindowUnderTheProgramsStartedOnIt) {
-    if (!bureaubladSessie)
+    if (!X11TestSessie::sessie)
         GTEST_SKIP() << "no Xvfb with openbox";
     XBureaublad x;
     FrmBureaubladView view(*x.p.frmBureaublad);
@@ -106,13 +102,13 @@ TEST(BureaubladX11Test, TheDesktopIsTheScreensDesktopWindowUnderTheProgramsStart
     view.openen();
     const xcb_window_t bureaublad = xcb_window_t(view.winId());
     ASSERT_TRUE(totDat([&] { return vensters("_NET_CLIENT_LIST_STACKING").contains(bureaublad); }));
-    EXPECT_EQ(soort(bureaublad), bureaubladSessie->atom("_NET_WM_WINDOW_TYPE_DESKTOP"));
+    EXPECT_EQ(soort(bureaublad), X11TestSessie::sessie->atom("_NET_WM_WINDOW_TYPE_DESKTOP"));
     EXPECT_EQ(view.geometry(), QRect(0, 0, 1280, 1024));
     // The canvas stands unscaled in the middle.
     EXPECT_EQ(view.canvas()->geometry(), QRect(128, 128, 1024, 768));
 
     const QList<xcb_window_t> voor = vensters("_NET_CLIENT_LIST");
-    ASSERT_NE(bureaubladSessie->startProgram("xlogo"), nullptr);
+    ASSERT_NE(X11TestSessie::sessie->startProgram("xlogo"), nullptr);
     xcb_window_t programma = 0;
     ASSERT_TRUE(totDat([&] {
         for (xcb_window_t w : vensters("_NET_CLIENT_LIST"))

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/platform/XvfbSession.h"
+#include "tests/platform/X11TestSessie.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -11,12 +11,6 @@
 #include <cstdlib>
 
 namespace tk::test {
-
-// The X server the window tests of the desktop share, started by their main(); null when Xvfb
-// or openbox is missing or did not come up.
-struct DesktopX11Sessie {
-    static XvfbSession* sessie;
-};
 
 // Runs Qt's events until the condition holds; the server and the manager take their time. The
 // deadline only ends a wait that would otherwise hang.

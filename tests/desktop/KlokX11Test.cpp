@@ -23,12 +23,12 @@ namespace {
 class KlokX11Test : public ::testing::Test {
 protected:
     void SetUp() override {
-        if (!DesktopX11Sessie::sessie)
+        if (!X11TestSessie::sessie)
             GTEST_SKIP() << "Xvfb or openbox is not there";
         if (QStandardPaths::findExecutable(QStringLiteral("xdotool")).isEmpty())
             GTEST_SKIP() << "xdotool is not installed";
     }
-    XvfbSession& x() { return *DesktopX11Sessie::sessie; }
+    XvfbSession& x() { return *X11TestSessie::sessie; }
 
     QRgb pixel(QPoint plek) { return schermpixel(x(), plek); }
     // Where a window stands on the screen, and its size.

@@ -30,9 +30,9 @@ protected:
 };
 
 TEST(StarterOverlayX11Test, TheOverlayShowsTheCapturedScreenUnderGreyUntilTheProgramIsClosed) {
-    if (!DesktopX11Sessie::sessie)
+    if (!X11TestSessie::sessie)
         GTEST_SKIP() << "Xvfb or openbox is not there";
-    XvfbSession& x = *DesktopX11Sessie::sessie;
+    XvfbSession& x = *X11TestSessie::sessie;
     QTemporaryDir map;
     FakePlatform fake(map.path());
     X11Platform platform(fake, x.display());

@@ -1,9 +1,9 @@
-#include "TaakbalkX11Sessie.h"
 #include "core/Programma.h"
 #include "platform/fake/FakePlatform.h"
 #include "platform/linux/LinuxWindows.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "screens/taskbar/FrmTaakbalk2View.h"
+#include "tests/platform/X11TestSessie.h"
 #include "tests/support/ScriptedDialogs.h"
 
 #include <QCoreApplication>
@@ -39,9 +39,9 @@ private:
 class Taakbalk2X11Test : public ::testing::Test {
 protected:
     void SetUp() override {
-        if (!TaakbalkX11Sessie::sessie)
+        if (!X11TestSessie::sessie)
             GTEST_SKIP() << "no Xvfb with openbox";
-        x = TaakbalkX11Sessie::sessie;
+        x = X11TestSessie::sessie;
         platform = std::make_unique<XPlatform>(map.path(), x->display());
         p = std::make_unique<Programma>(*platform);
         p->dialogen = &dialogen;

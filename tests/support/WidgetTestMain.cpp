@@ -1,5 +1,6 @@
-// The main() of the desktop tests: Google Test first (listing needs no display), then a
-// QApplication for fonts, pictures and offscreen views.
+// The main() of the test binaries with widgets: Google Test first (listing needs no display),
+// then a QApplication for fonts, pictures and views. Views render offscreen unless the caller
+// chose a platform; test discovery runs without the tests' environment.
 #include <QApplication>
 #include <gtest/gtest.h>
 
