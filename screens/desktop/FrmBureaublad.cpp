@@ -9,6 +9,7 @@
 #include "data/ModData.h"
 #include "link/ModMainVerbinding.h"
 #include "platform/Windows.h"
+#include "screens/ThemaBeeld.h"
 #include "screens/desktop/FrmBureaubladBeelden.h"
 #include "screens/desktop/ModMainStarten.h"
 #include "screens/start/FrmMain.h"
@@ -22,17 +23,6 @@
 namespace tk {
 
 namespace {
-
-QColor kleur(const RgbColour& c) {
-    return QColor(c.r, c.g, c.b);
-}
-
-QImage laadBeeld(const QString& pad) {
-    QImage beeld(pad);
-    if (beeld.isNull())
-        throw Fout(QStringLiteral("Invalid picture (%1)").arg(pad));
-    return beeld;
-}
 
 // The folders of the applications' own icons, and the kind letters of the stored places.
 const char* const soortMappen[] = {"Groepen", "Leerkrachten", "Algemeen"};

@@ -1,24 +1,12 @@
 #include "FrmAanmelden.h"
 
-#include "core/Fout.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "screens/ThemaBeeld.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "theme/ModThema.h"
 
 namespace tk {
-
-namespace {
-QColor kleur(const RgbColour& c) {
-    return QColor(c.r, c.g, c.b);
-}
-QImage laadBeeld(const QString& pad) {
-    QImage beeld(pad);
-    if (beeld.isNull())
-        throw Fout(QStringLiteral("Invalid picture (%1)").arg(pad));
-    return beeld;
-}
-} // namespace
 
 FrmAanmelden::FrmAanmelden(Programma& p) : p(p) {
     ladenFont = QFont(QStringLiteral("Verdana"), 9, QFont::Bold);

@@ -7,6 +7,7 @@
 #include "core/Programma.h"
 #include "data/ModData.h"
 #include "link/ModMainVerbinding.h"
+#include "screens/ThemaBeeld.h"
 #include "screens/start/Laadbalk.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "theme/ModThema.h"
@@ -18,15 +19,6 @@
 namespace tk {
 
 namespace {
-QColor kleur(const RgbColour& c) {
-    return QColor(c.r, c.g, c.b);
-}
-QImage laadBeeld(const QString& pad) {
-    QImage beeld(pad);
-    if (beeld.isNull())
-        throw Fout(QStringLiteral("Invalid picture (%1)").arg(pad));
-    return beeld;
-}
 // The width a button may take in the default grid: the pitch less a small gap.
 constexpr int rasterBreedte = 96;
 } // namespace

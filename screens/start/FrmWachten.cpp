@@ -2,17 +2,12 @@
 
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "screens/ThemaBeeld.h"
 #include "theme/ModThema.h"
 
 #include <QFontMetrics>
 
 namespace tk {
-
-namespace {
-QColor kleur(const RgbColour& c) {
-    return QColor(c.r, c.g, c.b);
-}
-} // namespace
 
 FrmWachten::FrmWachten(Programma& p) : p(p) {
     tekstFont = QFont(QStringLiteral("Verdana"), 9, QFont::Bold);

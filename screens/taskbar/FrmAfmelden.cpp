@@ -2,15 +2,10 @@
 
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "screens/ThemaBeeld.h"
 #include "theme/ModThema.h"
 
 namespace tk {
-
-namespace {
-QColor kleur(const RgbColour& c) {
-    return QColor(c.r, c.g, c.b);
-}
-} // namespace
 
 FrmAfmelden::FrmAfmelden(Programma& p) : p(p) {
     tekstFont = QFont(QStringLiteral("Verdana"), 12, QFont::Bold);

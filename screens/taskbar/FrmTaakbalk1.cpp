@@ -3,6 +3,7 @@
 #include "core/Procedure.h"
 #include "core/Programma.h"
 #include "link/ModMainVerbinding.h"
+#include "screens/ThemaBeeld.h"
 #include "screens/start/FrmMain.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
 #include "theme/ModThema.h"
@@ -41,9 +42,6 @@ const Woord* zoekWoord(const QString& naam) {
         if (naam == QLatin1String(w.naam))
             return &w;
     return nullptr;
-}
-QColor kleur(const RgbColour& c) {
-    return QColor(c.r, c.g, c.b);
 }
 constexpr int beeldMaat = 40;
 } // namespace

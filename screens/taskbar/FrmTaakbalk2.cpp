@@ -2,6 +2,7 @@
 
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "screens/ThemaBeeld.h"
 #include "screens/desktop/FrmBureaublad.h"
 #include "theme/ModThema.h"
 
@@ -38,9 +39,6 @@ constexpr int rand = 12;        // from the bar's ends to the first fixed button
 constexpr int knopAfstand = 8;  // between two fixed buttons
 constexpr int tekenAfstand = 6; // between the last task and the first fixed button on the right
 
-QColor kleur(const RgbColour& c) {
-    return QColor(c.r, c.g, c.b);
-}
 } // namespace
 
 FrmTaakbalk2::FrmTaakbalk2(Programma& p) : taken(p), modTaakbalk(p), p(p) {
