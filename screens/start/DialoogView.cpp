@@ -200,4 +200,22 @@ void DialoogView::keyPressEvent(QKeyEvent* e) {
     QDialog::keyPressEvent(e);
 }
 
+void DialoogView::voegKnoppenToe(int breedte, int boven, int hoogte, const QString& ok,
+                                 bool okEnabled, std::function<void()> okKlik,
+                                 const QString& annuleer) {
+    const int b = (breedte - 36 - 12) / 2;
+    Vlak okVlak;
+    okVlak.plek = QRect(18, boven, b, hoogte);
+    okVlak.tekst = ok;
+    okVlak.standaard = true;
+    okVlak.enabled = okEnabled;
+    okVlak.klik = std::move(okKlik);
+    vlakken << okVlak;
+    Vlak annuleerVlak;
+    annuleerVlak.plek = QRect(breedte - 18 - b, boven, b, hoogte);
+    annuleerVlak.tekst = annuleer;
+    annuleerVlak.klik = [this] { annuleren(); };
+    vlakken << annuleerVlak;
+}
+
 } // namespace tk

@@ -67,6 +67,11 @@ protected:
     void keyPressEvent(QKeyEvent*) override;
     void reject() override;
 
+    // Adds the row of two buttons at the foot of a body `breedte` wide: OK on the left as the
+    // default button, and on the right the one that cancels through annuleren().
+    void voegKnoppenToe(int breedte, int boven, int hoogte, const QString& ok, bool okEnabled,
+                        std::function<void()> okKlik, const QString& annuleer);
+
     QList<Vlak> vlakken;
 
 private:

@@ -31,22 +31,13 @@ FrmNetwerkView::FrmNetwerkView(FrmNetwerk& model, QWidget* ouder) : DialoogView(
 
 void FrmNetwerkView::bijwerken() {
     vlakken.clear();
-    const int b = (Breedte - 36 - 12) / 2;
-    Vlak ok;
-    ok.plek = QRect(18, m_knoppenBoven, b, 26);
-    ok.tekst = m.cmdOK;
-    ok.standaard = true;
-    ok.enabled = m.cmdOKEnabled;
-    ok.klik = [this] {
-        m.cmdOK_Click();
-        m_klaar = true;
-    };
-    vlakken << ok;
-    Vlak annuleer;
-    annuleer.plek = QRect(Breedte - 18 - b, m_knoppenBoven, b, 26);
-    annuleer.tekst = m.cmdAnnuleren;
-    annuleer.klik = [this] { annuleren(); };
-    vlakken << annuleer;
+    voegKnoppenToe(
+        Breedte, m_knoppenBoven, 26, m.cmdOK, m.cmdOKEnabled,
+        [this] {
+            m.cmdOK_Click();
+            m_klaar = true;
+        },
+        m.cmdAnnuleren);
     update();
 }
 

@@ -29,22 +29,14 @@ void FrmVersieView::bijwerken() {
         v.klik = [this, i] { m.Gekozen = i; };
         vlakken << v;
     }
-    const int b = (Breedte - 36 - 12) / 2;
-    Vlak ok;
-    ok.plek = QRect(18, knoppenBoven, b, knopHoogte);
-    ok.tekst = m.cmdOK;
-    ok.standaard = true;
-    ok.enabled = m.Gekozen >= 0 && m.Gekozen < 3 && m.optEnabled[m.Gekozen];
-    ok.klik = [this] {
-        m.cmdOK_Click();
-        m_klaar = true;
-    };
-    vlakken << ok;
-    Vlak sluiten;
-    sluiten.plek = QRect(Breedte - 18 - b, knoppenBoven, b, knopHoogte);
-    sluiten.tekst = m.cmdSluiten;
-    sluiten.klik = [this] { annuleren(); };
-    vlakken << sluiten;
+    const bool kanKiezen = m.Gekozen >= 0 && m.Gekozen < 3 && m.optEnabled[m.Gekozen];
+    voegKnoppenToe(
+        Breedte, knoppenBoven, knopHoogte, m.cmdOK, kanKiezen,
+        [this] {
+            m.cmdOK_Click();
+            m_klaar = true;
+        },
+        m.cmdSluiten);
     update();
 }
 
