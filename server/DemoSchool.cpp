@@ -123,7 +123,8 @@ bool DemoSchool::seed(Store& store, const QString& themeFolder, const PackageBui
             QStringLiteral("Groep %1").arg(n),
             QString::number(n),
             QStringLiteral("%1a.jpg").arg(n),
-            s("Geen"),
+            // The younger groups see the hills, the older ones the space picture of the theme.
+            n <= 4 ? s("Heuvels.jpg") : s("Ruimte.jpg"),
             account,
             s("Sleutelwrk42"),
             s("0"),
