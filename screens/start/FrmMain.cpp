@@ -10,6 +10,7 @@
 #include "screens/ThemaBeeld.h"
 #include "screens/start/Laadbalk.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
+#include "screens/taskbar/FrmTaakbalk2.h"
 #include "theme/ModThema.h"
 
 #include <QFontMetrics>
@@ -500,6 +501,10 @@ void FrmMain::OpenGlobal(bool eerste) {
             }
         }
         AccountKlik(0);
+        // The start screen's bar is the one in use again: the desktop's goes at once, with the
+        // strip it kept free, instead of at its next tick.
+        if (p.frmTaakbalk2)
+            p.frmTaakbalk2->Ontladen();
         FrmTaakbalk1* balk = p.frmTaakbalk1;
         if (balk) {
             balk->Zichtbaar = true;

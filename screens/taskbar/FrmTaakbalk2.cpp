@@ -89,6 +89,15 @@ void FrmTaakbalk2::Form_Unload() {
     });
 }
 
+void FrmTaakbalk2::Ontladen() {
+    if (!Geladen)
+        return;
+    if (VensterVerbergen)
+        VensterVerbergen();
+    else
+        Form_Unload();
+}
+
 void FrmTaakbalk2::maakVasteKnoppen() {
     vasteKnoppen.clear();
     for (const Vast& v : vasteLijst) {
@@ -225,10 +234,7 @@ void FrmTaakbalk2::tmrTaken_Timer() {
             return;
         // The desktop was left: the bar goes with it.
         if (!p.BureaubladOpen) {
-            if (VensterVerbergen)
-                VensterVerbergen();
-            else
-                Form_Unload();
+            Ontladen();
             return;
         }
         const FixedTable oud = Knoppen;

@@ -62,6 +62,9 @@ public:
     void Form_Load();
     // Stops the timers and gives the screen's strip back.
     void Form_Unload();
+    // Unloads the bar with its window (VensterVerbergen), or the model alone without one; a bar
+    // that is not loaded stays as it is.
+    void Ontladen();
     void LadenVormgeving();
     // Places the strip at the bottom of a screen of this height (and width, when given): on
     // top, with the strip kept free of maximised windows.

@@ -1,6 +1,7 @@
 #include "screens/desktop/FrmBureaubladBeelden.h"
 #include "screens/start/FrmMain.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
+#include "screens/taskbar/FrmTaakbalk2.h"
 #include "tests/desktop/BureaubladWerkplek.h"
 
 #include <QFontMetrics>
@@ -424,10 +425,20 @@ TEST(BureaubladStartschermTest, AClassClickOpensItsDesktopAndLogOffBringsTheScho
     w.p.maak(w.p.startScreen, w.p);
     w.p.frmMain = w.p.startScreen;
     w.p.maak(w.p.frmTaakbalk1, w.p);
+    w.p.maak(w.p.frmTaakbalk2, w.p);
+    FrmTaakbalk2& balk2 = *w.p.frmTaakbalk2;
+    balk2.VensterHandle = [] { return quint64(5); };
+    int balk2Weg = 0;
+    balk2.VensterVerbergen = [&] {
+        ++balk2Weg;
+        balk2.Form_Unload();
+    };
+    balk2.KoppelBureaublad(w.b());
     FrmMain& f = *w.p.startScreen;
     f.OpenBureaublad = [&](int soort, const QString& id) { w.b().Openen(soort, id); };
     f.OpenGlobal(true);
     ASSERT_TRUE(w.p.frmTaakbalk1->AccountsZichtbaar);
+    EXPECT_EQ(balk2Weg, 0); // nothing to unload yet
 
     f.knopGroep_Click(0);
     EXPECT_FALSE(f.Zichtbaar);
@@ -437,8 +448,18 @@ TEST(BureaubladStartschermTest, AClassClickOpensItsDesktopAndLogOffBringsTheScho
     // The class's own theme while its desktop stands.
     EXPECT_EQ(w.p.modThema->huidigThema, "2");
     EXPECT_FALSE(w.p.frmTaakbalk1->AccountsZichtbaar);
+    ASSERT_TRUE(balk2.Geladen);
+    balk2.tmrTaken.stop();
 
+    w.platform.fakeWindows().log.clear();
     w.b().Afmelden();
+    // The start screen's bar takes over at once: the desktop's is gone with its window and gives
+    // the whole screen back without waiting for its next tick.
+    EXPECT_EQ(balk2Weg, 1);
+    EXPECT_FALSE(balk2.Geladen);
+    EXPECT_TRUE(w.p.frmTaakbalk1->Zichtbaar);
+    EXPECT_TRUE(w.platform.fakeWindows().log.filter("workarea").value(0).endsWith(" on 5"))
+        << w.platform.fakeWindows().log.join(", ").toStdString();
     EXPECT_TRUE(f.Zichtbaar);
     EXPECT_FALSE(w.p.BureaubladOpen);
     EXPECT_EQ(w.p.modThema->huidigThema, "1");
