@@ -4,6 +4,7 @@
 #include "core/Programma.h"
 #include "screens/ThemaBeeld.h"
 #include "screens/desktop/FrmBureaublad.h"
+#include "screens/taskbar/ModMainAfsluiten.h"
 #include "theme/ModThema.h"
 
 #include <QFontMetrics>
@@ -222,10 +223,8 @@ void FrmTaakbalk2::VensterPositie(int schermHoogte, int schermBreedte) {
 }
 
 bool FrmTaakbalk2::verborgen(const QString& titel) {
-    // The shell's own windows never get a button, however their titles are written: a title
-    // with "tafel@" or "krater" (and so "tafelkrater") in it.
-    return titel.contains(QStringView(u"krater"), Qt::CaseInsensitive) ||
-           titel.contains(QStringView(u"tafel@"), Qt::CaseInsensitive);
+    // The shell's own windows never get a button, however their titles are written.
+    return Takenlijst::IsEigenVenster(titel);
 }
 
 void FrmTaakbalk2::tmrTaken_Timer() {
@@ -341,8 +340,7 @@ void FrmTaakbalk2::tekenTaken() {
 }
 
 int FrmTaakbalk2::AantalTaken() const {
-    return int(std::count_if(lstTaken2.cbegin(), lstTaken2.cend(),
-                             [](const Taak& t) { return !verborgen(t.titel); }));
+    return taken.AantalProgrammas();
 }
 
 int FrmTaakbalk2::knopOp(QPoint punt) const {
@@ -443,9 +441,7 @@ void FrmTaakbalk2::afmelden() {
     // Programs still open are named before the user leaves them behind.
     const int aantal = AantalTaken();
     if (aantal > 0) {
-        QString tekst = p.modTaal.LaadTekst(712);
-        tekst.replace(QStringLiteral("%aantal%"), QString::number(aantal));
-        tekst.replace(QStringLiteral("%programma%"), p.modTaal.LaadTekst(aantal == 1 ? 713 : 714));
+        const QString tekst = ModMainAfsluiten::TakenTekst(p.modTaal, 712, aantal);
         if (p.modMain.ToonVraag(p.modTaal.LaadTekst(3), tekst, QStringLiteral("?")) != u"ja")
             return;
     }

@@ -6,6 +6,7 @@
 #include "core/Programma.h"
 #include "data/ModData.h"
 #include "screens/start/FrmMain.h"
+#include "screens/taskbar/Takenlijst.h"
 
 #include <QTextStream>
 
@@ -19,6 +20,35 @@ void ModMainAfsluiten::sessieActie(const QString& actie) {
         << "tafelkrater: '" << actie.section(QLatin1Char('|'), 0, 0)
         << "' asked; the session of this machine is left as it is and the client ends" << Qt::endl;
     p.Einde();
+}
+
+QString ModMainAfsluiten::TakenTekst(ModTaal& taal, int tekst, int aantal) {
+    QString uit = taal.LaadTekst(tekst);
+    uit.replace(QStringLiteral("%aantal%"), QString::number(aantal));
+    uit.replace(QStringLiteral("%programma%"), taal.LaadTekst(aantal == 1 ? 713 : 714));
+    return uit;
+}
+
+int ModMainAfsluiten::OpenProgrammas() {
+    Takenlijst taken(p);
+    taken.Bijwerken();
+    return taken.AantalProgrammas();
+}
+
+bool ModMainAfsluiten::bevestigUitschakelen() {
+    const int aantal = OpenProgrammas();
+    const QString vraag =
+        aantal > 0 ? TakenTekst(p.modTaal, 717, aantal) : p.modTaal.LaadTekst(718);
+    return p.modMain.ToonVraag(p.modTaal.LaadTekst(3), vraag, QStringLiteral("?")) == u"ja";
+}
+
+bool ModMainAfsluiten::programmasGesloten() {
+    const int aantal = OpenProgrammas();
+    if (aantal == 0)
+        return true;
+    p.modMain.ToonVraag(p.modTaal.LaadTekst(3), TakenTekst(p.modTaal, 715, aantal),
+                        QStringLiteral("-"));
+    return false;
 }
 
 void ModMainAfsluiten::NaarWindowsOmgeving(const QString& account, const QString& wachtwoord) {
@@ -80,6 +110,12 @@ void ModMainAfsluiten::VoerUit(const QString& antwoord) {
             }
             return;
         }
+        // A shutdown or restart ends the programs still open: the user confirms it knowing how
+        // many there are. A log-off of the machine waits until they are closed.
+        if ((woord == u"uitschakelen" || woord == u"opnieuwopstarten") && !bevestigUitschakelen())
+            return;
+        if (woord == u"afmelden" && !programmasGesloten())
+            return;
         if (m.ModusNetwerk) {
             if (woord == u"sluiten")
                 NaarWindowsOmgeving(QStringLiteral("GLOBAL"), QStringLiteral("Sleutelwrk42"));

@@ -7,6 +7,7 @@
 
 namespace tk {
 
+class ModTaal;
 class Programma;
 
 // The closing procedures of modMain that the start-screen taskbar reaches: the close options and
@@ -22,6 +23,12 @@ public:
     void VoerUit(const QString& antwoord);
     void NaarWindowsOmgeving(const QString& account, const QString& wachtwoord);
 
+    // The text of string `tekst` for `aantal` open programs: %aantal% the number, %programma%
+    // "program" (713) for one and "programs" (714) for more.
+    static QString TakenTekst(ModTaal& taal, int tekst, int aantal);
+    // The programs open on this workstation now, counted as the taskbars count their tasks.
+    int OpenProgrammas();
+
     // "afmelden", "opnieuwopstarten", "uitschakelen", "sluiten", "deactiveren",
     // "aanmeldenalsaccount|<account>|<password>"; true when done.
     std::function<bool(const QString& actie)> Sessie;
@@ -32,6 +39,11 @@ public:
 
 private:
     void sessieActie(const QString& actie);
+    // Before a shutdown or restart: true when the user confirms it, with the count of open
+    // programs when there are any (717), else the plain question (718).
+    bool bevestigUitschakelen();
+    // Before a log-off of the machine: false, after saying so (715), while programs are open.
+    bool programmasGesloten();
     Programma& p;
 };
 

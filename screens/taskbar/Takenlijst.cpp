@@ -3,10 +3,21 @@
 #include "core/Programma.h"
 
 #include <QSet>
+#include <algorithm>
 
 namespace tk {
 
 Takenlijst::Takenlijst(Programma& p) : modTaken(p), p(p) {}
+
+bool Takenlijst::IsEigenVenster(const QString& titel) {
+    return titel.contains(QStringView(u"krater"), Qt::CaseInsensitive) ||
+           titel.contains(QStringView(u"tafel@"), Qt::CaseInsensitive);
+}
+
+int Takenlijst::AantalProgrammas() const {
+    return int(std::count_if(lstTaken2.cbegin(), lstTaken2.cend(),
+                             [](const Taak& t) { return !IsEigenVenster(t.titel); }));
+}
 
 bool Takenlijst::Bijwerken() {
     ++m_tik;

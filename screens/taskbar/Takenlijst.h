@@ -21,6 +21,12 @@ public:
     // lstTaken2 changed.
     bool Bijwerken();
 
+    // The kept tasks that are programs, not windows of the shell itself.
+    int AantalProgrammas() const;
+    // A window of the shell itself, known by the words of its title ("tafel@" or "krater", in
+    // any case): it is never a task of its own.
+    static bool IsEigenVenster(const QString& titel);
+
     // The 16 by 16 icon of a kept task; null when the window has none (yet).
     QImage icoon(quint64 handle) const { return m_iconen.value(handle).beeld; }
 

@@ -63,19 +63,68 @@ TEST(TaakbalkTest, CloseOptionsPerMode) {
     };
     const Case cases[] = {
         {true, false, "sluiten", true, 0},
-        {true, false, "opnieuwopstarten", true, 0},
-        {false, false, "uitschakelen", true, 1}, // a management workstation says so first
+        {true, false, "opnieuwopstarten", true, 1}, // confirmed (718)
+        {false, false, "uitschakelen", true, 2},    // a management workstation says so after
         {false, true, "afmelden", true, 0},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.antwoord);
         ScreenWerkplek w;
+        w.dialogen.antwoorden << "ja";
         w.p.modMain.ModusStandalone = c.standalone;
         w.p.modMain.ModusNetwerk = c.netwerk;
         w.p.modMainAfsluiten->VoerUit(c.antwoord);
         EXPECT_EQ(c.einde, w.p.beeindigd);
         EXPECT_EQ(c.vragen, w.dialogen.gesteld.size());
         EXPECT_TRUE(w.p.modMainAfsluiten->uitgevoerd.value(0).startsWith(c.antwoord));
+    }
+}
+
+TEST(TaakbalkTest, ClosingCountsTheProgramsStillOpen) {
+    const auto venster = [](quint64 handle, const char* titel) {
+        return WindowInfo{.handle = handle, .title = QString::fromLatin1(titel)};
+    };
+    struct Case {
+        const char* antwoord;
+        QList<WindowInfo> vensters;
+        const char* antwoordOpVraag;
+        QString vraag; // empty: nobody is asked and the answer is carried out
+        bool uitgevoerd;
+    };
+    const QString twee = "There are still 2 programs open.\r\n\r\nAre you sure you want to shut "
+                         "down the computer ?";
+    const Case cases[] = {
+        // One program uses the singular, the shell's own window never counts.
+        {"uitschakelen",
+         {venster(7, "Rekenen"), venster(8, "TAFELKRATER taakbalk")},
+         "nee",
+         "There are still 1 program open.\r\n\r\nAre you sure you want to shut down the "
+         "computer ?",
+         false},
+        {"opnieuwopstarten", {venster(7, "Rekenen"), venster(9, "Taal")}, "ja", twee, true},
+        {"uitschakelen", {}, "ja", "Are you sure you want to shut down the computer ?", true},
+        {"uitschakelen", {}, "nee", "Are you sure you want to shut down the computer ?", false},
+        // A log-off of the machine waits until the programs are closed.
+        {"afmelden",
+         {venster(7, "Rekenen"), venster(9, "Taal")},
+         "",
+         "There are still 2 programs open. Close these first before you log off.",
+         false},
+        {"afmelden", {}, "", "", true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.antwoord) + " " + std::to_string(c.vensters.size()));
+        ScreenWerkplek w;
+        w.p.modMain.ModusStandalone = true;
+        w.platform.fakeWindows().windows = c.vensters;
+        w.dialogen.antwoorden << c.antwoordOpVraag;
+        w.p.modMainAfsluiten->VoerUit(c.antwoord);
+        QStringList gesteld;
+        for (const auto& v : w.dialogen.gesteld)
+            gesteld << v.tekst;
+        EXPECT_EQ(c.vraag.isEmpty() ? QStringList() : QStringList{c.vraag}, gesteld);
+        EXPECT_EQ(c.uitgevoerd, !w.p.modMainAfsluiten->uitgevoerd.isEmpty());
+        EXPECT_EQ(c.uitgevoerd, w.p.beeindigd);
     }
 }
 
