@@ -1,10 +1,9 @@
 // The desktop's window on a real X server with openbox: a desktop window that stays under the
 // programs started from it and fills the screen.
-#include "platform/fake/FakePlatform.h"
-#include "platform/linux/LinuxWindows.h"
 #include "screens/desktop/FrmBureaubladView.h"
 #include "tests/desktop/BureaubladWerkplek.h"
 #include "tests/platform/X11TestSessie.h"
+#include "tests/platform/X11VenstersPlatform.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -15,46 +14,21 @@
 
 using namespace tk;
 using tk::test::X11TestSessie;
+using tk::test::X11VenstersPlatform;
+using tk::test::XvfbSession;
 
 namespace {
 
-// The fake platform, but with the real window system of the test's X server.
-class XPlatform : public FakePlatform {
-public:
-    XPlatform(const QString& map, const QByteArray& display)
-        : FakePlatform(map), m_vensters(display) {}
-    Windows& windows() override { return m_vensters; }
-
-private:
-    LinuxWindows m_vensters;
-};
-
 QList<xcb_window_t> vensters(const char* eigenschap) {
-    xcb_connection_t* c = X11TestSessie::sessie->connection();
-    const auto cookie =
-        xcb_get_property(c, 0, X11TestSessie::sessie->root(),
-                         X11TestSessie::sessie->atom(eigenschap), XCB_ATOM_WINDOW, 0, 1024);
-    QList<xcb_window_t> uit;
-    if (xcb_get_property_reply_t* r = xcb_get_property_reply(c, cookie, nullptr)) {
-        const auto* w = static_cast<const xcb_window_t*>(xcb_get_property_value(r));
-        for (int i = 0; i < xcb_get_property_value_length(r) / 4; ++i)
-            uit << w[i];
-        free(r);
-    }
-    return uit;
+    const XvfbSession& x = *X11TestSessie::sessie;
+    const std::vector<uint32_t> v = x.property(x.root(), eigenschap, XCB_ATOM_WINDOW);
+    return QList<xcb_window_t>(v.begin(), v.end());
 }
 
 xcb_atom_t soort(xcb_window_t venster) {
-    xcb_connection_t* c = X11TestSessie::sessie->connection();
-    const auto cookie = xcb_get_property(
-        c, 0, venster, X11TestSessie::sessie->atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, 0, 1);
-    xcb_atom_t uit = XCB_ATOM_NONE;
-    if (xcb_get_property_reply_t* r = xcb_get_property_reply(c, cookie, nullptr)) {
-        if (xcb_get_property_value_length(r) >= 4)
-            uit = *static_cast<const xcb_atom_t*>(xcb_get_property_value(r));
-        free(r);
-    }
-    return uit;
+    const std::vector<uint32_t> v =
+        X11TestSessie::sessie->property(venster, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM);
+    return v.empty() ? xcb_atom_t(XCB_ATOM_NONE) : v.front();
 }
 
 template <class F> bool totDat(F voorwaarde) {
@@ -85,7 +59,7 @@ struct XBureaublad {
         p.maak(p.frmBureaublad, p);
     }
     QTemporaryDir map;
-    XPlatform platform;
+    X11VenstersPlatform platform;
     Programma p;
     tk::test::ScriptedDialogs dialogen;
     tk::test::AntwoordKanaal kanaal;

@@ -44,19 +44,7 @@ protected:
         return uit;
     }
     std::vector<uint32_t> waarden(quint64 venster, const char* eigenschap) {
-        xcb_connection_t* c = x().connection();
-        xcb_get_property_reply_t* r = xcb_get_property_reply(
-            c,
-            xcb_get_property(c, 0, xcb_window_t(venster), x().atom(eigenschap),
-                             XCB_GET_PROPERTY_TYPE_ANY, 0, 64),
-            nullptr);
-        std::vector<uint32_t> uit;
-        if (r && r->format == 32) {
-            const auto* d = static_cast<const uint32_t*>(xcb_get_property_value(r));
-            uit.assign(d, d + xcb_get_property_value_length(r) / 4);
-        }
-        std::free(r);
-        return uit;
+        return x().property(xcb_window_t(venster), eigenschap);
     }
     // Runs xdotool on the test's server with the given words, to its end.
     bool xdotool(const QStringList& woorden) {

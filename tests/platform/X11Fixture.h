@@ -50,15 +50,7 @@ protected:
         return cardinals(x().root(), property, XCB_GET_PROPERTY_TYPE_ANY);
     }
     std::vector<uint32_t> cardinals(xcb_window_t w, const char* property, xcb_atom_t type) {
-        xcb_get_property_reply_t* r = xcb_get_property_reply(
-            c(), xcb_get_property(c(), 0, w, x().atom(property), type, 0, 4096), nullptr);
-        std::vector<uint32_t> v;
-        if (r && r->format == 32) {
-            auto* d = static_cast<const uint32_t*>(xcb_get_property_value(r));
-            v.assign(d, d + xcb_get_property_value_length(r) / 4);
-        }
-        std::free(r);
-        return v;
+        return x().property(w, property, type);
     }
     bool hasAtom(xcb_window_t w, const char* property, const char* value) {
         const std::vector<uint32_t> v = cardinals(w, property, XCB_ATOM_ATOM);

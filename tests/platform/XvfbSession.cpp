@@ -165,4 +165,18 @@ void XvfbSession::killServer() {
     m_xvfb.waitForFinished(5000);
 }
 
+std::vector<uint32_t> XvfbSession::property(xcb_window_t window, const char* name,
+                                            xcb_atom_t type) const {
+    xcb_get_property_reply_t* r = xcb_get_property_reply(
+        m_connection, xcb_get_property(m_connection, 0, window, atom(name), type, 0, 4096),
+        nullptr);
+    std::vector<uint32_t> v;
+    if (r && r->format == 32) {
+        const auto* d = static_cast<const uint32_t*>(xcb_get_property_value(r));
+        v.assign(d, d + xcb_get_property_value_length(r) / 4);
+    }
+    std::free(r);
+    return v;
+}
+
 } // namespace tk::test

@@ -9,6 +9,7 @@
 #include <xcb/xcb.h>
 
 #include <memory>
+#include <vector>
 
 namespace tk::test {
 
@@ -33,6 +34,10 @@ public:
     xcb_connection_t* connection() const { return m_connection; }
     xcb_window_t root() const;
     xcb_atom_t atom(const char* name) const;
+    // A window's property of 32-bit items (cardinals, atoms, windows); empty when it is missing
+    // or of another format.
+    std::vector<uint32_t> property(xcb_window_t window, const char* name,
+                                   xcb_atom_t type = XCB_GET_PROPERTY_TYPE_ANY) const;
 
     // Starts an X program on this display; it is ended with the session at the latest.
     QProcess* startProgram(const QString& program, const QStringList& arguments = {});

@@ -1,9 +1,8 @@
 #include "core/Programma.h"
-#include "platform/fake/FakePlatform.h"
-#include "platform/linux/LinuxWindows.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "screens/taskbar/FrmTaakbalk2View.h"
 #include "tests/platform/X11TestSessie.h"
+#include "tests/platform/X11VenstersPlatform.h"
 #include "tests/support/ScriptedDialogs.h"
 
 #include <QCoreApplication>
@@ -24,25 +23,13 @@ using K = FrmTaakbalk2::Kolom;
 
 namespace {
 
-// The fake platform, but with the real window system of the test's X server.
-class XPlatform : public FakePlatform {
-public:
-    XPlatform(const QString& map, const QByteArray& display)
-        : FakePlatform(map), m_vensters(display) {}
-    Windows& windows() override { return m_vensters; }
-    LinuxWindows& linuxWindows() { return m_vensters; }
-
-private:
-    LinuxWindows m_vensters;
-};
-
 class Taakbalk2X11Test : public ::testing::Test {
 protected:
     void SetUp() override {
         if (!X11TestSessie::sessie)
             GTEST_SKIP() << "no Xvfb with openbox";
         x = X11TestSessie::sessie;
-        platform = std::make_unique<XPlatform>(map.path(), x->display());
+        platform = std::make_unique<X11VenstersPlatform>(map.path(), x->display());
         p = std::make_unique<Programma>(*platform);
         p->dialogen = &dialogen;
         p->maak(p->frmTaakbalk2, *p);
@@ -87,16 +74,7 @@ protected:
         return uit;
     }
     std::vector<uint32_t> waarden(xcb_window_t w, const char* eigenschap, xcb_atom_t soort) {
-        xcb_connection_t* c = x->connection();
-        xcb_get_property_reply_t* r = xcb_get_property_reply(
-            c, xcb_get_property(c, 0, w, x->atom(eigenschap), soort, 0, 64), nullptr);
-        std::vector<uint32_t> v;
-        if (r && r->format == 32) {
-            auto* d = static_cast<const uint32_t*>(xcb_get_property_value(r));
-            v.assign(d, d + xcb_get_property_value_length(r) / 4);
-        }
-        std::free(r);
-        return v;
+        return x->property(w, eigenschap, soort);
     }
     // A click of the real mouse on the bar, as a pupil makes it.
     bool klik(QPoint opBalk) {
@@ -131,7 +109,7 @@ protected:
 
     XvfbSession* x = nullptr;
     QTemporaryDir map;
-    std::unique_ptr<XPlatform> platform;
+    std::unique_ptr<X11VenstersPlatform> platform;
     ScriptedDialogs dialogen;
     std::unique_ptr<Programma> p;
     std::unique_ptr<FrmTaakbalk2View> view;
