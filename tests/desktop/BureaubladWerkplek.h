@@ -58,15 +58,6 @@ struct BureaubladWerkplek : Werkplek {
     FrmBureaublad& b() { return *p.frmBureaublad; }
     ModData& d() { return *p.modData; }
 
-    void kopieer(const QString& bron, const QString& doelMap) {
-        QDirIterator it(bron, QDir::Files, QDirIterator::Subdirectories);
-        while (it.hasNext()) {
-            const QString bestand = it.next();
-            const QString doel = pad(doelMap + QDir(bron).relativeFilePath(bestand));
-            QDir().mkpath(QFileInfo(doel).path());
-            QFile::copy(bestand, doel);
-        }
-    }
     // A class row: name, ID, desktop, internet, background.
     void klas(int rij, const QString& naam, const QString& id, const QString& applicaties,
               const QString& internet = "Ja", const QString& achtergrond = "Bureaublad.jpg") {
@@ -125,12 +116,6 @@ struct BureaubladWerkplek : Werkplek {
     QPoint plek(int rij) {
         const auto* i = icoon(rij);
         return i ? i->beeld.topLeft() : QPoint(-1, -1);
-    }
-    QStringList meldingen() const {
-        QStringList uit;
-        for (const auto& v : dialogen.gesteld)
-            uit << v.tekst;
-        return uit;
     }
 
     AntwoordKanaal kanaal;

@@ -44,13 +44,6 @@ struct DesktopWerkplek : Werkplek {
     ModMainStarten& starten() { return *p.modMainStarten; }
     // Moves the clock past the guard between two starts.
     void later(qint64 seconden = 3) { platform.fakeClock().advance(seconden * 1000); }
-    // The texts of the messages shown so far.
-    QStringList meldingen() const {
-        QStringList uit;
-        for (const auto& v : dialogen.gesteld)
-            uit << v.tekst;
-        return uit;
-    }
     // The row of an application of a kind: ID, name, command, icon, parameter, display demand.
     void applicatie(int soort, int rij, const QString& id, const QString& naam,
                     const QString& opdracht, const QString& pictogram = "standaard|3",

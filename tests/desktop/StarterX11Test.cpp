@@ -52,12 +52,7 @@ struct X11Werkplek {
             return voorwaarde();
         });
     }
-    QStringList meldingen() const {
-        QStringList uit;
-        for (const auto& v : dialogen.gesteld)
-            uit << v.tekst;
-        return uit;
-    }
+    QStringList meldingen() const { return dialogen.teksten(); }
 
     QTemporaryDir map;
     FakePlatform fake{map.path()};

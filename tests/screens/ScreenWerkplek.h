@@ -32,15 +32,7 @@ struct ScreenWerkplek : Werkplek {
     FrmMain& f() { return *p.startScreen; }
     FrmTaakbalk1& balk() { return *p.frmTaakbalk1; }
     void kopieerThema() {
-        const QString bron = QStringLiteral(TK_DEFAULT_THEME);
-        QDirIterator it(bron, QDir::Files, QDirIterator::Subdirectories);
-        while (it.hasNext()) {
-            const QString pad = it.next();
-            const QString doel = this->pad(QStringLiteral("Afbeeldingen/Skins/1/") +
-                                           QDir(bron).relativeFilePath(pad));
-            QDir().mkpath(QFileInfo(doel).path());
-            QFile::copy(pad, doel);
-        }
+        kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/1/"));
     }
     // A class row: name, short name, picture, account, password, id, position.
     void klas(int rij, const QString& naam, const QString& kort, const QString& beeld = "1a.jpg",

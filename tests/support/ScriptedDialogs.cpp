@@ -15,4 +15,11 @@ void ScriptedDialogs::toonModaal(Form& form) {
         opModaal(form);
 }
 
+QStringList ScriptedDialogs::teksten() const {
+    QStringList uit;
+    for (const Vraag& v : gesteld)
+        uit << v.tekst;
+    return uit;
+}
+
 } // namespace tk::test

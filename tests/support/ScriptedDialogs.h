@@ -18,6 +18,8 @@ public:
     };
     QString vraag(const QString& titel, const QString& tekst, const QString& stijl) override;
     void toonModaal(Form& form) override;
+    // The texts of the questions and messages asked so far.
+    QStringList teksten() const;
 
     QStringList antwoorden;
     QList<Vraag> gesteld;

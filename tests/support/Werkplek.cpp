@@ -1,6 +1,7 @@
 #include "Werkplek.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 
@@ -23,6 +24,16 @@ void Werkplek::schrijf(const QString& relatief, const QByteArray& inhoud) const 
     QFile f(doel);
     if (f.open(QIODevice::WriteOnly))
         f.write(inhoud);
+}
+
+void Werkplek::kopieer(const QString& bron, const QString& doelMap) const {
+    QDirIterator it(bron, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString bestand = it.next();
+        const QString doel = pad(doelMap + QDir(bron).relativeFilePath(bestand));
+        QDir().mkpath(QFileInfo(doel).path());
+        QFile::copy(bestand, doel);
+    }
 }
 
 } // namespace tk::test

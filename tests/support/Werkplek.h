@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 namespace tk::test {
@@ -21,6 +22,10 @@ public:
     QString pad(const QString& relatief) const { return m_map.filePath(relatief); }
     QByteArray lees(const QString& relatief) const;
     void schrijf(const QString& relatief, const QByteArray& inhoud) const;
+    // Copies the files below a folder to a folder below the program folder ("Afbeeldingen/").
+    void kopieer(const QString& bron, const QString& doelMap) const;
+    // The texts of the messages shown so far.
+    QStringList meldingen() const { return dialogen.teksten(); }
 
     QTemporaryDir m_map;
     FakePlatform platform;

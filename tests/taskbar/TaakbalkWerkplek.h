@@ -75,15 +75,7 @@ struct TaakbalkWerkplek : Werkplek {
     }
 
     void kopieerThema() {
-        const QString bron = QStringLiteral(TK_DEFAULT_THEME);
-        QDirIterator it(bron, QDir::Files, QDirIterator::Subdirectories);
-        while (it.hasNext()) {
-            const QString bestand = it.next();
-            const QString doel =
-                pad(QStringLiteral("Afbeeldingen/Skins/1/") + QDir(bron).relativeFilePath(bestand));
-            QDir().mkpath(QFileInfo(doel).path());
-            QFile::copy(bestand, doel);
-        }
+        kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/1/"));
     }
 
     int hertekend = 0;
