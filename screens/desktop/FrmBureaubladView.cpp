@@ -3,6 +3,7 @@
 #include "FrmBureaublad.h"
 #include "StarterOverlayView.h"
 #include "controls/Knop2.h"
+#include "screens/start/AanmeldVelden.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -34,18 +35,9 @@ FrmBureaubladCanvas::FrmBureaubladCanvas(FrmBureaublad& model, QWidget* ouder)
     m_leraren->setFont(QFont(QStringLiteral("Verdana"), 9));
     m_leraren->hide();
     connect(m_leraren, &QComboBox::activated, this, [this](int i) { m.cmbAanmelden_Click(i); });
-    m_wachtwoord = new QLineEdit(this);
-    m_wachtwoord->setEchoMode(QLineEdit::Password);
-    m_wachtwoord->setFont(QFont(QStringLiteral("Verdana"), 11));
-    m_wachtwoord->hide();
-    connect(m_wachtwoord, &QLineEdit::textEdited, this,
-            [this](const QString& t) { m.txtWachtwoord = t; });
-    connect(m_wachtwoord, &QLineEdit::returnPressed, this,
-            [this] { m.txtWachtwoord_KeyPress(13); });
-    m_aanmelden = new QPushButton(this);
-    m_aanmelden->setFont(QFont(QStringLiteral("Verdana"), 9, QFont::Bold));
-    m_aanmelden->hide();
-    connect(m_aanmelden, &QPushButton::clicked, this, [this] { m.knopAanmelden_Click(); });
+    const AanmeldVelden velden(this, m);
+    m_wachtwoord = velden.wachtwoord;
+    m_aanmelden = velden.knop;
     m_overlay = new StarterOverlayView(m, this);
 }
 

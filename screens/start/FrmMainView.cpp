@@ -1,5 +1,6 @@
 #include "FrmMainView.h"
 
+#include "AanmeldVelden.h"
 #include "FrmMain.h"
 #include "LaadbalkTekenaar.h"
 #include "controls/Knop2View.h"
@@ -14,18 +15,9 @@ namespace tk {
 
 FrmMainCanvas::FrmMainCanvas(FrmMain& model, QWidget* ouder) : QWidget(ouder), m(model) {
     setFixedSize(1024, 768);
-    m_wachtwoord = new QLineEdit(this);
-    m_wachtwoord->setEchoMode(QLineEdit::Password);
-    m_wachtwoord->setFont(QFont(QStringLiteral("Verdana"), 11));
-    m_wachtwoord->hide();
-    connect(m_wachtwoord, &QLineEdit::textEdited, this,
-            [this](const QString& t) { m.txtWachtwoord = t; });
-    connect(m_wachtwoord, &QLineEdit::returnPressed, this,
-            [this] { m.txtWachtwoord_KeyPress(13); });
-    m_aanmelden = new QPushButton(this);
-    m_aanmelden->setFont(QFont(QStringLiteral("Verdana"), 9, QFont::Bold));
-    m_aanmelden->hide();
-    connect(m_aanmelden, &QPushButton::clicked, this, [this] { m.knopAanmelden_Click(); });
+    const AanmeldVelden velden(this, m);
+    m_wachtwoord = velden.wachtwoord;
+    m_aanmelden = velden.knop;
 }
 
 FrmMainCanvas::~FrmMainCanvas() {
