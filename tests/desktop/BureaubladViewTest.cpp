@@ -3,8 +3,10 @@
 #include "tests/screens/PngBewaren.h"
 
 #include <QCoreApplication>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPushButton>
 #include <gtest/gtest.h>
 
 using namespace tk;
@@ -114,4 +116,34 @@ TEST(BureaubladViewTest, HoverTooltipAndTeacherPanelAreDrawn) {
     const QRect r = w.b().picAanmelden;
     EXPECT_TRUE(dichtbij(paneel.pixel(r.left() + 10, r.bottom() - 10), qRgb(255, 255, 255), 20));
     EXPECT_EQ(verschillen(paneel, w.b().imgAanmelden, r.topLeft() + QPoint(16, 44)), 0);
+}
+
+TEST(BureaubladViewTest, TheTeachersPasswordFieldAndButtonDriveTheModel) {
+    BureaubladWerkplek w;
+    w.applicatie(1, 0, "3", "Lesprogramma");
+    w.leraar(0, "Vries", "Jan", "de", "22", "appel", "3", "jvries");
+    FrmBureaubladView view(w.b());
+    w.b().Openen(2, "");
+    w.b().cmbAanmelden_Click(0);
+    QLineEdit* veld = view.findChild<QLineEdit*>();
+    QPushButton* knop = nullptr;
+    for (QPushButton* k : view.findChildren<QPushButton*>())
+        if (k->text() == w.b().knopAanmeldenTekst)
+            knop = k;
+    ASSERT_NE(veld, nullptr);
+    ASSERT_NE(knop, nullptr);
+    EXPECT_EQ(veld->echoMode(), QLineEdit::Password);
+
+    // What is typed reaches the model; a wrong password by Enter is refused and cleared.
+    veld->setText("peer");
+    Q_EMIT veld->textEdited("peer");
+    EXPECT_EQ(w.b().txtWachtwoord, "peer");
+    Q_EMIT veld->returnPressed();
+    EXPECT_EQ(w.meldingen().size(), 1);
+    EXPECT_EQ(w.b().txtWachtwoord, "");
+    // The right one by the button opens the teacher's desktop.
+    Q_EMIT veld->textEdited("appel");
+    knop->click();
+    EXPECT_EQ(w.b().Weergave, 1);
+    EXPECT_EQ(w.b().kop, "Jan de Vries");
 }
