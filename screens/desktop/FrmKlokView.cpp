@@ -15,6 +15,10 @@ FrmKlokView::FrmKlokView(FrmKlok& model, QWidget* ouder)
     m.Hertekenen = [this] { update(); };
 }
 
+FrmKlokView::~FrmKlokView() {
+    m.Hertekenen = nullptr;
+}
+
 void FrmKlokView::openen() {
     m.hWnd = quint64(winId());
     m.Form_Load();

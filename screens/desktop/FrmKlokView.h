@@ -12,6 +12,8 @@ class FrmKlokView : public QWidget {
     Q_OBJECT
 public:
     explicit FrmKlokView(FrmKlok& model, QWidget* ouder = nullptr);
+    // The model outlives its view: its redraw hook is let go with the view.
+    ~FrmKlokView() override;
     // Gives the model the window, loads the face, cuts the window to it and shows it.
     void openen();
 
