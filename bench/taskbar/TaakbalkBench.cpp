@@ -9,11 +9,10 @@
 // Starts its own Xvfb with openbox; the bar itself is not shown by the tick bench (a tick only
 // paints when something changed): the paint is measured on its own (Verven).
 #include "core/Programma.h"
-#include "platform/fake/FakePlatform.h"
-#include "platform/linux/LinuxWindows.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "screens/taskbar/FrmTaakbalk2View.h"
-#include "tests/platform/XvfbSession.h"
+#include "tests/platform/ProgrammaVensters.h"
+#include "tests/platform/X11VenstersPlatform.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -32,52 +31,6 @@ using tk::test::XvfbSession;
 
 std::unique_ptr<XvfbSession> g_session;
 
-class XPlatform : public tk::FakePlatform {
-public:
-    XPlatform(const QString& map, const QByteArray& display)
-        : FakePlatform(map), m_vensters(display) {}
-    tk::Windows& windows() override { return m_vensters; }
-
-private:
-    tk::LinuxWindows m_vensters;
-};
-
-void zetTitel(XvfbSession& x, xcb_window_t w, const QByteArray& titel) {
-    xcb_connection_t* c = x.connection();
-    xcb_change_property(c, XCB_PROP_MODE_REPLACE, w, x.atom("_NET_WM_NAME"), x.atom("UTF8_STRING"),
-                        8, uint32_t(titel.size()), titel.constData());
-    xcb_change_property(c, XCB_PROP_MODE_REPLACE, w, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8,
-                        uint32_t(titel.size()), titel.constData());
-}
-
-// Windows as programs make them: a title in both properties, a type, a process, some owned
-// dialogs (which are no tasks).
-std::vector<xcb_window_t> maakVensters(XvfbSession& x, int aantal) {
-    xcb_connection_t* c = x.connection();
-    const xcb_screen_t* s = xcb_setup_roots_iterator(xcb_get_setup(c)).data;
-    std::vector<xcb_window_t> gemaakt;
-    for (int i = 0; i < aantal; ++i) {
-        const xcb_window_t w = xcb_generate_id(c);
-        xcb_create_window(c, XCB_COPY_FROM_PARENT, w, s->root, int16_t(10 * i), int16_t(10 * i),
-                          300, 200, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, s->root_visual, 0, nullptr);
-        zetTitel(x, w, "Document " + QByteArray::number(i) + " - Tekstverwerker");
-        const uint32_t soort =
-            x.atom(i % 5 == 4 ? "_NET_WM_WINDOW_TYPE_DIALOG" : "_NET_WM_WINDOW_TYPE_NORMAL");
-        xcb_change_property(c, XCB_PROP_MODE_REPLACE, w, x.atom("_NET_WM_WINDOW_TYPE"),
-                            XCB_ATOM_ATOM, 32, 1, &soort);
-        if (i % 5 == 4)
-            xcb_change_property(c, XCB_PROP_MODE_REPLACE, w, XCB_ATOM_WM_TRANSIENT_FOR,
-                                XCB_ATOM_WINDOW, 32, 1, &gemaakt.front());
-        const uint32_t pid = 1000 + uint32_t(i);
-        xcb_change_property(c, XCB_PROP_MODE_REPLACE, w, x.atom("_NET_WM_PID"), XCB_ATOM_CARDINAL,
-                            32, 1, &pid);
-        xcb_map_window(c, w);
-        gemaakt.push_back(w);
-    }
-    xcb_flush(c);
-    return gemaakt;
-}
-
 // state.range(0) windows; with state.range(1) one of them changes its title before every tick
 // (a browser loading pages), so that the tick renames a task and lays the bar out anew.
 void Tick(benchmark::State& state) {
@@ -87,9 +40,9 @@ void Tick(benchmark::State& state) {
     }
     const int aantal = int(state.range(0));
     const bool hernoemen = state.range(1) != 0;
-    const std::vector<xcb_window_t> gemaakt = maakVensters(*g_session, aantal);
+    const std::vector<xcb_window_t> gemaakt = tk::test::maakProgrammaVensters(*g_session, aantal);
     QTemporaryDir map;
-    XPlatform platform(map.path(), g_session->display());
+    tk::test::X11VenstersPlatform platform(map.path(), g_session->display());
     tk::Programma p(platform);
     tk::FrmTaakbalk2& balk = p.maak(p.frmTaakbalk2, p);
     p.BureaubladOpen = true;
@@ -109,7 +62,7 @@ void Tick(benchmark::State& state) {
     for (auto _ : state) {
         if (hernoemen) {
             state.PauseTiming();
-            zetTitel(*g_session, gemaakt.front(), "Pagina " + QByteArray::number(++n));
+            tk::test::zetTitel(*g_session, gemaakt.front(), "Pagina " + QByteArray::number(++n));
             xcb_flush(g_session->connection());
             state.ResumeTiming();
         }
