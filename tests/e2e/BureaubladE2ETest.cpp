@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 using namespace tk;
 using tk::test::ServerProces;
 using tk::test::Werkstation;
@@ -22,15 +24,28 @@ int klasRij(const ModData& d, const QString& naam) {
     return -1;
 }
 
+// A workstation without maintenance rights connected to a server of its own, with its data
+// tables made (and nothing loaded yet).
+class BureaubladE2ETest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
+        ws = std::make_unique<Werkstation>(server.poort(), false);
+        ASSERT_TRUE(ws->verbind());
+        p().maak(p().modData, p());
+    }
+    Programma& p() { return ws->w.p; }
+    ModData& d() { return *p().modData; }
+
+    ServerProces server;
+    std::unique_ptr<Werkstation> ws;
+};
+
 } // namespace
 
-TEST(BureaubladE2ETest, TheDesktopOfADemoClassStandsWhereTheServerKeepsItsPlaces) {
-    ServerProces server;
-    ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
-    Werkstation ws(server.poort(), false);
-    ASSERT_TRUE(ws.verbind());
-    Programma& p = ws.w.p;
-    ModData& d = p.maak(p.modData, p);
+TEST_F(BureaubladE2ETest, TheDesktopOfADemoClassStandsWhereTheServerKeepsItsPlaces) {
+    Programma& p = this->p();
+    ModData& d = this->d();
     d.LaadKlassen();
     d.LaadLeraren();
     for (int soort = 0; soort < 3; ++soort) {
@@ -72,20 +87,16 @@ TEST(BureaubladE2ETest, TheDesktopOfADemoClassStandsWhereTheServerKeepsItsPlaces
     // A click on the first icon starts its program and counts the start on the server.
     const QPoint op = plek(0) + QPoint(8, 8);
     b.Form_MouseUp(1, op.x(), op.y());
-    EXPECT_EQ(ws.w.platform.fakeProcesses().started.size(), 1);
+    EXPECT_EQ(ws->w.platform.fakeProcesses().started.size(), 1);
     // The count is not answered; the next question's answer shows it went before.
-    EXPECT_FALSE(ws.vraag(QStringLiteral("LDNKLSSNC")).isEmpty());
+    EXPECT_FALSE(ws->vraag(QStringLiteral("LDNKLSSNC")).isEmpty());
     EXPECT_FALSE(server.uitvoer().contains(QStringLiteral("OPSTEL")))
         << server.uitvoer().toStdString();
 }
 
-TEST(BureaubladE2ETest, ATeacherLogsInOnTheDesktopAndTheServerKnowsWhere) {
-    ServerProces server;
-    ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
-    Werkstation ws(server.poort(), false);
-    ASSERT_TRUE(ws.verbind());
-    Programma& p = ws.w.p;
-    ModData& d = p.maak(p.modData, p);
+TEST_F(BureaubladE2ETest, ATeacherLogsInOnTheDesktopAndTheServerKnowsWhere) {
+    Programma& p = this->p();
+    ModData& d = this->d();
     d.LaadLeraren();
     d.LaadApplicaties(1);
     d.LaadApplicaties(2);
