@@ -209,7 +209,10 @@ void DialoogView::voegKnoppenToe(int breedte, int boven, int hoogte, const QStri
     okVlak.tekst = ok;
     okVlak.standaard = true;
     okVlak.enabled = okEnabled;
-    okVlak.klik = std::move(okKlik);
+    okVlak.klik = [this, okKlik = std::move(okKlik)] {
+        okKlik();
+        m_klaar = true;
+    };
     vlakken << okVlak;
     Vlak annuleerVlak;
     annuleerVlak.plek = QRect(breedte - 18 - b, boven, b, hoogte);

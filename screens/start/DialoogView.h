@@ -57,7 +57,8 @@ protected:
     virtual void annuleren() = 0;
     // After a click or key: refresh, and close once the model has its answer.
     void naActie();
-    virtual bool klaar() const = 0;
+    // By default the window is done once an OK or a cancel set `m_klaar`.
+    virtual bool klaar() const { return m_klaar; }
 
     void paintEvent(QPaintEvent*) override;
     void mouseMoveEvent(QMouseEvent*) override;
@@ -68,11 +69,13 @@ protected:
     void reject() override;
 
     // Adds the row of two buttons at the foot of a body `breedte` wide: OK on the left as the
-    // default button, and on the right the one that cancels through annuleren().
+    // default button, which runs `okKlik` and ends the window, and on the right the one that
+    // cancels through annuleren().
     void voegKnoppenToe(int breedte, int boven, int hoogte, const QString& ok, bool okEnabled,
                         std::function<void()> okKlik, const QString& annuleer);
 
     QList<Vlak> vlakken;
+    bool m_klaar = false;
 
 private:
     int vlakOp(const QPoint& venster) const;

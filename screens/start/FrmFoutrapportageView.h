@@ -24,7 +24,6 @@ protected:
     void bijwerken() override;
     void tekenInhoud(QPainter& p) override;
     void annuleren() override;
-    bool klaar() const override { return m_klaar; }
 
 private:
     QStringList waarden() const;
@@ -32,7 +31,6 @@ private:
     QRect m_uitleg, m_kader;
     QList<QRect> m_regels;
     int m_onder = 0;
-    bool m_klaar = false;
 };
 
 } // namespace tk

@@ -32,11 +32,7 @@ FrmNetwerkView::FrmNetwerkView(FrmNetwerk& model, QWidget* ouder) : DialoogView(
 void FrmNetwerkView::bijwerken() {
     vlakken.clear();
     voegKnoppenToe(
-        Breedte, m_knoppenBoven, 26, m.cmdOK, m.cmdOKEnabled,
-        [this] {
-            m.cmdOK_Click();
-            m_klaar = true;
-        },
+        Breedte, m_knoppenBoven, 26, m.cmdOK, m.cmdOKEnabled, [this] { m.cmdOK_Click(); },
         m.cmdAnnuleren);
     update();
 }

@@ -22,14 +22,12 @@ protected:
     void bijwerken() override;
     void tekenInhoud(QPainter& p) override;
     void annuleren() override;
-    bool klaar() const override { return m_klaar; }
 
 private:
     FrmNetwerk& m;
     QLineEdit* m_naam;
     QRect m_uitleg, m_label;
     int m_knoppenBoven = 0;
-    bool m_klaar = false;
 };
 
 } // namespace tk

@@ -31,11 +31,7 @@ void FrmVersieView::bijwerken() {
     }
     const bool kanKiezen = m.Gekozen >= 0 && m.Gekozen < 3 && m.optEnabled[m.Gekozen];
     voegKnoppenToe(
-        Breedte, knoppenBoven, knopHoogte, m.cmdOK, kanKiezen,
-        [this] {
-            m.cmdOK_Click();
-            m_klaar = true;
-        },
+        Breedte, knoppenBoven, knopHoogte, m.cmdOK, kanKiezen, [this] { m.cmdOK_Click(); },
         m.cmdSluiten);
     update();
 }

@@ -20,11 +20,9 @@ protected:
     void bijwerken() override;
     void tekenInhoud(QPainter& p) override;
     void annuleren() override;
-    bool klaar() const override { return m_klaar; }
 
 private:
     FrmVersie& m;
-    bool m_klaar = false;
 };
 
 } // namespace tk

@@ -62,11 +62,7 @@ void FrmUitschakelenView::bijwerken() {
         vlakken << v;
     }
     voegKnoppenToe(
-        Breedte, m_knoppenBoven, 26, m.cmdOK, m.Controleren(),
-        [this] {
-            m.cmdOK_Click();
-            m_klaar = true;
-        },
+        Breedte, m_knoppenBoven, 26, m.cmdOK, m.Controleren(), [this] { m.cmdOK_Click(); },
         m.cmdAnnuleren);
     update();
 }

@@ -24,7 +24,6 @@ protected:
     void bijwerken() override;
     void tekenInhoud(QPainter& p) override;
     void annuleren() override;
-    bool klaar() const override { return m_klaar; }
 
 private:
     void vulGebruikers();
@@ -32,7 +31,6 @@ private:
     QComboBox* m_groep;
     QComboBox* m_gebruiker;
     int m_knoppenBoven = 0;
-    bool m_klaar = false;
 };
 
 } // namespace tk

@@ -109,9 +109,11 @@ TEST(DialoogViewsTest, ServerLocationWindowTakesTheTypedTextOnlyWithText) {
     EXPECT_FALSE(f.cmdOKEnabled);
     toets(view, Qt::Key_Return);
     EXPECT_TRUE(f.Antwoord.isEmpty());
+    EXPECT_NE(QDialog::Accepted, view.result()); // the window stays
     typ(vak, "server2");
     toets(view, Qt::Key_Return);
     EXPECT_EQ("server2", f.Antwoord);
+    EXPECT_EQ(QDialog::Accepted, view.result()); // and OK ends it
 
     FrmNetwerk f2(w.p);
     f2.LaadTaal();
