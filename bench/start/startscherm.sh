@@ -32,6 +32,7 @@ for _ in $(seq 50); do
   sleep 0.1
 done
 
+export USERNAME=TAFELKRATER
 now() { date +%s%N; }
 ms() { echo $(( ($2 - $1) / 1000000 )); }
 locs=(); shows=(); rsss=()
@@ -49,6 +50,8 @@ REGEDIT4
 [HKEY_LOCAL_MACHINE\SOFTWARE\Microsoft\Windows NT\CurrentVersion\Winlogon]
 "Shell"="$map/tafelkrater"
 REG
+  mkdir -p "$map/Data"
+  printf '[Algemeen]\r\nGeactiveerd=JA\r\n' > "$map/Data/Instellingen.ini"
   : >"$map/server.log"
   "$map/tafelkrater-server" --data "$map/Server" --port 34487 --demo >"$map/server.log" 2>&1 &
   server=$!

@@ -32,6 +32,14 @@ Programmamap::Programmamap() {
                              "\"Shell\"=\"%1\"\n")
                   .arg(pad(QStringLiteral("tafelkrater")))
                   .toUtf8());
+    // Activated: the workstation's own account runs the client, which asks nothing of it.
+    QDir().mkpath(pad(QStringLiteral("Data")));
+    QFile instellingen(pad(QStringLiteral("Data/Instellingen.ini")));
+    if (!instellingen.open(QIODevice::WriteOnly)) {
+        m_fout = QStringLiteral("cannot write the settings file");
+        return;
+    }
+    instellingen.write("[Algemeen]\r\nGeactiveerd=JA\r\n");
 }
 
 Programmamap::~Programmamap() {
@@ -46,6 +54,7 @@ QString Programmamap::pad(const QString& relatief) const {
 bool Programmamap::startLauncher() {
     QProcessEnvironment omgeving = QProcessEnvironment::systemEnvironment();
     omgeving.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    omgeving.insert(QStringLiteral("USERNAME"), QStringLiteral("TAFELKRATER"));
     m_launcher.setProcessEnvironment(omgeving);
     m_launcher.setProcessChannelMode(QProcess::MergedChannels);
     QObject::connect(&m_launcher, &QProcess::readyRead,

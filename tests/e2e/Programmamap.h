@@ -9,7 +9,8 @@ namespace tk::test {
 
 // A fresh program folder made by the build's own install step, prepared as an activated
 // Standalone workstation whose shell is already handed to the client (in the folder's own
-// registry store), with the launcher, the client and the server at its top.
+// registry store) and whose client runs as the workstation's own account, with the launcher, the
+// client and the server at its top.
 class Programmamap {
 public:
     Programmamap();
