@@ -10,25 +10,9 @@ cmake --build --preset default -j "$(nproc)"
 cmake --install build --prefix "$root/install" >/dev/null
 [ "$(id -u)" -ne 0 ] || export QTWEBENGINE_DISABLE_SANDBOX=1
 
-# A first run makes an activated Standalone workstation: the server beside the client, the shell
-# already handed to Tafelkrater in the program folder's own registry store, and the client run as
-# the workstation's own account (nothing outside the folder changes). An existing store is left
-# as it is.
-if [ ! -f "$root/install/Register/HKEY_LOCAL_MACHINE.reg" ]; then
-  mkdir -p "$root/install/Register"
-  cat > "$root/install/Register/HKEY_LOCAL_MACHINE.reg" <<REG
-REGEDIT4
-
-[HKEY_LOCAL_MACHINE\SOFTWARE\Tafelkrater]
-"Modus"="1"
-"Locatie server"="\\\\tafelkrater-server"
-
-[HKEY_LOCAL_MACHINE\SOFTWARE\Microsoft\Windows NT\CurrentVersion\Winlogon]
-"Shell"="$root/install/tafelkrater"
-REG
-  mkdir -p "$root/install/Data"
-  [ -f "$root/install/Data/Instellingen.ini" ] || printf '[Algemeen]\r\nGeactiveerd=JA\r\n' > "$root/install/Data/Instellingen.ini"
-fi
+# A first run makes an activated Standalone workstation of the folder (scripts/werkplek.sh);
+# nothing outside the folder changes, and an existing store is left as it is.
+bash "$root/scripts/werkplek.sh" "$root/install"
 export USERNAME=TAFELKRATER
 
 pids=()

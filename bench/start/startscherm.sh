@@ -39,19 +39,8 @@ locs=(); shows=(); rsss=()
 for run in $(seq "$runs"); do
   map="$work/run$run"
   cp -a "$work/programma" "$map"
-  mkdir -p "$map/Register" "$map/Server"
-  cat > "$map/Register/HKEY_LOCAL_MACHINE.reg" <<REG
-REGEDIT4
-
-[HKEY_LOCAL_MACHINE\SOFTWARE\Tafelkrater]
-"Modus"="1"
-"Locatie server"="\\\\\\\\tafelkrater-server"
-
-[HKEY_LOCAL_MACHINE\SOFTWARE\Microsoft\Windows NT\CurrentVersion\Winlogon]
-"Shell"="$map/tafelkrater"
-REG
-  mkdir -p "$map/Data"
-  printf '[Algemeen]\r\nGeactiveerd=JA\r\n' > "$map/Data/Instellingen.ini"
+  mkdir -p "$map/Server"
+  bash "$root/scripts/werkplek.sh" "$map"
   : >"$map/server.log"
   "$map/tafelkrater-server" --data "$map/Server" --port 34487 --demo >"$map/server.log" 2>&1 &
   server=$!

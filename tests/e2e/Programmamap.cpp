@@ -26,7 +26,7 @@ Programmamap::Programmamap() {
     reg.write(QStringLiteral("REGEDIT4\n\n"
                              "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Tafelkrater]\n"
                              "\"Modus\"=\"1\"\n"
-                             "\"Locatie server\"=\"\\\\\\\\tafelkrater-server\"\n\n"
+                             "\"Locatie server\"=\"\\\\tafelkrater-server\"\n\n"
                              "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows "
                              "NT\\CurrentVersion\\Winlogon]\n"
                              "\"Shell\"=\"%1\"\n")
