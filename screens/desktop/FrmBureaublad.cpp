@@ -31,6 +31,9 @@ const char* const soortLetters[] = {"k", "l", "a"};
 constexpr const char* Pictogrammen = "\\Afbeeldingen\\Pictogrammen\\Applicaties\\";
 constexpr const char* PictogrammenIni = "\\Data\\Pictogrammen.ini";
 constexpr const char* Eol = "\r\n";
+// A stored place further out than this is damage, not a place: beyond it the sums of an icon's
+// and its name's pixels would leave what an int holds.
+constexpr int PlekGrens = 1 << 20;
 
 // The number a text starts with, as the program reads one; nothing for a text without digits.
 std::optional<int> nummer(const QString& tekst) {
@@ -200,7 +203,9 @@ void FrmBureaublad::LaadPosities(const QString& tekst) {
             pos.Soort = waarden[1].trimmed();
             pos.X = xy.value(0).trimmed().toInt(&xGoed);
             pos.Y = xy.value(1).trimmed().toInt(&yGoed);
-            if (idGoed && xGoed && yGoed && xy.size() == 2)
+            const bool binnen =
+                qAbs(qint64(pos.X)) <= PlekGrens && qAbs(qint64(pos.Y)) <= PlekGrens;
+            if (idGoed && xGoed && yGoed && xy.size() == 2 && binnen)
                 posApplicatie.append(pos);
         }
     });

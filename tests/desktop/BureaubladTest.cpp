@@ -95,6 +95,24 @@ TEST(BureaubladTest, StoredPlacesMatchKindAndIdAndBadItemsAreLeftOut) {
     EXPECT_EQ(w.icoon(2)->regels, QStringList{w.p.modTaal.LaadTekst(723)});
 }
 
+TEST(BureaubladTest, StoredPlacesBeyondAnyScreenTakeAPlaceOfTheGrid) {
+    // A damaged record from the server: places at the ends of the number range would run the
+    // icon's and its name's pixel sums past what an int holds.
+    BureaubladWerkplek w;
+    for (int i = 0; i < 3; ++i)
+        w.applicatie(0, i, QString::number(i + 1), "App");
+    w.klas(0, "Groep 1", "12", "1|2|3", "Nee");
+    w.posities("K12", "1|k|-2147483648x100><2|k|2147483647x2147483647><3|k|300x400");
+    w.b().Openen(0, "12");
+
+    EXPECT_EQ(w.b().posApplicatie.size(), 1);
+    EXPECT_EQ(w.plek(0), FrmBureaublad::RasterPlek(0));
+    EXPECT_EQ(w.plek(1), FrmBureaublad::RasterPlek(1));
+    EXPECT_EQ(w.plek(2), QPoint(285, 400));
+    ASSERT_NE(w.icoon(1), nullptr);
+    EXPECT_GT(w.icoon(1)->tekst.width(), 0);
+}
+
 TEST(BureaubladTest, InternetIconOnlyForAnOwnerWithInternet) {
     BureaubladWerkplek w;
     w.applicatie(0, 0, "1", "App");
