@@ -737,6 +737,7 @@ void FrmBureaublad::Afmelden() {
     Procedure(p, "frmBureaublad.Afmelden", [&] {
         tmrTooltip.stop();
         tmrTaakbalk.stop();
+        StopWachten();
         Zichtbaar = false;
         picTooltipZichtbaar = false;
         picAanmeldenZichtbaar = false;

@@ -44,15 +44,31 @@ FrmBureaubladStarter::FrmBureaubladStarter(Programma& p) : p(p) {
 }
 
 FrmBureaubladStarter::~FrmBureaubladStarter() {
-    // The desktop goes (a log-off) while a program runs in the mode it demanded: the screen
-    // goes back all the same. Only the platform is asked: the other modules and the views may
-    // be gone already.
+    zetWeergaveTerug();
+}
+
+void FrmBureaubladStarter::zetWeergaveTerug() {
+    // The desktop goes while a program runs in the mode it demanded: the screen goes back all
+    // the same. Only the platform is asked: the other modules and the views may be gone already.
     if (!tmrShellWait.isActive() || ShellWachtStand != u"1")
         return;
     const QStringList oud = OudeWeergave.split(QLatin1Char('x'));
     const int breedte = getal(oud.value(0)), hoogte = getal(oud.value(1));
     if (breedte > 0 && hoogte > 0)
         p.platform.display().setMode(breedte, hoogte, getal(oud.value(2)));
+}
+
+void FrmBureaubladStarter::StopWachten() {
+    // A log-off while a program is waited for: the program runs on as a task of its own, but
+    // its end must not bring the desktop, its overlay or its taskbar strip back.
+    zetWeergaveTerug();
+    tmrShellWait.stop();
+    ShellProces = 0;
+    ShellWachtStand = QStringLiteral("0");
+    BreedteNu = SchermBreedte;
+    HoogteNu = SchermHoogte;
+    TaakbalkVerborgen = false;
+    verbergOverlay();
 }
 
 bool FrmBureaubladStarter::StartGeblokkeerd() {

@@ -56,6 +56,9 @@ public:
     bool StartGeblokkeerd();
     // "Close Program": ends the program by force and puts everything back.
     void cmdShellWait_Click();
+    // The desktop is left: stops following a started program and puts the display back,
+    // without showing anything of the desktop again.
+    void StopWachten();
 
     // --- the timers, each with its tick procedure (a test calls a tick directly)
     // Follows the started program; when it is gone, puts display and desktop back.
@@ -125,6 +128,7 @@ private:
     void verbergOverlay();
     void centreer();
     void herstellen(const char* procedure);
+    void zetWeergaveTerug();
     void startFout(int resultaat, const QString& naam, const QString& opdracht);
     void formOnTop(bool boven);
     void melding(const QString& tekst);

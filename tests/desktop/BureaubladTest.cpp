@@ -486,3 +486,27 @@ TEST(BureaubladStartschermTest, AClassClickOpensItsDesktopAndLogOffBringsTheScho
     ASSERT_NE(f.knop(0), nullptr);
     EXPECT_TRUE(f.knop(0)->Visible);
 }
+
+TEST(BureaubladTest, LoggingOffWhileAProgramRunsInItsModeGivesTheScreenBackAndTheDesktopStaysGone) {
+    BureaubladWerkplek w;
+    w.applicatie(0, 0, "1", "Rekenen");
+    w.klas(0, "Groep 1", "12", "1", "Nee");
+    w.b().Openen(0, "12");
+    int getoond = 0;
+    w.b().Tonen = [&] { ++getoond; };
+    w.b().StartApplicatie("/bin/sh", "", "", "800x600x16xNEE", "Rekenen");
+    ASSERT_TRUE(w.b().tmrShellWait.isActive());
+    ASSERT_EQ(w.platform.fakeDisplay().mode, (DisplayMode{800, 600, 32}));
+
+    // The taskbar's log-off button stays within reach while the program runs.
+    w.b().Afmelden();
+    EXPECT_EQ(w.platform.fakeDisplay().mode, (DisplayMode{1024, 768, 32}));
+    EXPECT_FALSE(w.b().tmrShellWait.isActive());
+    EXPECT_FALSE(w.b().picDisableZichtbaar);
+    EXPECT_EQ(w.b().ShellWachtStand, "0");
+
+    // Nothing follows the program any more, so its end brings nothing of the desktop back over
+    // the start screen.
+    EXPECT_EQ(getoond, 0);
+    EXPECT_FALSE(w.p.BureaubladOpen);
+}
