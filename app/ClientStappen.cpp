@@ -18,7 +18,13 @@ namespace tk {
 
 ClientStappen::ClientStappen(Programma& p) : p(p) {}
 
-ClientStappen::~ClientStappen() = default;
+ClientStappen::~ClientStappen() {
+    // The start screen's model outlives these steps: its hooks into them go first.
+    if (m_view && p.startScreen) {
+        p.startScreen->HoofdvensterTonen = nullptr;
+        p.startScreen->TaakbalkHertekenen = nullptr;
+    }
+}
 
 void ClientStappen::meld(const QString& wat) {
     QTextStream(stdout) << "tafelkrater: " << wat << Qt::endl;
