@@ -27,17 +27,8 @@ if [ -x "$root/install/tafelkrater-server" ]; then
 fi
 
 if [ -z "${DISPLAY:-}" ]; then
-  export DISPLAY=:77
-  Xvfb "$DISPLAY" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
-  pids+=($!)
-  sleep 1
-  openbox >/dev/null 2>&1 &
-  pids+=($!)
-  # The client marks its windows for the window manager: wait until openbox has taken the screen.
-  for _ in $(seq 50); do
-    xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
-    sleep 0.1
-  done
+  source "$root/scripts/xsessie.sh"
+  start_xsessie :77
   # Without a screen to look at, walk through the demo and leave a picture of every step.
   bash "$root/scripts/tour.sh" "$root/install" &
 fi

@@ -21,16 +21,8 @@ trap cleanup EXIT
 cmake --install build --prefix "$work/programma" >/dev/null
 if ss -ltn | grep -q ':34487 '; then echo "port 34487 is taken: stop the other server first"; exit 1; fi
 
-export DISPLAY=:93
-Xvfb "$DISPLAY" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
-pids+=($!)
-sleep 1
-openbox >/dev/null 2>&1 &
-pids+=($!)
-for _ in $(seq 50); do
-  xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
-  sleep 0.1
-done
+source "$root/scripts/xsessie.sh"
+start_xsessie :93
 
 export USERNAME=TAFELKRATER
 now() { date +%s%N; }
