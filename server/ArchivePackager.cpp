@@ -1,7 +1,7 @@
 #include "ArchivePackager.h"
 
 #include "ServerLog.h"
-#include "theme/UcArchief.h"
+#include "archive/UcArchief.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,9 +1,9 @@
 #include "ModDataPictogrammen.h"
 
+#include "archive/UcArchief.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
 #include "link/FrmMainLink.h"
-#include "theme/UcArchief.h"
 
 #include <QDir>
 

@@ -1,11 +1,11 @@
 // The client's start-up against the real server with its demo school.
+#include "archive/UcArchief.h"
 #include "core/OpstartStappen.h"
 #include "link/FrmMainLink.h"
 #include "link/ModMainVerbinding.h"
 #include "tests/e2e/ServerProces.h"
 #include "tests/e2e/Werkstation.h"
 #include "tests/support/Werkplek.h"
-#include "theme/UcArchief.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,9 +2,9 @@
 // saves and loads, deletes, restarts, the maintenance handshake, and the framing rules.
 #include "RunningServer.h"
 #include "WireClient.h"
+#include "archive/UcArchief.h"
 #include "server/ArchivePackager.h"
 #include "server/TransferChannel.h"
-#include "theme/UcArchief.h"
 
 #include <QDir>
 #include <QFile>

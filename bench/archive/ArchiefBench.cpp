@@ -1,8 +1,8 @@
 // Packing and unpacking a 200 MB theme-like tree (many JPEG files in nested folders) with the
 // archive control, side by side with tar -cf / tar -xf of the same tree in the same run.
-// Run: ./build/bench/theme/tk_theme_bench [--benchmark_...]; TK_BENCH_DIR picks the scratch
+// Run: ./build/bench/archive/tk_archive_bench [--benchmark_...]; TK_BENCH_DIR picks the scratch
 // folder (default: the system's temporary folder).
-#include "theme/UcArchief.h"
+#include "archive/UcArchief.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -33,8 +33,8 @@ Tree& tree() {
         const QByteArray base = qgetenv("TK_BENCH_DIR");
         t.dir = std::make_unique<QTemporaryDir>(
             base.isEmpty()
-                ? QDir::tempPath() + QStringLiteral("/tk_theme_bench-XXXXXX")
-                : QString::fromLocal8Bit(base) + QStringLiteral("/tk_theme_bench-XXXXXX"));
+                ? QDir::tempPath() + QStringLiteral("/tk_archive_bench-XXXXXX")
+                : QString::fromLocal8Bit(base) + QStringLiteral("/tk_archive_bench-XXXXXX"));
         t.source = t.dir->filePath(QStringLiteral("bron"));
         t.archive = t.dir->filePath(QStringLiteral("pakket.thema"));
         t.tarFile = t.dir->filePath(QStringLiteral("pakket.tar"));

@@ -1,8 +1,8 @@
+#include "archive/ArchiefFout.h"
+#include "archive/ArchiveIndex.h"
+#include "archive/UcArchief.h"
 #include "core/Procedure.h"
 #include "tests/support/Werkplek.h"
-#include "theme/ArchiefFout.h"
-#include "theme/ArchiveIndex.h"
-#include "theme/UcArchief.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,9 +1,9 @@
 #include "UcArchief.h"
 
+#include "archive/ArchiefFout.h"
+#include "archive/ArchiveIndex.h"
 #include "core/Ansi.h"
 #include "platform/PathResolver.h"
-#include "theme/ArchiefFout.h"
-#include "theme/ArchiveIndex.h"
 
 #include <QDir>
 #include <QFile>
@@ -244,7 +244,8 @@ int UcArchief::uitpakken(const char* methodeNaam, const QString& archief, const 
         pomp();
         voortgang(i + 1, aantal);
         if (gezocht && schrijven) {
-            // The early return of the original: the copy of the archive stays on disk.
+            // Found: stop at once. The clean-up of a full run is skipped on purpose, so the
+            // ".tmp" working copy stays on disk, as ExtractFile promises.
             tijdelijk.keep();
             return 1;
         }

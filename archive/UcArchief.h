@@ -22,8 +22,8 @@ public:
     std::function<void(const QString& tekst)> Status;                 // numbered steps
     std::function<void(const QString& naam, qint64 grootte)> Bestand; // each file
     std::function<void(int procent)> Voortgang; // whole part of i / aantal * 100
-    // Runs between entries, as the message pump of the original did (set it to
-    // Wacht::Pomp in the client).
+    // Runs between entries, so that the caller's event loop keeps turning during a long pack
+    // or unpack (the client sets it to Wacht::Pomp; the server leaves it empty).
     std::function<void()> Pomp;
 
     // Writes the one entry whose name equals `naam` without regard to case below `doelMap`,
