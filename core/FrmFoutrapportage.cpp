@@ -3,6 +3,7 @@
 #include "core/CommandChannel.h"
 #include "core/DialogService.h"
 #include "core/Programma.h"
+#include "core/Wire.h"
 #include "platform/Clock.h"
 #include "platform/Environment.h"
 
@@ -123,7 +124,6 @@ QString FrmFoutrapportage::HlpopsRecord() const {
     QString blok = Omschrijving;
     if (Procedure != u"-")
         blok = Procedure + QStringLiteral(" in lijn ") + Lijn + QLatin1Char('|') + Omschrijving;
-    const QString sep = QStringLiteral(";<>;");
     const QStringList velden = {Datum,
                                 Tijd,
                                 Computernaam,
@@ -134,7 +134,7 @@ QString FrmFoutrapportage::HlpopsRecord() const {
                                 QStringLiteral("Nee"),
                                 Datum + QLatin1Char(' ') + Tijd,
                                 QStringLiteral("Error report")};
-    return velden.join(sep);
+    return velden.join(wire::fieldSep);
 }
 
 void FrmFoutrapportage::cmdNietVersturen_Click() {
@@ -147,7 +147,7 @@ void FrmFoutrapportage::cmdVersturen_Click() {
     Zichtbaar = false;
     if (p.modMain.Verbonden()) {
         p.modMain.AntwoordOntvangen = false;
-        p.kanaal->WS_Versturen(QStringLiteral("HLPOPS") + HlpopsRecord(), false);
+        p.kanaal->WS_Versturen(wire::HLPOPS + HlpopsRecord(), false);
         p.wacht.Tot([this] { return p.modMain.AntwoordOntvangen; });
     } else {
         p.modMain.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(1114), QStringLiteral("-"));

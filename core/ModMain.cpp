@@ -4,6 +4,7 @@
 #include "core/DialogService.h"
 #include "core/Form.h"
 #include "core/Programma.h"
+#include "core/Wire.h"
 #include "platform/Clock.h"
 #include "platform/Environment.h"
 #include "platform/PathResolver.h"
@@ -154,7 +155,7 @@ void ModMain::LaadTaal() {
     bool vanServer = false;
     if (Verbonden()) {
         AntwoordOntvangen = false;
-        p.kanaal->WS_Versturen(QStringLiteral("LDNTAA"), false);
+        p.kanaal->WS_Versturen(QString(wire::LDNTAA), false);
         if (p.wacht.Tot([this] { return AntwoordOntvangen; }) == Wacht::Uitkomst::Voldaan) {
             waarde = Antwoord;
             vanServer = true;

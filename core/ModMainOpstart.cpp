@@ -6,6 +6,7 @@
 #include "core/OpstartStappen.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/Wire.h"
 #include "platform/Environment.h"
 #include "platform/Processes.h"
 
@@ -133,7 +134,7 @@ bool ModMainOpstart::ControleerVeiligeModus() {
                     p.modMain
                         .LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Wachtwoorden"),
                                  QStringLiteral("\\Data\\Tijdelijk.ini"))
-                        .split(QStringLiteral(";|;"));
+                        .split(wire::recordSep);
                 if (delen.size() >= 2)
                     onderhoud = delen[1];
                 if (p.modMain.BestandBestaat(QStringLiteral("\\Data\\Tijdelijk.ini")))

@@ -1,29 +1,25 @@
 #include "Favorieten.h"
 
 #include "core/Ansi.h"
+#include "core/Wire.h"
 
 namespace tk {
 
-namespace {
-const QString veldScheiding = QStringLiteral(";<>;");
-const QString itemScheiding = QStringLiteral("><");
-} // namespace
-
 Favorieten Favorieten::uitAntwoord(const QString& antwoord) {
     Favorieten f;
-    const QStringList delen = antwoord.split(veldScheiding);
-    const QStringList kop = delen.value(0).split(QLatin1Char('|'));
+    const QStringList delen = antwoord.split(wire::fieldSep);
+    const QStringList kop = delen.value(0).split(wire::valueSep);
     f.Internetmodus = kop.value(0);
     f.Thuispagina = kop.value(1);
     f.Filteren = kop.value(2);
     f.Blokkeren = kop.value(3);
     const QString lijst = delen.value(1);
     const QStringList items =
-        lijst.contains(itemScheiding) ? lijst.split(itemScheiding) : QStringList{lijst};
+        lijst.contains(wire::itemSep) ? lijst.split(wire::itemSep) : QStringList{lijst};
     for (const QString& item : items) {
         if (item.isEmpty())
             continue;
-        QStringList waarden = item.split(QLatin1Char('|'));
+        QStringList waarden = item.split(wire::valueSep);
         while (waarden.size() < 4)
             waarden.append(QString());
         f.Lijst.append(waarden.mid(0, 4));
@@ -34,9 +30,9 @@ Favorieten Favorieten::uitAntwoord(const QString& antwoord) {
 QString Favorieten::alsTekst() const {
     QStringList items;
     for (const QStringList& fav : Lijst)
-        items.append(fav.join(QLatin1Char('|')));
-    return QStringList{Internetmodus, Thuispagina, Filteren, Blokkeren}.join(QLatin1Char('|')) +
-           veldScheiding + items.join(itemScheiding);
+        items.append(fav.join(wire::valueSep));
+    return QStringList{Internetmodus, Thuispagina, Filteren, Blokkeren}.join(wire::valueSep) +
+           wire::fieldSep + items.join(wire::itemSep);
 }
 
 QList<QStringList> Favorieten::actieve(int maximum) const {

@@ -4,16 +4,13 @@
 #include "core/CommandChannel.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/Wire.h"
 #include "link/ModMainVerbinding.h"
 #include "platform/Clock.h"
 
 namespace tk {
 
 namespace {
-
-const QString recordScheiding = QStringLiteral(";|;");
-const QString veldScheiding = QStringLiteral(";<>;");
-const QString itemScheiding = QStringLiteral("><");
 
 QString t(const char* tekst) {
     return QString::fromLatin1(tekst);
@@ -112,7 +109,7 @@ void ModData::zetLaadbalk(bool zichtbaar, int waarde, int maximum, const QString
 void ModData::laadBlokken(const QString& snc, const QString& da, const QString& sectie,
                           QString& laatsteID,
                           const std::function<void(int, const QStringList&)>& zet) {
-    const QStringList info = haal(snc, sectie, t("Info")).split(QLatin1Char('|'));
+    const QStringList info = haal(snc, sectie, t("Info")).split(wire::valueSep);
     const int laatsteBlok = getal(info[0]);
     controleerIndex(1, info.size());
     laatsteID = info[1].isEmpty() ? t("1") : info[1];
@@ -123,14 +120,14 @@ void ModData::laadBlokken(const QString& snc, const QString& da, const QString& 
         const QString tekst = haal(da + nummer, sectie, nummer, int(nummer.size()) + 1);
         if (tekst.isEmpty())
             continue;
-        for (const QString& record : tekst.split(recordScheiding))
-            zet(rij++, record.split(veldScheiding));
+        for (const QString& record : tekst.split(wire::recordSep))
+            zet(rij++, record.split(wire::fieldSep));
     }
 }
 
 void ModData::LaadKlassen() {
     Procedure(p, "modData.LaadKlassen", [&] {
-        laadBlokken(t("LDNKLSSNC"), t("LDNKLSDA"), t("Groepen"), LaatsteKlasID,
+        laadBlokken(wire::LDNKLSSNC, wire::LDNKLSDA, t("Groepen"), LaatsteKlasID,
                     [this](int rij, const QStringList& v) {
                         controleerIndex(rij, KlassenRijen);
                         controleerVelden(v, 12);
@@ -150,7 +147,7 @@ void ModData::LaadKlassen() {
 
 void ModData::LaadLeraren() {
     Procedure(p, "modData.LaadLeraren", [&] {
-        laadBlokken(t("LDNLRNSNC"), t("LDNLRNDA"), t("Leerkrachten"), LaatsteLeraarID,
+        laadBlokken(wire::LDNLRNSNC, wire::LDNLRNDA, t("Leerkrachten"), LaatsteLeraarID,
                     [this](int rij, const QStringList& v) {
                         controleerIndex(rij, LerarenRijen);
                         controleerVelden(v, 15);
@@ -170,19 +167,19 @@ void ModData::LaadCategorien(int soort) {
     Procedure(p, "modData.LaadCategorien", [&] {
         controleerSoort(soort);
         FixedTable& tabel = Categorien[soort];
-        const QString letter = QString(QLatin1String("KLA")[soort]);
+        const QString letter = QString(wire::kindLetters[soort]);
         const QString sleutel = QString::number(soort);
         QString antwoord;
-        if (const auto a = vraag(t("LDNCA") + letter, [&] { tabel.leegmaken(); })) {
+        if (const auto a = vraag(wire::LDNCA + letter, [&] { tabel.leegmaken(); })) {
             antwoord = *a;
             cache.write(t("Categorien"), sleutel, antwoord);
         } else {
             antwoord = cache.read(t("Categorien"), sleutel);
         }
-        const QStringList elementen = antwoord.split(veldScheiding);
+        const QStringList elementen = antwoord.split(wire::fieldSep);
         LaatsteCategorieID[soort] = elementen[0];
         for (int i = 1; i < elementen.size(); ++i) {
-            const QStringList waarden = elementen[i].split(QLatin1Char('|'));
+            const QStringList waarden = elementen[i].split(wire::valueSep);
             controleerIndex(i - 1, CategorieRijen);
             controleerVelden(waarden, 2);
             tabel(i - 1, 0) = waarden[0];
@@ -196,17 +193,17 @@ void ModData::LaadApplicaties(int soort) {
     Procedure(p, "modData.LaadApplicaties", [&] {
         controleerSoort(soort);
         FixedTable& tabel = Applicaties[soort];
-        const QString voorvoegsel = t("LDNAP") + QString(QLatin1String("KLA")[soort]);
+        const QString voorvoegsel = wire::LDNAP + QString(wire::kindLetters[soort]);
         const QString sectie = t("Applicaties: ") + QString::number(soort);
         QString info;
         // The command goes out first, then the table is cleared, then the answer is awaited.
-        if (const auto a = vraag(voorvoegsel + t("SNC"), [&] { tabel.leegmaken(); })) {
+        if (const auto a = vraag(voorvoegsel + wire::SNC, [&] { tabel.leegmaken(); })) {
             info = *a;
             cache.write(sectie, t("Info"), info);
         } else {
             info = cache.read(sectie, t("Info"));
         }
-        const QStringList delen = info.split(QLatin1Char('|'));
+        const QStringList delen = info.split(wire::valueSep);
         const int aantal = getal(delen[0]);
         controleerIndex(1, delen.size());
         LaatsteApplicatieID[soort] = delen[1];
@@ -217,7 +214,7 @@ void ModData::LaadApplicaties(int soort) {
         for (int i = 1; i <= aantal; ++i) {
             const QString nummer = QString::number(i);
             const QStringList v =
-                haal(voorvoegsel + t("DAT") + nummer, sectie, nummer).split(itemScheiding);
+                haal(voorvoegsel + wire::DAT + nummer, sectie, nummer).split(wire::itemSep);
             controleerIndex(i - 1, ApplicatieRijen);
             controleerVelden(v, 8);
             for (int k = 0; k <= 6; ++k)
@@ -248,30 +245,31 @@ void ModData::LaadAccounts() {
 
 void ModData::LaadWachtwoorden() {
     Procedure(p, "modData.LaadWachtwoorden", [&] {
-        Wachtwoorden = haal(t("LDNWCH"), t("Algemeen"), t("Wachtwoorden")).split(recordScheiding);
+        Wachtwoorden = haal(wire::LDNWCH, t("Algemeen"), t("Wachtwoorden")).split(wire::recordSep);
     });
 }
 
 void ModData::LaadOverigeInstellingen() {
     Procedure(p, "modData.LaadOverigeInstellingen", [&] {
-        Overige = haal(t("LDNOVR"), t("Algemeen"), t("Overige")).split(veldScheiding);
+        Overige = haal(wire::LDNOVR, t("Algemeen"), t("Overige")).split(wire::fieldSep);
     });
 }
 
 void ModData::LaadModules() {
     Procedure(p, "modData.LaadModules", [&] {
         const QStringList modules =
-            haal(t("LDNMOD"), t("Algemeen"), t("Printermodule")).split(QLatin1Char('|'));
+            haal(wire::LDNMOD, t("Algemeen"), t("Printermodule")).split(wire::valueSep);
         Printermodule = Ansi::hoofdletters(modules.value(0)) == u"JA";
         ActiveDirectoryModule = Ansi::hoofdletters(modules.value(1)) == u"JA";
-        Printers = haal(t("LDNPRN"), t("Algemeen"), t("Printers"));
+        Printers = haal(wire::LDNPRN, t("Algemeen"), t("Printers"));
     });
 }
 
 void ModData::LaadVerbodenWoorden() {
     LaadbalkWeg balk{this};
     Procedure(p, "modData.LaadVerbodenWoorden", [&] {
-        const int paginas = getal(haal(t("LDNIVWINF"), t("Internetfilter"), t("Verboden woorden")));
+        const int paginas =
+            getal(haal(wire::LDNIVWINF, t("Internetfilter"), t("Verboden woorden")));
         if (paginas > 5) {
             balk.aan = true;
             zetLaadbalk(true, 0, paginas);
@@ -279,7 +277,7 @@ void ModData::LaadVerbodenWoorden() {
         QStringList woorden;
         for (int i = 1; i <= paginas; ++i) {
             const QString nummer = QString::number(i);
-            QString pagina = haal(t("LDNIVWPA") + nummer, t("Internetfilter"), t("V") + nummer);
+            QString pagina = haal(wire::LDNIVWPA + nummer, t("Internetfilter"), t("V") + nummer);
             woorden.append(pagina.remove(t("PA") + nummer));
             if (balk.aan)
                 zetLaadbalk(true, i, paginas,
@@ -287,13 +285,13 @@ void ModData::LaadVerbodenWoorden() {
                                 .replace(t("%aantal%"), nummer)
                                 .replace(t("%totaal%"), QString::number(paginas)));
         }
-        VerbodenWoorden = woorden.join(QLatin1Char('|'));
+        VerbodenWoorden = woorden.join(wire::valueSep);
     });
 }
 
 void ModData::LaadToegestaneSites() {
     Procedure(p, "modData.LaadToegestaneSites",
-              [&] { ToegestaneSites = haal(t("LDNITS"), t("Internetfilter"), t("T1")); });
+              [&] { ToegestaneSites = haal(wire::LDNITS, t("Internetfilter"), t("T1")); });
 }
 
 QString ModData::haalApart(const char* procedure, const QString& bericht, const QString& sectie,
@@ -327,8 +325,8 @@ QString ModData::haalApart(const char* procedure, const QString& bericht, const 
 
 Favorieten ModData::LaadFavorieten(const QString& eigenaar) {
     return Procedure(p, "modData.LaadFavorieten", Favorieten(), [&] {
-        return Favorieten::uitAntwoord(
-            haalApart("modData.LaadFavorieten", t("LDNFAV") + eigenaar, t("Favorieten"), eigenaar));
+        return Favorieten::uitAntwoord(haalApart("modData.LaadFavorieten", wire::LDNFAV + eigenaar,
+                                                 t("Favorieten"), eigenaar));
     });
 }
 
@@ -336,7 +334,7 @@ QString ModData::LaadApplicatiePosities(int soort, const QString& id) {
     return Procedure(p, "modData.LaadApplicatiePosities", QString(), [&] {
         // The key puts the kind before the ID; the command the letter.
         const QString antwoord = haalApart(
-            "modData.LaadApplicatiePosities", t("LDNAPPPOS") + (soort == 0 ? t("K") : t("L")) + id,
+            "modData.LaadApplicatiePosities", wire::LDNAPPPOS + (soort == 0 ? t("K") : t("L")) + id,
             t("Applicaties: posities"), QString::number(soort) + QLatin1Char('|') + id);
         p.modMain.Antwoord = antwoord;
         // The dispatcher keeps the text from the command's seventh character: "POS" first.
@@ -380,7 +378,7 @@ void ModData::VerstuurFoutrapporten() {
             f.Omschrijving = lees(sectie, "Omschrijving");
             ModMain& m = p.modMain;
             m.AntwoordOntvangen = false;
-            p.kanaal->WS_Versturen(t("HLPOPS") + f.HlpopsRecord(), false);
+            p.kanaal->WS_Versturen(wire::HLPOPS + f.HlpopsRecord(), false);
             const auto uitkomst = p.wacht.Tot([&m] { return m.AntwoordOntvangen; },
                                               p.platform.clock().msecsSinceStart() + 5000);
             // A report the server did not take stays for the next load.

@@ -2,19 +2,17 @@
 #include "ModData.h"
 
 #include "core/Procedure.h"
+#include "core/Wire.h"
 
 namespace tk {
 
 namespace {
 
-const QString veldScheiding = QStringLiteral(";<>;");
-const QString itemScheiding = QStringLiteral("><");
-
 QString kolommen(const FixedTable& tabel, int rij, std::initializer_list<int> welke) {
     QStringList waarden;
     for (int kolom : welke)
         waarden.append(tabel(rij, kolom));
-    return waarden.join(itemScheiding);
+    return waarden.join(wire::itemSep);
 }
 
 // Removes row `rij`: every later used row moves up one place in columns 0 to `laatsteKolom`,
@@ -38,26 +36,26 @@ bool isNieuw(const QString& id) {
 QString ModData::KlasBericht(int rij, bool metAccountExtra) {
     // Column 9 is never sent.
     QString bericht =
-        QStringLiteral("OPSKLZ") + kolommen(Klassen, rij, {6, 0, 1, 2, 3, 4, 5, 7, 8, 10, 11, 12});
+        wire::OPSKLZ + kolommen(Klassen, rij, {6, 0, 1, 2, 3, 4, 5, 7, 8, 10, 11, 12});
     if (metAccountExtra)
-        bericht += itemScheiding + Klassen(rij, 13);
+        bericht += wire::itemSep + Klassen(rij, 13);
     return bericht;
 }
 
 QString ModData::LeraarBericht(int rij) {
     // Column 13 is never sent; the categories stand before the theme.
-    return QStringLiteral("OPSLRZ") +
+    return wire::OPSLRZ +
            kolommen(Leraren, rij, {5, 0, 7, 6, 1, 2, 3, 4, 8, 9, 10, 11, 12, 15, 14, 16});
 }
 
 QString ModData::LerarenBericht(const QString& tekst) {
     const int aantal = Leraren.gebruikt();
-    QString bericht = QStringLiteral("OPSLRN") + tekst + veldScheiding + QString::number(aantal);
+    QString bericht = wire::OPSLRN + tekst + wire::fieldSep + QString::number(aantal);
     if (aantal > 0) {
         QStringList rijen;
         for (int rij = 0; rij < aantal; ++rij)
             rijen.append(kolommen(Leraren, rij, {5, 0, 7, 6, 1, 2, 3, 4, 8, 9, 10, 11, 12, 15}));
-        bericht += veldScheiding + rijen.join(veldScheiding);
+        bericht += wire::fieldSep + rijen.join(wire::fieldSep);
     }
     return bericht;
 }
@@ -83,12 +81,12 @@ QString ModData::OpslaanLeraarRecord(int rij) {
 
 bool ModData::OpslaanAlleLerarenRecord(const QString& tekst) {
     return Procedure(p, "modData.OpslaanAlleLerarenRecord", false,
-                     [&] { return vraagOpslaan(LerarenBericht(tekst)) == QStringLiteral("OK"); });
+                     [&] { return vraagOpslaan(LerarenBericht(tekst)) == wire::ok; });
 }
 
 bool ModData::VerwijderKlas(int rij) {
     return Procedure(p, "modData.VerwijderKlas", false, [&] {
-        const auto antwoord = vraagOpslaan(QStringLiteral("VWNKLS") + Klassen(rij, 6));
+        const auto antwoord = vraagOpslaan(wire::VWNKLS + Klassen(rij, 6));
         if (!antwoord || *antwoord == u"FOUT")
             return false;
         schuifOp(Klassen, rij, 12);
@@ -98,7 +96,7 @@ bool ModData::VerwijderKlas(int rij) {
 
 bool ModData::VerwijderLeraar(int rij) {
     return Procedure(p, "modData.VerwijderLeraar", false, [&] {
-        const auto antwoord = vraagOpslaan(QStringLiteral("VWNLRN") + Leraren(rij, 5));
+        const auto antwoord = vraagOpslaan(wire::VWNLRN + Leraren(rij, 5));
         if (!antwoord || *antwoord == u"FOUT")
             return false;
         schuifOp(Leraren, rij, 15);
@@ -115,10 +113,10 @@ bool ModData::OpslaanVerbodenWoorden() {
             // Pieces under 2000 characters; every piece after the first begins with "+".
             auto stuk = [&](const QStringList& items) {
                 return (stukken.isEmpty() ? QString() : QStringLiteral("+")) +
-                       items.join(QLatin1Char('|'));
+                       items.join(wire::valueSep);
             };
             QStringList huidige;
-            for (const QString& item : VerbodenWoorden.split(QLatin1Char('|'))) {
+            for (const QString& item : VerbodenWoorden.split(wire::valueSep)) {
                 const QStringList proef = huidige + QStringList{item};
                 if (!huidige.isEmpty() && stuk(proef).size() >= 2000) {
                     stukken.append(stuk(huidige));
@@ -131,31 +129,29 @@ bool ModData::OpslaanVerbodenWoorden() {
         }
         std::optional<QString> antwoord;
         for (const QString& stuk : std::as_const(stukken)) {
-            antwoord = vraagOpslaan(QStringLiteral("OPSVBW;<") + stuk);
+            antwoord = vraagOpslaan(QString(wire::OPSVBW) + wire::OPSVBWkop + stuk);
             if (!antwoord)
                 return false;
         }
-        return antwoord == QStringLiteral("OK");
+        return antwoord == wire::ok;
     });
 }
 
 bool ModData::OpslaanToegestaneSites() {
-    return Procedure(p, "modData.OpslaanToegestaneSites", false, [&] {
-        return vraagOpslaan(QStringLiteral("OPSITS") + ToegestaneSites) == QStringLiteral("OK");
-    });
+    return Procedure(p, "modData.OpslaanToegestaneSites", false,
+                     [&] { return vraagOpslaan(wire::OPSITS + ToegestaneSites) == wire::ok; });
 }
 
 bool ModData::OpslaanFavorieten(const QString& eigenaar, const Favorieten& favorieten) {
     return Procedure(p, "modData.OpslaanFavorieten", false, [&] {
-        return vraagOpslaan(QStringLiteral("OPSFAV") + eigenaar + veldScheiding +
-                            favorieten.alsTekst()) == QStringLiteral("OK");
+        return vraagOpslaan(wire::OPSFAV + eigenaar + wire::fieldSep + favorieten.alsTekst()) ==
+               wire::ok;
     });
 }
 
 bool ModData::Opslaan_Instellingen(const QString& instellingen) {
-    return Procedure(p, "modData.Opslaan_Instellingen", false, [&] {
-        return vraagOpslaan(QStringLiteral("OPSINS") + instellingen) == QStringLiteral("OK");
-    });
+    return Procedure(p, "modData.Opslaan_Instellingen", false,
+                     [&] { return vraagOpslaan(wire::OPSINS + instellingen) == wire::ok; });
 }
 
 } // namespace tk

@@ -2,6 +2,7 @@
 #include "ModData.h"
 
 #include "core/Procedure.h"
+#include "core/Wire.h"
 
 namespace tk {
 
@@ -78,7 +79,7 @@ void ModData::ApplicatiesSorteren(int soort, QStringList& collectie) {
         // Rows: a category in column 0, its count in column 1, its items from column 2 on.
         FixedTable kladblok(20, 200);
         for (const QString& item : std::as_const(collectie)) {
-            const QString app = item.section(QStringLiteral("><"), 0, 0);
+            const QString app = item.section(wire::itemSep, 0, 0);
             QString categorie;
             if (app.startsWith(QLatin1Char('a'), Qt::CaseInsensitive)) {
                 const int rij = ZoekAppLijstID(2, app.mid(1));
@@ -113,9 +114,9 @@ void ModData::ApplicatiesSorteren(int soort, QStringList& collectie) {
 QString ModData::ZoekPrinterNaam(const QString& printer) {
     return Procedure(p, "modData.ZoekPrinterNaam", QString(), [&] {
         const QString gezocht = printer.trimmed().toLower();
-        for (const QString& item : Printers.split(QStringLiteral("><"), Qt::SkipEmptyParts)) {
-            const QString naam = item.section(QLatin1Char('|'), 0, 0);
-            const QString share = item.section(QLatin1Char('|'), 1);
+        for (const QString& item : Printers.split(wire::itemSep, Qt::SkipEmptyParts)) {
+            const QString naam = item.section(wire::valueSep, 0, 0);
+            const QString share = item.section(wire::valueSep, 1);
             if (naam.toLower() == gezocht || share.toLower() == gezocht)
                 return naam;
         }

@@ -4,6 +4,7 @@
 #include "core/Fout.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/Wire.h"
 #include "link/ModMainVerbinding.h"
 #include "link/Woordenlijst.h"
 #include "platform/Clock.h"
@@ -94,7 +95,7 @@ void FrmMainLink::WS_DataArrival() {
         case Woordenlijst::Actie::Vallen:
             return;
         case Woordenlijst::Actie::Ping:
-            WS_Versturen(QStringLiteral("PING"), false);
+            WS_Versturen(QString(wire::PING), false);
             return;
         case Woordenlijst::Actie::Fir:
             if (m.ModusStandalone)
@@ -105,7 +106,7 @@ void FrmMainLink::WS_DataArrival() {
             return;
         case Woordenlijst::Actie::Infdmn: {
             BevestigdBericht = true;
-            const QStringList velden = s.payload.split(QLatin1Char('|'));
+            const QStringList velden = s.payload.split(wire::valueSep);
             if (velden.size() < 7)
                 throw Fout(QStringLiteral("Subscript out of range (INFDMN has %1 of 7 fields)")
                                .arg(velden.size()));
@@ -205,7 +206,7 @@ bool FrmMainLink::TestVerbinding() {
         picLadenZichtbaar = true;
         tmrLadenAan = true;
         BevestigdBericht = false;
-        WS_Versturen(QStringLiteral("TST"), false);
+        WS_Versturen(QString(wire::TST), false);
         p.wacht.Tot([this] { return BevestigdBericht; }, deadline);
         picLadenZichtbaar = false;
         tmrLadenAan = false;

@@ -4,6 +4,7 @@
 #include "core/OpstartStappen.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/Wire.h"
 #include "link/FrmMainLink.h"
 #include "platform/Clock.h"
 #include "platform/Environment.h"
@@ -55,19 +56,19 @@ void ModMainVerbinding::IdentificeerClient() {
     Procedure(p, "modMain.IdentificeerClient", [&] {
         if (!p.modMain.Verbonden())
             return;
-        p.frmMain->WS_Versturen(QStringLiteral("INFVER") + ModMain::ProgrammaVersie(), true);
-        p.frmMain->WS_Versturen(QStringLiteral("INFDMN"), true);
+        p.frmMain->WS_Versturen(wire::INFVER + ModMain::ProgrammaVersie(), true);
+        p.frmMain->WS_Versturen(QString(wire::INFDMN), true);
         QString computer = p.platform.environment().computerName();
         computer.remove(QChar(0));
-        p.frmMain->WS_Versturen(QStringLiteral("INFCOM") + computer, true);
+        p.frmMain->WS_Versturen(wire::INFCOM + computer, true);
     });
 }
 
 void ModMainVerbinding::GeefLocatieDoor(const QString& plaats) {
     Procedure(p, "modMain.GeefLocatieDoor", [&] {
         if (p.modMain.Verbonden())
-            p.frmMain->WS_Versturen(QStringLiteral("LOC") + plaats, true);
-        const QStringList velden = plaats.split(QLatin1Char('|'));
+            p.frmMain->WS_Versturen(wire::LOC + plaats, true);
+        const QStringList velden = plaats.split(wire::valueSep);
         const QString eerste = Ansi::hoofdletters(velden[0]);
         auto tekst = [&](int id) { return p.modTaal.LaadTekst(id); };
         auto naam = [&](const QString& soort, const QString& id) {
@@ -268,7 +269,7 @@ bool ModMainVerbinding::TestServerlocatie(bool firewall) {
             if (!f.isConnected())
                 break;
             m.AntwoordOntvangen = false;
-            f.WS_Versturen(QStringLiteral("FIR"), false);
+            f.WS_Versturen(QString(wire::FIR), false);
             p.wacht.Tot([&] { return m.AntwoordOntvangen; },
                         p.platform.clock().msecsSinceStart() + 5000);
             f.WS.abort();

@@ -5,6 +5,7 @@
 #include "ServerLog.h"
 #include "Store.h"
 #include "TransferChannel.h"
+#include "core/Wire.h"
 
 #include <QDir>
 #include <QTcpServer>
@@ -107,7 +108,7 @@ void CommandServer::onClosed(ClientConnection* c) {
 }
 
 bool CommandServer::inMaintenance(const QString& location) {
-    const QStringList parts = location.split(QLatin1Char('|'));
+    const QStringList parts = location.split(wire::valueSep);
     const QString first = parts.value(0).toUpper();
     if (first == QStringLiteral("ONDERHOUD") || first == QStringLiteral("ONDERHOUDSMODULE"))
         return true;

@@ -1,15 +1,9 @@
 #include "LoadCache.h"
 
 #include "Store.h"
+#include "core/Wire.h"
 
 namespace tk::server {
-
-namespace {
-
-const QString recordSeparator = QStringLiteral(";|;");
-const QString fieldSeparator = QStringLiteral(";<>;");
-
-} // namespace
 
 QStringList LoadCache::blocks(const QStringList& records, const QString& separator, int limit) {
     QStringList out;
@@ -34,12 +28,12 @@ QStringList LoadCache::blocks(const QStringList& records, const QString& separat
 // Field 0 is read and dropped by the client: it carries the ID, so that a reader of the wire
 // sees which record comes. Fields 1 to 13 are the columns 0 to 12.
 QString LoadCache::classRecord(const QStringList& columns) {
-    return (QStringList{columns[Store::classId]} + columns).join(fieldSeparator);
+    return (QStringList{columns[Store::classId]} + columns).join(wire::fieldSep);
 }
 
 // Columns 0 to 13, then Categorieen before Thema: fields 14 and 15 stand crossed.
 QString LoadCache::teacherRecord(const QStringList& columns) {
-    return (columns.mid(0, 14) + QStringList{columns[15], columns[14]}).join(fieldSeparator);
+    return (columns.mid(0, 14) + QStringList{columns[15], columns[14]}).join(wire::fieldSep);
 }
 
 std::shared_ptr<const LoadCache::Snapshot> LoadCache::current() {
@@ -51,38 +45,34 @@ std::shared_ptr<const LoadCache::Snapshot> LoadCache::current() {
     QStringList records;
     for (const QStringList& row : m_store.classes())
         records << classRecord(row);
-    s->classBlocks = blocks(records, recordSeparator, blockLimit);
-    s->classInfo = QStringLiteral("%1|%2")
-                       .arg(s->classBlocks.size() - 1)
-                       .arg(m_store.setting(QStringLiteral("last_class_id"), QStringLiteral("0")));
+    s->classBlocks = blocks(records, wire::recordSep, blockLimit);
+    s->classInfo = QString::number(s->classBlocks.size() - 1) + wire::valueSep +
+                   m_store.setting(QStringLiteral("last_class_id"), QStringLiteral("0"));
 
     records.clear();
     for (const QStringList& row : m_store.teachers())
         records << teacherRecord(row);
-    s->teacherBlocks = blocks(records, recordSeparator, blockLimit);
-    s->teacherInfo =
-        QStringLiteral("%1|%2")
-            .arg(s->teacherBlocks.size() - 1)
-            .arg(m_store.setting(QStringLiteral("last_teacher_id"), QStringLiteral("0")));
+    s->teacherBlocks = blocks(records, wire::recordSep, blockLimit);
+    s->teacherInfo = QString::number(s->teacherBlocks.size() - 1) + wire::valueSep +
+                     m_store.setting(QStringLiteral("last_teacher_id"), QStringLiteral("0"));
 
     for (int kind = 0; kind < 3; ++kind) {
         QStringList parts{
             m_store.setting(QStringLiteral("last_category_id_%1").arg(kind), QStringLiteral("0"))};
         for (const Store::Category& c : m_store.categories(kind))
-            parts << QStringLiteral("%1|%2").arg(c.id).arg(c.naam);
-        s->categories[kind] = parts.join(fieldSeparator);
+            parts << QString::number(c.id) + wire::valueSep + c.naam;
+        s->categories[kind] = parts.join(wire::fieldSep);
         for (const Store::Application& a : m_store.applications(kind))
-            s->applications[kind] << a.join(QStringLiteral("><"));
+            s->applications[kind] << a.join(wire::itemSep);
         s->applicationInfo[kind] =
-            QStringLiteral("%1|%2")
-                .arg(s->applications[kind].size())
-                .arg(m_store.setting(QStringLiteral("last_application_id_%1").arg(kind),
-                                     QStringLiteral("0")));
+            QString::number(s->applications[kind].size()) + wire::valueSep +
+            m_store.setting(QStringLiteral("last_application_id_%1").arg(kind),
+                            QStringLiteral("0"));
     }
 
     const QString words = m_store.setting(QStringLiteral("forbidden_words"));
     if (!words.isEmpty())
-        s->wordPages = blocks(words.split(QLatin1Char('|')), QStringLiteral("|"), 1000);
+        s->wordPages = blocks(words.split(wire::valueSep), QString(wire::valueSep), 1000);
     m_snapshot = s;
     return m_snapshot;
 }

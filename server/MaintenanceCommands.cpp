@@ -10,6 +10,7 @@
 #include "TransferChannel.h"
 #include "UpdateOffer.h"
 #include "WireText.h"
+#include "core/Wire.h"
 
 #include <QFile>
 #include <QPointer>
@@ -17,9 +18,6 @@
 namespace tk::server {
 
 namespace {
-
-const QString fieldSep = QStringLiteral(";<>;");
-const QString fout = QStringLiteral("FOUT");
 
 QString s(const char* text) {
     return QString::fromLatin1(text);
@@ -53,46 +51,47 @@ MaintenanceCommands::MaintenanceCommands(Store& store, TransferChannel& transfer
 
 void MaintenanceCommands::refuse(ClientConnection& c, const QString& prefix, const QString& why) {
     ServerLog::fault(QStringLiteral("connection %1 %2").arg(c.number()).arg(prefix), why);
-    c.sendReply(prefix + fout);
+    c.sendReply(prefix + wire::fout);
 }
 
 bool MaintenanceCommands::handle(ClientConnection& c, const QString& m) {
-    if (m.startsWith(s("HLPOPS"))) {
-        storeProblemCall(c, m.mid(6));
-    } else if (m.startsWith(s("HLPSNC"))) {
-        c.sendReply(s("HLPSNC") + moment(m_store.problemCallsChanged()) + QLatin1Char('|') +
+    if (m.startsWith(wire::HLPOPS)) {
+        storeProblemCall(c, m.mid(wire::HLPOPS.size()));
+    } else if (m.startsWith(wire::HLPSNC)) {
+        c.sendReply(wire::HLPSNC + moment(m_store.problemCallsChanged()) + wire::valueSep +
                     QString::number(m_store.problemCallCount()));
-    } else if (m.startsWith(s("HLPLDN"))) {
-        loadProblemCall(c, m.mid(6));
-    } else if (m.startsWith(s("HLPSCR"))) {
-        sendScreenshot(c, m.mid(6));
-    } else if (m.startsWith(s("HLPVWN"))) {
-        deleteProblemCall(c, m.mid(6));
-    } else if (m.startsWith(s("BCKLST"))) {
-        c.sendReply(s("BCK") + m_backups.list().join(QLatin1Char('|')));
-    } else if (m.startsWith(s("BCKMKB"))) {
+    } else if (m.startsWith(wire::HLPLDN)) {
+        loadProblemCall(c, m.mid(wire::HLPLDN.size()));
+    } else if (m.startsWith(wire::HLPSCR)) {
+        sendScreenshot(c, m.mid(wire::HLPSCR.size()));
+    } else if (m.startsWith(wire::HLPVWN)) {
+        deleteProblemCall(c, m.mid(wire::HLPVWN.size()));
+    } else if (m.startsWith(wire::BCKLST)) {
+        c.sendReply(wire::BCK + m_backups.list().join(wire::valueSep));
+    } else if (m.startsWith(wire::BCKMKB)) {
         makeBackup(c);
-    } else if (m.startsWith(s("BCKRST"))) {
-        restoreBackup(c, m.mid(6));
-    } else if (m.startsWith(s("UPD"))) {
+    } else if (m.startsWith(wire::BCKRST)) {
+        restoreBackup(c, m.mid(wire::BCKRST.size()));
+    } else if (m.startsWith(wire::UPD)) {
         return handleUpdate(c, m);
-    } else if (m == s("LDNSIN")) {
-        c.sendReply(s("LDNSIN") +
-                    QStringList{serverVersion(), m_store.setting(s("server_auto_update"), s("NEE")),
-                                m_store.setting(s("server_beta"), s("NEE")), s("SQLite")}
-                        .join(fieldSep));
-    } else if (m.startsWith(s("OPSSIN"))) {
-        saveServerSettings(c, m.mid(6));
-    } else if (m == s("LDNTHD")) {
+    } else if (m == wire::LDNSIN) {
+        c.sendReply(wire::LDNSIN + QStringList{serverVersion(),
+                                               m_store.setting(s("server_auto_update"), wire::nee),
+                                               m_store.setting(s("server_beta"), wire::nee),
+                                               s("SQLite")}
+                                       .join(wire::fieldSep));
+    } else if (m.startsWith(wire::OPSSIN)) {
+        saveServerSettings(c, m.mid(wire::OPSSIN.size()));
+    } else if (m == wire::LDNTHD) {
         QStringList items;
         for (const ThemeCatalogue::Entry& e : m_catalogue.entries())
             items << QStringList{e.id, e.naam, e.omschrijving, e.kosten, e.versie}.join(
-                QLatin1Char('|'));
-        c.sendReply(s("LDNTHD") + items.join(QStringLiteral("><")));
-    } else if (m.startsWith(s("LDNTHO"))) {
-        addCatalogueTheme(c, m.mid(6));
-    } else if (m.startsWith(s("LDNTHV"))) {
-        removeTheme(c, m.mid(6));
+                wire::valueSep);
+        c.sendReply(wire::LDNTHD + items.join(wire::itemSep));
+    } else if (m.startsWith(wire::LDNTHO)) {
+        addCatalogueTheme(c, m.mid(wire::LDNTHO.size()));
+    } else if (m.startsWith(wire::LDNTHV)) {
+        removeTheme(c, m.mid(wire::LDNTHV.size()));
     } else {
         return false;
     }
@@ -102,7 +101,7 @@ bool MaintenanceCommands::handle(ClientConnection& c, const QString& m) {
 void MaintenanceCommands::storeProblemCall(ClientConnection& c, const QString& record) {
     ProblemCallRecord::Parsed parsed = ProblemCallRecord::parse(record);
     if (!parsed.ok) {
-        refuse(c, s("HLPOPS"), parsed.error);
+        refuse(c, wire::HLPOPS, parsed.error);
         return;
     }
     parsed.call.location = c.location;
@@ -110,7 +109,7 @@ void MaintenanceCommands::storeProblemCall(ClientConnection& c, const QString& r
         parsed.call.computernaam = c.computerName;
     QString why;
     if (!m_store.addProblemCall(&parsed.call, &why)) {
-        refuse(c, s("HLPOPS"), why);
+        refuse(c, wire::HLPOPS, why);
         return;
     }
     if (parsed.screenshotFollows) {
@@ -127,7 +126,7 @@ void MaintenanceCommands::storeProblemCall(ClientConnection& c, const QString& r
     ServerLog::line(QStringLiteral("connection %1: problem call %2 stored")
                         .arg(c.number())
                         .arg(parsed.call.id));
-    c.sendReply(s("HLPOPS"));
+    c.sendReply(wire::HLPOPS);
 }
 
 void MaintenanceCommands::loadProblemCall(ClientConnection& c, const QString& number) {
@@ -136,15 +135,15 @@ void MaintenanceCommands::loadProblemCall(ClientConnection& c, const QString& nu
                                                 ? m_store.problemCalls(n - 1, 1)
                                                 : QList<Store::ProblemCall>();
     if (calls.isEmpty()) {
-        refuse(c, s("HLPLDN"),
+        refuse(c, wire::HLPLDN,
                QStringLiteral("no problem call number \"%1\"").arg(excerpt(number)));
         return;
     }
     const Store::ProblemCall& p = calls.first();
-    c.sendReply(s("HLPLDN") + QStringList{QString::number(p.id), p.type, p.datum, p.tijd,
-                                          p.computernaam, p.rapporteur, p.module, p.applicatie,
-                                          p.omschrijving, p.screenshot ? s("Ja") : s("Nee")}
-                                  .join(fieldSep));
+    c.sendReply(wire::HLPLDN + QStringList{QString::number(p.id), p.type, p.datum, p.tijd,
+                                           p.computernaam, p.rapporteur, p.module, p.applicatie,
+                                           p.omschrijving, p.screenshot ? s("Ja") : s("Nee")}
+                                   .join(wire::fieldSep));
 }
 
 void MaintenanceCommands::sendScreenshot(ClientConnection& c, const QString& idText) {
@@ -156,7 +155,7 @@ void MaintenanceCommands::sendScreenshot(ClientConnection& c, const QString& idT
         ServerLog::fault(
             QStringLiteral("connection %1 HLPSCR").arg(c.number()),
             QStringLiteral("no screenshot of problem call \"%1\"").arg(excerpt(idText)));
-        c.sendSettlingReply(s("HLPSCRFOUT"));
+        c.sendSettlingReply(wire::HLPSCR + QString(wire::fout));
         return;
     }
     m_transfers.sendFile(c.peerAddress(), QStringLiteral("%1.jpg").arg(id), jpeg);
@@ -166,9 +165,9 @@ void MaintenanceCommands::deleteProblemCall(ClientConnection& c, const QString& 
     qint64 id = 0;
     QString why = QStringLiteral("no ID \"%1\"").arg(excerpt(idText));
     if (WireText::number(idText, &id) && m_store.deleteProblemCall(id, &why))
-        c.sendReply(s("HLPVWNOK"));
+        c.sendReply(wire::HLPVWN + QString(wire::ok));
     else
-        refuse(c, s("HLPVWN"), why);
+        refuse(c, wire::HLPVWN, why);
 }
 
 void MaintenanceCommands::makeBackup(ClientConnection& c) {
@@ -177,10 +176,10 @@ void MaintenanceCommands::makeBackup(ClientConnection& c) {
         if (!to)
             return;
         if (ok) {
-            to->sendReply(s("BCK") + nameOrWhy);
+            to->sendReply(wire::BCK + nameOrWhy);
         } else {
             ServerLog::fault(QStringLiteral("connection %1 BCKMKB").arg(to->number()), nameOrWhy);
-            to->sendReply(s("BCKFOUT"));
+            to->sendReply(wire::BCK + QString(wire::fout));
         }
     });
 }
@@ -188,28 +187,28 @@ void MaintenanceCommands::makeBackup(ClientConnection& c) {
 void MaintenanceCommands::restoreBackup(ClientConnection& c, const QString& name) {
     QString why;
     if (!m_backups.restore(name, &why)) {
-        refuse(c, s("BCK"), why); // the dispatcher keeps what follows "BCK"
+        refuse(c, wire::BCK, why); // the dispatcher keeps what follows "BCK"
         return;
     }
-    c.sendReply(s("BCKOK"));
+    c.sendReply(wire::BCK + QString(wire::ok));
 }
 
 bool MaintenanceCommands::handleUpdate(ClientConnection& c, const QString& m) {
     const auto offer = m_updates.client();
-    if (m.startsWith(s("UPDVER")) || m.startsWith(s("UPDCON"))) {
+    if (m.startsWith(wire::UPDVER) || m.startsWith(wire::UPDCON)) {
         // Nothing on offer: the client's own version, so that it never updates unasked.
         const QString own = m.mid(6).isEmpty() ? c.clientVersion : m.mid(6);
         c.sendReply(m.left(6) + (offer ? offer->version : own));
-    } else if (m.startsWith(s("UPDOPHINF"))) {
+    } else if (m.startsWith(wire::UPDOPHINF)) {
         if (!offer) {
-            refuse(c, s("UPDOPHINF"), QStringLiteral("no update on offer"));
+            refuse(c, wire::UPDOPHINF, QStringLiteral("no update on offer"));
             return true;
         }
-        c.sendReply(s("UPDOPHINF") + QStringList{QString::number(m_transfers.clientDataPort()),
-                                                 QString::number(m_transfers.clientInfoPort()),
-                                                 offer->fileName}
-                                         .join(QLatin1Char('|')));
-    } else if (m.startsWith(s("UPDOPHREQ"))) {
+        c.sendReply(wire::UPDOPHINF + QStringList{QString::number(m_transfers.clientDataPort()),
+                                                  QString::number(m_transfers.clientInfoPort()),
+                                                  offer->fileName}
+                                          .join(wire::valueSep));
+    } else if (m.startsWith(wire::UPDOPHREQ)) {
         // The client waits for the transfer alone: a refusal is told in the log only, as any
         // text on the command channel could join the next reply in one read.
         QFile file(offer ? offer->path : QString());
@@ -234,35 +233,36 @@ bool MaintenanceCommands::handleUpdate(ClientConnection& c, const QString& m) {
 
 // "6;<>;<automatic update>;<>;<beta>;<>;<Nee>"
 void MaintenanceCommands::saveServerSettings(ClientConnection& c, const QString& payload) {
-    const QStringList f = WireText::split(payload, fieldSep);
+    const QStringList f = WireText::split(payload, wire::fieldSep);
     if (f.size() != 4 || f[0] != s("6")) {
-        refuse(c, s("OPSSIN"),
+        refuse(c, wire::OPSSIN,
                QStringLiteral("server settings \"%1\" are not 6 and three values")
                    .arg(excerpt(payload)));
         return;
     }
-    auto flag = [](const QString& v) { return WireText::yes(v) ? s("JA") : s("NEE"); };
+    auto flag = [](const QString& v) { return QString(WireText::yes(v) ? wire::ja : wire::nee); };
     QString why;
     if (!m_store.setSettings({{s("server_auto_update"), flag(f[1])},
                               {s("server_beta"), flag(f[2])},
                               {s("server_last"), f[3]}},
                              &why))
-        refuse(c, s("OPSSIN"), why);
+        refuse(c, wire::OPSSIN, why);
     else
-        c.sendReply(s("OPSSIN"));
+        c.sendReply(wire::OPSSIN);
 }
 
 // "<id>|<anything>": the catalogue's theme goes into what the server offers its clients.
 void MaintenanceCommands::addCatalogueTheme(ClientConnection& c, const QString& payload) {
-    const QString id = payload.section(QLatin1Char('|'), 0, 0);
+    const QString id = payload.section(wire::valueSep, 0, 0);
     const auto entry = m_catalogue.entry(id);
     if (!entry) {
-        refuse(c, s("LDNTHO"), QStringLiteral("no theme \"%1\" in the catalogue").arg(excerpt(id)));
+        refuse(c, wire::LDNTHO,
+               QStringLiteral("no theme \"%1\" in the catalogue").arg(excerpt(id)));
         return;
     }
     const QByteArray package = m_packages.packFolder(entry->folder);
     if (package.isEmpty()) {
-        refuse(c, s("LDNTHO"), QStringLiteral("cannot pack the theme %1").arg(entry->folder));
+        refuse(c, wire::LDNTHO, QStringLiteral("cannot pack the theme %1").arg(entry->folder));
         return;
     }
     bool standaard = false;
@@ -271,22 +271,22 @@ void MaintenanceCommands::addCatalogueTheme(ClientConnection& c, const QString& 
             standaard = t.standaard;
     QString why;
     if (!m_store.saveTheme({id, entry->versie, standaard}, package, &why))
-        refuse(c, s("LDNTHO"), why);
+        refuse(c, wire::LDNTHO, why);
     else
-        c.sendReply(s("LDNTHOOK"));
+        c.sendReply(wire::LDNTHO + QString(wire::ok));
 }
 
 void MaintenanceCommands::removeTheme(ClientConnection& c, const QString& id) {
     for (const Store::Theme& t : m_store.themes())
         if (t.id == id && t.standaard) {
-            refuse(c, s("LDNTHV"), QStringLiteral("theme %1 is the school's default").arg(id));
+            refuse(c, wire::LDNTHV, QStringLiteral("theme %1 is the school's default").arg(id));
             return;
         }
     QString why;
     if (!m_store.deleteTheme(id, &why))
-        refuse(c, s("LDNTHV"), why);
+        refuse(c, wire::LDNTHV, why);
     else
-        c.sendReply(s("LDNTHVOK"));
+        c.sendReply(wire::LDNTHV + QString(wire::ok));
 }
 
 } // namespace tk::server

@@ -1,6 +1,7 @@
 #include "ProblemCallRecord.h"
 
 #include "WireText.h"
+#include "core/Wire.h"
 
 namespace tk::server {
 
@@ -13,7 +14,7 @@ QString ProblemCallRecord::knownType(const QString& text) {
 
 ProblemCallRecord::Parsed ProblemCallRecord::parse(const QString& record) {
     Parsed out;
-    const QStringList f = WireText::split(record, QStringLiteral(";<>;"));
+    const QStringList f = WireText::split(record, wire::fieldSep);
     Store::ProblemCall& c = out.call;
     if (f.size() == 10) {
         c.datum = f[0];

@@ -2,6 +2,7 @@
 
 #include "WireText.h"
 #include "core/IniDocument.h"
+#include "core/Wire.h"
 
 #include <QDir>
 #include <QFile>
@@ -26,8 +27,7 @@ std::optional<ThemeCatalogue::Entry> ThemeCatalogue::read(const QString& id) con
     auto value = [&](const char* key, const QString& fallback = QString()) {
         QString v = ini.value(section, QString::fromLatin1(key)).value_or(fallback);
         // The catalogue's own separators cannot stand in a field.
-        v.replace(QLatin1Char('|'), QLatin1Char('/'))
-            .replace(QStringLiteral("><"), QStringLiteral("> <"));
+        v.replace(wire::valueSep, QLatin1Char('/')).replace(wire::itemSep, QStringLiteral("> <"));
         return v;
     };
     Entry e{id,

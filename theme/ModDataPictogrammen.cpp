@@ -3,6 +3,7 @@
 #include "archive/UcArchief.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/Wire.h"
 #include "link/FrmMainLink.h"
 
 #include <QDir>
@@ -19,13 +20,13 @@ const QString reg() {
 struct Groep {
     const char* sectie;
     const char* prefix;
-    const char* commando;
-    const char* woord;
+    QLatin1StringView commando;
+    QLatin1StringView woord;
 };
 constexpr Groep groepen[3] = {
-    {"Groepen", "Groep", "LDNPICGRP", "groep"},
-    {"Leerkrachten", "Leer", "LDNPICLRN", "leerkracht"},
-    {"Algemeen", "Algemeen", "LDNPICALG", "algemeen"},
+    {"Groepen", "Groep", wire::LDNPICGRP, wire::picGroep},
+    {"Leerkrachten", "Leer", wire::LDNPICLRN, wire::picLeerkracht},
+    {"Algemeen", "Algemeen", wire::LDNPICALG, wire::picAlgemeen},
 };
 
 QString map(const Groep& g) {
@@ -69,11 +70,11 @@ QString ModDataPictogrammen::ControleerPictogrammen(const QString& lijst, int gr
             oud << m.LeesIni(sectie, QString::number(n), reg());
         QStringList halen;
         QStringList nieuw;
-        for (const QString& item : lijst.split(QStringLiteral("><"), Qt::SkipEmptyParts)) {
-            const QString id = item.section(QLatin1Char('|'), 0, 0).trimmed();
+        for (const QString& item : lijst.split(wire::itemSep, Qt::SkipEmptyParts)) {
+            const QString id = item.section(wire::valueSep, 0, 0).trimmed();
             if (!geldigeId(id))
                 continue;
-            const QDateTime server = leesDatum(item.section(QLatin1Char('|'), 1, 1));
+            const QDateTime server = leesDatum(item.section(wire::valueSep, 1, 1));
             const QString per = QString::fromLatin1(g.prefix) + id;
             const QString hier = m.LeesIni(per, QStringLiteral("Wijziging"), reg());
             const bool ontbreekt =
@@ -98,7 +99,7 @@ QString ModDataPictogrammen::ControleerPictogrammen(const QString& lijst, int gr
                 m.VerwijderBestand(pic);
             p.iniFiles.removeSection(m.Pad(reg()), QString::fromLatin1(g.prefix) + id);
         }
-        return halen.join(QLatin1Char('|'));
+        return halen.join(wire::valueSep);
     });
 }
 
@@ -117,10 +118,10 @@ bool ModDataPictogrammen::LaadPictogrammen() {
                                        : leesDatum(tekst));
         }
         m.AntwoordOntvangen = false;
-        p.frmMain->WS_Versturen(QStringLiteral("LDNPICWIJ"), false);
+        p.frmMain->WS_Versturen(QString(wire::LDNPICWIJ), false);
         if (p.wacht.Tot([&] { return m.AntwoordOntvangen; }) != Wacht::Uitkomst::Voldaan)
             return false;
-        const QStringList serverDatums = m.Antwoord.split(QLatin1Char('|'));
+        const QStringList serverDatums = m.Antwoord.split(wire::valueSep);
         QList<QDateTime> server;
         for (int i = 0; i < 4; ++i)
             server << leesDatum(serverDatums.value(i));
@@ -132,19 +133,19 @@ bool ModDataPictogrammen::LaadPictogrammen() {
         if (standaardGewijzigd) {
             if (m.BestandBestaat(standaard))
                 m.VerwijderBestand(standaard);
-            verzoek << QStringLiteral("standaard");
+            verzoek << QString(wire::picStandaard);
         }
         for (int g = 0; g < 3; ++g) {
             if (lokaal[g + 1].secsTo(server[g + 1]) <= 0)
                 continue;
             m.MaakMappen(map(groepen[g]));
             m.AntwoordOntvangen = false;
-            p.frmMain->WS_Versturen(QString::fromLatin1(groepen[g].commando), false);
+            p.frmMain->WS_Versturen(QString(groepen[g].commando), false);
             if (p.wacht.Tot([&] { return m.AntwoordOntvangen; }) != Wacht::Uitkomst::Voldaan)
                 return false;
             const QString ids = ControleerPictogrammen(m.Antwoord, g);
             if (!ids.isEmpty())
-                verzoek << QString::fromLatin1(groepen[g].woord) + QLatin1Char('|') + ids;
+                verzoek << QString(groepen[g].woord) + wire::valueSep + ids;
             m.SchrijfIni(schrijfDatum(server[g + 1]), QString::fromLatin1(groepen[g].sectie),
                          QStringLiteral("Wijziging"), reg());
         }
@@ -155,8 +156,8 @@ bool ModDataPictogrammen::LaadPictogrammen() {
         m.MaakMappen(QStringLiteral("\\Tijdelijk"));
         const QString pakket = QStringLiteral("\\Tijdelijk\\pakket.pictogrammen");
         p.frmMain->LaadbalkBijOntvangst = true;
-        const bool ontvangen = p.frmMain->OntvangBestand(
-            QStringLiteral("LDNPICPAK") + verzoek.join(QStringLiteral(";<>;")), pakket, true);
+        const bool ontvangen =
+            p.frmMain->OntvangBestand(wire::LDNPICPAK + verzoek.join(wire::fieldSep), pakket, true);
         p.frmMain->LaadbalkBijOntvangst = false;
         if (!ontvangen)
             return false;

@@ -3,6 +3,7 @@
 #include "archive/UcArchief.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/Wire.h"
 #include "link/FrmMainLink.h"
 
 #include <QDir>
@@ -97,7 +98,7 @@ bool ModDataThemas::haalPakket(const QString& id, bool toonVoortgang) {
         return false;
     m.AntwoordOntvangen = false;
     f.ReceiverVraag = false;
-    f.WS_Versturen(QStringLiteral("LDNTH") + id, false);
+    f.WS_Versturen(wire::LDNTH + id, false);
     // Both the empty reply on the command channel and the offer on the file channel.
     if (p.wacht.Tot([&] { return m.AntwoordOntvangen && f.ReceiverVraag; }) !=
         Wacht::Uitkomst::Voldaan)
@@ -124,18 +125,18 @@ void ModDataThemas::LaadThemas(bool toonVoortgang) {
             return;
         const QStringList lokaal = lokaleLijst();
         m.AntwoordOntvangen = false;
-        p.frmMain->WS_Versturen(QStringLiteral("LDNTHE"), false);
+        p.frmMain->WS_Versturen(QString(wire::LDNTHE), false);
         if (p.wacht.Tot([&] { return m.AntwoordOntvangen; }) != Wacht::Uitkomst::Voldaan)
             return;
         QStringList serverIds;
         QList<QStringList> halen;
-        for (const QString& item : m.Antwoord.split(QStringLiteral("><"), Qt::SkipEmptyParts)) {
-            const QStringList velden = item.split(QLatin1Char('|'));
+        for (const QString& item : m.Antwoord.split(wire::itemSep, Qt::SkipEmptyParts)) {
+            const QStringList velden = item.split(wire::valueSep);
             const QString id = velden.value(0);
             if (!geldigeId(id))
                 continue;
             serverIds << id;
-            if (velden.value(2).toUpper() == u"JA")
+            if (velden.value(2).toUpper() == wire::ja)
                 m.SchrijfIni(id, QStringLiteral("Instellingen"), QStringLiteral("Thema"),
                              QString::fromLatin1(ModMain::Instellingen));
             bool gevonden = false;
