@@ -51,20 +51,55 @@ private:
         std::int32_t outBounded = -1;
         std::int32_t outFree = -1;
         std::int32_t subtreeMin = 0; // smallest id of a word that ends here or below
+        std::int32_t single = -1;    // the leaf when only one word ends here or below
+    };
+    // A word that ends at a node, with its lower-case bytes in m_text.
+    struct Leaf {
+        std::uint32_t offset;
+        std::uint32_t length;
+        std::int32_t id;
+        bool bounded;
+        bool selfOverlap;
     };
     struct SelfOverlap {
         int id;
         std::vector<std::uint8_t> bytes;   // lower case
         std::vector<std::uint32_t> shifts; // every shift at which the word meets itself, rising
     };
+    struct Scan;
 
-    template <bool Free> int scan(const std::uint8_t* t, std::size_t n) const;
+    int scanEveryPlace(Scan& s) const;
+    int scanBehindNonLetters(Scan& s) const;
+    void letterBits(const std::uint8_t* t, std::size_t n, std::uint64_t* letters,
+                    std::uint64_t* alpha, std::size_t count) const;
+    void examine(Scan& s, std::size_t p, std::uint64_t lettersFromP) const;
+    // The hash of a word is a sum of its lower-case bytes times a number per place (no chain
+    // from byte to byte), mixed at the end with the length.
+    static std::uint64_t finishHash(std::uint64_t sum, std::size_t length) {
+        std::uint64_t h = (sum ^ length) * 0xFF51AFD7ED558CCDull;
+        return h ^ (h >> 33);
+    }
+    bool wordBloomHas(std::uint64_t h) const {
+        const std::uint64_t bits = (std::uint64_t(1) << (h & 63)) |
+                                   (std::uint64_t(1) << ((h >> 6) & 63)) |
+                                   (std::uint64_t(1) << ((h >> 12) & 63));
+        return (m_wordBloom[std::size_t(h >> m_wordBloomShift)] & bits) == bits;
+    }
+    void walk(Scan& s, std::size_t p, bool leftFree, std::uint32_t node, std::size_t e) const;
+    void tryLeaf(Scan& s, const Leaf& leaf, std::size_t p, std::size_t e, bool leftFree) const;
+    void tryBounded(Scan& s, int id, bool selfOverlap, std::size_t p, std::size_t end,
+                    bool leftFree) const;
     std::uint32_t child(const Node& node, std::uint8_t cls) const;
+    std::uint32_t quadNode(std::uint32_t key) const;
+    bool bloomHas(std::uint32_t key) const {
+        const std::uint32_t h = (key * 0x9E3779B1u) >> m_bloomShift;
+        return (m_bloom[h >> 6] >> (h & 63)) & 1;
+    }
     bool occursAt(const SelfOverlap& w, const std::uint8_t* t, std::size_t at) const;
     bool chained(const SelfOverlap& w, const std::uint8_t* t, std::size_t p,
                  std::int64_t& lastChained) const;
-    const SelfOverlap& selfOverlap(int id) const;
 
+    int m_lowest = 66;
     std::array<std::uint8_t, 256> m_fold{};
     std::array<std::uint8_t, 256> m_class{}; // 0 for a byte no word holds
     std::array<std::uint8_t, 256> m_letter{};
@@ -74,7 +109,34 @@ private:
     std::vector<Node> m_nodes;
     std::vector<std::uint8_t> m_labels; // per edge: the class it takes
     std::vector<std::uint32_t> m_targets;
+    std::vector<std::uint8_t> m_text; // every word in lower case
+    std::vector<Leaf> m_leaves;
     std::vector<SelfOverlap> m_selfOverlap; // by id
+    // Words of four bytes or more are entered by their first four: a bit set of those (with the
+    // bytes ORed with 0x20, so that a text needs no case table to be tested) and a table from the
+    // lower-case four bytes to the node at depth 4.
+    std::vector<std::uint64_t> m_bloom;
+    std::uint32_t m_bloomShift = 32;
+    std::vector<std::uint32_t> m_quadKeys;
+    std::vector<std::uint32_t> m_quadNodes; // 0 for an empty place
+    std::uint32_t m_quadMask = 0;
+    // Words of 4 to 63 bytes by a hash of their lower-case bytes: a page is searched for them by
+    // the places behind a non-letter where one could end (m_lengths, bit per length).
+    struct Slot {
+        std::uint32_t check = 0; // the hash's low half
+        std::int32_t leaf = -1;  // -1 for an empty place
+    };
+    std::vector<Slot> m_hashSlots;
+    std::uint32_t m_hashShift = 64;
+    // A bit set of the hashes before the table: three bits in one 64-bit word per word.
+    std::vector<std::uint64_t> m_wordBloom;
+    std::uint32_t m_wordBloomShift = 64;
+    std::array<std::uint64_t, 64> m_placeFactor{};
+    std::uint64_t m_lengths = 0;
+    bool m_hasLong = false;  // a word of 64 bytes or more: those pages go through the trie
+    bool m_hasShort = false; // a word of fewer than four bytes
+    std::array<std::uint8_t, 256> m_shortStart{}; // the first bytes of those
+    bool m_startsWithLetter = false;              // every word begins with a letter from a to z
     bool m_hasFree = false;
     int m_minId = 0;
 };
