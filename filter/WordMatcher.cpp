@@ -241,10 +241,10 @@ WordMatcher::WordMatcher(const QList<Pattern>& patterns, int lowestLetter)
         }
     }
     int bloomBits = 10;
-    while ((std::size_t(1) << bloomBits) < quadCount * 8 && bloomBits < 18)
+    while ((std::size_t(1) << bloomBits) < quadCount * 16 && bloomBits < 20)
         ++bloomBits;
     m_bloom.assign((std::size_t(1) << bloomBits) / 64, 0);
-    m_bloomShift = std::uint32_t(32 - bloomBits);
+    m_bloomShift = std::uint32_t(64 - bloomBits);
     std::size_t slots = 16;
     while (slots < quadCount * 2)
         slots *= 2;
@@ -266,12 +266,17 @@ WordMatcher::WordMatcher(const QList<Pattern>& patterns, int lowestLetter)
             if (m_quadKeys[slot] == key)
                 break;
         }
+        // Where the first non-letter from the fifth byte on lies (or the end).
+        std::size_t reach = quadLength;
+        while (reach < entries[i].length && m_letter[w[reach]])
+            ++reach;
         for (const std::uint8_t a : spellings[w[0]])
             for (const std::uint8_t b : spellings[w[1]])
                 for (const std::uint8_t c : spellings[w[2]])
                     for (const std::uint8_t d : spellings[w[3]]) {
                         const std::uint8_t bytes[4] = {a, b, c, d};
-                        const std::uint32_t h = (load32(bytes) * 0x9E3779B1u) >> m_bloomShift;
+                        const std::uint64_t h =
+                            bloomPlace(load32(bytes), std::min<std::size_t>(reach, 63));
                         m_bloom[h >> 6] |= std::uint64_t(1) << (h & 63);
                     }
     }
@@ -457,7 +462,7 @@ void WordMatcher::examine(Scan& s, std::size_t p, std::uint64_t lettersFromP) co
         walk(s, p, true, m_root[m_class[t[p]]], p + 1);
         return;
     }
-    if (!bloomHas(load32(t + p) | 0x20202020u))
+    if (!bloomHas(load32(t + p), lettersFromP))
         return;
     if (m_hasLong) {
         const std::uint8_t lower[4] = {m_fold[t[p]], m_fold[t[p + 1]], m_fold[t[p + 2]],
@@ -515,6 +520,23 @@ constexpr std::size_t chunkWords = chunkBytes / 64;
 
 } // namespace
 
+// Of the places in `starts` (bits from `block`, each with four bytes behind it) those where a
+// word could begin: its first four bytes in the bit set, or a short word's first byte. Without
+// a branch per place, since most are dropped here and which ones cannot be foreseen.
+std::uint64_t WordMatcher::sieve(const std::uint8_t* block, std::uint64_t starts,
+                                 const std::uint64_t* letters) const {
+    std::uint64_t keep = 0;
+    for (; starts != 0; starts &= starts - 1) {
+        const auto i = unsigned(std::countr_zero(starts));
+        const std::uint64_t ahead =
+            i == 0 ? letters[0] : (letters[0] >> i) | (letters[1] << (64 - i));
+        const std::uint64_t h = bloomPlace(load32(block + i), reachOf(ahead));
+        const std::uint64_t bit = ((m_bloom[h >> 6] >> (h & 63)) | m_shortStart[block[i]]) & 1;
+        keep |= bit << i;
+    }
+    return keep;
+}
+
 // Bounded words only: the places behind a non-letter, found 64 at a time. The text goes in
 // chunks; for each a bit per byte says whether it is a letter, with two words more for the
 // words that end behind the chunk.
@@ -533,8 +555,11 @@ int WordMatcher::scanBehindNonLetters(Scan& s) const {
             letterBefore = letters[k] >> 63;
             if (m_startsWithLetter)
                 starts &= alpha[k];
-            if (base + 64 * k + 64 > s.n)
-                starts &= (std::uint64_t(1) << (s.n - base - 64 * k)) - 1;
+            const std::size_t block = base + 64 * k;
+            if (block + 64 > s.n)
+                starts &= (std::uint64_t(1) << (s.n - block)) - 1;
+            else if (block + 64 + quadLength <= s.n)
+                starts = sieve(t + block, starts, letters + k);
             while (starts != 0) {
                 const auto i = unsigned(std::countr_zero(starts));
                 starts &= starts - 1;

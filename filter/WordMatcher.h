@@ -5,6 +5,7 @@
 #include <QList>
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -73,6 +74,8 @@ private:
     void letterBits(const std::uint8_t* t, std::size_t n, std::uint64_t* letters,
                     std::uint64_t* alpha, std::size_t count) const;
     void examine(Scan& s, std::size_t p, std::uint64_t lettersFromP) const;
+    std::uint64_t sieve(const std::uint8_t* block, std::uint64_t starts,
+                        const std::uint64_t* letters) const;
     // The hash of a word is a sum of its lower-case bytes times a number per place (no chain
     // from byte to byte), mixed at the end with the length.
     static std::uint64_t finishHash(std::uint64_t sum, std::size_t length) {
@@ -91,8 +94,19 @@ private:
                     bool leftFree) const;
     std::uint32_t child(const Node& node, std::uint8_t cls) const;
     std::uint32_t quadNode(std::uint32_t key) const;
-    bool bloomHas(std::uint32_t key) const {
-        const std::uint32_t h = (key * 0x9E3779B1u) >> m_bloomShift;
+    // A word's place in the first bit set: its first four bytes (ORed with 0x20, so that a text
+    // needs no case table) and where its first non-letter from the fifth byte on lies (the end
+    // of the word when it has none there; 63 at most). Both follow from the text before a word
+    // is compared, and together they keep out most beginnings of listed words.
+    std::uint64_t bloomPlace(std::uint32_t four, std::size_t reach) const {
+        const std::uint64_t key = (std::uint64_t(four | 0x20202020u) << 8) | reach;
+        return (key * 0x9E3779B97F4A7C15ull) >> m_bloomShift;
+    }
+    static std::size_t reachOf(std::uint64_t lettersFromP) {
+        return std::size_t(std::countr_zero((~lettersFromP >> 4) | (std::uint64_t(1) << 59))) + 4;
+    }
+    bool bloomHas(std::uint32_t four, std::uint64_t lettersFromP) const {
+        const std::uint64_t h = bloomPlace(four, reachOf(lettersFromP));
         return (m_bloom[h >> 6] >> (h & 63)) & 1;
     }
     bool occursAt(const SelfOverlap& w, const std::uint8_t* t, std::size_t at) const;
@@ -116,7 +130,7 @@ private:
     // bytes ORed with 0x20, so that a text needs no case table to be tested) and a table from the
     // lower-case four bytes to the node at depth 4.
     std::vector<std::uint64_t> m_bloom;
-    std::uint32_t m_bloomShift = 32;
+    std::uint32_t m_bloomShift = 64;
     std::vector<std::uint32_t> m_quadKeys;
     std::vector<std::uint32_t> m_quadNodes; // 0 for an empty place
     std::uint32_t m_quadMask = 0;
