@@ -1,6 +1,7 @@
 // The address check and the page check in the browser's order, with the lists as the server
 // gives them.
 #include "filter/PageFilter.h"
+#include "core/StringTable.h"
 
 #include <gtest/gtest.h>
 
@@ -158,4 +159,18 @@ TEST(FilterLists, ItemsAsTheServerGivesThem) {
     EXPECT_TRUE(FilterList::sites(QString()).items().isEmpty());
     // A character outside the code page becomes "?" and is searched as that.
     EXPECT_EQ(QByteArray("?x"), FilterList::sites(s("\u0416x")).item(0).woord);
+}
+
+TEST(FilterMessages, EveryMessageIsInTheStringTableInBothLanguages) {
+    const StringTable tabel = StringTable::builtIn();
+    for (const int id :
+         {PageFilter::TekstNietGevonden, PageFilter::TekstGeenTitel, PageFilter::TekstControleren,
+          PageFilter::TekstNietGoedgekeurd, PageFilter::TekstGoedgekeurd}) {
+        SCOPED_TRACE(id);
+        EXPECT_FALSE(tabel.text(id, 1043).isEmpty());
+        EXPECT_FALSE(tabel.text(id, 1033).isEmpty());
+    }
+    // The two outcomes must not read alike.
+    EXPECT_NE(tabel.text(PageFilter::TekstGoedgekeurd, 1043),
+              tabel.text(PageFilter::TekstNietGoedgekeurd, 1043));
 }
