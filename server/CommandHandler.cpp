@@ -3,6 +3,7 @@
 #include "ClientConnection.h"
 #include "CommandServer.h"
 #include "LoadCache.h"
+#include "OwnerRecord.h"
 #include "PackageBuilder.h"
 #include "ServerLog.h"
 #include "Store.h"
@@ -336,9 +337,9 @@ void CommandHandler::applyAccountExtra(const QString& account, const QString& ex
 bool CommandHandler::handleSave(ClientConnection& c, const QString& m) {
     QString why;
     if (m.startsWith(wire::OPSKLZ)) {
-        saveClass(c, m.mid(6));
+        saveOwner(c, classRecord, m.mid(6));
     } else if (m.startsWith(wire::OPSLRZ)) {
-        saveTeacher(c, m.mid(6));
+        saveOwner(c, teacherRecord, m.mid(6));
     } else if (m.startsWith(wire::OPSLRN)) {
         saveTeachers(c, m.mid(6));
     } else if (m.startsWith(wire::OPSWAG)) {
@@ -391,8 +392,8 @@ bool CommandHandler::handleSave(ClientConnection& c, const QString& m) {
         const int who = f.isEmpty() ? -1 : kindOf(f[0]);
         if (f.size() < 5 || who < 0 || who > 1 || !WireText::number(f[1], &id))
             refuse(c, wire::OPSBEH, QStringLiteral("a desktop needs who, ID and three lists"));
-        else if (breaksRecords(f) ||
-                 !m_store.saveDesktop(f[0].toLower().at(0), id, f[2], f[3], f[4], &why))
+        else if (breaksRecords(f) || !m_store.saveDesktop(who == 0 ? classRecord : teacherRecord,
+                                                          id, f[2], f[3], f[4], &why))
             refuse(c, wire::OPSBEH, why.isEmpty() ? QStringLiteral("separator in a field") : why);
         else
             c.sendReply(carriedOut(wire::OPSBEH));
@@ -458,84 +459,63 @@ bool CommandHandler::handleSave(ClientConnection& c, const QString& m) {
     return true;
 }
 
-void CommandHandler::saveClass(ClientConnection& c, const QString& payload) {
+// The fields of one class or teacher in the record's save order, and when one more follows, the
+// account extra for the record's account.
+void CommandHandler::saveOwner(ClientConnection& c, const OwnerRecord& kind,
+                               const QString& payload) {
     const QStringList f = payload.split(wire::itemSep);
-    if (f.size() != 12 && f.size() != 13) {
-        refuse(c, wire::OPSKLZ, QStringLiteral("a class of %1 fields").arg(f.size()));
+    const qsizetype fields = kind.saveOrder.size();
+    if (f.size() != fields && f.size() != fields + 1) {
+        refuse(c, kind.saveWord, QStringLiteral("a %1 of %2 fields").arg(kind.noun).arg(f.size()));
         return;
     }
+    // Field 1 is column 0, the name.
     if (f[1].trimmed().isEmpty() || breaksRecords(f)) {
-        refuse(c, wire::OPSKLZ, QStringLiteral("a class without a name or with a separator"));
+        refuse(c, kind.saveWord,
+               QStringLiteral("a %1 without a name or with a separator").arg(kind.noun));
         return;
     }
-    // The wire order is the columns 6, 0, 1, 2, 3, 4, 5, 7, 8, 10, 11, 12 (and 13).
-    static const int column[] = {6, 0, 1, 2, 3, 4, 5, 7, 8, 10, 11, 12};
-    QStringList columns(Store::classColumns);
-    for (int i = 0; i < 12; ++i)
-        columns[column[i]] = f[i];
+    QStringList columns(kind.columns());
+    for (qsizetype i = 0; i < fields; ++i)
+        columns[kind.saveOrder[i]] = f[i];
     qint64 id = 0;
     QString why;
-    if (!m_store.saveClass(columns, &id, &why)) {
-        refuse(c, wire::OPSKLZ, why);
+    if (!m_store.saveRow(kind, columns, &id, &why)) {
+        refuse(c, kind.saveWord, why);
         return;
     }
-    if (f.size() == 13)
-        applyAccountExtra(columns[4], f[12]);
-    c.sendReply(wire::OPSKLZ + QString::number(id));
+    if (f.size() == fields + 1)
+        applyAccountExtra(columns[kind.accountColumn], f[fields]);
+    c.sendReply(kind.saveWord + QString::number(id));
 }
 
-namespace {
-// The wire order of a teacher: columns 5, 0, 7, 6, 1, 2, 3, 4, 8, 9, 10, 11, 12, 15, 14.
-const int teacherColumn[] = {5, 0, 7, 6, 1, 2, 3, 4, 8, 9, 10, 11, 12, 15, 14};
-} // namespace
-
-void CommandHandler::saveTeacher(ClientConnection& c, const QString& payload) {
-    const QStringList f = payload.split(wire::itemSep);
-    if (f.size() != 15 && f.size() != 16) {
-        refuse(c, wire::OPSLRZ, QStringLiteral("a teacher of %1 fields").arg(f.size()));
-        return;
-    }
-    if (f[1].trimmed().isEmpty() || breaksRecords(f)) {
-        refuse(c, wire::OPSLRZ, QStringLiteral("a teacher without a name or with a separator"));
-        return;
-    }
-    QStringList columns(Store::teacherColumns);
-    for (int i = 0; i < 15; ++i)
-        columns[teacherColumn[i]] = f[i];
-    qint64 id = 0;
-    QString why;
-    if (!m_store.saveTeacher(columns, &id, &why)) {
-        refuse(c, wire::OPSLRZ, why);
-        return;
-    }
-    if (f.size() == 16)
-        applyAccountExtra(columns[3], f[15]);
-    c.sendReply(wire::OPSLRZ + QString::number(id));
-}
-
+// "<text>;<>;<count>;<>;<teacher>;<>;...": every teacher in the single save's order without its
+// last field, the theme.
 void CommandHandler::saveTeachers(ClientConnection& c, const QString& payload) {
+    const OwnerRecord& kind = teacherRecord;
+    const std::span<const int> order = kind.saveOrder.first(kind.saveOrder.size() - 1);
     const QStringList parts = payload.split(wire::fieldSep);
     qint64 count = 0;
     if (parts.size() < 2 || !WireText::number(parts[1], &count) ||
-        parts.size() != (count == 0 ? 2 : 2 + count) || count > Store::maxTeachers) {
+        parts.size() != (count == 0 ? 2 : 2 + count) || count > kind.maximum) {
         refuse(c, wire::OPSLRN, QStringLiteral("the number of teachers does not match"));
         return;
     }
     QList<QStringList> rows;
     for (qint64 r = 0; r < count; ++r) {
         const QStringList f = parts[2 + r].split(wire::itemSep);
-        if (f.size() != 14 || f[1].trimmed().isEmpty() || breaksRecords(f)) {
+        if (f.size() != qsizetype(order.size()) || f[1].trimmed().isEmpty() || breaksRecords(f)) {
             refuse(c, wire::OPSLRN, QStringLiteral("teacher %1 is not a whole record").arg(r + 1));
             return;
         }
-        QStringList columns(Store::teacherColumns);
-        for (int i = 0; i < 14; ++i)
-            columns[teacherColumn[i]] = f[i];
+        QStringList columns(kind.columns());
+        for (size_t i = 0; i < order.size(); ++i)
+            columns[order[i]] = f[qsizetype(i)];
         rows << columns;
     }
     QString why;
-    // The bulk form carries no theme: the stored one stays, as does the reserve column.
-    if (!m_store.saveTeachers(rows, {13, 14}, &why))
+    // The stored theme stays, as does the reserve column.
+    if (!m_store.saveTeachers(rows, {kind.reserveColumn, kind.saveOrder.back()}, &why))
         refuse(c, wire::OPSLRN, why);
     else
         c.sendReply(carriedOut(wire::OPSLRN));
@@ -716,12 +696,12 @@ bool CommandHandler::handleDelete(ClientConnection& c, const QString& m) {
     QString why;
     qint64 id = 0;
     bool done = false;
-    if (prefix == wire::VWNKLS || prefix == wire::VWNLRN) {
+    if (prefix == classRecord.deleteWord || prefix == teacherRecord.deleteWord) {
         if (!WireText::number(rest, &id))
             why = QStringLiteral("no ID \"%1\"").arg(excerpt(rest));
         else
-            done = prefix == wire::VWNKLS ? m_store.deleteClass(id, &why)
-                                          : m_store.deleteTeacher(id, &why);
+            done = m_store.deleteRow(prefix == classRecord.deleteWord ? classRecord : teacherRecord,
+                                     id, &why);
     } else if (prefix == wire::VWNAPP || prefix == wire::VWNCAT) {
         const QStringList f = rest.split(wire::valueSep);
         const int kind = kindOf(f.value(0));

@@ -7,6 +7,7 @@ namespace tk::server {
 
 class ClientConnection;
 class CommandServer;
+struct OwnerRecord;
 class PackageBuilder;
 class Store;
 class TransferChannel;
@@ -30,8 +31,7 @@ private:
     bool handleSave(ClientConnection& c, const QString& m);
     bool handleDelete(ClientConnection& c, const QString& m);
 
-    void saveClass(ClientConnection& c, const QString& payload);
-    void saveTeacher(ClientConnection& c, const QString& payload);
+    void saveOwner(ClientConnection& c, const OwnerRecord& kind, const QString& payload);
     void saveTeachers(ClientConnection& c, const QString& payload);
     void saveCategory(ClientConnection& c, const QString& payload);
     void saveCategories(ClientConnection& c, const QString& payload);

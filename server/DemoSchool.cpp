@@ -1,5 +1,6 @@
 #include "DemoSchool.h"
 
+#include "OwnerRecord.h"
 #include "PackageBuilder.h"
 #include "Store.h"
 
@@ -135,8 +136,9 @@ bool DemoSchool::seed(Store& store, const QString& themeFolder, const PackageBui
             s("0,0"),
             QStringLiteral("%1|a%2").arg(categoryIds[0][0]).arg(categoryIds[2][0])};
         qint64 id = 0;
-        if (!store.saveClass(columns, &id, error) ||
-            !store.saveFavourites(QStringLiteral("Groep%1").arg(id), header, favourites, error))
+        if (!store.saveRow(classRecord, columns, &id, error) ||
+            !store.saveFavourites(classRecord.favouritesOwner + QString::number(id), header,
+                                  favourites, error))
             return false;
         Store::Account a;
         a.name = account;
@@ -164,7 +166,7 @@ bool DemoSchool::seed(Store& store, const QString& themeFolder, const PackageBui
         const QString rechten =
             QStringLiteral("%1|%2").arg(classIds[t * 2]).arg(classIds[t * 2 + 1]);
         ++t;
-        QStringList columns(Store::teacherColumns);
+        QStringList columns(teacherRecord.columns());
         columns[0] = s(d.achternaam);
         columns[1] = s("leraar.ico");
         columns[2] = s("Geen");
@@ -181,9 +183,9 @@ bool DemoSchool::seed(Store& store, const QString& themeFolder, const PackageBui
         columns[14] = QString();
         columns[15] = QStringLiteral("%1|a%2").arg(categoryIds[1][0]).arg(categoryIds[2][1]);
         qint64 id = 0;
-        if (!store.saveTeacher(columns, &id, error) ||
-            !store.saveFavourites(QStringLiteral("Leraar%1").arg(id), s("0|Ja|Nee|Nee"), favourites,
-                                  error))
+        if (!store.saveRow(teacherRecord, columns, &id, error) ||
+            !store.saveFavourites(teacherRecord.favouritesOwner + QString::number(id),
+                                  s("0|Ja|Nee|Nee"), favourites, error))
             return false;
         Store::Account a;
         a.name = s(d.account);

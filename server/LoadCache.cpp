@@ -1,5 +1,6 @@
 #include "LoadCache.h"
 
+#include "OwnerRecord.h"
 #include "Store.h"
 #include "core/Wire.h"
 
@@ -25,15 +26,21 @@ QStringList LoadCache::blocks(const QStringList& records, const QString& separat
     return out;
 }
 
-// Field 0 is read and dropped by the client: it carries the ID, so that a reader of the wire
-// sees which record comes. Fields 1 to 13 are the columns 0 to 12.
-QString LoadCache::classRecord(const QStringList& columns) {
-    return (QStringList{columns[Store::classId]} + columns).join(wire::fieldSep);
+QString LoadCache::record(const OwnerRecord& kind, const QStringList& columns) {
+    QStringList fields;
+    fields.reserve(qsizetype(kind.loadOrder.size()));
+    for (const int column : kind.loadOrder)
+        fields << columns[column];
+    return fields.join(wire::fieldSep);
 }
 
-// Columns 0 to 13, then Categorieen before Thema: fields 14 and 15 stand crossed.
-QString LoadCache::teacherRecord(const QStringList& columns) {
-    return (columns.mid(0, 14) + QStringList{columns[15], columns[14]}).join(wire::fieldSep);
+void LoadCache::render(const OwnerRecord& kind, QString* info, QStringList* blocks) {
+    QStringList records;
+    for (const QStringList& row : m_store.rows(kind))
+        records << record(kind, row);
+    *blocks = LoadCache::blocks(records, wire::recordSep, blockLimit);
+    *info = QString::number(blocks->size() - 1) + wire::valueSep +
+            m_store.setting(kind.lastIdKey, QStringLiteral("0"));
 }
 
 std::shared_ptr<const LoadCache::Snapshot> LoadCache::current() {
@@ -42,19 +49,8 @@ std::shared_ptr<const LoadCache::Snapshot> LoadCache::current() {
     auto s = std::make_shared<Snapshot>();
     s->generation = m_store.generation();
 
-    QStringList records;
-    for (const QStringList& row : m_store.classes())
-        records << classRecord(row);
-    s->classBlocks = blocks(records, wire::recordSep, blockLimit);
-    s->classInfo = QString::number(s->classBlocks.size() - 1) + wire::valueSep +
-                   m_store.setting(QStringLiteral("last_class_id"), QStringLiteral("0"));
-
-    records.clear();
-    for (const QStringList& row : m_store.teachers())
-        records << teacherRecord(row);
-    s->teacherBlocks = blocks(records, wire::recordSep, blockLimit);
-    s->teacherInfo = QString::number(s->teacherBlocks.size() - 1) + wire::valueSep +
-                     m_store.setting(QStringLiteral("last_teacher_id"), QStringLiteral("0"));
+    render(classRecord, &s->classInfo, &s->classBlocks);
+    render(teacherRecord, &s->teacherInfo, &s->teacherBlocks);
 
     for (int kind = 0; kind < 3; ++kind) {
         QStringList parts{

@@ -7,6 +7,7 @@
 namespace tk::server {
 
 class Store;
+struct OwnerRecord;
 
 // The load replies, rendered once per state of the store and shared by every connection: a
 // full load of 200 clients at once reads memory, not the database. A connection keeps the
@@ -35,10 +36,13 @@ public:
     // Packs records into blocks of at most `limit` characters (at least one record a block,
     // and one empty block when there are none).
     static QStringList blocks(const QStringList& records, const QString& separator, int limit);
-    static QString classRecord(const QStringList& columns);
-    static QString teacherRecord(const QStringList& columns);
+    // A class or teacher row as a load sends it: its columns in the record's load order.
+    static QString record(const OwnerRecord& kind, const QStringList& columns);
 
 private:
+    // The records of a kind in blocks, and the info reply: "<last block>|<last ID>".
+    void render(const OwnerRecord& kind, QString* info, QStringList* blocks);
+
     Store& m_store;
     std::shared_ptr<const Snapshot> m_snapshot;
 };

@@ -1,5 +1,7 @@
 #include "Store.h"
 
+#include "OwnerRecord.h"
+
 #include <QDir>
 #include <QSqlDriver>
 #include <QSqlError>
@@ -11,27 +13,11 @@ namespace tk::server {
 
 namespace {
 
-const char* const classNames[Store::classColumns] = {
-    "naam",        "afkorting", "knopafbeelding", "achtergrond", "account", "wachtwoord", "id",
-    "applicaties", "internet",  "reserve",        "thema",       "positie", "categorieen"};
-const char* const teacherNames[Store::teacherColumns] = {
-    "achternaam",    "pictogram", "achtergrond", "account",
-    "wachtwoord",    "id",        "voornaam",    "tussenvoegsel",
-    "applicaties",   "internet",  "klasrechten", "beheerapplicaties",
-    "beheerleraren", "reserve",   "thema",       "categorieen"};
 const char* const applicationNames[8] = {"id",           "naam",      "categorie", "opdracht",
                                          "omschrijving", "pictogram", "parameter", "beeldscherm"};
 
 const char* const schema[] = {
     "CREATE TABLE IF NOT EXISTS settings(key TEXT PRIMARY KEY, value TEXT NOT NULL)",
-    "CREATE TABLE IF NOT EXISTS classes(id INTEGER PRIMARY KEY, pos INTEGER NOT NULL,"
-    " naam TEXT, afkorting TEXT, knopafbeelding TEXT, achtergrond TEXT, account TEXT,"
-    " wachtwoord TEXT, applicaties TEXT, internet TEXT, reserve TEXT, thema TEXT,"
-    " positie TEXT, categorieen TEXT)",
-    "CREATE TABLE IF NOT EXISTS teachers(id INTEGER PRIMARY KEY, pos INTEGER NOT NULL,"
-    " achternaam TEXT, pictogram TEXT, achtergrond TEXT, account TEXT, wachtwoord TEXT,"
-    " voornaam TEXT, tussenvoegsel TEXT, applicaties TEXT, internet TEXT, klasrechten TEXT,"
-    " beheerapplicaties TEXT, beheerleraren TEXT, reserve TEXT, thema TEXT, categorieen TEXT)",
     "CREATE TABLE IF NOT EXISTS categories(kind INTEGER NOT NULL, id INTEGER NOT NULL,"
     " pos INTEGER NOT NULL, naam TEXT, PRIMARY KEY(kind, id))",
     "CREATE TABLE IF NOT EXISTS applications(kind INTEGER NOT NULL, id INTEGER NOT NULL,"
@@ -61,12 +47,24 @@ QString q(const char* text) {
     return QString::fromLatin1(text);
 }
 
-QString columnList(const char* const* names, int count, int skip) {
+// The columns `names`, but for the column `skip` (-1 for none), for a statement.
+QString columnList(std::span<const char* const> names, int skip) {
     QStringList out;
-    for (int i = 0; i < count; ++i)
-        if (i != skip)
+    for (size_t i = 0; i < names.size(); ++i)
+        if (int(i) != skip)
             out << q(names[i]);
     return out.join(QLatin1Char(','));
+}
+
+// The table of a class or teacher: the ID, the place in the order, and a text per column.
+QString ownerTable(const OwnerRecord& kind) {
+    QStringList columns;
+    for (int i = 0; i < kind.columns(); ++i)
+        if (i != kind.idColumn)
+            columns << q(kind.columnNames[i]) + QStringLiteral(" TEXT");
+    return QStringLiteral("CREATE TABLE IF NOT EXISTS %1(id INTEGER PRIMARY KEY,"
+                          " pos INTEGER NOT NULL, %2)")
+        .arg(kind.table, columns.join(QStringLiteral(", ")));
 }
 
 QString text(const QVariant& value) {
@@ -99,8 +97,11 @@ bool Store::open(const QString& folder, QString* error) {
     for (const char* pragma :
          {"PRAGMA journal_mode=WAL", "PRAGMA synchronous=NORMAL", "PRAGMA foreign_keys=OFF"})
         query.exec(q(pragma));
-    for (const char* statement : schema) {
-        if (!query.exec(q(statement))) {
+    QStringList statements{ownerTable(classRecord), ownerTable(teacherRecord)};
+    for (const char* statement : schema)
+        statements << q(statement);
+    for (const QString& statement : std::as_const(statements)) {
+        if (!query.exec(statement)) {
             *error =
                 QStringLiteral("cannot make the store's tables: %1").arg(query.lastError().text());
             return false;
@@ -192,48 +193,26 @@ qint64 Store::nextId(const QString& key, QString* error) {
     return id;
 }
 
-QList<QStringList> Store::classes() {
+QList<QStringList> Store::rows(const OwnerRecord& kind) {
     QList<QStringList> rows;
     QSqlQuery query(m_db);
-    query.exec(QStringLiteral("SELECT %1 FROM classes ORDER BY pos, id")
-                   .arg(columnList(classNames, classColumns, -1)));
+    query.exec(QStringLiteral("SELECT %1 FROM %2 ORDER BY pos, id")
+                   .arg(columnList(kind.columnNames, -1), kind.table));
     while (query.next()) {
         QStringList row;
-        for (int i = 0; i < classColumns; ++i)
+        for (int i = 0; i < kind.columns(); ++i)
             row << text(query.value(i));
         rows << row;
     }
     return rows;
 }
 
-QList<QStringList> Store::teachers() {
-    QList<QStringList> rows;
-    QSqlQuery query(m_db);
-    query.exec(QStringLiteral("SELECT %1 FROM teachers ORDER BY pos, id")
-                   .arg(columnList(teacherNames, teacherColumns, -1)));
-    while (query.next()) {
-        QStringList row;
-        for (int i = 0; i < teacherColumns; ++i)
-            row << text(query.value(i));
-        rows << row;
-    }
-    return rows;
-}
-
-bool Store::saveClass(const QStringList& columns, qint64* id, QString* error) {
-    return saveRow(false, columns, id, error);
-}
-
-bool Store::saveTeacher(const QStringList& columns, qint64* id, QString* error) {
-    return saveRow(true, columns, id, error);
-}
-
-bool Store::saveRow(bool teacher, const QStringList& columns, qint64* id, QString* error) {
-    const int count = teacher ? teacherColumns : classColumns;
-    const int idColumn = teacher ? teacherId : classId;
-    const int reserve = teacher ? 13 : 9;
-    const char* const* names = teacher ? teacherNames : classNames;
-    const QString table = teacher ? QStringLiteral("teachers") : QStringLiteral("classes");
+bool Store::saveRow(const OwnerRecord& kind, const QStringList& columns, qint64* id,
+                    QString* error) {
+    const int count = kind.columns();
+    const int idColumn = kind.idColumn;
+    const int reserve = kind.reserveColumn;
+    const QString table(kind.table);
     if (columns.size() != count) {
         *error = QStringLiteral("a record of %1 columns, not %2").arg(columns.size()).arg(count);
         return false;
@@ -264,7 +243,7 @@ bool Store::saveRow(bool teacher, const QStringList& columns, qint64* id, QStrin
                 for (int i = 0; i < count; ++i) {
                     if (i == idColumn || i == reserve)
                         continue;
-                    sets << q(names[i]) + QStringLiteral(" = ?");
+                    sets << q(kind.columnNames[i]) + QStringLiteral(" = ?");
                     values << columns[i];
                 }
                 values << existing;
@@ -285,7 +264,7 @@ bool Store::saveRow(bool teacher, const QStringList& columns, qint64* id, QStrin
             }
             query.exec(QStringLiteral("SELECT COUNT(*), COALESCE(MAX(pos), 0) FROM %1").arg(table));
             query.next();
-            if (query.value(0).toInt() >= (teacher ? maxTeachers : maxClasses)) {
+            if (query.value(0).toInt() >= kind.maximum) {
                 *why = QStringLiteral("the table is full");
                 return false;
             }
@@ -298,8 +277,7 @@ bool Store::saveRow(bool teacher, const QStringList& columns, qint64* id, QStrin
                     return false;
                 }
             }
-            const qint64 newId = nextId(
-                teacher ? QStringLiteral("last_teacher_id") : QStringLiteral("last_class_id"), why);
+            const qint64 newId = nextId(kind.lastIdKey, why);
             if (newId == 0)
                 return false;
             QVariantList values{newId, pos};
@@ -307,11 +285,11 @@ bool Store::saveRow(bool teacher, const QStringList& columns, qint64* id, QStrin
                 if (i != idColumn)
                     values << (i == reserve ? QString() : columns[i]);
             if (!exec(QStringLiteral("INSERT INTO %1(id, pos, %2) VALUES(?, ?%3)")
-                          .arg(table, columnList(names, count, idColumn),
+                          .arg(table, columnList(kind.columnNames, idColumn),
                                QStringLiteral(", ?").repeated(count - 1)),
                       values, why))
                 return false;
-            if (copyOf > 0 && !copyOwnerData(teacher, copyOf, newId, why))
+            if (copyOf > 0 && !copyOwnerData(kind, copyOf, newId, why))
                 return false;
             *id = newId;
             return true;
@@ -319,9 +297,9 @@ bool Store::saveRow(bool teacher, const QStringList& columns, qint64* id, QStrin
         error);
 }
 
-bool Store::copyOwnerData(bool teacher, qint64 from, qint64 to, QString* error) {
-    const QString pos = teacher ? QStringLiteral("L") : QStringLiteral("K");
-    const QString fav = teacher ? QStringLiteral("Leraar") : QStringLiteral("Groep");
+bool Store::copyOwnerData(const OwnerRecord& kind, qint64 from, qint64 to, QString* error) {
+    const QString pos(kind.positionsOwner);
+    const QString fav(kind.favouritesOwner);
     return exec(QStringLiteral("INSERT OR REPLACE INTO positions(owner, value) SELECT ?, value"
                                " FROM positions WHERE owner = ?"),
                 {pos + QString::number(to), pos + QString::number(from)}, error) &&
@@ -331,8 +309,9 @@ bool Store::copyOwnerData(bool teacher, qint64 from, qint64 to, QString* error) 
 }
 
 bool Store::saveTeachers(const QList<QStringList>& rows, const QList<int>& keep, QString* error) {
+    const OwnerRecord& kind = teacherRecord;
     for (const QStringList& row : rows)
-        if (row.size() != teacherColumns) {
+        if (row.size() != kind.columns()) {
             *error = QStringLiteral("a teacher of %1 columns").arg(row.size());
             return false;
         }
@@ -340,48 +319,48 @@ bool Store::saveTeachers(const QList<QStringList>& rows, const QList<int>& keep,
         [&](QString* why) {
             QSqlQuery query(m_db);
             // Teachers that the list leaves out go behind it, in their order.
-            if (!exec(QStringLiteral("UPDATE teachers SET pos = pos + 1000000"), {}, why))
+            if (!exec(QStringLiteral("UPDATE %1 SET pos = pos + 1000000").arg(kind.table), {}, why))
                 return false;
             int pos = 0;
             for (const QStringList& row : rows) {
                 ++pos;
-                qint64 id = row[teacherId].toLongLong();
+                qint64 id = row[kind.idColumn].toLongLong();
                 if (id <= 0) {
-                    query.exec(QStringLiteral("SELECT COUNT(*) FROM teachers"));
+                    query.exec(QStringLiteral("SELECT COUNT(*) FROM %1").arg(kind.table));
                     query.next();
-                    if (query.value(0).toInt() >= maxTeachers) {
+                    if (query.value(0).toInt() >= kind.maximum) {
                         *why = QStringLiteral("the table is full");
                         return false;
                     }
-                    id = nextId(QStringLiteral("last_teacher_id"), why);
+                    id = nextId(kind.lastIdKey, why);
                     if (id == 0)
                         return false;
                     QVariantList values{id, pos};
-                    for (int i = 0; i < teacherColumns; ++i)
-                        if (i != teacherId)
+                    for (int i = 0; i < kind.columns(); ++i)
+                        if (i != kind.idColumn)
                             values << (keep.contains(i) ? QString() : row[i]);
-                    if (!exec(QStringLiteral("INSERT INTO teachers(id, pos, %1) VALUES(?, ?%2)")
-                                  .arg(columnList(teacherNames, teacherColumns, teacherId),
-                                       QStringLiteral(", ?").repeated(teacherColumns - 1)),
+                    if (!exec(QStringLiteral("INSERT INTO %1(id, pos, %2) VALUES(?, ?%3)")
+                                  .arg(kind.table, columnList(kind.columnNames, kind.idColumn),
+                                       QStringLiteral(", ?").repeated(kind.columns() - 1)),
                               values, why))
                         return false;
                     continue;
                 }
                 QStringList sets{QStringLiteral("pos = ?")};
                 QVariantList values{pos};
-                for (int i = 0; i < teacherColumns; ++i) {
-                    if (i == teacherId || keep.contains(i))
+                for (int i = 0; i < kind.columns(); ++i) {
+                    if (i == kind.idColumn || keep.contains(i))
                         continue;
-                    sets << q(teacherNames[i]) + QStringLiteral(" = ?");
+                    sets << q(kind.columnNames[i]) + QStringLiteral(" = ?");
                     values << row[i];
                 }
                 values << id;
-                query.prepare(QStringLiteral("UPDATE teachers SET %1 WHERE id = ?")
-                                  .arg(sets.join(QLatin1Char(','))));
+                query.prepare(QStringLiteral("UPDATE %1 SET %2 WHERE id = ?")
+                                  .arg(kind.table, sets.join(QLatin1Char(','))));
                 for (const QVariant& v : values)
                     query.addBindValue(v);
                 if (!query.exec() || query.numRowsAffected() != 1) {
-                    *why = QStringLiteral("no teacher with ID %1").arg(id);
+                    *why = QStringLiteral("no %1 with ID %2").arg(kind.noun).arg(id);
                     return false;
                 }
             }
@@ -390,60 +369,38 @@ bool Store::saveTeachers(const QList<QStringList>& rows, const QList<int>& keep,
         error);
 }
 
-bool Store::deleteClass(qint64 id, QString* error) {
+bool Store::deleteRow(const OwnerRecord& kind, qint64 id, QString* error) {
     return write(
         [&](QString* why) {
             QSqlQuery query(m_db);
-            query.prepare(QStringLiteral("DELETE FROM classes WHERE id = ?"));
+            query.prepare(QStringLiteral("DELETE FROM %1 WHERE id = ?").arg(kind.table));
             query.addBindValue(id);
             if (!query.exec() || query.numRowsAffected() != 1) {
-                *why = QStringLiteral("no class with ID %1").arg(id);
+                *why = QStringLiteral("no %1 with ID %2").arg(kind.noun).arg(id);
                 return false;
             }
             return exec(QStringLiteral("DELETE FROM positions WHERE owner = ?"),
-                        {QStringLiteral("K%1").arg(id)}, why) &&
+                        {kind.positionsOwner + QString::number(id)}, why) &&
                    exec(QStringLiteral("DELETE FROM favourites WHERE owner = ?"),
-                        {QStringLiteral("Groep%1").arg(id)}, why);
+                        {kind.favouritesOwner + QString::number(id)}, why);
         },
         error);
 }
 
-bool Store::deleteTeacher(qint64 id, QString* error) {
+bool Store::saveDesktop(const OwnerRecord& kind, qint64 id, const QString& applicaties,
+                        const QString& internet, const QString& categorieen, QString* error) {
     return write(
         [&](QString* why) {
             QSqlQuery query(m_db);
-            query.prepare(QStringLiteral("DELETE FROM teachers WHERE id = ?"));
-            query.addBindValue(id);
-            if (!query.exec() || query.numRowsAffected() != 1) {
-                *why = QStringLiteral("no teacher with ID %1").arg(id);
-                return false;
-            }
-            return exec(QStringLiteral("DELETE FROM positions WHERE owner = ?"),
-                        {QStringLiteral("L%1").arg(id)}, why) &&
-                   exec(QStringLiteral("DELETE FROM favourites WHERE owner = ?"),
-                        {QStringLiteral("Leraar%1").arg(id)}, why);
-        },
-        error);
-}
-
-bool Store::saveDesktop(QChar who, qint64 id, const QString& applicaties, const QString& internet,
-                        const QString& categorieen, QString* error) {
-    const bool teacher = who == QLatin1Char('l');
-    return write(
-        [&](QString* why) {
-            QSqlQuery query(m_db);
-            query.prepare(
-                QStringLiteral("UPDATE %1 SET applicaties = ?, internet = ?,"
-                               " categorieen = ? WHERE id = ?")
-                    .arg(teacher ? QStringLiteral("teachers") : QStringLiteral("classes")));
+            query.prepare(QStringLiteral("UPDATE %1 SET applicaties = ?, internet = ?,"
+                                         " categorieen = ? WHERE id = ?")
+                              .arg(kind.table));
             query.addBindValue(applicaties);
             query.addBindValue(internet);
             query.addBindValue(categorieen);
             query.addBindValue(id);
             if (!query.exec() || query.numRowsAffected() != 1) {
-                *why = QStringLiteral("no %1 with ID %2")
-                           .arg(teacher ? QStringLiteral("teacher") : QStringLiteral("class"))
-                           .arg(id);
+                *why = QStringLiteral("no %1 with ID %2").arg(kind.noun).arg(id);
                 return false;
             }
             return true;
@@ -563,7 +520,7 @@ QList<Store::Application> Store::applications(int kind) {
     QList<Application> list;
     QSqlQuery query(m_db);
     query.prepare(QStringLiteral("SELECT %1 FROM applications WHERE kind = ? ORDER BY id")
-                      .arg(columnList(applicationNames, 8, -1)));
+                      .arg(columnList(applicationNames, -1)));
     query.addBindValue(kind);
     query.exec();
     while (query.next()) {
@@ -633,7 +590,7 @@ bool Store::saveApplication(int kind, const Application& fields, QString* error)
                 values << f;
             return exec(QStringLiteral("INSERT OR REPLACE INTO applications(kind, %1)"
                                        " VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?)")
-                            .arg(columnList(applicationNames, 8, -1)),
+                            .arg(columnList(applicationNames, -1)),
                         values, why);
         },
         error);

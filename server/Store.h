@@ -13,12 +13,15 @@ struct sqlite3;
 
 namespace tk::server {
 
+struct OwnerRecord;
+
 // The server's store: one SQLite file in the data folder. Records are held in the columns the
 // client knows them by (a class as the 13 columns of its table row, a teacher as 16), so that
-// what comes in over the wire and what goes out is a plain re-ordering of fields. IDs are given
-// here. Every change is one transaction: a crash or a kill leaves the store as it was before
-// or after the change, never half way. Every committed change raises the generation, by which
-// the rendered load replies know they must be made again.
+// what comes in over the wire and what goes out is a plain re-ordering of fields; an
+// OwnerRecord describes the two. IDs are given here. Every change is one transaction: a crash
+// or a kill leaves the store as it was before or after the change, never half way. Every
+// committed change raises the generation, by which the rendered load replies know they must be
+// made again.
 class Store {
 public:
     // The limits of the client's tables: a record past them would break its loads.
@@ -26,12 +29,6 @@ public:
     static constexpr int maxTeachers = 100;
     static constexpr int maxCategories = 20;
     static constexpr int maxApplications = 200;
-
-    // Columns of a class row and a teacher row, as the client numbers them.
-    static constexpr int classColumns = 13;   // 0 Naam ... 6 ID ... 12 Categorieen
-    static constexpr int teacherColumns = 16; // 0 Achternaam ... 5 ID ... 15 Categorieen
-    static constexpr int classId = 6;
-    static constexpr int teacherId = 5;
 
     struct Category {
         qint64 id = 0;
@@ -71,22 +68,20 @@ public:
     QString setting(const QString& key, const QString& fallback = QString());
     bool setSettings(const QList<QPair<QString, QString>>& values, QString* error);
 
-    QList<QStringList> classes();
-    QList<QStringList> teachers();
+    // The class or teacher rows (`kind` is classRecord or teacherRecord), in their order.
+    QList<QStringList> rows(const OwnerRecord& kind);
     // Saves a class or teacher row. Column ID "0" makes a new record, "kopie<id>" a new record
     // that takes the desktop positions and favourites of <id>, a known number replaces that
     // record. The ID the record has is returned in `id`.
-    bool saveClass(const QStringList& columns, qint64* id, QString* error);
-    bool saveTeacher(const QStringList& columns, qint64* id, QString* error);
+    bool saveRow(const OwnerRecord& kind, const QStringList& columns, qint64* id, QString* error);
     // Saves all teachers at once, in this order. Each row has the teacher's columns; the
     // columns in `keep` keep their stored values for known teachers.
     bool saveTeachers(const QList<QStringList>& rows, const QList<int>& keep, QString* error);
-    bool deleteClass(qint64 id, QString* error);
-    bool deleteTeacher(qint64 id, QString* error);
-    // The desktop of a class ('k') or teacher ('l'): its applications, internet flag and
-    // categories.
-    bool saveDesktop(QChar who, qint64 id, const QString& applicaties, const QString& internet,
-                     const QString& categorieen, QString* error);
+    // Removes a class or teacher with its desktop positions and favourites.
+    bool deleteRow(const OwnerRecord& kind, qint64 id, QString* error);
+    // The desktop of a class or teacher: its applications, internet flag and categories.
+    bool saveDesktop(const OwnerRecord& kind, qint64 id, const QString& applicaties,
+                     const QString& internet, const QString& categorieen, QString* error);
 
     QList<Category> categories(int kind);
     bool addCategory(int kind, const QString& naam, qint64* id, QString* error);
@@ -165,8 +160,7 @@ private:
     bool exec(const QString& sql, const QVariantList& values, QString* error);
     qint64 nextId(const QString& key, QString* error);
     bool touchIcons(int group, QString* error);
-    bool saveRow(bool teacher, const QStringList& columns, qint64* id, QString* error);
-    bool copyOwnerData(bool teacher, qint64 from, qint64 to, QString* error);
+    bool copyOwnerData(const OwnerRecord& kind, qint64 from, qint64 to, QString* error);
     bool touchProblemCalls(QString* error);
 
     QString m_connection;

@@ -3,6 +3,7 @@
 // started on it, and N clients (200 by default) connect together and each runs the start-up
 // load in lock-step, parsing the paged replies to know what to ask next. Prints the wall time
 // until the last client is done, the requests answered, and the server's peak resident memory.
+#include "server/OwnerRecord.h"
 #include "server/Store.h"
 
 #include <QCoreApplication>
@@ -63,15 +64,16 @@ bool seed(Store& store) {
         desktop << QString::number(i);
     for (int c = 0; c < Store::maxClasses; ++c) {
         qint64 id = 0;
-        if (!store.saveClass({QStringLiteral("Groep %1").arg(c), s("G"), s("1a.jpg"), s("Geen"),
-                              QStringLiteral("groep%1").arg(c), s("Sleutelwrk42"), s("0"),
-                              desktop.join(QLatin1Char('|')), s("Ja"), QString(), s("Standaard"),
-                              s("0,0"), s("1|2|3|a1")},
-                             &id, &error))
+        if (!store.saveRow(tk::server::classRecord,
+                           {QStringLiteral("Groep %1").arg(c), s("G"), s("1a.jpg"), s("Geen"),
+                            QStringLiteral("groep%1").arg(c), s("Sleutelwrk42"), s("0"),
+                            desktop.join(QLatin1Char('|')), s("Ja"), QString(), s("Standaard"),
+                            s("0,0"), s("1|2|3|a1")},
+                           &id, &error))
             return fail();
     }
     for (int t = 0; t < Store::maxTeachers; ++t) {
-        QStringList columns(Store::teacherColumns);
+        QStringList columns(tk::server::teacherRecord.columns());
         columns[0] = QStringLiteral("Achternaam%1").arg(t);
         columns[3] = QStringLiteral("leraar%1").arg(t);
         columns[4] = s("wachtwoord");
@@ -84,7 +86,7 @@ bool seed(Store& store) {
         columns[12] = s("Nee|Nee");
         columns[15] = s("1|2|a1");
         qint64 id = 0;
-        if (!store.saveTeacher(columns, &id, &error))
+        if (!store.saveRow(tk::server::teacherRecord, columns, &id, &error))
             return fail();
     }
     return true;
