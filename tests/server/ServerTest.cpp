@@ -186,6 +186,13 @@ TEST(ServerSaveTest, SavedRecordsComeBackInTheirColumns) {
     copy.replace(0, 1, QStringLiteral("kopie1"));
     const QString copyId = field(c.ask(QStringLiteral("OPSKLZ") + copy), QStringLiteral("OPSKLZ"));
     EXPECT_EQ(c.ask(QStringLiteral("LDNFAVGroep1")), c.ask(QStringLiteral("LDNFAVGroep") + copyId));
+    // The account panel's extra values go to the account of the class (column 4).
+    changed.replace(QStringLiteral("><nieuw><"), QStringLiteral("><klas9><"));
+    EXPECT_EQ(QStringLiteral("OPSKLZ") + id,
+              c.ask(QStringLiteral("OPSKLZ") + changed +
+                    QStringLiteral("><\\\\srv\\profiel9|klas.bat|K:|\\\\srv\\home9|JA")));
+    EXPECT_EQ(QStringLiteral("LDNACC\\\\srv\\profiel9|\\\\srv\\home9|K:|klas.bat|"),
+              c.ask(QStringLiteral("LDNACCINFklas9")));
 
     // A teacher: the wire order 5, 0, 7, 6, 1, 2, 3, 4, 8, 9, 10, 11, 12, 15, 14, and the account
     // panel's extra values.
@@ -203,6 +210,12 @@ TEST(ServerSaveTest, SavedRecordsComeBackInTheirColumns) {
     EXPECT_EQ(teacherId, t[5]);
     EXPECT_EQ(QStringLiteral("Oceaan"), t[14]);
     EXPECT_EQ(QStringLiteral("2|a1"), t[15]);
+    EXPECT_EQ((QStringList{QStringLiteral("smit.ico"), QStringLiteral("bos.jpg"),
+                           QStringLiteral("ksmit"), QStringLiteral("pw")}),
+              t.mid(1, 4));
+    EXPECT_EQ((QStringList{QStringLiteral("3|cdrom"), QStringLiteral("Ja"), QStringLiteral("1|2"),
+                           QStringLiteral("Ja"), QStringLiteral("Nee|Ja"), QString()}),
+              t.mid(8, 6));
     EXPECT_EQ(QStringLiteral("LDNACC\\\\srv\\profiel|\\\\srv\\home|H:|login.bat|"),
               c.ask(QStringLiteral("LDNACCINFksmit")));
 
