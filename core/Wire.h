@@ -171,4 +171,14 @@ inline constexpr QLatin1StringView VWNLRN{"VWNLRN"};
 inline constexpr QLatin1StringView VWNAPP{"VWNAPP"};
 inline constexpr QLatin1StringView VWNCAT{"VWNCAT"};
 
+// --- the transfer sockets: one file offered, taken or refused, and received
+// FIS + size + valueSep + offer number + fileNameSep + file name: a file offered.
+inline constexpr QLatin1StringView FIS{"FIS"};
+inline constexpr QLatin1Char fileNameSep{'@'};
+inline constexpr QLatin1StringView CNT{"CNT"}; // the receiver's command socket is connected
+inline constexpr QLatin1StringView ACP{"ACP"}; // the offer is taken: send the bytes
+inline constexpr QLatin1StringView RFS{"RFS"}; // the offer is refused
+inline constexpr QLatin1StringView RFC{"RFC"}; // every byte arrived
+inline constexpr QLatin1StringView FSC{"FSC"}; // the sender's end of a transfer
+
 } // namespace tk::wire

@@ -3,6 +3,7 @@
 #include "core/Ansi.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/Wire.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -58,12 +59,12 @@ void moveOnto(const QString& van, const QString& naar) {
 
 BinaryReceiver::FileOffer BinaryReceiver::parseFileOffer(const QString& bericht) {
     FileOffer aanbod;
-    if (!bericht.startsWith(QStringLiteral("FIS"))) {
+    if (!bericht.startsWith(wire::FIS)) {
         aanbod.fout = QStringLiteral("Not a file offer");
         return aanbod;
     }
-    const QString rest = bericht.mid(3);
-    const qsizetype streep = rest.indexOf(QLatin1Char('|'));
+    const QString rest = bericht.mid(wire::FIS.size());
+    const qsizetype streep = rest.indexOf(wire::valueSep);
     if (streep < 0) {
         aanbod.fout = QStringLiteral("File offer without \"|\": \"%1\"").arg(bericht.left(80));
         return aanbod;
@@ -80,7 +81,7 @@ BinaryReceiver::FileOffer BinaryReceiver::parseFileOffer(const QString& bericht)
     aanbod.grootte = grootte.toLongLong();
     // The number runs up to the "@"; without an "@" it is all that follows and the name is empty.
     const QString achter = rest.mid(streep + 1);
-    const qsizetype apenstaart = achter.indexOf(QLatin1Char('@'));
+    const qsizetype apenstaart = achter.indexOf(wire::fileNameSep);
     aanbod.nummer = leadingNumber(apenstaart < 0 ? achter : achter.left(apenstaart));
     aanbod.naam = apenstaart < 0 ? QString() : achter.mid(apenstaart + 1);
     aanbod.geldig = true;
@@ -149,7 +150,7 @@ void BinaryReceiver::wsInfo_ConnectionRequest(qintptr requestID) {
                 QStringLiteral("Cannot accept the info connection: %1").arg(wsInfo.errorString()));
         p.wacht.Pomp();
         if (wsInfo.state() == QAbstractSocket::ConnectedState)
-            send(wsInfo, "CNT");
+            send(wsInfo, wire::CNT);
     });
 }
 
@@ -178,19 +179,19 @@ void BinaryReceiver::wsInfo_DataArrival() {
 void BinaryReceiver::handleCommand(const QByteArray& bytes) {
     const QString bericht = Ansi::naarTekst(bytes);
     const QString opdracht = bericht.left(3);
-    if (opdracht == u"FSC") {
+    if (opdracht == wire::FSC) {
         if (onReceiveComplete)
             onReceiveComplete();
         return;
     }
-    if (opdracht != u"FIS")
+    if (opdracht != wire::FIS)
         return;
     const FileOffer aanbod = parseFileOffer(bericht);
     if (!aanbod.geldig) {
         // Nobody could accept this offer; the server hears so at once.
         raiseError(aanbod.fout);
         if (wsInfo.state() == QAbstractSocket::ConnectedState)
-            send(wsInfo, "RFS");
+            send(wsInfo, wire::RFS);
         return;
     }
     CurrentFileSize = aanbod.grootte;
@@ -222,12 +223,12 @@ void BinaryReceiver::AcceptSendRequest(const QString& pad) {
         // An accepted file begins empty, whatever a previous file left in the counter.
         Ontvangen = 0;
         m_lastTickCount = 0;
-        send(wsInfo, "ACP");
+        send(wsInfo, wire::ACP);
     });
 }
 
 void BinaryReceiver::RefuseSendRequest() {
-    Procedure(p, "BinaryReceiver.RefuseSendRequest", [&] { send(wsInfo, "RFS"); });
+    Procedure(p, "BinaryReceiver.RefuseSendRequest", [&] { send(wsInfo, wire::RFS); });
 }
 
 void BinaryReceiver::wsReader_DataArrival() {
@@ -288,7 +289,7 @@ void BinaryReceiver::finishFile() {
             onReceiveComplete();
         p.wacht.Pomp();
         if (wsInfo.state() == QAbstractSocket::ConnectedState)
-            send(wsInfo, "RFC");
+            send(wsInfo, wire::RFC);
     });
 }
 
@@ -362,11 +363,10 @@ void BinaryReceiver::removeStaleTemporaryFiles() {
     }
 }
 
-void BinaryReceiver::send(QTcpSocket& socket, const char* bericht) {
+void BinaryReceiver::send(QTcpSocket& socket, QLatin1StringView bericht) {
     if (socket.state() != QAbstractSocket::ConnectedState)
-        throw Fout(QStringLiteral("Cannot send %1: the info connection is not open")
-                       .arg(QLatin1String(bericht)));
-    socket.write(bericht);
+        throw Fout(QStringLiteral("Cannot send %1: the info connection is not open").arg(bericht));
+    socket.write(bericht.data(), bericht.size());
 }
 
 void BinaryReceiver::raiseError(const QString& omschrijving) {

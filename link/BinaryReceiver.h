@@ -96,7 +96,7 @@ private:
     void finishFile();
     void discardTemporaryFile();
     void removeStaleTemporaryFiles();
-    void send(QTcpSocket& socket, const char* bericht);
+    void send(QTcpSocket& socket, QLatin1StringView bericht);
     void raiseError(const QString& omschrijving);
 
     Programma& p;

@@ -3,6 +3,7 @@
 #include "core/Ansi.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/Wire.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -75,7 +76,7 @@ void BinarySender::wsInfo_DataArrival() {
 
 void BinarySender::handleCommand(const QByteArray& bytes) {
     const QString opdracht = Ansi::naarTekst(bytes.left(3));
-    if (opdracht == u"CNT") {
+    if (opdracht == wire::CNT) {
         if (onConnected)
             onConnected();
         if (RemotePortBinary <= 0 || RemotePortBinary > 65535)
@@ -83,13 +84,13 @@ void BinarySender::handleCommand(const QByteArray& bytes) {
         wsSender.abort();
         p.wacht.Pomp();
         wsSender.connectToHost(RemoteHost, quint16(RemotePortBinary));
-    } else if (opdracht == u"ACP") {
+    } else if (opdracht == wire::ACP) {
         if (onCommandAccepted)
             onCommandAccepted();
-    } else if (opdracht == u"RFS") {
+    } else if (opdracht == wire::RFS) {
         if (onCommandRefused)
             onCommandRefused();
-    } else if (opdracht == u"RFC") {
+    } else if (opdracht == wire::RFC) {
         tmrUploadSpeed.stop();
         if (onSendComplete)
             onSendComplete();
@@ -101,8 +102,8 @@ void BinarySender::SendInfo() {
         if (wsInfo.state() != QAbstractSocket::ConnectedState)
             throw Fout(QStringLiteral("Cannot offer %1: the info connection is not open")
                            .arg(CurrentFileName));
-        wsInfo.write(Ansi::naarBytes(
-            QStringLiteral("FIS%1|0@%2").arg(CurrentFileSize).arg(CurrentFileName)));
+        wsInfo.write(Ansi::naarBytes(wire::FIS + QString::number(CurrentFileSize) + wire::valueSep +
+                                     QLatin1Char('0') + wire::fileNameSep + CurrentFileName));
     });
 }
 

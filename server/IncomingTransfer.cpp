@@ -1,6 +1,7 @@
 #include "IncomingTransfer.h"
 
 #include "WireText.h"
+#include "core/Wire.h"
 
 #include <QTcpSocket>
 #include <QTimer>
@@ -21,7 +22,7 @@ IncomingTransfer::IncomingTransfer(QTcpSocket* info, Acceptor acceptor, qint64 m
     connect(m_info, &QTcpSocket::disconnected, this,
             [this] { fail(QStringLiteral("the sender closed its command socket")); });
     m_timeout->start();
-    m_info->write("CNT");
+    m_info->write(wire::CNT.data(), wire::CNT.size());
 }
 
 void IncomingTransfer::attachData(QTcpSocket* data) {
@@ -40,23 +41,24 @@ void IncomingTransfer::onInfoRead() {
     m_timeout->start();
     const QString text = WireText::fromBytes(m_info->read(4096));
     m_info->readAll();
-    if (!text.startsWith(QStringLiteral("FIS")) || m_size >= 0)
+    if (!text.startsWith(wire::FIS) || m_size >= 0)
         return; // anything else on this socket is not for the receiving side
-    const int bar = text.indexOf(QLatin1Char('|'));
-    const int at = text.indexOf(QLatin1Char('@'));
+    const int bar = text.indexOf(wire::valueSep);
+    const int at = text.indexOf(wire::fileNameSep);
     qint64 size = 0;
-    const QString sizeText = text.mid(3, bar < 0 ? -1 : bar - 3);
+    const qsizetype from = wire::FIS.size();
+    const QString sizeText = text.mid(from, bar < 0 ? -1 : bar - from);
     const bool sized = WireText::number(sizeText, &size);
     m_name = at < 0 ? QString() : text.mid(at + 1);
     if (!sized || bar < 0 || size <= 0 || size > m_maxSize ||
         !m_acceptor(m_peer, m_name, size, &m_deliver)) {
-        m_info->write("RFS");
+        m_info->write(wire::RFS.data(), wire::RFS.size());
         m_info->flush();
         fail(QStringLiteral("refused the file \"%1\" of \"%2\" bytes").arg(m_name, sizeText));
         return;
     }
     m_size = size;
-    m_info->write("ACP");
+    m_info->write(wire::ACP.data(), wire::ACP.size());
     if (m_data)
         onData();
 }
@@ -76,7 +78,7 @@ void IncomingTransfer::onData() {
         return;
     m_done = true;
     m_timeout->stop();
-    m_info->write("RFC");
+    m_info->write(wire::RFC.data(), wire::RFC.size());
     m_info->flush();
     if (m_deliver)
         m_deliver(m_content);

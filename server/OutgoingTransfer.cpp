@@ -1,6 +1,7 @@
 #include "OutgoingTransfer.h"
 
 #include "WireText.h"
+#include "core/Wire.h"
 
 #include <QTcpSocket>
 #include <QTimer>
@@ -26,8 +27,9 @@ OutgoingTransfer::OutgoingTransfer(const QHostAddress& host, quint16 infoPort, q
     connect(m_data, &QTcpSocket::connected, this, [this] {
         touch();
         m_step = Step::AwaitingAnswer;
-        m_info->write(
-            WireText::toBytes(QStringLiteral("FIS%1|0@%2").arg(m_content.size()).arg(m_fileName)));
+        m_info->write(WireText::toBytes(wire::FIS + QString::number(m_content.size()) +
+                                        wire::valueSep + QLatin1Char('0') + wire::fileNameSep +
+                                        m_fileName));
     });
     connect(m_data, &QTcpSocket::bytesWritten, this, [this] { touch(); });
     for (QTcpSocket* socket : {m_info, m_data}) {
@@ -50,18 +52,18 @@ void OutgoingTransfer::touch() {
 void OutgoingTransfer::onInfoRead() {
     touch();
     const QString command = WireText::fromBytes(m_info->readAll()).left(3);
-    if (m_step == Step::AwaitingCnt && command == QStringLiteral("CNT")) {
+    if (m_step == Step::AwaitingCnt && command == wire::CNT) {
         m_step = Step::ConnectingData;
         m_data->connectToHost(m_host, m_dataPort);
-    } else if (m_step == Step::AwaitingAnswer && command == QStringLiteral("ACP")) {
+    } else if (m_step == Step::AwaitingAnswer && command == wire::ACP) {
         m_step = Step::Sending;
         // Blocks of 8192 bytes, as the client's own sender uses.
         for (qsizetype at = 0; at < m_content.size(); at += 8192)
             m_data->write(m_content.constData() + at,
                           std::min<qsizetype>(8192, m_content.size() - at));
-    } else if (m_step == Step::AwaitingAnswer && command == QStringLiteral("RFS")) {
+    } else if (m_step == Step::AwaitingAnswer && command == wire::RFS) {
         fail(QStringLiteral("the receiver refused the file"));
-    } else if (m_step == Step::Sending && command == QStringLiteral("RFC")) {
+    } else if (m_step == Step::Sending && command == wire::RFC) {
         succeed();
     }
 }
