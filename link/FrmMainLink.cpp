@@ -13,7 +13,7 @@
 
 namespace tk {
 
-FrmMainLink::FrmMainLink(Programma& p) : Sender(p), Receiver(p), p(p) {
+FrmMainLink::FrmMainLink(Programma& p) : Berichten(&WS), Sender(p), Receiver(p), p(p) {
     WS.setSocketOption(QAbstractSocket::LowDelayOption, 1);
     Sender.onConnected = [this] { SenderVerbonden = true; };
     Sender.onCommandAccepted = [this] { Sender.SendFile(); };
@@ -34,7 +34,14 @@ FrmMainLink::FrmMainLink(Programma& p) : Sender(p), Receiver(p), p(p) {
             OntvangstVoortgang(ontvangen, totaal);
     };
     Receiver.onReceiveComplete = [this] { ReceiverKlaar = true; };
-    connect(&WS, &QTcpSocket::readyRead, this, [this] { WS_DataArrival(); });
+    // A long message that the network delivers in pieces is read whole.
+    Berichten.onMessage = [this](const QByteArray& bericht) { WS_DataArrival(bericht); };
+    Berichten.onOverLimit = [this](qint64 grootte) {
+        Procedure(this->p, "frmMain.WS_DataArrival", [&] {
+            throw Fout(
+                QStringLiteral("A message of %1 bytes is too long; it is dropped").arg(grootte));
+        });
+    };
     connect(&WS, &QTcpSocket::disconnected, this, [this] { WS_Close(); });
     p.kanaal = this;
 }
@@ -54,6 +61,7 @@ void FrmMainLink::sluitZelf() {
     // Our own close is not a loss: only the peer's close raises the close event.
     m_zelfGesloten = true;
     WS.abort();
+    Berichten.clear();
     m_zelfGesloten = false;
 }
 
@@ -72,23 +80,11 @@ void FrmMainLink::WS_Versturen(const QString& bericht, bool wachten) {
     });
 }
 
-void FrmMainLink::WS_DataArrival() {
-    // A window shown from inside this handler (a fault report) runs its own event loop, and
-    // the socket does not announce bytes again while its announcement is being handled: what
-    // came in meanwhile is taken up as soon as this handler is done.
-    struct Nalezen {
-        FrmMainLink& f;
-        ~Nalezen() {
-            if (f.WS.bytesAvailable() > 0)
-                QTimer::singleShot(0, &f, [&f = f] {
-                    if (f.WS.bytesAvailable() > 0)
-                        f.WS_DataArrival();
-                });
-        }
-    } nalezen{*this};
+void FrmMainLink::WS_DataArrival(const QByteArray& bytes) {
+    // A window shown from inside this handler (a fault report) runs its own event loop; what
+    // came in meanwhile is handed on as soon as this handler is done.
     Procedure(p, "frmMain.WS_DataArrival", [&] {
-        // One read is one message: nothing is kept from one arrival to the next.
-        const QString bericht = Ansi::naarTekst(WS.readAll());
+        const QString bericht = Ansi::naarTekst(bytes);
         const Woordenlijst::Sortering s = Woordenlijst::sorteer(bericht);
         ModMain& m = p.modMain;
         switch (s.actie) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/CommandChannel.h"
+#include "core/MessageAssembler.h"
 #include "link/BinaryReceiver.h"
 #include "link/BinarySender.h"
 
@@ -29,13 +30,15 @@ public:
     bool ServerVerbinden(bool verbinden = true);
     void ServerVerbinden2(int seconden, int poging);
     bool TestVerbinding();
-    void WS_DataArrival();
+    // One message from the server, as the assembler hands it on.
+    void WS_DataArrival(const QByteArray& bytes);
     void WS_Close();
     void VerbindingVerbroken();
     // Form_Unload: the link is closed at the end of the program.
     void Form_Unload();
 
     QTcpSocket WS;
+    MessageAssembler Berichten; // the messages of WS
     QString ServerHost;
     long ServerPoort = 34487;
     bool BevestigdBericht = false;

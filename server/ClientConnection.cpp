@@ -12,20 +12,44 @@ namespace {
 constexpr int maxQueue = 64;
 }
 
-ClientConnection::ClientConnection(QTcpSocket* socket, int number, int settleMs, QObject* parent)
-    : QObject(parent), m_socket(socket), m_number(number), m_settleMs(settleMs) {
+ClientConnection::ClientConnection(QTcpSocket* socket, int number, const Limits& limits,
+                                   QObject* parent)
+    : QObject(parent), m_socket(socket), m_number(number), m_limits(limits),
+      m_assembler(new tk::MessageAssembler(socket, this)), m_firstMessage(new QTimer(this)) {
     m_socket->setParent(this);
-    m_socket->setReadBufferSize(0);
+    // A peer that sends without pause fills at most this much memory before it is read.
+    m_socket->setReadBufferSize(64 * 1024);
     // Each message in a segment of its own, at once: without this the system holds a small
     // message back until the one before it is acknowledged, and may send the two together.
     m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     m_activity.start();
     m_clock.start();
-    connect(m_socket, &QTcpSocket::readyRead, this, &ClientConnection::onReadyRead);
+    m_assembler->setQuietMs(m_limits.pieceQuietMs);
+    m_assembler->setLimit(m_limits.maxMessage);
+    m_assembler->onMessage = [this](const QByteArray& bytes) { onMessage(bytes); };
+    m_assembler->onOverLimit = [this](qint64 bytes) {
+        ServerLog::fault(QStringLiteral("connection %1").arg(m_number),
+                         QStringLiteral("input of %1 bytes without a pause is above the limit of "
+                                        "%2 bytes for one message; closed")
+                             .arg(bytes)
+                             .arg(m_limits.maxMessage));
+        close();
+    };
+    // A connection that says nothing holds a place and a file descriptor for nothing.
+    m_firstMessage->setSingleShot(true);
+    connect(m_firstMessage, &QTimer::timeout, this, [this] {
+        ServerLog::fault(
+            QStringLiteral("connection %1").arg(m_number),
+            QStringLiteral("no first message within %1 ms; closed").arg(m_limits.firstMessageMs));
+        close();
+    });
+    m_firstMessage->start(m_limits.firstMessageMs);
+    connect(m_socket, &QTcpSocket::readyRead, this, [this] { m_activity.restart(); });
     connect(m_socket, &QTcpSocket::bytesWritten, this, &ClientConnection::flush);
     connect(m_socket, &QTcpSocket::disconnected, this, [this] {
         if (!m_closed) {
             m_closed = true;
+            m_firstMessage->stop();
             Q_EMIT closed(this);
         }
     });
@@ -43,20 +67,11 @@ QString ClientConnection::peer() const {
         .arg(m_socket->peerPort());
 }
 
-void ClientConnection::onReadyRead() {
+void ClientConnection::onMessage(const QByteArray& bytes) {
+    if (m_closed)
+        return;
     m_activity.restart();
-    const qint64 available = m_socket->bytesAvailable();
-    if (available > maxMessage) {
-        // Far more than any message: read it away in pieces and drop it whole.
-        while (m_socket->bytesAvailable() > 0)
-            m_socket->read(64 * 1024);
-        ServerLog::fault(QStringLiteral("connection %1").arg(m_number),
-                         QStringLiteral("dropped a message of %1 bytes").arg(available));
-        return;
-    }
-    const QByteArray bytes = m_socket->readAll();
-    if (bytes.isEmpty())
-        return;
+    m_firstMessage->stop();
     Q_EMIT messageReceived(this, WireText::fromBytes(bytes));
 }
 
@@ -96,7 +111,7 @@ void ClientConnection::flush() {
         // An unsolicited message waits until the connection has been quiet for a while, so
         // that the client has read what came before it.
         if (m_queue.head().settles && m_sinceWrite.isValid())
-            readyAt = std::max(readyAt, now - m_sinceWrite.elapsed() + m_settleMs);
+            readyAt = std::max(readyAt, now - m_sinceWrite.elapsed() + m_limits.settleMs);
         if (now < readyAt) {
             if (!m_timer) {
                 m_timer = new QTimer(this);
@@ -112,7 +127,7 @@ void ClientConnection::flush() {
         m_socket->flush();
         m_sinceWrite.restart();
         m_activity.restart();
-        m_quietUntil = out.settles ? m_clock.elapsed() + m_settleMs : 0;
+        m_quietUntil = out.settles ? m_clock.elapsed() + m_limits.settleMs : 0;
     }
 }
 
@@ -120,6 +135,7 @@ void ClientConnection::close() {
     if (m_closed)
         return;
     m_closed = true;
+    m_firstMessage->stop();
     m_queue.clear();
     m_socket->abort();
     Q_EMIT closed(this);

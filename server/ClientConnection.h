@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LoadCache.h"
+#include "core/MessageAssembler.h"
 
 #include <QByteArray>
 #include <QElapsedTimer>
@@ -23,13 +24,21 @@ namespace tk::server {
 // - an unsolicited message (a relayed notice, a keep-alive) and the acknowledgement of a
 //   message the client may send without waiting go out only after the connection has been
 //   quiet for a settling time, and hold back everything behind them for that time too.
-// On the read side, what one read gives is one message; a read above the limit is dropped.
+// On the read side, what one read gives is one message, and a long message that arrives in
+// pieces is read whole (MessageAssembler). A message above the input limit, or no first message
+// within the set time, closes the connection with a log line.
 class ClientConnection : public QObject {
     Q_OBJECT
 public:
-    static constexpr qint64 maxMessage = 256 * 1024;
+    struct Limits {
+        int settleMs = 250;
+        qint64 maxMessage = 256 * 1024;
+        int firstMessageMs = 30000;
+        int pieceQuietMs = MessageAssembler::defaultQuietMs;
+    };
 
-    ClientConnection(QTcpSocket* socket, int number, int settleMs, QObject* parent = nullptr);
+    ClientConnection(QTcpSocket* socket, int number, const Limits& limits,
+                     QObject* parent = nullptr);
     ~ClientConnection() override;
 
     int number() const { return m_number; }
@@ -64,13 +73,15 @@ private:
         QByteArray bytes;
         bool settles = false;
     };
-    void onReadyRead();
+    void onMessage(const QByteArray& bytes);
     void flush();
     void enqueue(const QString& text, bool settles);
 
     QTcpSocket* m_socket;
     int m_number;
-    int m_settleMs;
+    Limits m_limits;
+    tk::MessageAssembler* m_assembler;
+    QTimer* m_firstMessage;
     QQueue<Outgoing> m_queue;
     QElapsedTimer m_activity;
     QElapsedTimer m_sinceWrite;

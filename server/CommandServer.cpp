@@ -1,5 +1,6 @@
 #include "CommandServer.h"
 
+#include "AcceptThrottle.h"
 #include "BackupKeeper.h"
 #include "ClientConnection.h"
 #include "ServerLog.h"
@@ -24,7 +25,9 @@ CommandServer::CommandServer(Store& store, const ServerOptions& options, QObject
       m_backups(new BackupKeeper(
           store, QDir(options.dataFolder).filePath(QStringLiteral("Backups")), this)),
       m_maintenance(store, *m_transfers, m_packages, *m_backups, m_updates, m_catalogue),
-      m_server(new QTcpServer(this)), m_keepAlive(new QTimer(this)) {
+      m_server(new QTcpServer(this)),
+      m_throttle(new AcceptThrottle(m_server, QStringLiteral("command port"))),
+      m_keepAlive(new QTimer(this)) {
     m_server->setListenBacklogSize(1024);
     m_server->setMaxPendingConnections(1024);
     connect(m_server, &QTcpServer::newConnection, this, &CommandServer::onNewConnection);
@@ -71,6 +74,8 @@ QString CommandServer::domain() {
 }
 
 void CommandServer::onNewConnection() {
+    const ClientConnection::Limits limits{m_options.settleMs, m_options.maxMessage,
+                                          m_options.firstMessageMs, m_options.pieceQuietMs};
     while (QTcpSocket* socket = m_server->nextPendingConnection()) {
         if (m_connections.size() >= maxConnections) {
             ServerLog::fault(QStringLiteral("command port"),
@@ -80,7 +85,7 @@ void CommandServer::onNewConnection() {
             socket->deleteLater();
             continue;
         }
-        auto* c = new ClientConnection(socket, ++m_counter, m_options.settleMs, this);
+        auto* c = new ClientConnection(socket, ++m_counter, limits, this);
         m_connections.append(c);
         ServerLog::line(QStringLiteral("connection %1 from %2").arg(c->number()).arg(c->peer()));
         connect(c, &ClientConnection::messageReceived, this,
@@ -104,6 +109,8 @@ void CommandServer::onClosed(ClientConnection* c) {
     m_connections.removeOne(c);
     m_asks.removeIf([c](const auto& ask) { return ask.first == c || ask.second == c; });
     c->deleteLater();
+    // Its descriptor is free once the object is gone: a paused accept may try again then.
+    QTimer::singleShot(0, m_throttle, &AcceptThrottle::resume);
     Q_EMIT connectionCountChanged(int(m_connections.size()));
 }
 

@@ -16,6 +16,7 @@ class QTimer;
 
 namespace tk::server {
 
+class AcceptThrottle;
 class BackupKeeper;
 class ClientConnection;
 class Store;
@@ -45,6 +46,7 @@ public:
     LoadCache& loadCache() { return m_cache; }
     BackupKeeper& backups() { return *m_backups; }
     const QList<ClientConnection*>& connections() const { return m_connections; }
+    const AcceptThrottle& acceptThrottle() const { return *m_throttle; }
     // The domain the server tells its clients.
     QString domain();
 
@@ -78,6 +80,7 @@ private:
     BackupKeeper* m_backups;
     MaintenanceCommands m_maintenance;
     QTcpServer* m_server;
+    AcceptThrottle* m_throttle;
     QTimer* m_keepAlive;
     QList<ClientConnection*> m_connections;
     // Who asked whom: newcomer -> insider.

@@ -77,6 +77,26 @@ bool ServerOptions::parse(const QStringList& arguments, const QString& programFo
                 *error = QStringLiteral("--keep-alive needs a number of seconds above 0");
                 ok = false;
             }
+        } else if (name == QStringLiteral("--max-message")) {
+            QString text;
+            ok = value(&text);
+            bool number = false;
+            maxMessage = text.toLongLong(&number);
+            if (ok && (!number || maxMessage < 1024)) {
+                *error = QStringLiteral("--max-message needs a number of bytes of 1024 or more");
+                ok = false;
+            }
+        } else if (name == QStringLiteral("--first-message")) {
+            QString text;
+            ok = value(&text);
+            bool number = false;
+            const int seconds = text.toInt(&number);
+            if (ok && (!number || seconds < 1 || seconds > 86400)) {
+                *error =
+                    QStringLiteral("--first-message needs a number of seconds from 1 to 86400");
+                ok = false;
+            }
+            firstMessageMs = seconds * 1000;
         } else if (name == QStringLiteral("--demo"))
             demo = true;
         else {
@@ -111,7 +131,8 @@ QString ServerOptions::usage() {
                           "         [--client-data-port N] [--client-info-port N]\n"
                           "         [--upload-data-port N] [--upload-info-port N]\n"
                           "         [--domain NAME] [--theme DIR] [--keep-alive SECONDS]\n"
-                          "         [--updates DIR] [--web-port N]\n");
+                          "         [--updates DIR] [--web-port N]\n"
+                          "         [--max-message BYTES] [--first-message SECONDS]\n");
 }
 
 } // namespace tk::server

@@ -31,6 +31,13 @@ struct ServerOptions {
     // transfer may stay silent; not on the command line.
     int settleMs = 250;
     int transferTimeoutMs = 30000;
+    // What one client may send: the longest message (above it the connection is closed), and
+    // how long a new connection may stay silent before its first message.
+    qint64 maxMessage = 256 * 1024;
+    int firstMessageMs = 30000;
+    // How long the pieces of a long message may lie apart on the network; not on the command
+    // line.
+    int pieceQuietMs = 50;
 
     // Reads the command line (without the program name). On a fault returns false and says why.
     bool parse(const QStringList& arguments, const QString& programFolder, QString* error);

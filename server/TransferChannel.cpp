@@ -1,5 +1,6 @@
 #include "TransferChannel.h"
 
+#include "AcceptThrottle.h"
 #include "IncomingTransfer.h"
 #include "OutgoingTransfer.h"
 #include "ServerLog.h"
@@ -24,6 +25,9 @@ TransferChannel::TransferChannel(quint16 clientDataPort, quint16 clientInfoPort,
     : QObject(parent), m_clientDataPort(clientDataPort), m_clientInfoPort(clientInfoPort),
       m_timeoutMs(timeoutMs), m_infoServer(new QTcpServer(this)),
       m_dataServer(new QTcpServer(this)) {
+    // A fault in accepting (no descriptors left) pauses a listener for a while, never for good.
+    new AcceptThrottle(m_infoServer, QStringLiteral("upload command port"));
+    new AcceptThrottle(m_dataServer, QStringLiteral("upload data port"));
     connect(m_infoServer, &QTcpServer::newConnection, this, &TransferChannel::onInfoConnection);
     connect(m_dataServer, &QTcpServer::newConnection, this, &TransferChannel::onDataConnection);
 }

@@ -1,4 +1,5 @@
 // tafelkrater-server: the school's server. See docs/protocol.md for what it speaks.
+#include "platform/linux/FileLimit.h"
 #include "platform/linux/TerminationSignal.h"
 #include "server/ArchivePackager.h"
 #include "server/CommandServer.h"
@@ -15,6 +16,7 @@
 #include <memory>
 
 using namespace tk::server;
+using tk::FileLimit;
 using tk::TerminationSignal;
 
 int main(int argc, char** argv) {
@@ -31,6 +33,17 @@ int main(int argc, char** argv) {
     if (options.demo && options.themeFolder.isEmpty())
         options.themeFolder = QDir(QCoreApplication::applicationDirPath())
                                   .filePath(QStringLiteral("Afbeeldingen/Skins/1"));
+
+    // One descriptor per client: the soft limit goes up to what the administrator allows.
+    const FileLimit::Result files = FileLimit::raise();
+    if (!files.fault.isEmpty())
+        ServerLog::fault(QStringLiteral("open-file limit"), files.fault);
+    else if (files.after != files.before)
+        ServerLog::line(QStringLiteral("open-file limit raised from %1 to %2")
+                            .arg(files.before)
+                            .arg(files.after));
+    else
+        ServerLog::line(QStringLiteral("open-file limit %1").arg(files.after));
 
     Store store;
     if (!store.open(options.dataFolder, &error)) {

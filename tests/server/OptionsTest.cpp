@@ -37,6 +37,8 @@ TEST(ServerOptionsTest, CommandLinesGiveDataFolderAndPorts) {
         {{QStringLiteral("--port")}, false, "", 0, 0, 0, 0, 0},
         {{QStringLiteral("--unknown")}, false, "", 0, 0, 0, 0, 0},
         {{QStringLiteral("--keep-alive"), QStringLiteral("0")}, false, "", 0, 0, 0, 0, 0},
+        {{QStringLiteral("--max-message"), QStringLiteral("100")}, false, "", 0, 0, 0, 0, 0},
+        {{QStringLiteral("--first-message"), QStringLiteral("0")}, false, "", 0, 0, 0, 0, 0},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.args.join(QLatin1Char(' ')).toStdString());
@@ -54,4 +56,14 @@ TEST(ServerOptionsTest, CommandLinesGiveDataFolderAndPorts) {
         EXPECT_EQ(c.uploadData, o.uploadDataPort);
         EXPECT_EQ(c.uploadInfo, o.uploadInfoPort);
     }
+}
+
+TEST(ServerOptionsTest, TheInputLimitAndTheTimeForAFirstMessageAreTaken) {
+    ServerOptions o;
+    QString error;
+    ASSERT_TRUE(o.parse({QStringLiteral("--max-message"), QStringLiteral("4096"),
+                         QStringLiteral("--first-message"), QStringLiteral("5")},
+                        QStringLiteral("/opt/tk"), &error));
+    EXPECT_EQ(4096, o.maxMessage);
+    EXPECT_EQ(5000, o.firstMessageMs);
 }

@@ -8,7 +8,7 @@
 namespace tk::server::test {
 
 RunningServer::RunningServer(bool demo, int keepAliveSeconds, const QString& updatesFolder,
-                             bool firewallStart) {
+                             bool firewallStart, const std::function<void(ServerOptions&)>& tune) {
     m_options.updatesFolder = updatesFolder;
     m_options.firewallStart = firewallStart;
     m_options.dataFolder = m_folder.path();
@@ -18,6 +18,8 @@ RunningServer::RunningServer(bool demo, int keepAliveSeconds, const QString& upd
     m_options.keepAliveSeconds = keepAliveSeconds;
     m_options.settleMs = 300;
     m_options.transferTimeoutMs = 3000;
+    if (tune)
+        tune(m_options);
     QString error;
     EXPECT_TRUE(m_store.open(m_folder.path(), &error)) << error.toStdString();
     if (demo) {

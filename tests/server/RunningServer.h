@@ -5,6 +5,7 @@
 #include "server/Store.h"
 
 #include <QTemporaryDir>
+#include <functional>
 #include <memory>
 
 namespace tk::server::test {
@@ -14,7 +15,8 @@ namespace tk::server::test {
 class RunningServer {
 public:
     explicit RunningServer(bool demo = true, int keepAliveSeconds = 60,
-                           const QString& updatesFolder = QString(), bool firewallStart = false);
+                           const QString& updatesFolder = QString(), bool firewallStart = false,
+                           const std::function<void(ServerOptions&)>& tune = {});
     ~RunningServer();
     // Stops the server and closes the store, then starts both again on the same folder.
     void restart();

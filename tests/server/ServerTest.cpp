@@ -452,7 +452,6 @@ TEST(ServerBadInputTest, BadMessagesAreRefusedOrDroppedAndNothingStoredIsLost) {
         {"OPSFAVGeenEigenaar;<>;1|2|3|4;<>;", "OPSFAVFOUT"},
         {"ACDNIEalleen", "ACDNIEFOUT"},
         {"LDNAPPPOSX1", "LDNAPPPOSFOUT"},
-        {QByteArray(300 * 1024, 'A'), nullptr}, // far beyond any message
     };
     for (const Case& t : cases) {
         SCOPED_TRACE(t.request.left(30).toStdString());
