@@ -7,8 +7,10 @@
 
 namespace tk::server {
 
-AcceptThrottle::AcceptThrottle(QTcpServer* server, const QString& name, int pauseMs)
-    : QObject(server), m_server(server), m_name(name), m_timer(new QTimer(this)) {
+AcceptThrottle::AcceptThrottle(QTcpServer* server, const QString& name, qint64 fileLimit,
+                               int pauseMs)
+    : QObject(server), m_server(server), m_name(name), m_fileLimit(fileLimit),
+      m_timer(new QTimer(this)) {
     m_timer->setSingleShot(true);
     m_timer->setInterval(pauseMs);
     connect(m_timer, &QTimer::timeout, this, [this] {
@@ -16,30 +18,61 @@ AcceptThrottle::AcceptThrottle(QTcpServer* server, const QString& name, int paus
             m_server->resumeAccepting();
     });
     connect(m_server, &QTcpServer::acceptError, this, &AcceptThrottle::onAcceptError);
-    connect(m_server, &QTcpServer::newConnection, this, &AcceptThrottle::accepted);
+    if (m_fileLimit <= 0)
+        connect(m_server, &QTcpServer::newConnection, this, [this] {
+            if (m_paused)
+                ended();
+        });
+}
+
+qint64 AcceptThrottle::reserveFrom() const {
+    return m_fileLimit - std::max<qint64>(8, m_fileLimit / 16);
+}
+
+void AcceptThrottle::accepted(qintptr descriptor) {
+    if (m_fileLimit > 0 && descriptor >= reserveFrom())
+        shortage(QStringLiteral("descriptor %1 of at most %2 open files")
+                     .arg(descriptor)
+                     .arg(m_fileLimit));
+    else if (m_paused)
+        ended();
 }
 
 void AcceptThrottle::onAcceptError(QAbstractSocket::SocketError error) {
-    ++m_faults;
     // QTcpServer has paused itself.
-    if (error != QAbstractSocket::SocketResourceError) {
-        // One attempt that went wrong (aborted before it was taken): the next may be fine.
-        QTimer::singleShot(0, this, [this] {
-            if (!m_paused)
-                m_server->resumeAccepting();
-        });
+    if (error == QAbstractSocket::SocketResourceError) {
+        shortage(m_server->errorString());
         return;
     }
-    ++m_pauseFaults;
+    // One attempt that went wrong (aborted before it was taken): the next may be fine.
+    QTimer::singleShot(0, this, [this] {
+        if (!m_paused)
+            m_server->resumeAccepting();
+    });
+}
+
+void AcceptThrottle::shortage(const QString& why) {
+    m_server->pauseAccepting();
+    ++m_waits;
     if (!m_paused) {
         m_paused = true;
         m_since.start();
-        ServerLog::fault(m_name, QStringLiteral("cannot accept a connection (%1); accepting "
+        ServerLog::fault(m_name, QStringLiteral("running out of file descriptors (%1); accepting "
                                                 "paused until a connection closes or %2 ms pass")
-                                     .arg(m_server->errorString())
+                                     .arg(why)
                                      .arg(m_timer->interval()));
     }
     m_timer->start();
+}
+
+void AcceptThrottle::ended() {
+    m_paused = false;
+    m_timer->stop();
+    ServerLog::line(QStringLiteral("%1: accepting again after %2 ms (%3 pauses)")
+                        .arg(m_name)
+                        .arg(m_since.elapsed())
+                        .arg(m_waits));
+    m_waits = 0;
 }
 
 void AcceptThrottle::resume() {
@@ -47,18 +80,6 @@ void AcceptThrottle::resume() {
         m_timer->stop();
         m_server->resumeAccepting();
     }
-}
-
-void AcceptThrottle::accepted() {
-    if (!m_paused)
-        return;
-    m_paused = false;
-    m_timer->stop();
-    ServerLog::line(QStringLiteral("%1: accepting again after %2 ms (%3 attempts waited)")
-                        .arg(m_name)
-                        .arg(m_since.elapsed())
-                        .arg(m_pauseFaults));
-    m_pauseFaults = 0;
 }
 
 } // namespace tk::server

@@ -10,33 +10,44 @@ class QTimer;
 
 namespace tk::server {
 
-// Keeps a listener accepting through faults. When `accept` fails, QTcpServer stops accepting for
-// good; out of file descriptors (or memory) it would otherwise spin. So this waits: a resource
-// fault pauses accepting for a while (or until a connection closes and frees a descriptor), any
-// other fault of one connection attempt resumes at once. The first fault of a pause and the end
-// of the pause each get a log line, never one per attempt.
+// Keeps a listener accepting through a shortage of file descriptors, without spinning and
+// without giving up. QTcpServer cannot be trusted here: after its first "try again" its socket
+// keeps reporting that error, so a later "too many open files" makes it retry at once, forever,
+// and a fault it does report stops it accepting for good. So:
+// - the owner hands every accepted descriptor to accepted(); since the system gives out the
+//   lowest free number, a descriptor near the open-file limit means the table is nearly full,
+//   and accepting pauses before the limit is met (a reserve stays for the store and transfers);
+// - a fault QTcpServer reports pauses as well (a resource fault) or resumes at once (one failed
+//   attempt);
+// - a pause ends when a connection closes (resume()) or after `pauseMs`; waiting clients stay in
+//   the system's listen queue.
+// The start and the end of a shortage each get one log line, never one per attempt.
 class AcceptThrottle : public QObject {
     Q_OBJECT
 public:
     static constexpr int defaultPauseMs = 250;
 
-    AcceptThrottle(QTcpServer* server, const QString& name, int pauseMs = defaultPauseMs);
+    // `fileLimit` 0: unknown, only the faults QTcpServer reports count.
+    AcceptThrottle(QTcpServer* server, const QString& name, qint64 fileLimit = 0,
+                   int pauseMs = defaultPauseMs);
+    // Descriptors from this number on are the reserve.
+    qint64 reserveFrom() const;
+    void accepted(qintptr descriptor);
     // A descriptor came free: try again now if paused.
     void resume();
     bool paused() const { return m_paused; }
-    int faults() const { return m_faults; }
 
 private:
     void onAcceptError(QAbstractSocket::SocketError error);
-    // A connection taken: ends a pause with a log line.
-    void accepted();
+    void shortage(const QString& why);
+    void ended();
 
     QTcpServer* m_server;
     QString m_name;
+    qint64 m_fileLimit;
     QTimer* m_timer;
     QElapsedTimer m_since;
-    int m_faults = 0;      // in all
-    int m_pauseFaults = 0; // in the present pause
+    int m_waits = 0;
     bool m_paused = false;
 };
 

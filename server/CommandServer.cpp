@@ -26,7 +26,7 @@ CommandServer::CommandServer(Store& store, const ServerOptions& options, QObject
           store, QDir(options.dataFolder).filePath(QStringLiteral("Backups")), this)),
       m_maintenance(store, *m_transfers, m_packages, *m_backups, m_updates, m_catalogue),
       m_server(new QTcpServer(this)),
-      m_throttle(new AcceptThrottle(m_server, QStringLiteral("command port"))),
+      m_throttle(new AcceptThrottle(m_server, QStringLiteral("command port"), options.fileLimit)),
       m_keepAlive(new QTimer(this)) {
     m_server->setListenBacklogSize(1024);
     m_server->setMaxPendingConnections(1024);
@@ -77,6 +77,7 @@ void CommandServer::onNewConnection() {
     const ClientConnection::Limits limits{m_options.settleMs, m_options.maxMessage,
                                           m_options.firstMessageMs, m_options.pieceQuietMs};
     while (QTcpSocket* socket = m_server->nextPendingConnection()) {
+        m_throttle->accepted(socket->socketDescriptor());
         if (m_connections.size() >= maxConnections) {
             ServerLog::fault(QStringLiteral("command port"),
                              QStringLiteral("too many connections; refused %1")

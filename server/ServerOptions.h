@@ -38,6 +38,8 @@ struct ServerOptions {
     // How long the pieces of a long message may lie apart on the network; not on the command
     // line.
     int pieceQuietMs = 50;
+    // The open-file limit the server runs under (0 unknown); set at start, not an option.
+    qint64 fileLimit = 0;
 
     // Reads the command line (without the program name). On a fault returns false and says why.
     bool parse(const QStringList& arguments, const QString& programFolder, QString* error);

@@ -44,6 +44,7 @@ int main(int argc, char** argv) {
                             .arg(files.after));
     else
         ServerLog::line(QStringLiteral("open-file limit %1").arg(files.after));
+    options.fileLimit = files.after;
 
     Store store;
     if (!store.open(options.dataFolder, &error)) {

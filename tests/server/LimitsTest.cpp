@@ -4,6 +4,7 @@
 #include "RunningServer.h"
 #include "WireClient.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -17,6 +18,16 @@ using namespace tk::server::test;
 namespace {
 QString s(const char* text) {
     return QString::fromLatin1(text);
+}
+
+// User and system time of a process, in clock ticks (hundredths of a second).
+qint64 cpuTicks(qint64 pid) {
+    QFile stat(QStringLiteral("/proc/%1/stat").arg(pid));
+    if (!stat.open(QIODevice::ReadOnly))
+        return -1;
+    const QByteArray text = stat.readAll();
+    const QList<QByteArray> fields = text.mid(text.lastIndexOf(')') + 2).split(' ');
+    return fields.value(11).toLongLong() + fields.value(12).toLongLong();
 }
 } // namespace
 
@@ -84,6 +95,10 @@ TEST(ServerLimitsTest, OutOfFileDescriptorsTheServerWaitsAndThenServesEveryone) 
     }
     ASSERT_TRUE(waitFor([&] { return readLog().contains(s("accepting paused")); }, 10000))
         << qPrintable(log);
+    // While it waits it does not spin: half a second costs it far less than half a second.
+    const qint64 busyBefore = cpuTicks(process.processId());
+    waitFor([] { return false; }, 500);
+    EXPECT_LT(cpuTicks(process.processId()) - busyBefore, 20);
     auto answered = [&] {
         int n = 0;
         for (const auto& c : clients)

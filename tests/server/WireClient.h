@@ -10,9 +10,7 @@
 #include <ostream>
 
 // Messages print as text in test failures.
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
+#include "tests/support/QtPrinters.h"
 
 namespace tk::server::test {
 
