@@ -1,0 +1,34 @@
+// A client killed while it seals its cache leaves the cache it had: whole, one round's.
+#include "data/SealedCache.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using tk::SealedCache;
+
+TEST(SealedCacheTest, AKillWhileSealingLeavesTheCacheOfOneWholeRound) {
+    QTemporaryDir map;
+    const QString pad = map.filePath(QStringLiteral("data.tijdelijk"));
+    QRandomGenerator random(QRandomGenerator::system()->generate());
+    for (int kill = 0; kill < 10; ++kill) {
+        SCOPED_TRACE(kill);
+        QProcess loop;
+        loop.start(QStringLiteral(TK_SEAL_LOOP), {pad});
+        // At least one seal of this run, then a moment within the next ones.
+        ASSERT_TRUE(loop.waitForReadyRead(30000));
+        const int sealed = loop.readAllStandardOutput().count("sealed");
+        loop.waitForFinished(random.bounded(5, 120));
+        loop.kill();
+        ASSERT_TRUE(loop.waitForFinished(10000));
+        ASSERT_GE(sealed, 1);
+
+        SealedCache cache;
+        ASSERT_NO_THROW(cache.open(pad));
+        const QString first = cache.read(QStringLiteral("Sectie0"), QStringLiteral("K0"));
+        ASSERT_TRUE(first.startsWith(QStringLiteral("ronde "))) << first.left(40).toStdString();
+        EXPECT_EQ(first, cache.read(QStringLiteral("Sectie19"), QStringLiteral("K199")));
+    }
+}
