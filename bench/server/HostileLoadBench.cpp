@@ -140,7 +140,7 @@ int attack(quint16 port, int seconds) {
                                    : Persistent::Kind::MegabyteLines;
         persistent.push_back(std::make_unique<Persistent>(port, kind, counts));
     }
-    // The flood: 10 connects every 5 ms, each closed as soon as it is open.
+    // The flood: 2,000 connects a second for 10 seconds.
     QElapsedTimer clock;
     clock.start();
     QTimer flood;
@@ -154,13 +154,17 @@ int attack(quint16 port, int seconds) {
         for (qint64 i = 0; i < due; ++i) {
             auto* socket = new QTcpSocket;
             ++counts.floodAttempts;
+            // Each holds its place for a second, so that some 2,000 are open at any moment.
             QObject::connect(socket, &QTcpSocket::connected, [socket, &counts] {
                 ++counts.floodConnected;
-                socket->abort();
-                socket->deleteLater();
+                QTimer::singleShot(1000, socket, [socket] {
+                    socket->abort();
+                    socket->deleteLater();
+                });
             });
             QObject::connect(socket, &QTcpSocket::errorOccurred, [socket, &counts] {
-                if (socket->state() == QAbstractSocket::UnconnectedState) {
+                if (socket->state() == QAbstractSocket::UnconnectedState &&
+                    socket->error() != QAbstractSocket::RemoteHostClosedError) {
                     ++counts.floodFailed;
                     socket->deleteLater();
                 }
