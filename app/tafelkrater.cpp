@@ -1,6 +1,6 @@
 // The client: the start-up of the workstation, the link to the server and the screens.
 #include "BureaubladStappen.h"
-#include "ClientStappen.h"
+#include "ClientStartSteps.h"
 #include "GuiDialogs.h"
 #include "core/ModMainOpstart.h"
 #include "core/Programma.h"
@@ -56,7 +56,7 @@ int main(int argc, char** argv) {
     tk::FrmWachtenView wachtenView(*p.frmWachten);
     tk::FrmAanmeldenView aanmeldenView(*p.frmAanmelden);
     tk::FrmAfmeldenView afmeldenView(*p.frmAfmelden);
-    tk::ClientStappen stappen(p);
+    tk::ClientStartSteps stappen(p);
     p.opstartStappen = &stappen;
     // A class click or a teacher's login opens the desktop; log-off comes back here.
     tk::BureaubladStappen bureaublad(

@@ -9,7 +9,7 @@
 #include "data/ModData.h"
 #include "link/ModMainVerbinding.h"
 #include "platform/Windows.h"
-#include "screens/ThemaBeeld.h"
+#include "screens/common/ThemePicture.h"
 #include "screens/desktop/FrmBureaubladBeelden.h"
 #include "screens/desktop/ModMainStarten.h"
 #include "screens/start/FrmMain.h"

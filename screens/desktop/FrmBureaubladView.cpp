@@ -3,7 +3,7 @@
 #include "FrmBureaublad.h"
 #include "StarterOverlayView.h"
 #include "controls/Knop2.h"
-#include "screens/start/AanmeldVelden.h"
+#include "screens/common/LogonFields.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -35,7 +35,7 @@ FrmBureaubladCanvas::FrmBureaubladCanvas(FrmBureaublad& model, QWidget* ouder)
     m_leraren->setFont(QFont(QStringLiteral("Verdana"), 9));
     m_leraren->hide();
     connect(m_leraren, &QComboBox::activated, this, [this](int i) { m.cmbAanmelden_Click(i); });
-    const AanmeldVelden velden(this, m);
+    const LogonFields velden(this, m);
     m_wachtwoord = velden.wachtwoord;
     m_aanmelden = velden.knop;
     m_overlay = new StarterOverlayView(m, this);

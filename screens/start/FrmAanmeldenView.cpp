@@ -1,7 +1,7 @@
 #include "FrmAanmeldenView.h"
 
 #include "FrmAanmelden.h"
-#include "LaadbalkTekenaar.h"
+#include "screens/common/LoadingBarPainter.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -50,8 +50,8 @@ void FrmAanmeldenView::paintEvent(QPaintEvent*) {
     p.fillRect(balk, m.KleurTaakbalk);
     if (!m.taakbalk.isNull())
         p.drawImage(balk.topLeft(), m.taakbalk);
-    const LaadbalkTekenaar tekenaar{m.KleurRand, m.KleurStatus, m.KleurStreep, m.KleurRand,
-                                    m.ladenFont};
+    const LoadingBarPainter tekenaar{m.KleurRand, m.KleurStatus, m.KleurStreep, m.KleurRand,
+                                     m.ladenFont};
     tekenaar.teken(p, m.picLaden.plek, m.picLaden.blokkenNu, m.picLaden.tekst,
                    m.picLaden.tekstMidden);
 }

@@ -14,7 +14,7 @@ constexpr int maxOmschrijvingHoogte = 160;
 } // namespace
 
 FrmFoutrapportageView::FrmFoutrapportageView(FrmFoutrapportage& model, QWidget* ouder)
-    : DialoogView(ouder), m(model) {
+    : DialogFrame(ouder), m(model) {
     setWindowTitle(m.Caption);
     const QFontMetrics fm(font());
     const int tekstBreedte = Breedte - 2 * marge;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "screens/start/DialoogView.h"
+#include "screens/common/DialogFrame.h"
 
 namespace tk {
 
@@ -9,7 +9,7 @@ class FrmFoutrapportage;
 // The fault report window: the explanation, a frame with the report's eight lines (the
 // description over as many rows as it has), the box "Ignore error next time" and the buttons
 // to send the report or not. Closing the window counts as not sending: the report is stored.
-class FrmFoutrapportageView : public DialoogView {
+class FrmFoutrapportageView : public DialogFrame {
     Q_OBJECT
 public:
     explicit FrmFoutrapportageView(FrmFoutrapportage& model, QWidget* ouder = nullptr);

@@ -49,7 +49,7 @@ void tekenMark(QPainter& p, const QRect& vak, const QString& mark) {
 } // namespace
 
 FrmInitialiserenView::FrmInitialiserenView(FrmInitialiseren& model, QWidget* ouder)
-    : DialoogView(ouder), m(model) {
+    : DialogFrame(ouder), m(model) {
     setModal(false);
     setAttribute(Qt::WA_ShowWithoutActivating);
     m.Hertekenen = [this] { bijwerken(); };

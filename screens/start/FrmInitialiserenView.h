@@ -1,6 +1,6 @@
 #pragma once
 
-#include "screens/start/DialoogView.h"
+#include "screens/common/DialogFrame.h"
 
 namespace tk {
 
@@ -9,7 +9,7 @@ class FrmInitialiseren;
 // The progress window of the first checks, on the screen while the model is shown: the info
 // line and the rows made visible so far, each with a green tick (passed) or a red cross
 // (failed); the sub-rows stand indented. Not modal: the start-up goes on while it shows.
-class FrmInitialiserenView : public DialoogView {
+class FrmInitialiserenView : public DialogFrame {
     Q_OBJECT
 public:
     explicit FrmInitialiserenView(FrmInitialiseren& model, QWidget* ouder = nullptr);

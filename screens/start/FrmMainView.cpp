@@ -1,9 +1,9 @@
 #include "FrmMainView.h"
 
-#include "AanmeldVelden.h"
 #include "FrmMain.h"
-#include "LaadbalkTekenaar.h"
 #include "controls/Knop2View.h"
+#include "screens/common/LoadingBarPainter.h"
+#include "screens/common/LogonFields.h"
 #include "screens/taskbar/FrmTaakbalk1View.h"
 
 #include <QKeyEvent>
@@ -15,7 +15,7 @@ namespace tk {
 
 FrmMainCanvas::FrmMainCanvas(FrmMain& model, QWidget* ouder) : QWidget(ouder), m(model) {
     setFixedSize(1024, 768);
-    const AanmeldVelden velden(this, m);
+    const LogonFields velden(this, m);
     m_wachtwoord = velden.wachtwoord;
     m_aanmelden = velden.knop;
 }
@@ -94,8 +94,8 @@ void FrmMainCanvas::paintEvent(QPaintEvent*) {
 }
 
 void FrmMainCanvas::tekenLaadbalk(QPainter& p) {
-    const LaadbalkTekenaar tekenaar{m.KleurRand, m.KleurStatus, m.KleurStreep, m.KleurLaden,
-                                    m.ladenFont};
+    const LoadingBarPainter tekenaar{m.KleurRand, m.KleurStatus, m.KleurStreep, m.KleurLaden,
+                                     m.ladenFont};
     tekenaar.teken(p, m.picLaden, m.laadBlokken, m.laadTekst, m.laadTekstPlek);
 }
 

@@ -7,7 +7,7 @@
 
 namespace tk {
 
-FrmNetwerkView::FrmNetwerkView(FrmNetwerk& model, QWidget* ouder) : DialoogView(ouder), m(model) {
+FrmNetwerkView::FrmNetwerkView(FrmNetwerk& model, QWidget* ouder) : DialogFrame(ouder), m(model) {
     setWindowTitle(m.Caption);
     const QFontMetrics fm(font());
     const QRect uitleg =

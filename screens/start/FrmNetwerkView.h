@@ -1,6 +1,6 @@
 #pragma once
 
-#include "screens/start/DialoogView.h"
+#include "screens/common/DialogFrame.h"
 
 class QLineEdit;
 
@@ -10,7 +10,7 @@ class FrmNetwerk;
 
 // The window in which the user names the server: the explanation, the box for "host" or
 // "host:port", OK (only with text) and Cancel. The network neighbourhood is not browsed here.
-class FrmNetwerkView : public DialoogView {
+class FrmNetwerkView : public DialogFrame {
     Q_OBJECT
 public:
     explicit FrmNetwerkView(FrmNetwerk& model, QWidget* ouder = nullptr);

@@ -11,7 +11,7 @@ constexpr int knoppenBoven = 44 + 3 * 24 + 14;
 constexpr int knopHoogte = 26;
 } // namespace
 
-FrmVersieView::FrmVersieView(FrmVersie& model, QWidget* ouder) : DialoogView(ouder), m(model) {
+FrmVersieView::FrmVersieView(FrmVersie& model, QWidget* ouder) : DialogFrame(ouder), m(model) {
     setWindowTitle(m.Caption);
     zetLijf(Breedte, knoppenBoven + knopHoogte + 16);
     bijwerken();

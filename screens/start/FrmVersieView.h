@@ -1,6 +1,6 @@
 #pragma once
 
-#include "screens/start/DialoogView.h"
+#include "screens/common/DialogFrame.h"
 
 namespace tk {
 
@@ -8,7 +8,7 @@ class FrmVersie;
 
 // The first-run window that asks for the workstation's mode: three option buttons, of which
 // those the machine cannot be are greyed, OK and Close.
-class FrmVersieView : public DialoogView {
+class FrmVersieView : public DialogFrame {
     Q_OBJECT
 public:
     explicit FrmVersieView(FrmVersie& model, QWidget* ouder = nullptr);

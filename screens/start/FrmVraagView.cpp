@@ -8,7 +8,7 @@
 
 namespace tk {
 
-FrmVraagView::FrmVraagView(FrmVraag& model, QWidget* ouder) : DialoogView(ouder), m(model) {
+FrmVraagView::FrmVraagView(FrmVraag& model, QWidget* ouder) : DialogFrame(ouder), m(model) {
     setWindowTitle(m.Caption);
     m_tekst = new QLineEdit(this);
     m_tekst->setFont(m.font);
@@ -87,7 +87,7 @@ void FrmVraagView::keyPressEvent(QKeyEvent* e) {
         naActie();
         return;
     }
-    DialoogView::keyPressEvent(e);
+    DialogFrame::keyPressEvent(e);
 }
 
 } // namespace tk

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "screens/start/DialoogView.h"
+#include "screens/common/DialogFrame.h"
 
 class QLineEdit;
 
@@ -10,7 +10,7 @@ class FrmVraag;
 
 // The question window on the screen: the icon, the question, the text box (masked for a
 // password) or the option buttons, and OK / Cancel or Yes / No.
-class FrmVraagView : public DialoogView {
+class FrmVraagView : public DialogFrame {
     Q_OBJECT
 public:
     explicit FrmVraagView(FrmVraag& model, QWidget* ouder = nullptr);

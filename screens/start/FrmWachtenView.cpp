@@ -1,8 +1,8 @@
 #include "FrmWachtenView.h"
 
 #include "FrmWachten.h"
-#include "LaadbalkTekenaar.h"
-#include "VensterPlek.h"
+#include "screens/common/LoadingBarPainter.h"
+#include "screens/common/WindowPlacement.h"
 
 #include <QPainter>
 
@@ -22,10 +22,10 @@ FrmWachtenView::~FrmWachtenView() {
 void FrmWachtenView::bijwerken() {
     if (size() != QSize(m.Breedte, m.Hoogte)) {
         setFixedSize(m.Breedte, m.Hoogte);
-        VensterPlek::centreer(*this);
+        WindowPlacement::centreer(*this);
     }
     if (m.Zichtbaar && !isVisible())
-        VensterPlek::centreer(*this);
+        WindowPlacement::centreer(*this);
     if (isWindow())
         setVisible(m.Zichtbaar);
     update();
@@ -44,8 +44,8 @@ void FrmWachtenView::paintEvent(QPaintEvent*) {
         p.drawText(QRect(0, y, width(), m.regelHoogte), Qt::AlignHCenter | Qt::AlignTop, regel);
         y += m.regelHoogte;
     }
-    const LaadbalkTekenaar tekenaar{m.KleurRand, m.KleurStatus, m.KleurStreep, m.KleurTekst,
-                                    m.tekstFont};
+    const LoadingBarPainter tekenaar{m.KleurRand, m.KleurStatus, m.KleurStreep, m.KleurTekst,
+                                     m.tekstFont};
     tekenaar.teken(p, m.picLaden.plek, m.picLaden.blokkenNu, m.picLaden.tekst,
                    m.picLaden.tekstMidden);
 }

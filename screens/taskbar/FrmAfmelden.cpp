@@ -2,7 +2,7 @@
 
 #include "core/Procedure.h"
 #include "core/Programma.h"
-#include "screens/ThemaBeeld.h"
+#include "screens/common/ThemePicture.h"
 #include "theme/ModThema.h"
 
 namespace tk {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "screens/start/Laadbalk.h"
+#include "screens/common/Laadbalk.h"
 
 #include <QColor>
 #include <QFont>

@@ -1,8 +1,8 @@
 #include "FrmAfmeldenView.h"
 
 #include "FrmAfmelden.h"
-#include "screens/start/LaadbalkTekenaar.h"
-#include "screens/start/VensterPlek.h"
+#include "screens/common/LoadingBarPainter.h"
+#include "screens/common/WindowPlacement.h"
 
 #include <QPainter>
 
@@ -23,7 +23,7 @@ FrmAfmeldenView::~FrmAfmeldenView() {
 void FrmAfmeldenView::bijwerken() {
     if (isWindow()) {
         if (m.Zichtbaar && !isVisible())
-            VensterPlek::centreer(*this);
+            WindowPlacement::centreer(*this);
         setVisible(m.Zichtbaar);
     }
     update();
@@ -39,8 +39,8 @@ void FrmAfmeldenView::paintEvent(QPaintEvent*) {
     QString tekst = m.lblAfmelden;
     tekst.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     p.drawText(QRect(10, 14, width() - 20, m.picLaden.plek.top() - 20), Qt::AlignCenter, tekst);
-    const LaadbalkTekenaar tekenaar{m.KleurRand, m.KleurStatus, m.KleurStreep, m.KleurRand,
-                                    m.tekstFont};
+    const LoadingBarPainter tekenaar{m.KleurRand, m.KleurStatus, m.KleurStreep, m.KleurRand,
+                                     m.tekstFont};
     tekenaar.teken(p, m.picLaden.plek, m.picLaden.blokkenNu, m.picLaden.tekst,
                    m.picLaden.tekstMidden);
 }

@@ -3,7 +3,7 @@
 #include "core/Procedure.h"
 #include "core/Programma.h"
 #include "link/ModMainVerbinding.h"
-#include "screens/ThemaBeeld.h"
+#include "screens/common/ThemePicture.h"
 #include "screens/start/FrmMain.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
 #include "theme/ModThema.h"

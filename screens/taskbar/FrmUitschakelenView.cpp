@@ -14,7 +14,7 @@ constexpr int vakLinks = 140;
 } // namespace
 
 FrmUitschakelenView::FrmUitschakelenView(FrmUitschakelen& model, QWidget* ouder)
-    : DialoogView(ouder), m(model) {
+    : DialogFrame(ouder), m(model) {
     setWindowTitle(m.Caption);
     const int onderOpties = optieVak(int(m.optCaptions.size()) - 1).bottom() + 6;
     m_groep = new QComboBox(this);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "screens/start/DialoogView.h"
+#include "screens/common/DialogFrame.h"
 
 class QComboBox;
 
@@ -10,7 +10,7 @@ class FrmUitschakelen;
 
 // The close options on the screen: an option button per answer, the last one "Login as:" with
 // the group and the user to log on as, OK (only when the choice holds) and Cancel.
-class FrmUitschakelenView : public DialoogView {
+class FrmUitschakelenView : public DialogFrame {
     Q_OBJECT
 public:
     explicit FrmUitschakelenView(FrmUitschakelen& model, QWidget* ouder = nullptr);

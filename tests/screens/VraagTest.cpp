@@ -194,13 +194,13 @@ TEST(VraagTest, ViewPaintsTheIconTheQuestionAndTheButtons) {
     FrmVraagView view(f);
     const QImage beeld = view.grab().toImage();
     bewaarPng(beeld, "frmVraag-janee");
-    ASSERT_EQ(QSize(f.breedte, f.Hoogte + DialoogView::Kop), beeld.size());
-    const int kop = DialoogView::Kop;
+    ASSERT_EQ(QSize(f.breedte, f.Hoogte + DialogFrame::Kop), beeld.size());
+    const int kop = DialogFrame::Kop;
     // The caption band, the icon's blue disc at (18, 12), the body.
-    EXPECT_EQ(DialoogView::kopKleur().rgb(), beeld.pixel(5, 5) | 0xff000000);
+    EXPECT_EQ(DialogFrame::kopKleur().rgb(), beeld.pixel(5, 5) | 0xff000000);
     const QRgb icoon = beeld.pixel(18 + 6, kop + 12 + 16);
     EXPECT_GT(qBlue(icoon), qRed(icoon) + 60);
-    EXPECT_EQ(DialoogView::lijfKleur().rgb(), beeld.pixel(f.breedte - 4, kop + 4));
+    EXPECT_EQ(DialogFrame::lijfKleur().rgb(), beeld.pixel(f.breedte - 4, kop + 4));
     // Dark text in the question's box, and the two buttons' frames.
     int donker = 0;
     for (int y = f.vraagVak.top(); y <= f.vraagVak.bottom(); ++y)
@@ -221,7 +221,7 @@ TEST(VraagTest, ViewMasksThePasswordAndEnterAnswers) {
     FrmVraagView view(f);
     ASSERT_TRUE(view.tekstvak());
     EXPECT_EQ(QLineEdit::Password, view.tekstvak()->echoMode());
-    EXPECT_EQ(DialoogView::inVenster(f.txtTekstVak), view.tekstvak()->geometry());
+    EXPECT_EQ(DialogFrame::inVenster(f.txtTekstVak), view.tekstvak()->geometry());
     typ(view.tekstvak(), "abc");
     EXPECT_EQ("abc", f.txtTekst);
     EXPECT_TRUE(f.cmdOKEnabled);
@@ -247,7 +247,7 @@ TEST(VraagTest, ViewOfAChoiceMovesWithTheArrowsAndTicksTheChosenOption) {
     // The dot of the chosen option is green, the others are empty.
     auto stip = [&](int i) {
         const QRect r = f.optKeuzeVakken[i];
-        return beeld.pixel(r.left() + 6, r.center().y() + DialoogView::Kop);
+        return beeld.pixel(r.left() + 6, r.center().y() + DialogFrame::Kop);
     };
     EXPECT_GT(qGreen(stip(1)), qRed(stip(1)) + 40);
     EXPECT_EQ(qRgb(255, 255, 255), stip(0));

@@ -1,11 +1,11 @@
 // The wait windows: frmWachten, frmAanmelden and frmAfmelden, as models and painted offscreen.
 #include "PngBewaren.h"
 #include "ScreenWerkplek.h"
+#include "screens/common/Laadbalk.h"
 #include "screens/start/FrmAanmelden.h"
 #include "screens/start/FrmAanmeldenView.h"
 #include "screens/start/FrmWachten.h"
 #include "screens/start/FrmWachtenView.h"
-#include "screens/start/Laadbalk.h"
 #include "screens/taskbar/FrmAfmelden.h"
 #include "screens/taskbar/FrmAfmeldenView.h"
 

@@ -13,7 +13,7 @@ namespace tk {
 
 // Paints a loading bar as Laadbalk describes it: the rim, the bar, the blocks, and the text
 // centred on its point. Shared by the start screen and the wait windows.
-struct LaadbalkTekenaar {
+struct LoadingBarPainter {
     QColor rand, status, streep, tekstKleur;
     QFont font;
 

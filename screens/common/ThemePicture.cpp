@@ -1,4 +1,4 @@
-#include "ThemaBeeld.h"
+#include "common/ThemePicture.h"
 
 #include "core/Fout.h"
 

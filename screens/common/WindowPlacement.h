@@ -5,7 +5,7 @@ class QWidget;
 namespace tk {
 
 // Where the program's own windows stand on the screen.
-struct VensterPlek {
+struct WindowPlacement {
     // Centres a top-level window on the screen it is on (or the primary screen).
     static void centreer(QWidget& venster);
 };

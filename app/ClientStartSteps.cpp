@@ -1,4 +1,4 @@
-#include "ClientStappen.h"
+#include "ClientStartSteps.h"
 
 #include "core/Programma.h"
 #include "data/ModData.h"
@@ -16,9 +16,9 @@
 
 namespace tk {
 
-ClientStappen::ClientStappen(Programma& p) : p(p) {}
+ClientStartSteps::ClientStartSteps(Programma& p) : p(p) {}
 
-ClientStappen::~ClientStappen() {
+ClientStartSteps::~ClientStartSteps() {
     // The start screen's model outlives these steps: its hooks into them go first.
     if (m_view && p.startScreen) {
         p.startScreen->HoofdvensterTonen = nullptr;
@@ -26,25 +26,25 @@ ClientStappen::~ClientStappen() {
     }
 }
 
-void ClientStappen::meld(const QString& wat) {
+void ClientStartSteps::meld(const QString& wat) {
     QTextStream(stdout) << "tafelkrater: " << wat << Qt::endl;
 }
 
-bool ClientStappen::StuurOpstartCommando(const QString& woord) {
+bool ClientStartSteps::StuurOpstartCommando(const QString& woord) {
     return p.modMainVerbinding && p.modMainVerbinding->StuurOpstartCommando(woord);
 }
 
-void ClientStappen::StartServer(bool firewall) {
+void ClientStartSteps::StartServer(bool firewall) {
     if (p.modMainVerbinding)
         p.modMainVerbinding->StartServer(firewall);
 }
 
-void ClientStappen::LaadThema() {
+void ClientStartSteps::LaadThema() {
     if (p.modThema)
         p.modThema->LaadThema();
 }
 
-void ClientStappen::toonHoofdvenster() {
+void ClientStartSteps::toonHoofdvenster() {
     if (!m_view)
         return;
     p.startScreen->Zichtbaar = true;
@@ -57,13 +57,13 @@ void ClientStappen::toonHoofdvenster() {
     m_view->canvas()->bijwerken();
 }
 
-void ClientStappen::verbergHoofdvenster() {
+void ClientStartSteps::verbergHoofdvenster() {
     p.startScreen->Zichtbaar = false;
     if (m_view)
         m_view->hide();
 }
 
-void ClientStappen::OpenTaakbalk1() {
+void ClientStartSteps::OpenTaakbalk1() {
     FrmMain& f = *p.startScreen;
     if (!m_view) {
         m_view = std::make_unique<FrmMainView>(f);
@@ -83,50 +83,50 @@ void ClientStappen::OpenTaakbalk1() {
     toonHoofdvenster();
 }
 
-void ClientStappen::StartVerbinding(bool opnieuw) {
+void ClientStartSteps::StartVerbinding(bool opnieuw) {
     if (p.modMainVerbinding)
         p.modMainVerbinding->StartVerbinding(opnieuw);
 }
 
-void ClientStappen::Laden() {
+void ClientStartSteps::Laden() {
     if (p.modMainLaden)
         p.modMainLaden->Laden();
 }
 
-QStringList ClientStappen::Accounts() {
+QStringList ClientStartSteps::Accounts() {
     return p.modData ? p.modData->Accounts : QStringList();
 }
 
-void ClientStappen::VerbergLaadlabel() {
+void ClientStartSteps::VerbergLaadlabel() {
     p.startScreen->lblLadenZichtbaar = false;
     p.startScreen->picLadenZichtbaar = false;
     if (p.startScreen->Hertekenen)
         p.startScreen->Hertekenen();
 }
 
-void ClientStappen::OpenGlobal(bool eerste) {
+void ClientStartSteps::OpenGlobal(bool eerste) {
     p.startScreen->OpenGlobal(eerste);
     meld(QStringLiteral("start screen for everyone (%1)").arg(p.modMain.Locatie));
 }
 
-void ClientStappen::OpenGroep(const QString& id) {
+void ClientStartSteps::OpenGroep(const QString& id) {
     p.startScreen->OpenGroep(id);
 }
 
-void ClientStappen::OpenLeraar(const QString& id) {
+void ClientStartSteps::OpenLeraar(const QString& id) {
     p.startScreen->OpenLeraar(id);
 }
 
-void ClientStappen::OpenOnderhoud() {
+void ClientStartSteps::OpenOnderhoud() {
     p.startScreen->OpenOnderhoud();
 }
 
-void ClientStappen::OpenFout(const QString& tekst) {
+void ClientStartSteps::OpenFout(const QString& tekst) {
     p.startScreen->OpenFout(tekst);
 }
 
-void ClientStappen::ZetAutomatischeAanmelding(const QString& account, const QString&,
-                                              const QString&, bool afmelden) {
+void ClientStartSteps::ZetAutomatischeAanmelding(const QString& account, const QString&,
+                                                 const QString&, bool afmelden) {
     meld(QStringLiteral("the workstation would log on as %1%2; the session of this machine is left "
                         "as it is")
              .arg(account, afmelden ? QStringLiteral(" after logging off") : QString()));

@@ -13,10 +13,10 @@ class Programma;
 // The start-up steps of the client: the launcher, the local server, the theme, the connection,
 // the load, and the start screen with its taskbar on the screen. The take-over of the shell is
 // written to the log until the session layer exists.
-class ClientStappen : public OpstartStappen {
+class ClientStartSteps : public OpstartStappen {
 public:
-    explicit ClientStappen(Programma& p);
-    ~ClientStappen() override;
+    explicit ClientStartSteps(Programma& p);
+    ~ClientStartSteps() override;
 
     bool StuurOpstartCommando(const QString& woord) override;
     void StartServer(bool firewall) override;

@@ -11,8 +11,8 @@ namespace tk {
 // program's fonts and wired to the model's procedures: what is typed goes to txtWachtwoord,
 // Enter to txtWachtwoord_KeyPress(13), the button to knopAanmelden_Click. The start screen and
 // the desktop both log teachers on this way; their views place and show the two.
-struct AanmeldVelden {
-    template <class Model> AanmeldVelden(QWidget* ouder, Model& m) {
+struct LogonFields {
+    template <class Model> LogonFields(QWidget* ouder, Model& m) {
         wachtwoord = new QLineEdit(ouder);
         wachtwoord->setEchoMode(QLineEdit::Password);
         wachtwoord->setFont(QFont(QStringLiteral("Verdana"), 11));

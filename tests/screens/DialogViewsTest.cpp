@@ -25,7 +25,7 @@ namespace {
 
 // A click of the left button on a point of the dialog's body.
 void klik(QWidget& w, const QPoint& lijf) {
-    const QPoint punt = lijf + QPoint(0, DialoogView::Kop);
+    const QPoint punt = lijf + QPoint(0, DialogFrame::Kop);
     QMouseEvent druk(QEvent::MouseButtonPress, punt, w.mapToGlobal(punt), Qt::LeftButton,
                      Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&w, &druk);
@@ -49,7 +49,7 @@ void typ(QWidget* w, const QString& tekst) {
 // How many pixels of a rectangle of the body are dark: text or lines were drawn there.
 int donker(const QImage& beeld, const QRect& lijf, int grens = 110) {
     int n = 0;
-    const QRect r = lijf.translated(0, DialoogView::Kop).intersected(beeld.rect());
+    const QRect r = lijf.translated(0, DialogFrame::Kop).intersected(beeld.rect());
     for (int y = r.top(); y <= r.bottom(); ++y)
         for (int x = r.left(); x <= r.right(); ++x)
             n += qGray(beeld.pixel(x, y)) < grens;
@@ -57,12 +57,12 @@ int donker(const QImage& beeld, const QRect& lijf, int grens = 110) {
 }
 
 QRgb pixel(const QImage& beeld, const QPoint& lijf) {
-    return beeld.pixel(lijf + QPoint(0, DialoogView::Kop));
+    return beeld.pixel(lijf + QPoint(0, DialogFrame::Kop));
 }
 
 } // namespace
 
-TEST(DialoogViewsTest, VersionWindowGreysWhatTheMachineCannotBeAndAnswersTheStoredValue) {
+TEST(DialogViewsTest, VersionWindowGreysWhatTheMachineCannotBeAndAnswersTheStoredValue) {
     ScreenWerkplek w;
     FrmVersie f(w.p);
     f.LaadTaal();
@@ -91,7 +91,7 @@ TEST(DialoogViewsTest, VersionWindowGreysWhatTheMachineCannotBeAndAnswersTheStor
     EXPECT_EQ(-1, f2.Antwoord);
 }
 
-TEST(DialoogViewsTest, ServerLocationWindowTakesTheTypedTextOnlyWithText) {
+TEST(DialogViewsTest, ServerLocationWindowTakesTheTypedTextOnlyWithText) {
     ScreenWerkplek w;
     FrmNetwerk f(w.p);
     f.LaadTaal();
@@ -123,7 +123,7 @@ TEST(DialoogViewsTest, ServerLocationWindowTakesTheTypedTextOnlyWithText) {
     EXPECT_TRUE(f2.Antwoord.isEmpty());
 }
 
-TEST(DialoogViewsTest, FaultReportShowsTheReportAndStoresTheTickedBox) {
+TEST(DialogViewsTest, FaultReportShowsTheReportAndStoresTheTickedBox) {
     ScreenWerkplek w;
     QImage beeld;
     QRect omschrijving;
@@ -157,7 +157,7 @@ TEST(DialoogViewsTest, FaultReportShowsTheReportAndStoresTheTickedBox) {
     EXPECT_EQ(1, w.dialogen.getoond.size());
 }
 
-TEST(DialoogViewsTest, CloseOptionsLogOnAsAUserOfTheChosenGroup) {
+TEST(DialogViewsTest, CloseOptionsLogOnAsAUserOfTheChosenGroup) {
     ScreenWerkplek w;
     w.klas(0, "Groep 1", "1");
     w.klas(1, "Groep 2", "2");
@@ -180,7 +180,7 @@ TEST(DialoogViewsTest, CloseOptionsLogOnAsAUserOfTheChosenGroup) {
         const QRect optie = FrmUitschakelenView::optieVak(laatste);
         const QRgb stip = pixel(beeld, QPoint(optie.left() + 6, optie.center().y()));
         EXPECT_GT(qGreen(stip), qRed(stip) + 40);
-        EXPECT_GT(donker(beeld, QRect(52, view.groepen()->y() - DialoogView::Kop, 80, 24)), 10);
+        EXPECT_GT(donker(beeld, QRect(52, view.groepen()->y() - DialogFrame::Kop, 80, 24)), 10);
         toets(view, Qt::Key_Return);
     };
     f.Vraag(antwoord);
@@ -202,7 +202,7 @@ TEST(DialoogViewsTest, CloseOptionsLogOnAsAUserOfTheChosenGroup) {
     EXPECT_TRUE(antwoord.isEmpty());
 }
 
-TEST(DialoogViewsTest, CheckWindowShowsItsRowsWithTheirMarksWhileTheModelIsShown) {
+TEST(DialogViewsTest, CheckWindowShowsItsRowsWithTheirMarksWhileTheModelIsShown) {
     ScreenWerkplek w;
     FrmInitialiseren f(w.p);
     f.LaadTaal();

@@ -1,4 +1,4 @@
-#include "LaadbalkTekenaar.h"
+#include "LoadingBarPainter.h"
 
 #include "Laadbalk.h"
 
@@ -7,8 +7,8 @@
 
 namespace tk {
 
-void LaadbalkTekenaar::teken(QPainter& p, const QRect& r, const QList<QRect>& blokken,
-                             const QString& tekst, const QPoint& tekstMidden) const {
+void LoadingBarPainter::teken(QPainter& p, const QRect& r, const QList<QRect>& blokken,
+                              const QString& tekst, const QPoint& tekstMidden) const {
     const QRect balk(2, Laadbalk::BalkBoven, r.width() - 4, Laadbalk::BalkHoogte);
     p.save();
     p.translate(r.topLeft());

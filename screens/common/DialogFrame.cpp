@@ -1,6 +1,6 @@
-#include "DialoogView.h"
+#include "DialogFrame.h"
 
-#include "VensterPlek.h"
+#include "WindowPlacement.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -9,25 +9,25 @@
 
 namespace tk {
 
-DialoogView::DialoogView(QWidget* ouder) : QDialog(ouder, Qt::Dialog | Qt::FramelessWindowHint) {
+DialogFrame::DialogFrame(QWidget* ouder) : QDialog(ouder, Qt::Dialog | Qt::FramelessWindowHint) {
     setModal(true);
     setMouseTracking(true);
     setFont(QFont(QStringLiteral("Verdana"), 9));
 }
 
-void DialoogView::zetLijf(int breedte, int hoogte) {
+void DialogFrame::zetLijf(int breedte, int hoogte) {
     setFixedSize(breedte, hoogte + Kop);
-    VensterPlek::centreer(*this);
+    WindowPlacement::centreer(*this);
 }
 
-void DialoogView::naActie() {
+void DialogFrame::naActie() {
     bijwerken();
     update();
     if (klaar())
         accept();
 }
 
-void DialoogView::reject() {
+void DialogFrame::reject() {
     // Escape or the window's close: Cancel for the model, then close when it has its answer.
     annuleren();
     bijwerken();
@@ -35,7 +35,7 @@ void DialoogView::reject() {
         QDialog::reject();
 }
 
-int DialoogView::vlakOp(const QPoint& venster) const {
+int DialogFrame::vlakOp(const QPoint& venster) const {
     const QPoint lijf = venster - QPoint(0, Kop);
     for (int i = 0; i < vlakken.size(); ++i)
         if (vlakken[i].enabled && vlakken[i].plek.contains(lijf))
@@ -43,7 +43,7 @@ int DialoogView::vlakOp(const QPoint& venster) const {
     return -1;
 }
 
-void DialoogView::tekenIcoon(QPainter& p, const QRect& plek, int icoon) {
+void DialogFrame::tekenIcoon(QPainter& p, const QRect& plek, int icoon) {
     if (icoon != 0 && icoon != 1)
         return;
     p.save();
@@ -60,7 +60,7 @@ void DialoogView::tekenIcoon(QPainter& p, const QRect& plek, int icoon) {
     p.restore();
 }
 
-void DialoogView::tekenVlak(QPainter& p, const Vlak& v, bool hover, bool ingedrukt) {
+void DialogFrame::tekenVlak(QPainter& p, const Vlak& v, bool hover, bool ingedrukt) {
     p.save();
     p.setRenderHint(QPainter::Antialiasing);
     const QColor tekst = v.enabled ? tekstKleur() : QColor(150, 156, 165);
@@ -114,7 +114,7 @@ void DialoogView::tekenVlak(QPainter& p, const Vlak& v, bool hover, bool ingedru
     p.restore();
 }
 
-void DialoogView::paintEvent(QPaintEvent*) {
+void DialogFrame::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.fillRect(rect(), lijfKleur());
     // The caption band with a thin accent line under it, and a frame round the window.
@@ -135,7 +135,7 @@ void DialoogView::paintEvent(QPaintEvent*) {
         tekenVlak(p, vlakken[i], i == m_hover, i == m_ingedrukt);
 }
 
-void DialoogView::mouseMoveEvent(QMouseEvent* e) {
+void DialogFrame::mouseMoveEvent(QMouseEvent* e) {
     const QPoint punt = e->position().toPoint();
     if (m_slepen) {
         move(e->globalPosition().toPoint() - m_sleepBegin);
@@ -148,7 +148,7 @@ void DialoogView::mouseMoveEvent(QMouseEvent* e) {
     }
 }
 
-void DialoogView::mousePressEvent(QMouseEvent* e) {
+void DialogFrame::mousePressEvent(QMouseEvent* e) {
     if (e->button() != Qt::LeftButton)
         return;
     const QPoint punt = e->position().toPoint();
@@ -161,7 +161,7 @@ void DialoogView::mousePressEvent(QMouseEvent* e) {
     update();
 }
 
-void DialoogView::mouseReleaseEvent(QMouseEvent* e) {
+void DialogFrame::mouseReleaseEvent(QMouseEvent* e) {
     if (e->button() != Qt::LeftButton)
         return;
     m_slepen = false;
@@ -177,12 +177,12 @@ void DialoogView::mouseReleaseEvent(QMouseEvent* e) {
     update();
 }
 
-void DialoogView::leaveEvent(QEvent*) {
+void DialogFrame::leaveEvent(QEvent*) {
     m_hover = -1;
     update();
 }
 
-void DialoogView::keyPressEvent(QKeyEvent* e) {
+void DialogFrame::keyPressEvent(QKeyEvent* e) {
     if (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter) {
         for (const Vlak& v : vlakken)
             if (v.standaard && v.enabled && v.klik) {
@@ -200,7 +200,7 @@ void DialoogView::keyPressEvent(QKeyEvent* e) {
     QDialog::keyPressEvent(e);
 }
 
-void DialoogView::voegKnoppenToe(int breedte, int boven, int hoogte, const QString& ok,
+void DialogFrame::voegKnoppenToe(int breedte, int boven, int hoogte, const QString& ok,
                                  bool okEnabled, std::function<void()> okKlik,
                                  const QString& annuleer) {
     const int b = (breedte - 36 - 12) / 2;

@@ -15,7 +15,7 @@ namespace tk {
 // below the band) and lists its click areas in `vlakken`; keys Enter and Escape go to the
 // default button and to annuleren(). The colours are fixed, not the theme's: these windows must
 // stand even when a theme fails, since they report that fault.
-class DialoogView : public QDialog {
+class DialogFrame : public QDialog {
     Q_OBJECT
 public:
     static constexpr int Kop = 28; // the caption band
@@ -31,7 +31,7 @@ public:
         std::function<void()> klik;
     };
 
-    explicit DialoogView(QWidget* ouder = nullptr);
+    explicit DialogFrame(QWidget* ouder = nullptr);
 
     // The palette of every dialog.
     static QColor kopKleur() { return {30, 58, 95}; }

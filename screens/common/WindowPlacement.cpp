@@ -1,4 +1,4 @@
-#include "VensterPlek.h"
+#include "WindowPlacement.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -6,7 +6,7 @@
 
 namespace tk {
 
-void VensterPlek::centreer(QWidget& venster) {
+void WindowPlacement::centreer(QWidget& venster) {
     if (!venster.isWindow())
         return;
     QScreen* scherm = venster.screen() ? venster.screen() : QGuiApplication::primaryScreen();
