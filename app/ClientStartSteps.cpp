@@ -8,6 +8,8 @@
 #include "screens/start/FrmMainView.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "screens/taskbar/FrmTaakbalk1View.h"
+#include "theme/ModDataPictogrammen.h"
+#include "theme/ModDataThemas.h"
 #include "theme/ModThema.h"
 
 #include <QGuiApplication>
@@ -16,18 +18,12 @@
 
 namespace tk {
 
-ClientStartSteps::ClientStartSteps(Programma& p) : p(p) {}
+ClientStartSteps::ClientStartSteps(Programma& p) : UnbuiltStartSteps(p) {}
 
 ClientStartSteps::~ClientStartSteps() {
-    // The start screen's model outlives these steps: its hooks into them go first.
-    if (m_view && p.startScreen) {
-        p.startScreen->HoofdvensterTonen = nullptr;
-        p.startScreen->TaakbalkHertekenen = nullptr;
-    }
-}
-
-void ClientStartSteps::meld(const QString& wat) {
-    QTextStream(stdout) << "tafelkrater: " << wat << Qt::endl;
+    // The start screen's model outlives these steps: its hook into them goes first.
+    if (m_view && p.startScreen)
+        p.startScreen->VensterTonen = nullptr;
 }
 
 bool ClientStartSteps::StuurOpstartCommando(const QString& woord) {
@@ -40,8 +36,15 @@ void ClientStartSteps::StartServer(bool firewall) {
 }
 
 void ClientStartSteps::LaadThema() {
-    if (p.modThema)
-        p.modThema->LaadThema();
+    p.modThema->LaadThema();
+}
+
+void ClientStartSteps::LaadThemas(bool toonVoortgang) {
+    p.modDataThemas->LaadThemas(toonVoortgang);
+}
+
+void ClientStartSteps::LaadPictogrammen() {
+    p.modDataPictogrammen->LaadPictogrammen();
 }
 
 void ClientStartSteps::toonHoofdvenster() {
@@ -70,11 +73,7 @@ void ClientStartSteps::OpenTaakbalk1() {
         auto* balk = new FrmTaakbalk1View(*p.frmTaakbalk1, m_view->canvas());
         balk->move(0, FrmMain::Hoogte);
         m_view->canvas()->taakbalk = balk;
-        f.HoofdvensterTonen = [this] { toonHoofdvenster(); };
-        f.TaakbalkHertekenen = [this] {
-            p.frmTaakbalk1->ZetAccountsZonderVerbinding(true);
-            p.frmTaakbalk1->TekenKnop();
-        };
+        f.VensterTonen = [this] { toonHoofdvenster(); };
     }
     p.frmTaakbalk1->Hoofdvenster = QStringLiteral("frmMain");
     p.frmTaakbalk1->Zichtbaar = true;
@@ -98,15 +97,17 @@ QStringList ClientStartSteps::Accounts() {
 }
 
 void ClientStartSteps::VerbergLaadlabel() {
-    p.startScreen->lblLadenZichtbaar = false;
-    p.startScreen->picLadenZichtbaar = false;
-    if (p.startScreen->Hertekenen)
-        p.startScreen->Hertekenen();
+    p.frmMain->lblLadenZichtbaar = false;
+    p.frmMain->picLadenZichtbaar = false;
+    if (p.startScreen->onChanged)
+        p.startScreen->onChanged();
 }
 
 void ClientStartSteps::OpenGlobal(bool eerste) {
     p.startScreen->OpenGlobal(eerste);
-    meld(QStringLiteral("start screen for everyone (%1)").arg(p.modMain.Locatie));
+    // The launcher's log and a script watching the client see the workstation is ready.
+    QTextStream(stdout) << "tafelkrater: start screen for everyone (" << p.modMain.Locatie << ")"
+                        << Qt::endl;
 }
 
 void ClientStartSteps::OpenGroep(const QString& id) {
@@ -123,13 +124,6 @@ void ClientStartSteps::OpenOnderhoud() {
 
 void ClientStartSteps::OpenFout(const QString& tekst) {
     p.startScreen->OpenFout(tekst);
-}
-
-void ClientStartSteps::ZetAutomatischeAanmelding(const QString& account, const QString&,
-                                                 const QString&, bool afmelden) {
-    meld(QStringLiteral("the workstation would log on as %1%2; the session of this machine is left "
-                        "as it is")
-             .arg(account, afmelden ? QStringLiteral(" after logging off") : QString()));
 }
 
 } // namespace tk

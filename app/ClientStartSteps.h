@@ -1,19 +1,18 @@
 #pragma once
 
-#include "core/OpstartStappen.h"
+#include "core/UnbuiltStartSteps.h"
 
 #include <memory>
 
 namespace tk {
 
 class FrmMainView;
-class FrmTaakbalk1View;
 class Programma;
 
-// The start-up steps of the client: the launcher, the local server, the theme, the connection,
-// the load, and the start screen with its taskbar on the screen. The take-over of the shell is
-// written to the log until the session layer exists.
-class ClientStartSteps : public OpstartStappen {
+// The start-up steps this client has built: the launcher, the local server, the theme, the theme
+// and icon stores, the connection, the load, and the start screen with its taskbar on the screen.
+// Every other step is an unbuilt one (UnbuiltStartSteps) that says so in the log book.
+class ClientStartSteps : public UnbuiltStartSteps {
 public:
     explicit ClientStartSteps(Programma& p);
     ~ClientStartSteps() override;
@@ -21,6 +20,8 @@ public:
     bool StuurOpstartCommando(const QString& woord) override;
     void StartServer(bool firewall) override;
     void LaadThema() override;
+    void LaadThemas(bool toonVoortgang) override;
+    void LaadPictogrammen() override;
     void OpenTaakbalk1() override;
     void StartVerbinding(bool opnieuw) override;
     void Laden() override;
@@ -31,17 +32,13 @@ public:
     void OpenLeraar(const QString& id) override;
     void OpenOnderhoud() override;
     void OpenFout(const QString& tekst) override;
-    void ZetAutomatischeAanmelding(const QString& account, const QString& wachtwoord,
-                                   const QString& domein, bool afmelden) override;
 
-    // Shows the start screen's window (the hook HoofdvensterTonen of frmMain).
+    // Shows the start screen's window over the whole screen.
     void toonHoofdvenster();
     // Hides it while a desktop stands.
     void verbergHoofdvenster();
 
 private:
-    void meld(const QString& wat);
-    Programma& p;
     std::unique_ptr<FrmMainView> m_view;
 };
 

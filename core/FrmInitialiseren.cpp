@@ -26,20 +26,20 @@ void FrmInitialiseren::Instelling(int rij, bool geslaagd, bool subrij) {
     controleerIndex(rij, rijen.size());
     rijen[rij].zichtbaar = true;
     rijen[rij].lblCheck = geslaagd ? QStringLiteral("a") : QStringLiteral("r");
-    if (Hertekenen)
-        Hertekenen();
+    if (onChanged)
+        onChanged();
 }
 
 void FrmInitialiseren::Tonen() {
     Zichtbaar = true;
-    if (Hertekenen)
-        Hertekenen();
+    if (onChanged)
+        onChanged();
 }
 
 void FrmInitialiseren::Verbergen() {
     Zichtbaar = false;
-    if (Hertekenen)
-        Hertekenen();
+    if (onChanged)
+        onChanged();
 }
 
 } // namespace tk

@@ -33,7 +33,7 @@ public:
     QList<Rij> lblSubItem; // 108 "Server", 109 "Client"
     bool Zichtbaar = false;
     // Set by a view: the window's state changed.
-    std::function<void()> Hertekenen;
+    std::function<void()> onChanged;
 
 private:
     Programma& p;

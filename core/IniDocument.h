@@ -8,10 +8,11 @@
 
 namespace tk {
 
-// One INI file in memory, read and changed the way the original platform's profile functions
-// do it: section and key names compared without regard to case, the first section and the first
-// key of a name win, a value trimmed and freed of one pair of enclosing quotes. A change touches
-// only its own line; every other line, comments included, stays as it was.
+// One INI file in memory, read and changed the way the classic profile functions
+// (GetPrivateProfileString and WritePrivateProfileString) do it, since the settings files are
+// shared with tools that expect that: section and key names compared without regard to case, the
+// first section and the first key of a name win, a value trimmed and freed of one pair of enclosing
+// quotes. A change touches only its own line; every other line, comments included, stays as it was.
 class IniDocument {
 public:
     static IniDocument parse(const QString& text);

@@ -10,7 +10,6 @@
 #include "platform/PathResolver.h"
 #include "platform/RegistryRoot.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -150,7 +149,7 @@ void ModMain::SchrijfLogboek(const QString& omschrijving, const QString& naam,
 }
 
 void ModMain::LaadTaal() {
-    p.modTaal.ProgrammaPad = QCoreApplication::applicationFilePath();
+    p.modTaal.ProgrammaPad = p.platform.programFile();
     QString waarde;
     bool vanServer = false;
     if (Verbonden()) {

@@ -10,7 +10,6 @@
 #include "platform/Environment.h"
 #include "platform/Processes.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace tk {
@@ -264,34 +263,39 @@ void ModMainOpstart::Main(const QString& opdrachtregel) {
         Opdrachtregel = opdrachtregel.toUpper();
         m.Opdrachtregel = Opdrachtregel;
 
-        m.LaadTaal(); // 1
-        LaadModus();  // 2
+        // The language first, so that every message below speaks it; then the mode.
+        m.LaadTaal();
+        LaadModus();
         if (p.beeindigd)
             return;
-        if (!ControleerWindowsversie() || !ControleerVeiligeModus()) { // 3, 4
+        if (!ControleerWindowsversie() || !ControleerVeiligeModus()) {
             p.Einde();
             return;
         }
-        if (Opdrachtregel == u"STARTUPFOUT") // 5
+        // A restart after a crash says so.
+        if (Opdrachtregel == u"STARTUPFOUT")
             m.ToonVraag(tekst(3), tekst(2905), QStringLiteral("-"));
-        if (!m.IsWindows98 && !gestartDoorLauncher()) { // 6
-            m_eenInstantie = std::make_unique<QLockFile>(p.platform.programFolder() +
-                                                         QStringLiteral("/.tafelkrater.lock"));
-            m_eenInstantie->setStaleLockTime(0);
-            if (!m_eenInstantie->tryLock(0)) {
-                p.Einde();
-                return;
-            }
+        // One client per program folder, unless the launcher keeps watch.
+        if (!m.IsWindows98 && !gestartDoorLauncher() &&
+            !p.platform.processes().claimSingleInstance(p.platform.programFolder())) {
+            p.Einde();
+            return;
         }
-        // 7: the program's windows keep out of task lists by their window type.
-        if (QCoreApplication::applicationDirPath().toUpper().contains(QStringLiteral("UPDATES")))
-            stappen.ControleerUpdate(true); // 8
-        ControleerHulpbestanden();          // 9
+        // The program's windows keep out of task lists by their window type, so nothing is
+        // hidden here. A copy running from the update folder finishes the update.
+        if (QFileInfo(p.platform.programFile())
+                .path()
+                .toUpper()
+                .contains(QStringLiteral("UPDATES")))
+            stappen.ControleerUpdate(true);
+        ControleerHulpbestanden();
+        // A Standalone workstation started by hand brings up its local server.
         if (m.ModusStandalone && !gestartDoorLauncher() && Opdrachtregel != u"STARTUPFOUT" &&
             IsShellIngesteld() && IsGeactiveerd())
-            stappen.StartServer(false);                                    // 10
-        if (QFileInfo(LauncherPad()).isFile() && !gestartDoorLauncher()) { // 11
-            QStringList parameters{QCoreApplication::applicationFilePath()};
+            stappen.StartServer(false);
+        // With a launcher beside it the client hands over to the launcher, which starts it again.
+        if (QFileInfo(LauncherPad()).isFile() && !gestartDoorLauncher()) {
+            QStringList parameters{p.platform.programFile()};
             if (!Opdrachtregel.isEmpty())
                 parameters << opdrachtregel;
             p.platform.processes().startDetached(LauncherPad(), parameters,
@@ -299,7 +303,8 @@ void ModMainOpstart::Main(const QString& opdrachtregel) {
             p.Einde();
             return;
         }
-        if (m.ModusStandalone) { // 12
+        // A Standalone workstation runs under its own account; anyone else is asked or let go.
+        if (m.ModusStandalone) {
             const QString gebruiker =
                 p.platform.environment().variable(QStringLiteral("USERNAME")).toUpper();
             if (IsActief()) {
@@ -325,21 +330,22 @@ void ModMainOpstart::Main(const QString& opdrachtregel) {
                     SchrijfShell(QStringLiteral("explorer.exe"));
                     stappen.StartVerkenner();
                     m.Wacht(1000);
-                    SchrijfShell(eigen.isEmpty() ? QCoreApplication::applicationFilePath() : eigen);
+                    SchrijfShell(eigen.isEmpty() ? p.platform.programFile() : eigen);
                 }
                 einde(true);
                 return;
             }
         }
-        if (!m.BestandBestaat(QStringLiteral("\\Data"))) // 13
+        if (!m.BestandBestaat(QStringLiteral("\\Data")))
             m.MaakMappen(QStringLiteral("\\Data"));
-        stappen.LaadThema();                       // 14
-        if (m.ModusStandalone || m.ModusNetwerk) { // 15
-            ShellOK = IsShellIngesteld();          // 16
+        stappen.LaadThema();
+        // The check of the machine: shell, registry rights and display, then the take-over.
+        if (m.ModusStandalone || m.ModusNetwerk) {
+            ShellOK = IsShellIngesteld();
             RegisterOK = ControleerRegisterSchrijfbaar();
             ResolutieOK = ControleerResolutie();
             m.StilActiveren = LeesActivatieWaarde();
-            if (!ShellOK) { // 17
+            if (!ShellOK) {
                 frmInitialiseren.LaadTaal();
                 frmInitialiseren.Tonen();
                 const int pauze = m.StilActiveren ? 100 : 500;
@@ -351,8 +357,9 @@ void ModMainOpstart::Main(const QString& opdrachtregel) {
                 frmInitialiseren.Instelling(2, true);
                 stappen.BewaarOpstartinstellingen();
             }
-            const bool verder = stappen.frmActiveren(); // 18
-            if (!verder) {                              // 19
+            const bool verder = stappen.frmActiveren();
+            // A take-over that cannot go on tells the user why and logs off.
+            if (!verder) {
                 if (!ShellOK || RegisterOK) {
                     einde(true);
                     return;
@@ -379,12 +386,12 @@ void ModMainOpstart::Main(const QString& opdrachtregel) {
                 p.Einde();
                 return;
             }
-            frmInitialiseren.Verbergen(); // 20
-            if (!ShellOK) {               // 21
+            frmInitialiseren.Verbergen();
+            if (!ShellOK) {
                 stappen.WijzigOpstarten();
                 return;
             }
-            if (!ResolutieOK) { // 22
+            if (!ResolutieOK) {
                 if (stappen.ZetResolutie(false) || stappen.ZetResolutie(true)) {
                     stappen.StuurOpstartCommando(QStringLiteral("resolutie"));
                     p.Einde();
@@ -395,12 +402,13 @@ void ModMainOpstart::Main(const QString& opdrachtregel) {
                 einde(true);
                 return;
             }
-            stappen.ZetBureaubladachtergrond(true, true); // 23
+            stappen.ZetBureaubladachtergrond(true, true);
             stappen.ZetBrowserbeperkingen(true);
             stappen.SchermbeveiligingUit();
         }
-        stappen.OpenTaakbalk1();        // 24, 25
-        stappen.StartVerbinding(false); // 26
+        // The start screen with its taskbar, then the connection.
+        stappen.OpenTaakbalk1();
+        stappen.StartVerbinding(false);
     });
 }
 

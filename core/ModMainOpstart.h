@@ -3,7 +3,6 @@
 #include "core/FrmInitialiseren.h"
 #include "core/FrmVersie.h"
 
-#include <QLockFile>
 #include <QString>
 #include <memory>
 
@@ -39,7 +38,7 @@ public:
     // "Shell" of the logon key.
     QString LeesShell();
     void SchrijfShell(const QString& waarde);
-    // The launcher of this program folder (the Startup.exe of the original).
+    // The launcher of this program folder (tafelkrater-startup).
     QString LauncherPad() const;
 
     QString Opdrachtregel; // upper-cased
@@ -57,7 +56,6 @@ private:
     bool gestartDoorLauncher() const { return Opdrachtregel.left(7) == u"STARTUP"; }
     Programma& p;
     OpstartStappen& stappen;
-    std::unique_ptr<QLockFile> m_eenInstantie;
 };
 
 } // namespace tk

@@ -6,78 +6,76 @@
 
 namespace tk {
 
-// The steps of the start-up that belong to the layers above the core: the take-over of the
-// shell, the display, the theme, the taskbar and the connection. Main calls them in its order;
-// each layer fills in its own. What no layer has filled in yet does nothing and answers as a
-// workstation that needs nothing would.
+// The steps of the start-up (and of the close options) that belong to the layers above the core:
+// the take-over of the shell, the display, the theme, the taskbar, the connection and the
+// session. Main calls them in its order. Every step is pure: the client's composition root
+// implements the built ones, and UnbuiltStartSteps lists every step that no layer fills yet, with
+// the log line it writes, so that nothing is left out in silence.
 class OpstartStappen {
 public:
     virtual ~OpstartStappen() = default;
 
-    // Safe mode of the system (GetSystemMetrics 67); Linux has none.
-    virtual bool VeiligeModus() { return false; }
+    // Safe mode of the system; Linux has none.
+    virtual bool VeiligeModus() = 0;
     // A normal desktop of the system is present (its shell windows exist).
-    virtual bool BureaubladAanwezig() { return false; }
+    virtual bool BureaubladAanwezig() = 0;
     // Starts the system's own desktop shell with a normal window.
-    virtual void StartVerkenner() {}
-    virtual void ComputerHerstarten() {}
+    virtual void StartVerkenner() = 0;
+    virtual void ComputerHerstarten() = 0;
 
     // The launcher's words ("afsluiten", "resolutie"); false when no launcher listens.
-    virtual bool StuurOpstartCommando(const QString& woord) {
-        (void)woord;
-        return false;
-    }
-    virtual void StartServer(bool firewall) { (void)firewall; }
+    virtual bool StuurOpstartCommando(const QString& woord) = 0;
+    virtual void StartServer(bool firewall) = 0;
     // Fetches a missing helper file from the configured web address.
-    virtual void HaalHulpbestand(const QString& naam) { (void)naam; }
+    virtual void HaalHulpbestand(const QString& naam) = 0;
 
-    virtual void ControleerUpdate(bool forceer) { (void)forceer; }
-    virtual void LaadThema() {}
+    virtual void ControleerUpdate(bool forceer) = 0;
+    virtual void LaadThema() = 0;
 
-    // The take-over (session layer).
-    virtual bool frmActiveren() { return true; }
-    virtual void WijzigOpstarten() {}
-    virtual void BewaarOpstartinstellingen() {}
-    virtual void TafelkraterAccountVerwijderen() {}
-    virtual void TafelkraterDeactiverenSetup() {}
-    virtual void Afmelden() {}
-    virtual void ZetBureaubladachtergrond(bool, bool) {}
-    virtual void ZetBrowserbeperkingen(bool) {}
-    virtual void SchermbeveiligingUit() {}
+    // The take-over and hand-back of the machine (session layer).
+    virtual bool frmActiveren() = 0;
+    virtual void WijzigOpstarten() = 0;
+    virtual void BewaarOpstartinstellingen() = 0;
+    virtual void TafelkraterAccountVerwijderen() = 0;
+    virtual void TafelkraterDeactiverenSetup() = 0;
+    virtual void TafelkraterDeactiveren() = 0;
+    virtual void Afmelden() = 0;
+    virtual void ZetBureaubladachtergrond(bool herstel, bool opslaan) = 0;
+    virtual void ZetBrowserbeperkingen(bool aan) = 0;
+    virtual void SchermbeveiligingUit() = 0;
 
     // The display.
-    virtual QSize Schermgrootte() { return QSize(1024, 768); }
-    virtual int Kleurdiepte() { return 32; }
-    virtual bool ControleerResolutieOndersteuning(int breedte, int hoogte, int diepte) {
-        (void)breedte, (void)hoogte, (void)diepte;
-        return true;
-    }
-    virtual bool ZetResolutie(bool vlag) {
-        (void)vlag;
-        return false;
-    }
+    virtual QSize Schermgrootte() = 0;
+    virtual int Kleurdiepte() = 0;
+    virtual bool ControleerResolutieOndersteuning(int breedte, int hoogte, int diepte) = 0;
+    virtual bool ZetResolutie(bool vlag) = 0;
 
-    // Steps 24 to 26: the start-screen taskbar and the connection.
-    virtual void OpenTaakbalk1() {}
-    virtual void StartVerbinding(bool opnieuw) { (void)opnieuw; }
+    // The start-screen taskbar and the connection.
+    virtual void OpenTaakbalk1() = 0;
+    virtual void StartVerbinding(bool opnieuw) = 0;
 
     // The steps of the connection (modMain.StartVerbinding) that belong to higher layers.
-    virtual void ControleerChangelog() {}
-    virtual void Laden() {}
-    virtual void ControleerLerarenRechten() {}
+    virtual void ControleerChangelog() = 0;
+    virtual void Laden() = 0;
+    virtual void ControleerLerarenRechten() = 0;
+    // The theme and icon stores brought up to date in their places of the load.
+    virtual void LaadThemas(bool toonVoortgang) = 0;
+    virtual void LaadPictogrammen() = 0;
     // The account list: items "KLAS|<account>|<id>" and "LERAAR|<account>|<id>".
-    virtual QStringList Accounts() { return {}; }
-    virtual void VerbergLaadlabel() {}
-    virtual void ZetSessiebeperkingen(bool, bool) {}
+    virtual QStringList Accounts() = 0;
+    virtual void VerbergLaadlabel() = 0;
+    virtual void ZetSessiebeperkingen(bool beperken, bool opslaan) = 0;
     virtual void ZetAutomatischeAanmelding(const QString& account, const QString& wachtwoord,
-                                           const QString& domein, bool afmelden) {
-        (void)account, (void)wachtwoord, (void)domein, (void)afmelden;
-    }
-    virtual void OpenGlobal(bool) {}
-    virtual void OpenGroep(const QString& id) { (void)id; }
-    virtual void OpenLeraar(const QString& id) { (void)id; }
-    virtual void OpenOnderhoud() {}
-    virtual void OpenFout(const QString& tekst) { (void)tekst; }
+                                           const QString& domein, bool afmelden) = 0;
+    virtual void OpenGlobal(bool eerste) = 0;
+    virtual void OpenGroep(const QString& id) = 0;
+    virtual void OpenLeraar(const QString& id) = 0;
+    virtual void OpenOnderhoud() = 0;
+    virtual void OpenFout(const QString& tekst) = 0;
+
+    // A session action of the close options: "afmelden", "opnieuwopstarten", "uitschakelen",
+    // "sluiten", "deactiveren", "aanmeldenalsaccount|<account>|<password>"; true when carried out.
+    virtual bool SessieActie(const QString& actie) = 0;
 };
 
 } // namespace tk

@@ -23,6 +23,33 @@ Programma::Programma(Platform& platform)
     formulieren.append(&frmFoutrapportage);
 }
 
+QStringList Programma::unwired() const {
+    QStringList uit;
+    const auto eis = [&uit](const void* plek, const char* naam) {
+        if (!plek)
+            uit << QString::fromLatin1(naam);
+    };
+    eis(kanaal, "kanaal");
+    eis(dialogen, "dialogen");
+    eis(opstartStappen == &unbuiltSteps ? nullptr : opstartStappen, "opstartStappen");
+    eis(startScreenEvents, "startScreenEvents");
+    eis(schermen, "schermen");
+    eis(frmMain, "frmMain");
+    eis(modMainVerbinding, "modMainVerbinding");
+    eis(modData, "modData");
+    eis(modMainLaden, "modMainLaden");
+    eis(modThema, "modThema");
+    eis(modDataThemas, "modDataThemas");
+    eis(modDataPictogrammen, "modDataPictogrammen");
+    eis(startScreen, "startScreen");
+    eis(frmTaakbalk1, "frmTaakbalk1");
+    eis(modMainAfsluiten, "modMainAfsluiten");
+    eis(frmWachten, "frmWachten");
+    eis(frmAanmelden, "frmAanmelden");
+    eis(frmAfmelden, "frmAfmelden");
+    return uit;
+}
+
 void Programma::Einde(int code) {
     beeindigd = true;
     wacht.Stop();

@@ -5,6 +5,7 @@
 #include "core/ModMain.h"
 #include "core/ModRegistry.h"
 #include "core/ModTaal.h"
+#include "core/UnbuiltStartSteps.h"
 #include "core/Wacht.h"
 #include "platform/Platform.h"
 
@@ -36,13 +37,15 @@ class ModPictogrammen;
 class ModDataPictogrammen;
 class ModDataThemas;
 class ModThema;
-class OpstartStappen;
+class ScreenSwitches;
+class StartScreenEvents;
 
 // The one object that holds the program: the platform layer and one instance of every module
-// and form. A procedure reaches the others through it (p.modMain.LeesIni(...)), where the
-// original used globals. The modules of the layers above the core are made by those layers
-// with maak(), owned here, and reached through their typed pointers; a test builds a fresh
-// Programma per case, so no state outlives it.
+// and form. A procedure reaches the others through it (p.modMain.LeesIni(...)), so that no state
+// is global. The modules of the layers above the core are made with maak() by the client's
+// composition root (or by a test), owned here, and reached through their typed pointers; what a
+// lower layer asks of a higher one goes through the interfaces below, never through a pointer
+// to the higher layer's class. A test builds a fresh Programma per case, so no state outlives it.
 class Programma {
 public:
     explicit Programma(Platform& platform);
@@ -64,11 +67,17 @@ public:
     // The loaded forms, told when the language changes.
     QList<Form*> formulieren;
 
-    // The steps of the start-up that the layers above provide; null in tests of one layer.
-    OpstartStappen* opstartStappen = nullptr;
+    // The steps of the start-up that the layers above provide. Until the composition root puts
+    // the client's own steps here, every step is an unbuilt one that says so in the log book.
+    UnbuiltStartSteps unbuiltSteps{*this};
+    OpstartStappen* opstartStappen = &unbuiltSteps;
+    // The start screen as the link, the load and the theme and icon fetches see it.
+    StartScreenEvents* startScreenEvents = nullptr;
+    // The ways between the screens (start screen, desktop, maintenance module, browser).
+    ScreenSwitches* schermen = nullptr;
 
     // The modules of the higher layers, made with maak() by those layers.
-    FrmMainLink* frmMain = nullptr; // the start screen's link part: WS, the dispatcher
+    FrmMainLink* frmMain = nullptr; // frmMain's link to the server: WS, the dispatcher
     ModMainVerbinding* modMainVerbinding = nullptr;
     ModData* modData = nullptr;                 // the global tables and their loaders
     ModMainLaden* modMainLaden = nullptr;       // modMain.Laden: the load of the whole data set
@@ -76,21 +85,26 @@ public:
     ModPictogrammen* modPictogrammen = nullptr; // icon libraries and icon drawing
     ModDataThemas* modDataThemas = nullptr;     // modData.LaadThemas: the theme store
     ModDataPictogrammen* modDataPictogrammen = nullptr; // modData.LaadPictogrammen: icon store
-    FrmMain* startScreen = nullptr;               // frmMain as the start screen (the same object)
-    FrmTaakbalk1* frmTaakbalk1 = nullptr;         // the start-screen taskbar
-    ModMainAfsluiten* modMainAfsluiten = nullptr; // the close options and what they do
-    FrmWachten* frmWachten = nullptr;             // the wait window
-    FrmAanmelden* frmAanmelden = nullptr;         // the logging-in window
-    FrmAfmelden* frmAfmelden = nullptr;           // the log-off question of the taskbars
-    FrmBureaublad* frmBureaublad = nullptr;       // the desktop of a class or teacher
-    ModMainStarten* modMainStarten = nullptr;     // starting programs, display modes, drives
-    FrmTaakbalk2* frmTaakbalk2 = nullptr;         // the desktop's taskbar and its tasks
-    FrmKlok* frmKlok = nullptr;                   // the desktop clock
+    FrmMain* startScreen = nullptr;                     // frmMain as the screen a pupil sees
+    FrmTaakbalk1* frmTaakbalk1 = nullptr;               // the start-screen taskbar
+    ModMainAfsluiten* modMainAfsluiten = nullptr;       // the close options and what they do
+    FrmWachten* frmWachten = nullptr;                   // the wait window
+    FrmAanmelden* frmAanmelden = nullptr;               // the logging-in window
+    FrmAfmelden* frmAfmelden = nullptr;                 // the log-off question of the taskbars
+    FrmBureaublad* frmBureaublad = nullptr;             // the desktop of a class or teacher
+    ModMainStarten* modMainStarten = nullptr;           // starting programs, display modes, drives
+    FrmTaakbalk2* frmTaakbalk2 = nullptr;               // the desktop's taskbar and its tasks
+    FrmKlok* frmKlok = nullptr;                         // the desktop clock
 
     // Global state the desktop and its taskbar share: the desktop is up, and the internet pane
     // is its active part (65535) or not (0).
     bool BureaubladOpen = false;
     int InternetOpen = 0;
+
+    // What the client must have and does not: the names of the interfaces and modules that are
+    // still unset (the desktop's modules are made when a desktop first opens and are not
+    // counted). The client refuses to start while this is not empty.
+    QStringList unwired() const;
 
     // Ends the program: every wait returns and the event loop is asked to quit. The process ends
     // when control is back in main().

@@ -4,6 +4,7 @@
 #include "core/CommandChannel.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/StartScreenEvents.h"
 #include "core/Wire.h"
 #include "link/ModMainVerbinding.h"
 #include "platform/Clock.h"
@@ -48,12 +49,7 @@ void controleerSoort(int soort, std::source_location plek = std::source_location
 
 } // namespace
 
-ModData::ModData(Programma& p) : p(p) {
-    if (p.modMainVerbinding)
-        p.modMainVerbinding->NaamVan = [this](const QString& soort, const QString& id) {
-            return naamVan(soort, id);
-        };
-}
+ModData::ModData(Programma& p) : p(p) {}
 
 bool ModData::verbonden() {
     return p.modMain.Verbonden() && p.kanaal;
@@ -100,8 +96,8 @@ void ModData::zetLaadbalk(bool zichtbaar, int waarde, int maximum, const QString
     laadbalk.waarde = waarde;
     laadbalk.maximum = maximum;
     laadbalk.tekst = tekst;
-    if (LaadbalkGewijzigd)
-        LaadbalkGewijzigd();
+    if (p.startScreenEvents)
+        p.startScreenEvents->laadbalkGewijzigd();
 }
 
 // --- classes and teachers

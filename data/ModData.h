@@ -3,6 +3,7 @@
 #include "data/Favorieten.h"
 #include "data/FixedTable.h"
 #include "data/SealedCache.h"
+#include "link/NameLookup.h"
 
 #include <QString>
 #include <QStringList>
@@ -17,7 +18,7 @@ class Programma;
 // modData: the global tables of classes, teachers, categories and applications and the smaller
 // data sets, their loaders (from the server with a link, from the offline cache without one),
 // the lookups every screen uses, and the saves and deletes with their wire payloads.
-class ModData {
+class ModData : public NameLookup {
 public:
     explicit ModData(Programma& p);
 
@@ -99,7 +100,7 @@ public:
 
     // The name of a class or teacher for the location text: ("GROEP", id) gives the class's
     // name, ("LERAAR", id) "last, first middle". Empty when unknown.
-    QString naamVan(const QString& soort, const QString& id) const;
+    QString naamVan(const QString& soort, const QString& id) const override;
 
     // --- the loading bar of the start screen, painted by the screen's view
     struct Laadbalk {
@@ -109,7 +110,6 @@ public:
         QString tekst;
     };
     Laadbalk laadbalk;
-    std::function<void()> LaadbalkGewijzigd;
 
     // The clear cache of the present load (opened and sealed by modMain.Laden).
     SealedCache cache;

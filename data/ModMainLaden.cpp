@@ -54,8 +54,8 @@ void ModMainLaden::Laden() {
             else
                 p.frmMain->Domein = d.cache.read(t("Algemeen"), t("Domein"));
         }
-        if (verbonden && ControleerUpdate)
-            ControleerUpdate();
+        if (verbonden)
+            p.opstartStappen->ControleerUpdate(false);
         m.LaadWachttijden();
         m.LaadTaal();
 
@@ -64,8 +64,7 @@ void ModMainLaden::Laden() {
         d.LaadAccounts();
         d.LaadWachtwoorden();
         d.LaadOverigeInstellingen();
-        if (LaadThemas)
-            LaadThemas(true);
+        p.opstartStappen->LaadThemas(true);
 
         QString gebruiker = p.platform.environment().variable(t("USERNAME")).toUpper();
         gebruiker.remove(QChar(0));
@@ -78,8 +77,8 @@ void ModMainLaden::Laden() {
             for (int soort = 0; soort < 3; ++soort)
                 d.LaadApplicaties(soort);
         }
-        if (m.Verbonden() && LaadPictogrammen)
-            LaadPictogrammen();
+        if (m.Verbonden())
+            p.opstartStappen->LaadPictogrammen();
         if (toepassingen) {
             d.LaadVerbodenWoorden();
             d.LaadToegestaneSites();

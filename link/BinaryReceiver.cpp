@@ -4,11 +4,10 @@
 #include "core/Procedure.h"
 #include "core/Programma.h"
 #include "core/Wire.h"
+#include "platform/Network.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QHostInfo>
-#include <QNetworkInterface>
 #include <QTemporaryFile>
 #include <filesystem>
 #include <system_error>
@@ -335,14 +334,11 @@ QString BinaryReceiver::temporaryFolder() const {
 }
 
 QString BinaryReceiver::LocalHostName() const {
-    return QHostInfo::localHostName();
+    return p.platform.network().hostName();
 }
 
 QString BinaryReceiver::LocalIP() const {
-    for (const QHostAddress& adres : QNetworkInterface::allAddresses())
-        if (adres.protocol() == QAbstractSocket::IPv4Protocol && !adres.isLoopback())
-            return adres.toString();
-    return QStringLiteral("127.0.0.1");
+    return p.platform.network().localAddress();
 }
 
 void BinaryReceiver::discardTemporaryFile() {

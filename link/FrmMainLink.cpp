@@ -4,6 +4,7 @@
 #include "core/Fout.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/StartScreenEvents.h"
 #include "core/Wire.h"
 #include "link/ModMainVerbinding.h"
 #include "link/Woordenlijst.h"
@@ -18,8 +19,8 @@ FrmMainLink::FrmMainLink(Programma& p) : Berichten(&WS), Sender(p), Receiver(p),
     Sender.onConnected = [this] { SenderVerbonden = true; };
     Sender.onCommandAccepted = [this] { Sender.SendFile(); };
     Sender.onSendProgress = [this](qint64 totaal, qint64 verzonden) {
-        if (VoortgangBalk)
-            VoortgangBalk(totaal, verzonden);
+        if (this->p.startScreenEvents)
+            this->p.startScreenEvents->verzendVoortgang(totaal, verzonden);
     };
     Sender.onSendComplete = [this] {
         VerzendenKlaar = true;
@@ -30,8 +31,8 @@ FrmMainLink::FrmMainLink(Programma& p) : Berichten(&WS), Sender(p), Receiver(p),
     Sender.onCommandRefused = [this] { m_verzendenGeweigerd = true; };
     Receiver.onSendRequest = [this] { ReceiverVraag = true; };
     Receiver.onReceiveProgress = [this](qint64 ontvangen, qint64 totaal) {
-        if (LaadbalkBijOntvangst && OntvangstVoortgang)
-            OntvangstVoortgang(ontvangen, totaal);
+        if (LaadbalkBijOntvangst && this->p.startScreenEvents)
+            this->p.startScreenEvents->ontvangstVoortgang(ontvangen, totaal);
     };
     Receiver.onReceiveComplete = [this] { ReceiverKlaar = true; };
     // A long message that the network delivers in pieces is read whole.
@@ -121,12 +122,16 @@ void FrmMainLink::WS_DataArrival(const QByteArray& bytes) {
         }
         case Woordenlijst::Actie::Infona:
             // A question in a window is a wait: it runs after this handler has returned.
-            if (OpINFONA)
-                QTimer::singleShot(0, this, [this] { OpINFONA(); });
+            QTimer::singleShot(0, this, [this] {
+                if (p.startScreenEvents)
+                    p.startScreenEvents->onderhoudGevraagd();
+            });
             return;
         case Woordenlijst::Actie::Infonc:
-            if (OpINFONC)
-                QTimer::singleShot(0, this, [this] { OpINFONC(); });
+            QTimer::singleShot(0, this, [this] {
+                if (p.startScreenEvents)
+                    p.startScreenEvents->onderhoudVraagIngetrokken();
+            });
             return;
         case Woordenlijst::Actie::Geen:
             break;
@@ -172,8 +177,8 @@ void FrmMainLink::VerbindingVerbroken() {
             return;
         }
         if (m.ModusBeheer) {
-            if (HoofdvensterTonen)
-                HoofdvensterTonen();
+            if (p.startScreenEvents)
+                p.startScreenEvents->hoofdvensterTonen();
             return;
         }
         if (m.ModusNetwerk)
@@ -217,8 +222,8 @@ bool FrmMainLink::TestVerbinding() {
 bool FrmMainLink::ServerVerbinden(bool verbinden) {
     return Procedure(p, "frmMain.ServerVerbinden", false, [&] {
         ModMain& m = p.modMain;
-        if (HoofdvensterTonen)
-            HoofdvensterTonen();
+        if (p.startScreenEvents)
+            p.startScreenEvents->hoofdvensterTonen();
         int poging = 0;
         while (true) {
             ++poging;
@@ -236,10 +241,10 @@ bool FrmMainLink::ServerVerbinden(bool verbinden) {
             const int tekst = status == 0 ? 2930 : status == 1 ? 2931 : 2932;
             lblLaden = Ansi::hoofdletters(p.modTaal.LaadTekst(tekst));
             if (status != 0 || poging == 3) {
-                if (TaakbalkHertekenen) {
-                    TaakbalkHertekenen();
+                if (p.startScreenEvents) {
+                    p.startScreenEvents->taakbalkHertekenen();
                     if (status == -1)
-                        TaakbalkHertekenen();
+                        p.startScreenEvents->taakbalkHertekenen();
                 }
                 return false;
             }
@@ -250,8 +255,8 @@ bool FrmMainLink::ServerVerbinden(bool verbinden) {
         }
         GeenCache = false;
         lblLaden = Ansi::hoofdletters(p.modTaal.LaadTekst(1611));
-        if (TaakbalkHertekenen)
-            TaakbalkHertekenen();
+        if (p.startScreenEvents)
+            p.startScreenEvents->taakbalkHertekenen();
         return false;
     });
 }

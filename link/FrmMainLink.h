@@ -8,16 +8,16 @@
 #include <QObject>
 #include <QString>
 #include <QTcpSocket>
-#include <functional>
 
 namespace tk {
 
 class Programma;
 
-// The part of the start screen frmMain that holds the link to the server: the command socket
-// WS, the connection loop, the one send routine and the dispatcher of everything the server
-// says. The start screen's model derives from it; the loading label and bar it sets are plain
-// state that the screen's view paints.
+// frmMain's link to the server: the command socket WS, the connection loop, the one send routine
+// and the dispatcher of everything the server says. The start screen's model holds it as a
+// member; the loading label and bar it sets are plain state that the start screen's view paints,
+// and what the start screen must do about the link (show its window, redraw its taskbar, follow
+// a transfer) goes through StartScreenEvents.
 class FrmMainLink : public QObject, public CommandChannel {
     Q_OBJECT
 public:
@@ -67,11 +67,12 @@ public:
     bool VerzendenKlaar = false;
     bool ReceiverVraag = false;
     bool ReceiverKlaar = false;
-    // The progress bar of an upload (frmHelp, frmOnderhoud), when one is registered.
-    std::function<void(qint64 totaal, qint64 verzonden)> VoortgangBalk;
-    // The loading bar of a download, while LaadbalkBijOntvangst is set.
+    // A download's progress goes to the start screen's loading bar while this is set; an
+    // upload's always goes to the start screen, which passes it to the window that shows it.
     bool LaadbalkBijOntvangst = false;
-    std::function<void(qint64 ontvangen, qint64 totaal)> OntvangstVoortgang;
+    // Which fetch the loading bar follows: a theme package or an icon package.
+    bool ThemaLaden = false;
+    bool PictogrammenLaden = false;
     // A download as its users do it: ask on the command channel, wait for the offer, accept it
     // into `doel` (a program path), wait until it is written. False when the link went away.
     bool OntvangBestand(const QString& verzoek, const QString& doel, bool wachten = false);
@@ -83,12 +84,6 @@ public:
     bool lblLadenZichtbaar = false;
     bool picLadenZichtbaar = false;
     bool tmrLadenAan = false;
-
-    // --- what the layers above attach
-    std::function<void()> OpINFONA; // another user asks for the maintenance module
-    std::function<void()> OpINFONC; // that question was withdrawn
-    std::function<void()> TaakbalkHertekenen;
-    std::function<void()> HoofdvensterTonen;
 
 private:
     void sluitZelf();

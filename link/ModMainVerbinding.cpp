@@ -4,6 +4,7 @@
 #include "core/OpstartStappen.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/StartScreenEvents.h"
 #include "core/Wire.h"
 #include "link/FrmMainLink.h"
 #include "platform/Clock.h"
@@ -72,7 +73,7 @@ void ModMainVerbinding::GeefLocatieDoor(const QString& plaats) {
         const QString eerste = Ansi::hoofdletters(velden[0]);
         auto tekst = [&](int id) { return p.modTaal.LaadTekst(id); };
         auto naam = [&](const QString& soort, const QString& id) {
-            return NaamVan ? NaamVan(soort, id) : QString();
+            return namen ? namen->naamVan(soort, id) : QString();
         };
         QString lokaal;
         if (eerste == u"FOUT") {
@@ -146,8 +147,8 @@ void ModMainVerbinding::StartServer(bool firewall) {
             return;
         }
         p.modMain.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(2925), QStringLiteral("-"));
-        if (!firewall && TafelkraterDeactiveren)
-            TafelkraterDeactiveren();
+        if (!firewall)
+            p.opstartStappen->TafelkraterDeactiveren();
     });
 }
 
@@ -157,11 +158,10 @@ namespace tk {
 
 void ModMainVerbinding::StartVerbinding(bool opnieuw) {
     Procedure(p, "modMain.StartVerbinding", [&] {
-        OpstartStappen standaard;
-        OpstartStappen& stappen = p.opstartStappen ? *p.opstartStappen : standaard;
+        OpstartStappen& stappen = *p.opstartStappen;
         FrmMainLink& f = *p.frmMain;
-        if (f.HoofdvensterTonen)
-            f.HoofdvensterTonen();
+        if (p.startScreenEvents)
+            p.startScreenEvents->hoofdvensterTonen();
         const bool gevonden = BepaalServerlocatie();
         if (!opnieuw && gevonden) {
             if (!f.ServerVerbinden(true))
@@ -190,8 +190,7 @@ void ModMainVerbinding::StartVerbinding(bool opnieuw) {
 
 void ModMainVerbinding::AutomatischAanmelden() {
     Procedure(p, "modMain.AutomatischAanmelden", [&] {
-        OpstartStappen standaard;
-        OpstartStappen& stappen = p.opstartStappen ? *p.opstartStappen : standaard;
+        OpstartStappen& stappen = *p.opstartStappen;
         ModMain& m = p.modMain;
         stappen.VerbergLaadlabel();
         QString account;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/FrmNetwerk.h"
+#include "link/NameLookup.h"
 
 #include <QString>
 #include <functional>
@@ -37,11 +38,9 @@ public:
     // The connection test of the take-over: connect, ask "FIR", close. True when answered.
     bool TestServerlocatie(bool firewall);
 
-    // The name of a class or teacher for the location text ("GROEP", id) / ("LERAAR", id);
-    // filled by the data layer.
-    std::function<QString(const QString& soort, const QString& id)> NaamVan;
-    // Deactivation when no server is installed; filled by the session layer.
-    std::function<void()> TafelkraterDeactiveren;
+    // The names of classes and teachers for the location text; the data layer's tables, handed
+    // over by the composition root (without them the location text names nobody).
+    const NameLookup* namen = nullptr;
 
     // The name under which the launcher of this program folder listens.
     static QString launcherNaam(const QString& programmaMap);

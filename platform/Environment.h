@@ -23,6 +23,8 @@ public:
     virtual OsVersion osVersion() = 0;
     // The mount points of mounted removable and optical media (the drives of the "cdrom" item).
     virtual QStringList removableMedia() = 0;
+    // The home folder of the account the program runs as.
+    virtual QString homeFolder() = 0;
 };
 
 } // namespace tk

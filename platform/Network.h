@@ -10,6 +10,10 @@ class Network {
 public:
     virtual ~Network() = default;
     virtual int ping(const QString& adres, int timeoutMs) = 0;
+    // This machine's host name, and its first IPv4 address that is not the loopback
+    // ("127.0.0.1" when it has none).
+    virtual QString hostName() = 0;
+    virtual QString localAddress() = 0;
 };
 
 } // namespace tk

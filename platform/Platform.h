@@ -26,6 +26,8 @@ public:
     virtual Display& display() = 0;
     // The program folder: the folder of the executable, which holds Data, Logboek and the rest.
     virtual QString programFolder() const = 0;
+    // The program's own executable file, inside the program folder.
+    virtual QString programFile() const = 0;
 };
 
 } // namespace tk

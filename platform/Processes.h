@@ -29,6 +29,11 @@ public:
                               const QString& workingFolder) = 0;
     // This process's id.
     virtual qint64 ownPid() = 0;
+    // The full path of a program found on the PATH, empty when there is none.
+    virtual QString findExecutable(const QString& name) = 0;
+    // Makes this process the one client of the program folder for as long as it runs; false when
+    // another process of the folder already is.
+    virtual bool claimSingleInstance(const QString& programFolder) = 0;
     // True while the process exists (and has not ended as a zombie).
     virtual bool isRunning(qint64 pid) = 0;
     // Every living process of the start that gave pid: the process itself, what it started, and

@@ -3,6 +3,7 @@
 #include "archive/UcArchief.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/StartScreenEvents.h"
 #include "core/Wire.h"
 #include "link/FrmMainLink.h"
 
@@ -151,14 +152,16 @@ bool ModDataPictogrammen::LaadPictogrammen() {
         }
         if (verzoek.isEmpty())
             return true;
-        if (LaadLaadbalkUpdate)
-            LaadLaadbalkUpdate();
+        if (p.startScreenEvents)
+            p.startScreenEvents->LaadLaadbalkUpdate();
         m.MaakMappen(QStringLiteral("\\Tijdelijk"));
         const QString pakket = QStringLiteral("\\Tijdelijk\\pakket.pictogrammen");
         p.frmMain->LaadbalkBijOntvangst = true;
+        p.frmMain->PictogrammenLaden = true;
         const bool ontvangen =
             p.frmMain->OntvangBestand(wire::LDNPICPAK + verzoek.join(wire::fieldSep), pakket, true);
         p.frmMain->LaadbalkBijOntvangst = false;
+        p.frmMain->PictogrammenLaden = false;
         if (!ontvangen)
             return false;
         UcArchief archief;

@@ -2,7 +2,6 @@
 
 #include <QDateTime>
 #include <QString>
-#include <functional>
 
 namespace tk {
 
@@ -27,9 +26,6 @@ public:
     // A date of the register or of the server: "d-m-yyyy hh:nn"; unreadable gives 1-1-1900.
     static QDateTime leesDatum(const QString& tekst);
     static QString schrijfDatum(const QDateTime& moment);
-
-    // The start screen's progress bar, prepared before a package comes.
-    std::function<void()> LaadLaadbalkUpdate;
 
     static constexpr const char* Register = "\\Data\\Pictogrammen.ini";
     static constexpr const char* Map = "\\Afbeeldingen\\Pictogrammen";

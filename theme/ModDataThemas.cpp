@@ -3,8 +3,10 @@
 #include "archive/UcArchief.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/StartScreenEvents.h"
 #include "core/Wire.h"
 #include "link/FrmMainLink.h"
+#include "theme/ModThema.h"
 
 #include <QDir>
 
@@ -105,9 +107,11 @@ bool ModDataThemas::haalPakket(const QString& id, bool toonVoortgang) {
         return false;
     f.ReceiverKlaar = false;
     f.LaadbalkBijOntvangst = toonVoortgang;
+    f.ThemaLaden = toonVoortgang;
     f.Receiver.AcceptSendRequest(pakket(id));
     const bool ontvangen = p.wacht.Tot([&] { return f.ReceiverKlaar; }) == Wacht::Uitkomst::Voldaan;
     f.LaadbalkBijOntvangst = false;
+    f.ThemaLaden = false;
     if (!ontvangen)
         return false;
     QDir(m.Pad(skins(id))).removeRecursively();
@@ -151,8 +155,9 @@ void ModDataThemas::LaadThemas(bool toonVoortgang) {
             if (!gevonden || nieuwer)
                 halen << QStringList{id, velden.value(1)};
         }
-        if (!halen.isEmpty() && toonVoortgang && LaadLaadbalkLaden)
-            LaadLaadbalkLaden();
+        // The start screen's loading bar, shown when there is something to fetch.
+        if (!halen.isEmpty() && toonVoortgang && p.startScreenEvents)
+            p.startScreenEvents->LaadLaadbalkLaden();
         for (const QStringList& item : halen) {
             // A package that fails leaves its folder gone and its row as it was; the others
             // go on.
@@ -165,8 +170,9 @@ void ModDataThemas::LaadThemas(bool toonVoortgang) {
             if (!serverIds.contains(id))
                 verwijder(id);
         }
-        if (LadenVormgeving)
-            LadenVormgeving();
+        // The windows that show the theme take it again.
+        if (p.modThema)
+            p.modThema->LaadThema();
     });
 }
 

@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <QStringList>
-#include <functional>
 
 namespace tk {
 
@@ -17,11 +16,6 @@ public:
     explicit ModDataThemas(Programma& p) : p(p) {}
 
     void LaadThemas(bool toonVoortgang);
-
-    // The start screen's loading bar, shown when there is something to fetch.
-    std::function<void()> LaadLaadbalkLaden;
-    // LadenVormgeving of the windows that show the theme, after a change.
-    std::function<void()> LadenVormgeving;
 
     static constexpr const char* Register = "\\Data\\Thema.ini";
 

@@ -46,7 +46,7 @@ void ModThema::chooseUserTheme(const QString& themaVeld) {
 
 RgbColour ModThema::waitBarColour(const QString& key) const {
     const RgbColour standaard =
-        huidigThema == u"8" ? RgbColour::fromVb(15832176) : RgbColour{10, 112, 0};
+        huidigThema == u"8" ? RgbColour::fromPacked(15832176) : RgbColour{10, 112, 0};
     return keys().colourOr(QStringLiteral("Kleuren"), key, standaard);
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/Environment.h"
 
+#include <QDir>
 #include <QHash>
 
 namespace tk {
@@ -15,6 +16,8 @@ public:
     QString computerName() override { return m_computer; }
     OsVersion osVersion() override { return m_version; }
     QStringList removableMedia() override { return media; }
+    // The account's real home folder: the file manager opens it, nothing is written there.
+    QString homeFolder() override { return QDir::homePath(); }
 
     void setVariable(const QString& name, const QString& value) {
         m_vars.insert(name.toUpper(), value);

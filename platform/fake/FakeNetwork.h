@@ -14,6 +14,8 @@ public:
         gepingd.append(adres);
         return status.value(adres, 11003);
     }
+    QString hostName() override { return QStringLiteral("lokaal-12"); }
+    QString localAddress() override { return QStringLiteral("127.0.0.1"); }
     QHash<QString, int> status;
     QStringList gepingd;
 };

@@ -25,6 +25,9 @@ public:
     Windows& windows() override { return m_windows; }
     Display& display() override { return m_display; }
     QString programFolder() const override { return m_programFolder; }
+    QString programFile() const override {
+        return m_programFolder + QStringLiteral("/tafelkrater");
+    }
 
     FakeRegistry& fakeRegistry() { return m_registry; }
     FakeEnvironment& fakeEnvironment() { return m_environment; }

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QSet>
+#include <QStandardPaths>
 
 namespace tk {
 
@@ -28,6 +29,12 @@ public:
         return StartResult{42, pid};
     }
     qint64 ownPid() override { return 100; }
+    // Programs are looked for on the real PATH, so that a test can name one that is there.
+    QString findExecutable(const QString& name) override {
+        return QStandardPaths::findExecutable(name);
+    }
+    bool claimSingleInstance(const QString&) override { return !anotherInstance; }
+    bool anotherInstance = false; // another client holds the program folder
     bool isRunning(qint64 pid) override { return running.contains(pid); }
     QList<qint64> processesOfStart(qint64 pid) override {
         QList<qint64> alle{pid};

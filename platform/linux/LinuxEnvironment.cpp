@@ -84,6 +84,10 @@ QString ontsnapt(const QByteArray& veld) {
 
 } // namespace
 
+QString LinuxEnvironment::homeFolder() {
+    return QDir::homePath();
+}
+
 QStringList LinuxEnvironment::removableMedia() {
     QStringList uit;
     QFile f(QStringLiteral("/proc/mounts"));

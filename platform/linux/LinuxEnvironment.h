@@ -15,6 +15,7 @@ public:
     OsVersion osVersion() override { return OsVersion{}; }
     // Mounts of /proc/mounts whose block device is optical (sr*) or marked removable in /sys.
     QStringList removableMedia() override;
+    QString homeFolder() override;
 };
 
 } // namespace tk

@@ -1,5 +1,7 @@
 #include "LinuxNetwork.h"
 
+#include <QHostInfo>
+#include <QNetworkInterface>
 #include <QTcpSocket>
 
 namespace tk {
@@ -34,6 +36,17 @@ int LinuxNetwork::ping(const QString& adres, int timeoutMs) {
     default:
         return 11010;
     }
+}
+
+QString LinuxNetwork::hostName() {
+    return QHostInfo::localHostName();
+}
+
+QString LinuxNetwork::localAddress() {
+    for (const QHostAddress& adres : QNetworkInterface::allAddresses())
+        if (adres.protocol() == QAbstractSocket::IPv4Protocol && !adres.isLoopback())
+            return adres.toString();
+    return QStringLiteral("127.0.0.1");
 }
 
 } // namespace tk

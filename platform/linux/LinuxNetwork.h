@@ -9,6 +9,8 @@ namespace tk {
 class LinuxNetwork : public Network {
 public:
     int ping(const QString& adres, int timeoutMs) override;
+    QString hostName() override;
+    QString localAddress() override;
 };
 
 } // namespace tk

@@ -24,6 +24,7 @@ public:
     Windows& windows() override { return m_windows; }
     Display& display() override { return m_display; }
     QString programFolder() const override { return m_programFolder; }
+    QString programFile() const override;
 
 private:
     QString m_programFolder;

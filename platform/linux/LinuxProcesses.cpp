@@ -233,6 +233,22 @@ StartResult LinuxProcesses::start(const QString& program, const QStringList& arg
     return StartResult{42, s.pid};
 }
 
+QString LinuxProcesses::findExecutable(const QString& name) {
+    return QStandardPaths::findExecutable(name);
+}
+
+bool LinuxProcesses::claimSingleInstance(const QString& programFolder) {
+    if (m_enigeClient)
+        return true;
+    auto slot = std::make_unique<QLockFile>(programFolder + QStringLiteral("/.tafelkrater.lock"));
+    // A lock whose process is gone is taken over at once.
+    slot->setStaleLockTime(0);
+    if (!slot->tryLock(0))
+        return false;
+    m_enigeClient = std::move(slot);
+    return true;
+}
+
 qint64 LinuxProcesses::ownPid() {
     return static_cast<qint64>(::getpid());
 }

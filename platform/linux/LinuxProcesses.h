@@ -3,6 +3,8 @@
 #include "platform/Processes.h"
 
 #include <QHash>
+#include <QLockFile>
+#include <memory>
 
 namespace tk {
 
@@ -17,6 +19,8 @@ public:
     StartResult start(const QString& program, const QStringList& arguments,
                       const QString& workingFolder) override;
     qint64 ownPid() override;
+    QString findExecutable(const QString& name) override;
+    bool claimSingleInstance(const QString& programFolder) override;
     bool isRunning(qint64 pid) override;
     QList<qint64> processesOfStart(qint64 pid) override;
     bool kill(qint64 pid) override;
@@ -24,6 +28,8 @@ public:
 private:
     // The session of each program this object started (kept for the run: a few bytes a start).
     QHash<qint64, qint64> m_sessions;
+    // Held for the life of the process once claimed; the system drops it when the process dies.
+    std::unique_ptr<QLockFile> m_enigeClient;
 };
 
 } // namespace tk

@@ -1,4 +1,4 @@
-#include "common/ThemePicture.h"
+#include "ThemePicture.h"
 
 #include "core/Fout.h"
 

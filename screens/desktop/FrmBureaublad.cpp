@@ -6,13 +6,14 @@
 #include "core/Fout.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/ScreenSwitches.h"
 #include "data/ModData.h"
 #include "link/ModMainVerbinding.h"
 #include "platform/Windows.h"
 #include "screens/common/ThemePicture.h"
+#include "screens/desktop/DesktopTaskbar.h"
 #include "screens/desktop/FrmBureaubladBeelden.h"
 #include "screens/desktop/ModMainStarten.h"
-#include "screens/start/FrmMain.h"
 #include "theme/ModThema.h"
 
 #include <QFile>
@@ -217,7 +218,7 @@ void FrmBureaublad::LaadBureaublad(int rij, bool volledig) {
             Eigenaar = rij;
         if (!p.modData || Eigenaar < 0 || (Weergave != 0 && Weergave != 1)) {
             Iconen.leegmaken();
-            iconen.clear();
+            zichtbareIconen.clear();
             lijst.clear();
             teken();
             return;
@@ -230,7 +231,7 @@ void FrmBureaublad::LaadBureaublad(int rij, bool volledig) {
             return;
         }
         Iconen.leegmaken();
-        iconen.clear();
+        zichtbareIconen.clear();
         picTooltipZichtbaar = false;
         tooltipRij = -1;
         tmrTooltip.stop();
@@ -280,11 +281,11 @@ void FrmBureaublad::LaadBureaublad(int rij, bool volledig) {
                     const QPoint plek = RasterPlek(plaats++);
                     Iconen(i, KolomLinks) = QString::number(plek.x());
                     Iconen(i, KolomBoven) = QString::number(plek.y());
-                    iconen.append({i,
-                                   QRect(plek, QSize(IcoonMaat, IcoonMaat)),
-                                   FrmBureaubladBeelden::Schijf(),
-                                   {},
-                                   {}});
+                    zichtbareIconen.append({i,
+                                            QRect(plek, QSize(IcoonMaat, IcoonMaat)),
+                                            FrmBureaubladBeelden::Schijf(),
+                                            {},
+                                            {}});
                     zetNaam(i, p.modTaal.LaadTekst(723), plek);
                     return;
                 }
@@ -306,7 +307,7 @@ void FrmBureaublad::tekenIcoon(const QString& item, int i, int& plaats) {
     const QPoint plek = plekVan(QLatin1String(soortLetters[soort]), soort, id, plaats);
     Iconen(i, KolomLinks) = QString::number(plek.x());
     Iconen(i, KolomBoven) = QString::number(plek.y());
-    iconen.append(
+    zichtbareIconen.append(
         {i, QRect(plek, QSize(IcoonMaat, IcoonMaat)), applicatieBeeld(soort, rij), {}, {}});
     zetNaam(i, p.modData->Applicaties[soort](rij, 1), plek);
 }
@@ -391,7 +392,7 @@ void FrmBureaublad::zetNaam(int rij, const QString& naam, QPoint icoon) {
     Iconen(rij, KolomTekstBoven) = QString::number(tekst.top());
     Iconen(rij, KolomTekstRechts) = QString::number(tekst.left() + tekst.width());
     Iconen(rij, KolomTekstOnder) = QString::number(tekst.top() + tekst.height());
-    for (Icoon& i : iconen)
+    for (Icoon& i : zichtbareIconen)
         if (i.rij == rij) {
             i.regels = regels;
             i.tekst = tekst;
@@ -409,11 +410,11 @@ void FrmBureaublad::tekenInternet() {
     Iconen(rij, KolomBoven) = QString::number(InternetPlek.y());
     const QImage beeld =
         m_picInternet3.isNull() ? FrmBureaubladBeelden::Internet3(QImage()) : m_picInternet3;
-    iconen.append({rij,
-                   QRect(InternetPlek, QSize(InternetMaat, InternetMaat)),
-                   beeld.copy(62, 0, InternetMaat, InternetMaat),
-                   {},
-                   {}});
+    zichtbareIconen.append({rij,
+                            QRect(InternetPlek, QSize(InternetMaat, InternetMaat)),
+                            beeld.copy(62, 0, InternetMaat, InternetMaat),
+                            {},
+                            {}});
     // The text stands centred on x 935 from top 284.
     zetNaam(rij, p.modTaal.LaadTekst(745),
             QPoint(InternetTekstMidden - 16, InternetTekstBoven - 36));
@@ -428,7 +429,7 @@ void FrmBureaublad::tekenNamen() {
 // --- the mouse
 
 int FrmBureaublad::IcoonOp(QPoint punt) const {
-    for (const Icoon& i : iconen) {
+    for (const Icoon& i : zichtbareIconen) {
         if (i.beeld.contains(punt) || i.tekst.contains(punt))
             return i.rij;
     }
@@ -441,7 +442,7 @@ void FrmBureaublad::Form_MouseMove(int x, int y) {
             return;
         const int onder = IcoonOp(QPoint(x, y));
         bool gewijzigd = false;
-        for (const Icoon& i : iconen) {
+        for (const Icoon& i : zichtbareIconen) {
             QString& stand = Iconen(i.rij, KolomHover);
             if (i.rij == onder && stand != u"ja") {
                 stand = QStringLiteral("ja");
@@ -634,8 +635,8 @@ void FrmBureaublad::Aanmelden(int rij) {
         LaadThemaBureaublad(rij, 1);
         LaadBureaublad(rij, true);
         ballonTekst.clear();
-        if (TaakbalkTekenKnop)
-            TaakbalkTekenKnop();
+        if (taakbalk)
+            taakbalk->tekenKnoppen();
         teken();
     });
 }
@@ -656,10 +657,8 @@ void FrmBureaublad::Onderhoud() {
             if (p.modData->Klassen(rij, 6) == id)
                 klassen << rij;
         }
-        if (OpenOnderhoudsmodule) {
-            OpenOnderhoudsmodule(Eigenaar, klassen);
+        if (p.schermen && p.schermen->openOnderhoudsmodule(Eigenaar, klassen))
             return;
-        }
         p.modMain.SchrijfLogboek(
             QStringLiteral("The maintenance module was asked for by teacher %1, but this "
                            "workstation has none")
@@ -675,6 +674,8 @@ void FrmBureaublad::Onderhoud() {
 void FrmBureaublad::InternetWeergeven() {
     Procedure(p, "frmBureaublad.InternetWeergeven", [&] {
         picTooltipZichtbaar = false;
+        if (p.schermen && p.schermen->openInternet())
+            return;
         p.modMain.SchrijfLogboek(
             QStringLiteral("The internet pane was asked for, but this workstation has no browser"),
             QStringLiteral("Internet"), QStringLiteral("frmBureaublad.InternetWeergeven"),
@@ -688,8 +689,8 @@ void FrmBureaublad::BureaubladWeergeven() {
     Procedure(p, "frmBureaublad.BureaubladWeergeven", [&] {
         Internetstand = false;
         p.InternetOpen = 0;
-        if (TaakbalkTekenKnop)
-            TaakbalkTekenKnop();
+        if (taakbalk)
+            taakbalk->tekenKnoppen();
         teken();
     });
 }
@@ -727,8 +728,8 @@ void FrmBureaublad::Openen(int soort, const QString& id) {
         Zichtbaar = true;
         p.BureaubladOpen = true;
         tmrTaakbalk.start();
-        if (TaakbalkTekenKnop)
-            TaakbalkTekenKnop();
+        if (taakbalk)
+            taakbalk->tekenKnoppen();
         teken();
     });
 }
@@ -747,17 +748,11 @@ void FrmBureaublad::Afmelden() {
         Weergave = -1;
         Eigenaar = -1;
         Iconen.leegmaken();
-        iconen.clear();
+        zichtbareIconen.clear();
         ballonTekst.clear();
-        // The school's theme again for the start screen.
-        if (p.modThema)
-            p.modThema->LaadThema();
-        if (p.startScreen) {
-            p.startScreen->LadenVormgeving();
-            p.startScreen->OpenGlobal(true);
-        }
-        if (Afgemeld)
-            Afgemeld();
+        // The start screen comes back with the school's theme.
+        if (p.schermen)
+            p.schermen->bureaubladVerlaten();
     });
 }
 
@@ -774,8 +769,8 @@ void FrmBureaublad::Activeer(quint64 venster) {
 // --- small helpers
 
 void FrmBureaublad::teken() {
-    if (Hertekenen)
-        Hertekenen();
+    if (onChanged)
+        onChanged();
     Q_EMIT gewijzigd();
 }
 

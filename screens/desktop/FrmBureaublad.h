@@ -27,8 +27,8 @@ namespace tk {
 //
 // For the desktop's taskbar: BureaubladOpen and InternetOpen on Programma tell whether the
 // desktop is up and which part is active; InternetWeergeven, BureaubladWeergeven, Onderhoud and
-// Afmelden are what its buttons ask for, and TaakbalkTekenKnop (from the launcher part) is
-// called whenever the desktop's state changes what the bar shows.
+// Afmelden are what its buttons ask for, and its DesktopTaskbar (hung on the launcher part) is
+// told whenever the desktop's state changes what the bar shows.
 class FrmBureaublad : public FrmBureaubladStarter {
     Q_OBJECT
 public:
@@ -144,7 +144,7 @@ public:
     QImage startschermBeeld; // the start screen's picture, before anyone logged on
     QString kop, subKop;
     QPoint kopPlek{20, 12};
-    QList<Icoon> iconen;
+    QList<Icoon> zichtbareIconen;
     bool icoonAchtergrond = true;
     QColor KleurKop{30, 58, 95};
     QColor KleurIcoonTekst{30, 58, 95};
@@ -189,13 +189,6 @@ public:
 
     // The Iconen row under a point, or -1.
     int IcoonOp(QPoint punt) const;
-
-    // --- what the layers above attach
-    // Opens the maintenance module for the teacher (with the rows of the classes the teacher may
-    // manage). Null while the program has no maintenance module.
-    std::function<void(int leraar, const QList<int>& klassen)> OpenOnderhoudsmodule;
-    // The desktop was left: show the start screen.
-    std::function<void()> Afgemeld;
 
 private:
     void tekenIcoon(const QString& item, int rij, int& plaats);

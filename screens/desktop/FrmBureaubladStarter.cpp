@@ -7,6 +7,7 @@
 #include "platform/Clock.h"
 #include "platform/Display.h"
 #include "platform/Windows.h"
+#include "screens/desktop/DesktopTaskbar.h"
 #include "screens/desktop/ModMainStarten.h"
 
 namespace tk {
@@ -157,16 +158,16 @@ void FrmBureaubladStarter::StartApplicatie(const QString& opdracht, const QStrin
 
         cmdShellWaitZichtbaar = true;
         if (wijzigen) {
-            if (TaakbalkTekenKnop)
-                TaakbalkTekenKnop();
-            if (TaakbalkVensterPositie)
-                TaakbalkVensterPositie(HoogteNu);
+            if (taakbalk)
+                taakbalk->tekenKnoppen();
+            if (taakbalk)
+                taakbalk->plaatsVoorScherm(HoogteNu);
         }
         if (TaakbalkVerbergen) {
             tmrTaakbalk.stop();
             formOnTop(false);
-            if (TaakbalkZichtbaar) {
-                TaakbalkZichtbaar(false);
+            if (taakbalk) {
+                taakbalk->strookTonen(false);
                 TaakbalkVerborgen = true;
             }
         }
@@ -338,15 +339,15 @@ void FrmBureaubladStarter::herstellen(const char* procedure) {
                                                  getal(oud.value(2)))) {
                 BreedteNu = SchermBreedte;
                 HoogteNu = SchermHoogte;
-                if (TaakbalkVensterPositie)
-                    TaakbalkVensterPositie(HoogteNu);
+                if (taakbalk)
+                    taakbalk->plaatsVoorScherm(HoogteNu);
             } else {
                 melding(p.modTaal.LaadTekst(701));
             }
         }
         ShellWachtStand = QStringLiteral("0");
-        if (TaakbalkVerborgen && TaakbalkZichtbaar)
-            TaakbalkZichtbaar(true);
+        if (TaakbalkVerborgen && taakbalk)
+            taakbalk->strookTonen(true);
         TaakbalkVerborgen = false;
         if (Tonen)
             Tonen();
@@ -359,8 +360,8 @@ void FrmBureaubladStarter::herstellen(const char* procedure) {
 
 void FrmBureaubladStarter::tmrTaakbalk_Timer() {
     Procedure(p, "frmBureaublad.tmrTaakbalk_Timer", [&] {
-        if (TaakbalkOpTop)
-            TaakbalkOpTop();
+        if (taakbalk)
+            taakbalk->houdBoven();
     });
 }
 
@@ -377,8 +378,8 @@ void FrmBureaubladStarter::melding(const QString& tekst) {
 }
 
 void FrmBureaubladStarter::hertekenen() {
-    if (Hertekenen)
-        Hertekenen();
+    if (onChanged)
+        onChanged();
     Q_EMIT gewijzigd();
 }
 

@@ -12,6 +12,8 @@
 
 namespace tk {
 
+class DesktopTaskbar;
+
 class Programma;
 
 // The launcher part of the desktop frmBureaublad, which the desktop's model derives from: it
@@ -102,20 +104,14 @@ public:
     // A picture of the screen as it is now (clsCapture).
     std::function<QImage()> Schermopname;
     // The state changed: paint again. The desktop's own redraw uses the same hook.
-    std::function<void()> Hertekenen;
+    std::function<void()> onChanged;
     // Show the window again (after a program ran).
     std::function<void()> Tonen;
-    // The desktop's taskbar (frmTaakbalk2): draw its buttons anew, place the strip for a screen
-    // of the given height, and keep it on top.
-    std::function<void()> TaakbalkTekenKnop;
-    std::function<void(int hoogte)> TaakbalkVensterPositie;
-    std::function<void()> TaakbalkOpTop;
-    // Takes the strip away while a program that demands a hidden taskbar runs (false), and
-    // brings it back after (true): a strip the window manager keeps free would otherwise stay.
-    std::function<void(bool zichtbaar)> TaakbalkZichtbaar;
+    // The desktop's taskbar (frmTaakbalk2), once it has hung itself here.
+    DesktopTaskbar* taakbalk = nullptr;
 
 Q_SIGNALS:
-    // The launcher's state changed (with every call of Hertekenen): the overlay's view paints
+    // The launcher's state changed (with every call of onChanged): the overlay's view paints
     // anew from it.
     void gewijzigd();
 

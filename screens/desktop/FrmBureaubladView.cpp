@@ -111,7 +111,7 @@ void FrmBureaubladCanvas::tekenIconen(QPainter& g) {
     g.save();
     g.setRenderHint(QPainter::Antialiasing);
     g.setFont(m.icoonFont);
-    for (const FrmBureaublad::Icoon& i : m.iconen) {
+    for (const FrmBureaublad::Icoon& i : m.zichtbareIconen) {
         const bool hover = m.Iconen(i.rij, FrmBureaublad::KolomHover) == u"ja";
         if (m.icoonAchtergrond) {
             // A soft box behind the icon, lighter under the mouse.
@@ -221,7 +221,7 @@ FrmBureaubladView::FrmBureaubladView(FrmBureaublad& model, QWidget* ouder)
     setWindowTitle(QStringLiteral("Tafelkrater"));
     m_canvas = new FrmBureaubladCanvas(model, this);
     resize(FrmBureaublad::SchermBreedte, FrmBureaublad::SchermHoogte);
-    m.Hertekenen = [this] { m_canvas->bijwerken(); };
+    m.onChanged = [this] { m_canvas->bijwerken(); };
     m.VensterHandle = [this] { return quint64(winId()); };
     m.Tonen = [this] {
         show();
@@ -246,7 +246,7 @@ void FrmBureaubladView::openen() {
 }
 
 FrmBureaubladView::~FrmBureaubladView() {
-    m.Hertekenen = nullptr;
+    m.onChanged = nullptr;
     m.VensterHandle = nullptr;
     m.Tonen = nullptr;
 }

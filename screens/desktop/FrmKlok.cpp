@@ -94,8 +94,8 @@ void FrmKlok::Timer1_Timer() {
         secondewijzer = QLineF(m, Wijzerpunt(t.second(), Secondelengte));
         lblTijd = t.toString(QStringLiteral("H:mm"));
         lblDatum = nu.date().toString(QStringLiteral("d-M-yyyy"));
-        if (Hertekenen)
-            Hertekenen();
+        if (onChanged)
+            onChanged();
     });
 }
 

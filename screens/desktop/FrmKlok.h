@@ -67,7 +67,7 @@ public:
     QColor KleurWijzers{30, 58, 95};
     QColor KleurSeconde{220, 60, 50};
 
-    std::function<void()> Hertekenen;
+    std::function<void()> onChanged;
 
 private:
     Programma& p;

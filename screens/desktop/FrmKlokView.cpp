@@ -12,11 +12,11 @@ FrmKlokView::FrmKlokView(FrmKlok& model, QWidget* ouder)
     : QWidget(ouder, Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::Tool), m(model) {
     setWindowTitle(QStringLiteral("Klok"));
     setFixedSize(FrmKlok::Zijde, FrmKlok::Zijde);
-    m.Hertekenen = [this] { update(); };
+    m.onChanged = [this] { update(); };
 }
 
 FrmKlokView::~FrmKlokView() {
-    m.Hertekenen = nullptr;
+    m.onChanged = nullptr;
 }
 
 void FrmKlokView::openen() {

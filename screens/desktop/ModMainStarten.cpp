@@ -10,13 +10,11 @@
 #include "platform/Processes.h"
 #include "platform/Windows.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QStandardPaths>
 
 namespace tk {
 
@@ -180,7 +178,8 @@ ModMainStarten::Opstart ModMainStarten::opstart(const QString& opdrachtIn,
     const QString laatste = opdracht.section(QRegularExpression(QStringLiteral("[\\\\/]")), -1);
     if (laatste.compare(QLatin1String("explorer.exe"), Qt::CaseInsensitive) == 0) {
         uit.programma = openen();
-        uit.argumenten = extra.isEmpty() ? QStringList{QDir::homePath()} : extra.mid(0, 1);
+        uit.argumenten =
+            extra.isEmpty() ? QStringList{p.platform.environment().homeFolder()} : extra.mid(0, 1);
         // The system's folder it would have run in means nothing to the file manager here.
         uit.map.clear();
         uit.bestand = uit.argumenten.constFirst();
@@ -245,7 +244,7 @@ ModMainStarten::Opstart ModMainStarten::opstart(const QString& opdrachtIn,
         }
         uit.bestand = uit.bestand.isEmpty() ? uit.programma : uit.bestand;
     } else {
-        const QString gevonden = QStandardPaths::findExecutable(uit.programma);
+        const QString gevonden = p.platform.processes().findExecutable(uit.programma);
         if (gevonden.isEmpty()) {
             // Without the program that opens files, no file has an application.
             uit.resultaat = uit.programma == openen() ? GeenKoppeling : BestandNietGevonden;
@@ -261,7 +260,7 @@ bool ModMainStarten::IsEigenProgramma(const QString& opdracht) {
     const Opstart o = opstart(opdracht, QString(), QString());
     if (o.bestand.isEmpty())
         return false;
-    const QString eigen = QCoreApplication::applicationFilePath();
+    const QString eigen = p.platform.programFile();
     if (eigen.isEmpty())
         return false;
     const QFileInfo bestand(o.bestand), zelf(eigen);

@@ -15,8 +15,8 @@ FrmAanmelden::FrmAanmelden(Programma& p) : p(p) {
 }
 
 void FrmAanmelden::hertekenen() {
-    if (Hertekenen)
-        Hertekenen();
+    if (onChanged)
+        onChanged();
 }
 
 void FrmAanmelden::Openen() {

@@ -43,7 +43,7 @@ public:
     QColor KleurAchtergrond{92, 180, 238}, KleurTaakbalk{41, 90, 143};
     QFont ladenFont;
 
-    std::function<void()> Hertekenen;
+    std::function<void()> onChanged;
 
 private:
     void hertekenen();

@@ -12,12 +12,12 @@ namespace tk {
 FrmAanmeldenView::FrmAanmeldenView(FrmAanmelden& model, QWidget* ouder)
     : QWidget(ouder, ouder ? Qt::Widget : Qt::Window | Qt::FramelessWindowHint), m(model) {
     resize(FrmAanmelden::Breedte, FrmAanmelden::Hoogte);
-    m.Hertekenen = [this] { bijwerken(); };
+    m.onChanged = [this] { bijwerken(); };
     bijwerken();
 }
 
 FrmAanmeldenView::~FrmAanmeldenView() {
-    m.Hertekenen = nullptr;
+    m.onChanged = nullptr;
 }
 
 void FrmAanmeldenView::bijwerken() {

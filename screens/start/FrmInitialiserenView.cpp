@@ -52,12 +52,12 @@ FrmInitialiserenView::FrmInitialiserenView(FrmInitialiseren& model, QWidget* oud
     : DialogFrame(ouder), m(model) {
     setModal(false);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    m.Hertekenen = [this] { bijwerken(); };
+    m.onChanged = [this] { bijwerken(); };
     bijwerken();
 }
 
 FrmInitialiserenView::~FrmInitialiserenView() {
-    m.Hertekenen = nullptr;
+    m.onChanged = nullptr;
 }
 
 void FrmInitialiserenView::bijwerken() {

@@ -5,6 +5,7 @@
 #include "core/OpstartStappen.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/ScreenSwitches.h"
 #include "data/ModData.h"
 #include "link/ModMainVerbinding.h"
 #include "screens/common/Laadbalk.h"
@@ -15,7 +16,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
-#include <QTextStream>
+#include <algorithm>
 
 namespace tk {
 
@@ -24,7 +25,7 @@ namespace {
 constexpr int rasterBreedte = 96;
 } // namespace
 
-FrmMain::FrmMain(Programma& p) : FrmMainLink(p), p(p) {
+FrmMain::FrmMain(Programma& p, FrmMainLink& link) : link(link), p(p) {
     knopGroep.push_back(std::make_unique<Knop2>());
     knopGroep[0]->Visible = false;
     knopFont = QFont(QStringLiteral("Verdana"), 14, QFont::Bold);
@@ -33,19 +34,59 @@ FrmMain::FrmMain(Programma& p) : FrmMainLink(p), p(p) {
     aanmeldenFont = QFont(QStringLiteral("Verdana"), 8);
     m_tmrLaden.setInterval(30);
     connect(&m_tmrLaden, &QTimer::timeout, this, [this] { tmrLaden_Timer(); });
-    if (p.modData)
-        p.modData->LaadbalkGewijzigd = [this] {
-            const ModData::Laadbalk& b = this->p.modData->laadbalk;
-            picLadenZichtbaar = b.zichtbaar;
-            if (b.zichtbaar)
-                TijdLadenEx(b.maximum, b.waarde, b.tekst);
-            hertekenen();
-        };
 }
 
 FrmMain::~FrmMain() {
-    if (p.modData)
-        p.modData->LaadbalkGewijzigd = nullptr;
+    if (p.startScreenEvents == this)
+        p.startScreenEvents = nullptr;
+}
+
+// --- what the layers below tell the start screen
+
+void FrmMain::laadbalkGewijzigd() {
+    if (!p.modData)
+        return;
+    const ModData::Laadbalk& b = p.modData->laadbalk;
+    link.picLadenZichtbaar = b.zichtbaar;
+    if (b.zichtbaar)
+        TijdLadenEx(b.maximum, b.waarde, b.tekst);
+    hertekenen();
+}
+
+void FrmMain::verzendVoortgang(qint64 totaal, qint64 verzonden) {
+    if (VerzendVoortgang)
+        VerzendVoortgang(totaal, verzonden);
+}
+
+void FrmMain::ontvangstVoortgang(qint64 ontvangen, qint64 totaal) {
+    // The bar counts in whole percents, so that files past 2 GB fit its numbers.
+    const int procent = totaal > 0 ? int(std::clamp<qint64>(ontvangen * 100 / totaal, 0, 100)) : 0;
+    const int tekst = link.ThemaLaden ? 1620 : link.PictogrammenLaden ? 1621 : 1609;
+    link.picLadenZichtbaar = true;
+    TijdLadenEx(100, procent, p.modTaal.LaadTekst(tekst));
+    hertekenen();
+}
+
+void FrmMain::hoofdvensterTonen() {
+    Zichtbaar = true;
+    if (VensterTonen)
+        VensterTonen();
+}
+
+void FrmMain::taakbalkHertekenen() {
+    if (!p.frmTaakbalk1)
+        return;
+    p.frmTaakbalk1->ZetAccountsZonderVerbinding(true);
+    p.frmTaakbalk1->TekenKnop();
+}
+
+void FrmMain::onderhoudGevraagd() {
+    meld(QStringLiteral("another workstation asks for the maintenance module, which this "
+                        "workstation does not have yet"));
+}
+
+void FrmMain::onderhoudVraagIngetrokken() {
+    meld(QStringLiteral("the question for the maintenance module was withdrawn"));
 }
 
 QPoint FrmMain::standaardPlek(int i) {
@@ -65,23 +106,29 @@ Knop2* FrmMain::knop(int index) const {
 }
 
 OpstartStappen& FrmMain::stappen() {
-    if (p.opstartStappen)
-        return *p.opstartStappen;
-    if (!m_standaardStappen)
-        m_standaardStappen = std::make_unique<OpstartStappen>();
-    return *m_standaardStappen;
+    return *p.opstartStappen;
 }
 
 void FrmMain::hertekenen() {
-    if (Hertekenen)
-        Hertekenen();
+    if (onChanged)
+        onChanged();
 }
 
 void FrmMain::meld(const QString& wat) {
-    if (Melding)
-        Melding(wat);
-    else
-        QTextStream(stdout) << "tafelkrater: " << wat << Qt::endl;
+    meldingen << wat;
+    p.modMain.SchrijfLogboek(wat, QStringLiteral("Tafelkrater"), QStringLiteral("frmMain"),
+                             QString());
+}
+
+bool FrmMain::onderhoudBezet() {
+    return p.schermen && p.schermen->ControleerAanwezigOnderhoudsmodule(false);
+}
+
+bool FrmMain::openBureaublad(int soort, const QString& id) {
+    if (!p.schermen)
+        return false;
+    p.schermen->openBureaublad(soort, id);
+    return true;
 }
 
 QString FrmMain::WachtwoordLeraren() const {
@@ -256,7 +303,7 @@ void FrmMain::HerschikScherm(int stand) {
             aanmeldenSchuif = 0;
         } else if (stand == 2) {
             picLaden.moveTo(int(LadenX), int(LadenY));
-            picLadenZichtbaar = true;
+            link.picLadenZichtbaar = true;
         }
         hertekenen();
     });
@@ -297,7 +344,7 @@ void FrmMain::AccountKlik(int soort) {
         }
         if (soort != 1 && soort != 2)
             return;
-        lblLadenZichtbaar = false;
+        link.lblLadenZichtbaar = false;
         verbergKlassen();
         TekenBallon(QString());
         const QString knopTekst = p.frmTaakbalk1 ? p.frmTaakbalk1->Account[soort].Tekst
@@ -330,8 +377,7 @@ void FrmMain::knopAanmelden_Click() {
         ModMain& m = p.modMain;
         wachtwoordBallon.clear();
         if (txtWachtwoord == WachtwoordOnderhoud() && lblGebruiker == p.modTaal.LaadTekst(1601)) {
-            const bool bezet =
-                ControleerAanwezigOnderhoudsmodule && ControleerAanwezigOnderhoudsmodule(false);
+            const bool bezet = onderhoudBezet();
             if (!bezet && m.Verbonden()) {
                 if (p.modMainVerbinding)
                     p.modMainVerbinding->GeefLocatieDoor(QStringLiteral("ONDERHOUD"));
@@ -340,15 +386,14 @@ void FrmMain::knopAanmelden_Click() {
                     stappen().ZetAutomatischeAanmelding(QStringLiteral("ONDERHOUD"),
                                                         QStringLiteral("Sleutelwrk42"), QString(),
                                                         true);
-                } else if (OpenOnderhoudsmodule) {
-                    OpenOnderhoudsmodule();
+                } else if (p.schermen && p.schermen->openOnderhoudsmodule(-1, {})) {
                     Zichtbaar = false;
                 } else {
                     meld(
                         QStringLiteral("maintenance module asked for; location %1").arg(m.Locatie));
                 }
             } else if (bezet && m.Verbonden()) {
-                WS_Versturen(QStringLiteral("INFONB"), true);
+                link.WS_Versturen(QStringLiteral("INFONB"), true);
             } else if (m.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(1602),
                                    QStringLiteral("?")) == u"ja") {
                 picAanmeldenZichtbaar = false;
@@ -365,8 +410,7 @@ void FrmMain::knopAanmelden_Click() {
             if (p.modMainVerbinding)
                 p.modMainVerbinding->GeefLocatieDoor(QStringLiteral("LERAAR|0"));
             AnimatieAanmelden(QStringLiteral("bureaublad"));
-            if (OpenBureaublad) {
-                OpenBureaublad(2, QString());
+            if (openBureaublad(2, QString())) {
                 Zichtbaar = false;
             } else {
                 meld(QStringLiteral("teachers' list asked for; location %1").arg(m.Locatie));
@@ -407,8 +451,7 @@ void FrmMain::knopGroep_Click(int index) {
             p.modMainVerbinding->GeefLocatieDoor(QStringLiteral("GROEP|") + id);
         if (m.Gebruikersaccount == u"GLOBAL" && m.ModusNetwerk) {
             stappen().ZetAutomatischeAanmelding(account, wachtwoord, QString(), true);
-        } else if (OpenBureaublad) {
-            OpenBureaublad(0, id);
+        } else if (openBureaublad(0, id)) {
             Zichtbaar = false;
             HerschikScherm(0);
         } else {
@@ -452,8 +495,7 @@ void FrmMain::OpenLeraar(const QString& id) {
             p.frmTaakbalk1->LadenVormgeving();
         }
         TekenBallon(p.modTaal.LaadTekst(1606));
-        if (OpenBureaublad) {
-            OpenBureaublad(1, id);
+        if (openBureaublad(1, id)) {
             Zichtbaar = false;
             HerschikScherm(0);
         } else {
@@ -469,11 +511,10 @@ void FrmMain::OpenOnderhoud() {
             p.modMainVerbinding->GeefLocatieDoor(QStringLiteral("Onderhoudsmodule"));
         Zichtbaar = true;
         AnimatieAanmelden(QStringLiteral("onderhoud"));
-        if (ControleerAanwezigOnderhoudsmodule && ControleerAanwezigOnderhoudsmodule(false)) {
-            WS_Versturen(QStringLiteral("INFONB"), true);
+        if (onderhoudBezet()) {
+            link.WS_Versturen(QStringLiteral("INFONB"), true);
             OpenFout(QStringLiteral("Onderhoudsmodule in gebruik"));
-        } else if (OpenOnderhoudsmodule) {
-            OpenOnderhoudsmodule();
+        } else if (p.schermen && p.schermen->openOnderhoudsmodule(-1, {})) {
             txtWachtwoord.clear();
             lblGebruiker.clear();
             Zichtbaar = false;
@@ -530,7 +571,7 @@ void FrmMain::OpenFout(const QString& tekst) {
         HerschikScherm(0);
         lblAccount = tekst;
         ControleerAccount();
-        lblLadenZichtbaar = false;
+        link.lblLadenZichtbaar = false;
         Zichtbaar = true;
         if (p.frmTaakbalk1)
             p.frmTaakbalk1->Hoofdvenster = QStringLiteral("frmMain");
@@ -582,7 +623,7 @@ QImage FrmMain::TekenWolk() const {
 
 QRect FrmMain::lblLadenRect() const {
     const QFontMetrics fm(ladenFont);
-    QString tekst = lblLaden;
+    QString tekst = link.lblLaden;
     tekst.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     const QStringList regels = tekst.split(QLatin1Char('\n'));
     int breedte = 0;
@@ -639,7 +680,7 @@ void FrmMain::TijdLadenEx2(int totaal, int huidig, const QString& tekst) {
 }
 
 void FrmMain::tmrLaden_Timer() {
-    if (!tmrLadenAan || !picLadenZichtbaar)
+    if (!link.tmrLadenAan || !link.picLadenZichtbaar)
         return;
     Laadbalk::stap(tellerLaden, richtingOmlaag);
     TijdLadenEx2(100, tellerLaden, p.modTaal.LaadTekst(1609));

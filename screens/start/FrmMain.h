@@ -1,13 +1,16 @@
 #pragma once
 
 #include "controls/Knop2.h"
+#include "core/StartScreenEvents.h"
 #include "link/FrmMainLink.h"
 
 #include <QColor>
 #include <QFont>
 #include <QImage>
+#include <QObject>
 #include <QPoint>
 #include <QRect>
+#include <QStringList>
 #include <QTimer>
 #include <functional>
 #include <memory>
@@ -16,15 +19,19 @@
 namespace tk {
 
 class OpstartStappen;
+class Programma;
 
-// The start screen frmMain: the link part it derives from, and the screen a pupil sees. The
-// class buttons, the cloud, the password panel, the notice, the loading bar: all are state here,
-// at their pixel places on the 1024 by 685 canvas; FrmMainView paints them.
-class FrmMain : public FrmMainLink {
+// The start screen frmMain: the screen a pupil sees, with frmMain's link to the server as a
+// member. The class buttons, the cloud, the password panel, the notice, the loading bar: all are
+// state here, at their pixel places on the 1024 by 685 canvas; FrmMainView paints them. What the
+// link, the load and the theme fetches tell the start screen arrives through StartScreenEvents.
+class FrmMain : public QObject, public StartScreenEvents {
     Q_OBJECT
 public:
-    explicit FrmMain(Programma& p);
+    FrmMain(Programma& p, FrmMainLink& link);
     ~FrmMain() override;
+
+    FrmMainLink& link;
 
     static constexpr int Breedte = 1024;
     static constexpr int Hoogte = 685;
@@ -37,14 +44,14 @@ public:
     void WeergevenKlassen(bool herladen);
     void HerschikGroepen();
     void HerschikScherm(int stand);
-    void AccountKlik(int soort);
+    void AccountKlik(int soort) override;
     void knopGroep_Click(int index);
     void knopAanmelden_Click();
     void txtWachtwoord_KeyPress(int toets); // Enter acts as knopAanmelden
-    void OpenGroep(const QString& id);
-    void OpenLeraar(const QString& id);
+    void OpenGroep(const QString& id) override;
+    void OpenLeraar(const QString& id) override;
     void OpenOnderhoud();
-    void OpenGlobal(bool eerste);
+    void OpenGlobal(bool eerste) override;
     void OpenFout(const QString& tekst);
     void ControleerAccount();
     void TekenBallon(const QString& tekst);
@@ -52,9 +59,18 @@ public:
     void TijdLadenEx(int totaal, int huidig, const QString& tekst);
     void TijdLadenEx2(int totaal, int huidig, const QString& tekst);
     void TekenAanmelden();
-    void LaadLaadbalkLaden();
-    void LaadLaadbalkUpdate();
+    void LaadLaadbalkLaden() override;
+    void LaadLaadbalkUpdate() override;
     void tmrLaden_Timer();
+
+    // --- StartScreenEvents
+    void laadbalkGewijzigd() override;
+    void verzendVoortgang(qint64 totaal, qint64 verzonden) override;
+    void ontvangstVoortgang(qint64 ontvangen, qint64 totaal) override;
+    void hoofdvensterTonen() override;
+    void taakbalkHertekenen() override;
+    void onderhoudGevraagd() override;
+    void onderhoudVraagIngetrokken() override;
 
     // --- controls
     std::vector<std::unique_ptr<Knop2>> knopGroep; // by class row; holes are null
@@ -123,15 +139,13 @@ public:
     // lblLaden's left edge: the theme's x is its centre.
     QRect lblLadenRect() const;
 
-    // --- what the layers above attach
-    std::function<void()> Hertekenen;
-    // Opens the desktop: soort 0 a class, 1 a teacher, 2 the teachers' list.
-    std::function<void(int soort, const QString& id)> OpenBureaublad;
-    std::function<void()> OpenOnderhoudsmodule;
-    // modMain.ControleerAanwezigOnderhoudsmodule: true when somebody else is in the module.
-    std::function<bool(bool)> ControleerAanwezigOnderhoudsmodule;
-    // Says what the start screen would do while the screen it opens is not part of the program.
-    std::function<void(const QString&)> Melding;
+    // --- what the view attaches: a redraw, the window brought up, an upload's progress shown by
+    // the window that started it
+    std::function<void()> onChanged;
+    std::function<void()> VensterTonen;
+    std::function<void(qint64 totaal, qint64 verzonden)> VerzendVoortgang;
+    // What the start screen said it could not do here (also written to the log book).
+    QStringList meldingen;
 
     QString WachtwoordLeraren() const;
     QString WachtwoordOnderhoud() const;
@@ -140,10 +154,12 @@ private:
     void hertekenen();
     OpstartStappen& stappen();
     void meld(const QString& wat);
+    bool onderhoudBezet();
+    // Asks the composition root for a desktop; false in a workstation without desktops.
+    bool openBureaublad(int soort, const QString& id);
     void verbergKlassen();
     void taakbalkAccountsVerbergen();
     Programma& p;
-    std::unique_ptr<OpstartStappen> m_standaardStappen;
     QTimer m_tmrLaden;
 };
 

@@ -81,13 +81,13 @@ void FrmMainCanvas::paintEvent(QPaintEvent*) {
         p.setPen(m.KleurKoptekst);
         p.drawText(m.lblAccountPlek, m.lblAccount);
     }
-    if (m.lblLadenZichtbaar && !m.lblLaden.isEmpty()) {
+    if (m.link.lblLadenZichtbaar && !m.link.lblLaden.isEmpty()) {
         p.setFont(m.ladenFont);
         p.setPen(m.KleurLaden);
         p.drawText(m.lblLadenRect().adjusted(-4, 0, 4, 0), Qt::AlignHCenter | Qt::AlignTop,
-                   QString(m.lblLaden).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+                   QString(m.link.lblLaden).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
     }
-    if (m.picLadenZichtbaar)
+    if (m.link.picLadenZichtbaar)
         tekenLaadbalk(p);
     if (m.picAanmeldenZichtbaar)
         tekenAanmelden(p);
@@ -148,12 +148,12 @@ FrmMainView::FrmMainView(FrmMain& model, QWidget* ouder) : QWidget(ouder), m(mod
     setFocusPolicy(Qt::StrongFocus);
     m_canvas = new FrmMainCanvas(model, this);
     resize(1024, 768);
-    m.Hertekenen = [this] { m_canvas->bijwerken(); };
+    m.onChanged = [this] { m_canvas->bijwerken(); };
     m_canvas->bijwerken();
 }
 
 FrmMainView::~FrmMainView() {
-    m.Hertekenen = nullptr;
+    m.onChanged = nullptr;
 }
 
 void FrmMainView::resizeEvent(QResizeEvent*) {
@@ -167,7 +167,7 @@ void FrmMainView::paintEvent(QPaintEvent*) {
 
 void FrmMainView::keyPressEvent(QKeyEvent* e) {
     if (e->key() == Qt::Key_Shift)
-        m.ShiftIngedrukt = true;
+        m.link.ShiftIngedrukt = true;
     QWidget::keyPressEvent(e);
 }
 

@@ -16,8 +16,8 @@ FrmWachten::FrmWachten(Programma& p) : p(p) {
 }
 
 void FrmWachten::hertekenen() {
-    if (Hertekenen)
-        Hertekenen();
+    if (onChanged)
+        onChanged();
 }
 
 int FrmWachten::hoogteVoor(const QString& tekstOnderBalk) const {

@@ -46,7 +46,7 @@ public:
     QColor KleurTekst{0, 0, 0};
     QFont tekstFont;
 
-    std::function<void()> Hertekenen;
+    std::function<void()> onChanged;
 
 private:
     void hertekenen();

@@ -11,12 +11,12 @@ namespace tk {
 FrmWachtenView::FrmWachtenView(FrmWachten& model, QWidget* ouder)
     : QWidget(ouder, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint), m(model) {
     setAttribute(Qt::WA_ShowWithoutActivating);
-    m.Hertekenen = [this] { bijwerken(); };
+    m.onChanged = [this] { bijwerken(); };
     bijwerken();
 }
 
 FrmWachtenView::~FrmWachtenView() {
-    m.Hertekenen = nullptr;
+    m.onChanged = nullptr;
 }
 
 void FrmWachtenView::bijwerken() {

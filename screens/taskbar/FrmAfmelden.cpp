@@ -15,8 +15,8 @@ FrmAfmelden::FrmAfmelden(Programma& p) : p(p) {
 }
 
 void FrmAfmelden::hertekenen() {
-    if (Hertekenen)
-        Hertekenen();
+    if (onChanged)
+        onChanged();
 }
 
 void FrmAfmelden::LaadVormgeving() {

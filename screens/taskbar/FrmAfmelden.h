@@ -33,7 +33,7 @@ public:
     QColor KleurRand{30, 58, 95}, KleurStatus{255, 255, 255}, KleurStreep{76, 175, 80};
     QFont tekstFont;
 
-    std::function<void()> Hertekenen;
+    std::function<void()> onChanged;
 
 private:
     void hertekenen();

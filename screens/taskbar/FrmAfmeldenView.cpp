@@ -12,12 +12,12 @@ FrmAfmeldenView::FrmAfmeldenView(FrmAfmelden& model, QWidget* ouder)
     : QWidget(ouder, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint), m(model) {
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFixedSize(FrmAfmelden::Breedte, FrmAfmelden::Hoogte);
-    m.Hertekenen = [this] { bijwerken(); };
+    m.onChanged = [this] { bijwerken(); };
     bijwerken();
 }
 
 FrmAfmeldenView::~FrmAfmeldenView() {
-    m.Hertekenen = nullptr;
+    m.onChanged = nullptr;
 }
 
 void FrmAfmeldenView::bijwerken() {

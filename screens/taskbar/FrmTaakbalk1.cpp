@@ -2,14 +2,14 @@
 
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/ScreenSwitches.h"
+#include "core/StartScreenEvents.h"
 #include "link/ModMainVerbinding.h"
 #include "screens/common/ThemePicture.h"
-#include "screens/start/FrmMain.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
 #include "theme/ModThema.h"
 
 #include <QFontMetrics>
-#include <QTextStream>
 
 namespace tk {
 
@@ -178,8 +178,8 @@ void FrmTaakbalk1::TekenKnop(const QString& naam, bool hover) {
     for (Knop& k : knoppen)
         if (naam.isEmpty() || k.naam == naam)
             k.hover = naam.isEmpty() ? false : hover;
-    if (Hertekenen)
-        Hertekenen();
+    if (onChanged)
+        onChanged();
 }
 
 void FrmTaakbalk1::ToonAccounts() {
@@ -209,8 +209,8 @@ void FrmTaakbalk1::Account_Click(int index) {
     Procedure(p, "frmTaakbalk1.Account_Click", [&] {
         for (int i = 0; i < 3; ++i)
             Account[i].Geselecteerd = i == index;
-        if (p.startScreen)
-            p.startScreen->AccountKlik(index);
+        if (p.startScreenEvents)
+            p.startScreenEvents->AccountKlik(index);
         TekenKnop();
     });
 }
@@ -227,17 +227,18 @@ void FrmTaakbalk1::KnopActie(const QString& naam) {
             if (p.modMainVerbinding)
                 p.modMainVerbinding->StartVerbinding(true);
         } else if (naam == u"afmelden_main") {
-            if (p.startScreen)
-                p.startScreen->OpenGlobal(false);
+            if (p.startScreenEvents)
+                p.startScreenEvents->OpenGlobal(false);
         } else if (naam == u"windowsomgeving" && p.modMainAfsluiten) {
             p.modMainAfsluiten->NaarWindowsOmgeving(QStringLiteral("GLOBAL"),
                                                     QStringLiteral("Sleutelwrk42"));
-        } else if (OpenElders) {
-            OpenElders(naam);
-        } else {
-            QTextStream(stdout) << "tafelkrater: the bar's button '" << naam
-                                << "' opens a screen that is not part of this program yet"
-                                << Qt::endl;
+        } else if (!p.schermen || !p.schermen->openElders(naam)) {
+            p.modMain.SchrijfLogboek(
+                QStringLiteral("The bar's button '%1' opens a screen that is not on this "
+                               "workstation yet")
+                    .arg(naam),
+                QStringLiteral("Taakbalk"), QStringLiteral("frmTaakbalk1.KnopActie"),
+                QStringLiteral("-"));
         }
     });
 }

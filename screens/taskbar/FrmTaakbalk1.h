@@ -56,9 +56,7 @@ public:
     // The words of the present state, left ones first.
     QStringList woorden() const;
 
-    std::function<void()> Hertekenen;
-    // The screens the bar opens that are not part of the program yet.
-    std::function<void(const QString& woord)> OpenElders;
+    std::function<void()> onChanged;
 
 private:
     bool onderhoud() const;

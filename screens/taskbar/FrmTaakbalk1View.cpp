@@ -14,12 +14,12 @@ FrmTaakbalk1View::FrmTaakbalk1View(FrmTaakbalk1& model, QWidget* ouder) : QWidge
     setMouseTracking(true);
     for (int i = 0; i < 3; ++i)
         m_accounts[i] = new AccountsView(m.Account[i], this);
-    m.Hertekenen = [this] { bijwerken(); };
+    m.onChanged = [this] { bijwerken(); };
     bijwerken();
 }
 
 FrmTaakbalk1View::~FrmTaakbalk1View() {
-    m.Hertekenen = nullptr;
+    m.onChanged = nullptr;
 }
 
 void FrmTaakbalk1View::bijwerken() {

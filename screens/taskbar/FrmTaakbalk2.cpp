@@ -2,6 +2,7 @@
 
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/ScreenSwitches.h"
 #include "screens/common/ThemePicture.h"
 #include "screens/desktop/FrmBureaublad.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
@@ -52,15 +53,18 @@ FrmTaakbalk2::FrmTaakbalk2(Programma& p) : taken(p), modTaakbalk(p), p(p) {
     maakVasteKnoppen();
 }
 
-FrmTaakbalk2::~FrmTaakbalk2() = default;
+FrmTaakbalk2::~FrmTaakbalk2() {
+    if (m_bureaublad && m_bureaublad->taakbalk == this)
+        m_bureaublad->taakbalk = nullptr;
+}
 
 quint64 FrmTaakbalk2::venster() const {
     return VensterHandle ? VensterHandle() : 0;
 }
 
 void FrmTaakbalk2::hertekenen() {
-    if (Hertekenen)
-        Hertekenen();
+    if (onChanged)
+        onChanged();
 }
 
 void FrmTaakbalk2::Form_Load() {
@@ -404,11 +408,9 @@ void FrmTaakbalk2::Form_MouseUp(QPoint punt) {
         }
         const QString actie = Knoppen(rij, Actie);
         if (actie == u"internet") {
-            if (InternetWeergeven)
-                InternetWeergeven();
+            Q_EMIT internetGevraagd();
         } else if (actie == u"bureaublad") {
-            if (BureaubladWeergeven)
-                BureaubladWeergeven();
+            Q_EMIT bureaubladGevraagd();
         } else if (taken.modTaken.pSetForegroundWindow(actie.toULongLong())) {
             // Pressed at once; the next tick confirms it from the manager.
             ActieveKnop = rij;
@@ -422,13 +424,11 @@ void FrmTaakbalk2::KnopActie(const QString& naam) {
         if (naam == u"afmelden") {
             afmelden();
         } else if (naam == u"bureaublad") {
-            if (BureaubladWeergeven)
-                BureaubladWeergeven();
+            Q_EMIT bureaubladGevraagd();
         } else if (naam == u"onderhoud") {
-            if (Onderhoud)
-                Onderhoud();
-        } else if (OpenElders) {
-            OpenElders(naam);
+            Q_EMIT onderhoudGevraagd();
+        } else if (p.schermen && p.schermen->openElders(naam)) {
+            return;
         } else if (naam == u"help") {
             nietBeschikbaar(naam, 9542);
         } else if (naam == u"bureaubladpictogrammen_onderhoud") {
@@ -445,8 +445,7 @@ void FrmTaakbalk2::afmelden() {
         if (p.modMain.ToonVraag(p.modTaal.LaadTekst(3), tekst, QStringLiteral("?")) != u"ja")
             return;
     }
-    if (Afmelden)
-        Afmelden();
+    Q_EMIT afmeldenGevraagd();
 }
 
 void FrmTaakbalk2::nietBeschikbaar(const QString& woord, int tekst) {
@@ -458,53 +457,64 @@ void FrmTaakbalk2::nietBeschikbaar(const QString& woord, int tekst) {
     p.modMain.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(tekst), QStringLiteral("-"));
 }
 
+void FrmTaakbalk2::tekenKnoppen() {
+    if (!m_bureaublad)
+        return;
+    const FrmBureaublad& b = *m_bureaublad;
+    const bool leraar = b.Weergave == 1 && b.Eigenaar >= 0;
+    if (leraar != OnderhoudZichtbaar) {
+        OnderhoudZichtbaar = leraar;
+        plaatsVasteKnoppen();
+    }
+    if (p.BureaubladOpen && !Geladen) {
+        if (VensterTonen)
+            VensterTonen();
+        else
+            Form_Load();
+    } else if (Geladen && p.modThema && p.modThema->themaMap != m_thema) {
+        // A teacher who logs in on the desktop brings a theme of their own.
+        LadenVormgeving();
+        VensterPositie(SchermHoogte, BalkBreedte);
+    }
+    TekenKnop();
+}
+
+void FrmTaakbalk2::plaatsVoorScherm(int hoogte) {
+    // The window system knows the screen's real size; the launcher only the height it set.
+    const QSize scherm = SchermGrootte ? SchermGrootte() : QSize();
+    if (scherm.isValid())
+        VensterPositie(scherm.height(), scherm.width());
+    else
+        VensterPositie(hoogte);
+}
+
+void FrmTaakbalk2::houdBoven() {
+    if (Geladen && !Weggestopt)
+        modTaakbalk.FormOnTop(venster(), true);
+}
+
+void FrmTaakbalk2::strookTonen(bool zichtbaar) {
+    ZetZichtbaar(zichtbaar);
+}
+
 void FrmTaakbalk2::KoppelBureaublad(FrmBureaublad& bureaublad) {
     FrmBureaublad* b = &bureaublad;
-    b->TaakbalkTekenKnop = [this, b] {
-        const bool leraar = b->Weergave == 1 && b->Eigenaar >= 0;
-        if (leraar != OnderhoudZichtbaar) {
-            OnderhoudZichtbaar = leraar;
-            plaatsVasteKnoppen();
-        }
-        if (p.BureaubladOpen && !Geladen) {
-            if (VensterTonen)
-                VensterTonen();
-            else
-                Form_Load();
-        } else if (Geladen && p.modThema && p.modThema->themaMap != m_thema) {
-            // A teacher who logs in on the desktop brings a theme of their own.
-            LadenVormgeving();
-            VensterPositie(SchermHoogte, BalkBreedte);
-        }
-        TekenKnop();
-    };
-    b->TaakbalkVensterPositie = [this](int hoogte) {
-        // The window system knows the screen's real size; the launcher only the height it set.
-        const QSize scherm = SchermGrootte ? SchermGrootte() : QSize();
-        if (scherm.isValid())
-            VensterPositie(scherm.height(), scherm.width());
-        else
-            VensterPositie(hoogte);
-    };
-    b->TaakbalkOpTop = [this] {
-        if (Geladen && !Weggestopt)
-            modTaakbalk.FormOnTop(venster(), true);
-    };
-    b->TaakbalkZichtbaar = [this](bool zichtbaar) { ZetZichtbaar(zichtbaar); };
+    m_bureaublad = b;
+    b->taakbalk = this;
     const auto naarVoren = [b] {
         if (b->Tonen)
             b->Tonen();
     };
-    InternetWeergeven = [b, naarVoren] {
+    connect(this, &FrmTaakbalk2::internetGevraagd, b, [b, naarVoren] {
         naarVoren();
         b->InternetWeergeven();
-    };
-    BureaubladWeergeven = [b, naarVoren] {
+    });
+    connect(this, &FrmTaakbalk2::bureaubladGevraagd, b, [b, naarVoren] {
         naarVoren();
         b->BureaubladWeergeven();
-    };
-    Afmelden = [b] { b->Afmelden(); };
-    Onderhoud = [b] { b->Onderhoud(); };
+    });
+    connect(this, &FrmTaakbalk2::afmeldenGevraagd, b, [b] { b->Afmelden(); });
+    connect(this, &FrmTaakbalk2::onderhoudGevraagd, b, [b] { b->Onderhoud(); });
 }
 
 QString FrmTaakbalk2::Tekentekst(const QString& titel, const QFontMetrics& fm, int breedte) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/FixedTable.h"
+#include "screens/desktop/DesktopTaskbar.h"
 #include "screens/taskbar/ModTaakbalk.h"
 #include "screens/taskbar/TaakbalkKnop.h"
 #include "screens/taskbar/Takenlijst.h"
@@ -29,7 +30,7 @@ class Programma;
 // running program. Which top-level windows are programs is found out on a timer (tmrTaken);
 // the buttons are laid out in Knoppen for the view to paint, and clicks come back through
 // Form_MouseUp.
-class FrmTaakbalk2 : public QObject {
+class FrmTaakbalk2 : public QObject, public DesktopTaskbar {
     Q_OBJECT
 public:
     explicit FrmTaakbalk2(Programma& p);
@@ -157,18 +158,24 @@ public:
     std::function<void(bool zichtbaar)> VensterZichtbaar;
     // The size of the screen the bar stands on, as the window system has it now.
     std::function<QSize()> SchermGrootte;
-    std::function<void()> Hertekenen;
+    std::function<void()> onChanged;
     std::function<void(const QRect&)> Plaatsen; // move the window to this place
     std::function<QPoint()> MuisPositie;        // the mouse in the bar's pixels
-    // The desktop: bring it forward with its icons, with its internet pane, log off.
-    std::function<void()> BureaubladWeergeven;
-    std::function<void()> InternetWeergeven;
-    std::function<void()> Afmelden;
-    std::function<void()> Onderhoud;
-    // The screens the bar opens that live elsewhere (help, the icon position editor).
-    std::function<void(const QString& woord)> OpenElders;
-
     ModTaakbalk modTaakbalk;
+
+    // --- DesktopTaskbar: what the desktop and its launcher ask of their bar
+    void tekenKnoppen() override;
+    void plaatsVoorScherm(int hoogte) override;
+    void houdBoven() override;
+    void strookTonen(bool zichtbaar) override;
+
+Q_SIGNALS:
+    // What the bar's buttons ask of the desktop: bring it forward with its icons or with its
+    // internet pane, log off, open the maintenance module.
+    void bureaubladGevraagd();
+    void internetGevraagd();
+    void afmeldenGevraagd();
+    void onderhoudGevraagd();
 
 private:
     void maakVasteKnoppen();
@@ -180,6 +187,7 @@ private:
     quint64 venster() const;
     void hertekenen();
     Programma& p;
+    FrmBureaublad* m_bureaublad = nullptr;
     bool m_teveelGemeld = false;
     QString m_thema; // the theme folder the look was loaded from
 };

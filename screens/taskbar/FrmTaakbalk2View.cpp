@@ -20,7 +20,7 @@ FrmTaakbalk2View::FrmTaakbalk2View(FrmTaakbalk2& model, QWidget* ouder)
     setMouseTracking(true);
     setFocusPolicy(Qt::NoFocus);
     m.VensterHandle = [this] { return quint64(winId()); };
-    m.Hertekenen = [this] { update(); };
+    m.onChanged = [this] { update(); };
     m.Plaatsen = [this](const QRect& plek) { setGeometry(plek); };
     m.MuisPositie = [this] { return mapFromGlobal(QCursor::pos()); };
     m.VensterTonen = [this] { openen(); };
@@ -38,7 +38,7 @@ FrmTaakbalk2View::FrmTaakbalk2View(FrmTaakbalk2& model, QWidget* ouder)
 
 FrmTaakbalk2View::~FrmTaakbalk2View() {
     m.VensterHandle = nullptr;
-    m.Hertekenen = nullptr;
+    m.onChanged = nullptr;
     m.Plaatsen = nullptr;
     m.MuisPositie = nullptr;
     m.VensterTonen = nullptr;

@@ -4,21 +4,16 @@
 #include "core/OpstartStappen.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/StartScreenEvents.h"
 #include "data/ModData.h"
-#include "screens/start/FrmMain.h"
 #include "screens/taskbar/Takenlijst.h"
-
-#include <QTextStream>
 
 namespace tk {
 
 void ModMainAfsluiten::sessieActie(const QString& actie) {
     uitgevoerd << actie;
-    if (Sessie && Sessie(actie))
+    if (p.opstartStappen->SessieActie(actie))
         return;
-    QTextStream(stdout)
-        << "tafelkrater: '" << actie.section(QLatin1Char('|'), 0, 0)
-        << "' asked; the session of this machine is left as it is and the client ends" << Qt::endl;
     p.Einde();
 }
 
@@ -100,13 +95,13 @@ void ModMainAfsluiten::VoerUit(const QString& antwoord) {
                 return;
             }
             uitgevoerd << antwoord;
-            if (p.startScreen) {
+            if (p.startScreenEvents) {
                 if (klas)
-                    p.startScreen->OpenGroep(id);
+                    p.startScreenEvents->OpenGroep(id);
                 else if (leraar)
-                    p.startScreen->OpenLeraar(id);
+                    p.startScreenEvents->OpenLeraar(id);
                 else
-                    p.startScreen->OpenGlobal(false);
+                    p.startScreenEvents->OpenGlobal(false);
             }
             return;
         }

@@ -29,9 +29,6 @@ public:
     // The programs open on this workstation now, counted as the taskbars count their tasks.
     int OpenProgrammas();
 
-    // "afmelden", "opnieuwopstarten", "uitschakelen", "sluiten", "deactiveren",
-    // "aanmeldenalsaccount|<account>|<password>"; true when done.
-    std::function<bool(const QString& actie)> Sessie;
     // What was carried out, for the log and the tests.
     QStringList uitgevoerd;
 

@@ -1,12 +1,11 @@
 #include "core/FrmVersie.h"
 #include "core/ModMainOpstart.h"
-#include "core/OpstartStappen.h"
+#include "core/UnbuiltStartSteps.h"
 #include "tests/support/Werkplek.h"
 
 #include "core/ClsRC4.h"
 
 #include <QFile>
-#include <QLockFile>
 #include <gtest/gtest.h>
 
 using namespace tk;
@@ -15,8 +14,9 @@ using tk::test::Werkplek;
 namespace {
 
 // Records every step the start-up asks of the layers above, and answers as configured.
-class OpnameStappen : public OpstartStappen {
+class OpnameStappen : public UnbuiltStartSteps {
 public:
+    using UnbuiltStartSteps::UnbuiltStartSteps;
     bool VeiligeModus() override { return veiligeModus; }
     bool BureaubladAanwezig() override { return bureaublad; }
     void StartVerkenner() override { log << QStringLiteral("StartVerkenner"); }
@@ -87,7 +87,7 @@ struct Opstart {
         return teksten;
     }
     Werkplek w;
-    OpnameStappen stappen;
+    OpnameStappen stappen{w.p};
     ModMainOpstart opstart{w.p, stappen};
 };
 
@@ -236,8 +236,7 @@ TEST(OpstartTest, WithoutTheLauncherWordTheLauncherTakesOver) {
 
 TEST(OpstartTest, ASecondStartWithoutTheLauncherEndsSilently) {
     Opstart o;
-    QLockFile ander(o.w.map() + QStringLiteral("/.tafelkrater.lock"));
-    ASSERT_TRUE(ander.tryLock(0));
+    o.w.platform.fakeProcesses().anotherInstance = true;
     o.opstart.Main(QString());
     EXPECT_TRUE(o.w.p.beeindigd);
     EXPECT_TRUE(o.w.dialogen.gesteld.isEmpty());

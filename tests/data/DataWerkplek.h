@@ -24,6 +24,7 @@ struct DataWerkplek {
         w.p.maak(w.p.modMainVerbinding, w.p);
         w.p.maak(w.p.modData, w.p);
         w.p.maak(w.p.modMainLaden, w.p);
+        w.p.modMainVerbinding->namen = w.p.modData;
         w.p.modMain.ModusNetwerk = true;
         w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
         if (poort)

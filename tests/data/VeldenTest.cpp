@@ -2,12 +2,14 @@
 // the cache.
 #include "data/SealedCache.h"
 #include "tests/data/DataWerkplek.h"
+#include "tests/support/OpnameSchermen.h"
 
 #include <gtest/gtest.h>
 
 using namespace tk;
 using tk::test::alleGegevens;
 using tk::test::DataWerkplek;
+using tk::test::OpnameStartscherm;
 using tk::test::ScriptedPeer;
 
 namespace {
@@ -98,7 +100,9 @@ TEST(VeldenTest, EmptyCountsAndAnswersLoadNothingAndKeepTheLastIDs) {
     ASSERT_TRUE(dw.verbind());
     ModData& d = dw.d();
     int balk = 0;
-    d.LaadbalkGewijzigd = [&] { balk += d.laadbalk.zichtbaar; };
+    OpnameStartscherm startscherm;
+    dw.w.p.startScreenEvents = &startscherm;
+    startscherm.bijLaadbalk = [&] { balk += d.laadbalk.zichtbaar; };
     d.Applicaties[0](0, 0) = s("oud");
     d.Categorien[0](0, 0) = s("oud");
     d.VerbodenWoorden = s("oud");
@@ -138,7 +142,9 @@ TEST(VeldenTest, TheWordListShowsItsBarAboveFivePagesAndDropsThePageMarks) {
         ASSERT_TRUE(dw.verbind());
         ModData& d = dw.d();
         int hoogste = 0;
-        d.LaadbalkGewijzigd = [&] {
+        OpnameStartscherm startscherm;
+        dw.w.p.startScreenEvents = &startscherm;
+        startscherm.bijLaadbalk = [&] {
             if (d.laadbalk.zichtbaar)
                 hoogste = std::max(hoogste, d.laadbalk.maximum);
         };

@@ -1,8 +1,10 @@
+#include "screens/ScreenRouter.h"
 #include "screens/desktop/FrmBureaubladBeelden.h"
 #include "screens/start/FrmMain.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "tests/desktop/BureaubladWerkplek.h"
+#include "tests/support/OpnameSchermen.h"
 
 #include <QFontMetrics>
 #include <QSettings>
@@ -10,6 +12,7 @@
 
 using namespace tk;
 using tk::test::BureaubladWerkplek;
+using tk::test::OpnameSchermen;
 
 namespace {
 
@@ -43,7 +46,7 @@ TEST(BureaubladTest, FortySixItemsPutTheLastOneAtTheOrigin) {
     w.klas(0, "Groep 1", "12", ids(1, 46), "Nee");
     w.b().Openen(0, "12");
 
-    ASSERT_EQ(w.b().iconen.size(), 46);
+    ASSERT_EQ(w.b().zichtbareIconen.size(), 46);
     EXPECT_EQ(w.plek(0), QPoint(56, 170));
     EXPECT_EQ(w.plek(44), QPoint(840, 326));
     EXPECT_EQ(w.plek(45), QPoint(0, 0));
@@ -120,13 +123,13 @@ TEST(BureaubladTest, InternetIconOnlyForAnOwnerWithInternet) {
     w.klas(1, "Met", "13", "1", "Ja");
 
     w.b().Openen(0, "12");
-    EXPECT_EQ(w.b().iconen.size(), 1);
+    EXPECT_EQ(w.b().zichtbareIconen.size(), 1);
     EXPECT_EQ(w.b().Iconen(1, FrmBureaublad::KolomSleutel), "");
     // One item: no invitation in the sub-header.
     EXPECT_EQ(w.b().subKop, "");
 
     w.b().Openen(0, "13");
-    ASSERT_EQ(w.b().iconen.size(), 2);
+    ASSERT_EQ(w.b().zichtbareIconen.size(), 2);
     EXPECT_EQ(w.b().Iconen(1, FrmBureaublad::KolomSleutel), w.p.modTaal.LaadTekst(745));
     EXPECT_EQ(w.plek(1), QPoint(920, 248));
     const auto* internet = w.icoon(1);
@@ -159,7 +162,7 @@ TEST(BureaubladTest, IconReferencesThatCannotBeDrawnShowTheBlankPicture) {
     w.klas(0, "Groep 1", "12", ids(1, 6) + "|99", "Nee");
     w.b().Openen(0, "12");
 
-    ASSERT_EQ(w.b().iconen.size(), 7);
+    ASSERT_EQ(w.b().zichtbareIconen.size(), 7);
     EXPECT_NE(w.icoon(0)->plaatje, geen);
     EXPECT_FALSE(w.icoon(0)->plaatje.isNull());
     for (int rij = 1; rij <= 5; ++rij) {
@@ -184,7 +187,7 @@ TEST(BureaubladTest, AnOwnIconIsCopiedToTheShortcutThatStarts) {
     w.klas(0, "Groep 1", "12", "a8", "Nee");
     w.b().Openen(0, "12");
     EXPECT_TRUE(QFile::exists(w.pad("Afbeeldingen/Pictogrammen/Applicaties/Algemeen/8.pic.lnk")));
-    ASSERT_EQ(w.b().iconen.size(), 1);
+    ASSERT_EQ(w.b().zichtbareIconen.size(), 1);
     EXPECT_NE(w.icoon(0)->plaatje, FrmBureaubladBeelden::Geen());
 }
 
@@ -199,7 +202,7 @@ TEST(BureaubladTest, AnOwnShortcutThatIsADesktopEntryShowsTheEntrysIcon) {
     w.applicatie(0, 0, "9", "Rood", "eigen");
     w.klas(0, "Groep 1", "12", "9", "Nee");
     w.b().Openen(0, "12");
-    ASSERT_EQ(w.b().iconen.size(), 1);
+    ASSERT_EQ(w.b().zichtbareIconen.size(), 1);
     const QImage beeld = w.icoon(0)->plaatje;
     ASSERT_EQ(beeld.size(), QSize(32, 32));
     EXPECT_EQ(QColor(beeld.pixel(16, 16)).red(), 220);
@@ -337,7 +340,7 @@ TEST(BureaubladAanmeldenTest, TheListNamesEveryTeacherOrSaysThereAreNone) {
     EXPECT_EQ(w.b().cmbAanmelden, (QStringList{"Vries, Jan de", "Jansen, Petra"}));
     EXPECT_EQ(w.b().cmbAanmeldenIndex, 0);
     EXPECT_FALSE(w.b().imgAanmelden.isNull());
-    EXPECT_TRUE(w.b().iconen.isEmpty());
+    EXPECT_TRUE(w.b().zichtbareIconen.isEmpty());
 }
 
 TEST(BureaubladAanmeldenTest, PasswordDecisions) {
@@ -379,7 +382,7 @@ TEST(BureaubladAanmeldenTest, PasswordDecisions) {
             EXPECT_EQ(w.b().Weergave, 1);
             EXPECT_EQ(w.b().Eigenaar, 1);
             EXPECT_EQ(w.b().kop, "Jan de Vries");
-            EXPECT_EQ(w.b().iconen.size(), 1);
+            EXPECT_EQ(w.b().zichtbareIconen.size(), 1);
         } else {
             QString tekst = w.p.modTaal.LaadTekst(c.melding);
             tekst.replace("%account%", "jvries");
@@ -404,15 +407,10 @@ TEST(BureaubladOnderhoudTest, WithoutTheModuleTheTeacherIsToldAndTheLogSaysWhy) 
     EXPECT_EQ(w.meldingen(), QStringList{w.p.modTaal.LaadTekst(9541)});
     EXPECT_FALSE(QDir(w.pad("Logboek")).entryList(QDir::Files).isEmpty());
 
-    int leraar = -1;
-    QList<int> klassen;
-    w.b().OpenOnderhoudsmodule = [&](int l, const QList<int>& k) {
-        leraar = l;
-        klassen = k;
-    };
+    OpnameSchermen schermen;
+    w.p.schermen = &schermen;
     w.b().Onderhoud();
-    EXPECT_EQ(leraar, 0);
-    EXPECT_EQ(klassen, (QList<int>{1, 0}));
+    EXPECT_EQ(schermen.log, QStringList{"onderhoud 0:1,0"});
     EXPECT_EQ(w.b().ballonTekst, w.p.modTaal.LaadTekst(710));
 }
 
@@ -421,13 +419,13 @@ TEST(BureaubladTest, LoggingOffLeavesNothingOpen) {
     w.klas(0, "Groep 1", "12", "", "Ja");
     w.b().Openen(0, "12");
     ASSERT_TRUE(w.p.BureaubladOpen);
-    int afgemeld = 0;
-    w.b().Afgemeld = [&] { ++afgemeld; };
+    OpnameSchermen schermen;
+    w.p.schermen = &schermen;
     w.b().Afmelden();
-    EXPECT_EQ(afgemeld, 1);
+    EXPECT_EQ(schermen.log, QStringList{"verlaten"});
     EXPECT_FALSE(w.p.BureaubladOpen);
     EXPECT_FALSE(w.b().Zichtbaar);
-    EXPECT_TRUE(w.b().iconen.isEmpty());
+    EXPECT_TRUE(w.b().zichtbareIconen.isEmpty());
     EXPECT_FALSE(w.b().tmrTaakbalk.isActive());
     // A click after log-off starts nothing.
     w.b().Form_MouseUp(1, 930, 260);
@@ -440,8 +438,11 @@ TEST(BureaubladStartschermTest, AClassClickOpensItsDesktopAndLogOffBringsTheScho
     w.applicatie(0, 0, "1", "Rekenen");
     w.klas(0, "Groep 1", "12", "1", "Nee");
     w.d().Klassen(0, 10) = "2";
-    w.p.maak(w.p.startScreen, w.p);
-    w.p.frmMain = w.p.startScreen;
+    w.p.maak(w.p.frmMain, w.p);
+    w.p.maak(w.p.startScreen, w.p, *w.p.frmMain);
+    w.p.startScreenEvents = w.p.startScreen;
+    ScreenRouter schermen(w.p);
+    w.p.schermen = &schermen;
     w.p.maak(w.p.frmTaakbalk1, w.p);
     w.p.maak(w.p.frmTaakbalk2, w.p);
     FrmTaakbalk2& balk2 = *w.p.frmTaakbalk2;
@@ -453,7 +454,6 @@ TEST(BureaubladStartschermTest, AClassClickOpensItsDesktopAndLogOffBringsTheScho
     };
     balk2.KoppelBureaublad(w.b());
     FrmMain& f = *w.p.startScreen;
-    f.OpenBureaublad = [&](int soort, const QString& id) { w.b().Openen(soort, id); };
     f.OpenGlobal(true);
     ASSERT_TRUE(w.p.frmTaakbalk1->AccountsZichtbaar);
     EXPECT_EQ(balk2Weg, 0); // nothing to unload yet
@@ -462,7 +462,7 @@ TEST(BureaubladStartschermTest, AClassClickOpensItsDesktopAndLogOffBringsTheScho
     EXPECT_FALSE(f.Zichtbaar);
     EXPECT_TRUE(w.b().Zichtbaar);
     EXPECT_EQ(w.b().kop, "Groep 1");
-    EXPECT_EQ(w.b().iconen.size(), 1);
+    EXPECT_EQ(w.b().zichtbareIconen.size(), 1);
     // The class's own theme while its desktop stands.
     EXPECT_EQ(w.p.modThema->huidigThema, "2");
     EXPECT_FALSE(w.p.frmTaakbalk1->AccountsZichtbaar);

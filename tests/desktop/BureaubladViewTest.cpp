@@ -49,7 +49,7 @@ TEST(BureaubladViewTest, IconsStandAtTheirPlacesOnTheCentredCanvas) {
 
     // Around the canvas the window is black.
     EXPECT_EQ(beeld.pixel(5, 5), qRgb(0, 0, 0));
-    ASSERT_EQ(w.b().iconen.size(), 4);
+    ASSERT_EQ(w.b().zichtbareIconen.size(), 4);
     for (int rij : {0, 2, 3}) {
         SCOPED_TRACE(rij);
         const auto* i = w.icoon(rij);

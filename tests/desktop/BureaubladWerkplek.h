@@ -52,7 +52,7 @@ struct BureaubladWerkplek : Werkplek {
         p.maak(p.modThema, p);
         p.modThema->LaadThema();
         p.maak(p.frmBureaublad, p);
-        b().Hertekenen = [this] { ++hertekend; };
+        b().onChanged = [this] { ++hertekend; };
         b().Form_Load();
     }
     FrmBureaublad& b() { return *p.frmBureaublad; }
@@ -108,7 +108,7 @@ struct BureaubladWerkplek : Werkplek {
     }
     // The drawn item of an Iconen row, or null.
     const FrmBureaublad::Icoon* icoon(int rij) {
-        for (const auto& i : b().iconen)
+        for (const auto& i : b().zichtbareIconen)
             if (i.rij == rij)
                 return &i;
         return nullptr;

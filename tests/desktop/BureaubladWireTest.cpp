@@ -52,7 +52,7 @@ struct VerbondenBureaublad {
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     }
     QPoint plek(int rij) {
-        for (const auto& i : w.p.frmBureaublad->iconen)
+        for (const auto& i : w.p.frmBureaublad->zichtbareIconen)
             if (i.rij == rij)
                 return i.beeld.topLeft();
         return {-1, -1};
@@ -87,7 +87,7 @@ TEST(BureaubladWireTest, ACutAnswerOfThePlacesLeavesTheCutItemToTheGrid) {
     v.w.p.frmBureaublad->Openen(0, "3");
     v.pomp(150);
     FrmBureaublad& b = *v.w.p.frmBureaublad;
-    ASSERT_EQ(b.iconen.size(), 3);
+    ASSERT_EQ(b.zichtbareIconen.size(), 3);
     EXPECT_EQ(b.posApplicatie.size(), qsizetype(1));
     EXPECT_EQ(v.plek(1), QPoint(285, 400));
     // What the cut left of the second place is not a place: those items take the grid.
@@ -106,7 +106,7 @@ TEST(BureaubladWireTest, AnAnswerMergedWithAKeepAliveStillOpensTheDesktop) {
     FrmBureaublad& b = *v.w.p.frmBureaublad;
     // The keep-alive became part of the last value: "400PIN" is no number, so no place.
     EXPECT_TRUE(b.posApplicatie.isEmpty());
-    EXPECT_EQ(b.iconen.size(), 3);
+    EXPECT_EQ(b.zichtbareIconen.size(), 3);
     EXPECT_EQ(v.plek(1), FrmBureaublad::RasterPlek(1));
 }
 

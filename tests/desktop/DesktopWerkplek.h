@@ -4,6 +4,7 @@
 #include "data/ModData.h"
 #include "screens/desktop/FrmBureaubladStarter.h"
 #include "screens/desktop/ModMainStarten.h"
+#include "tests/support/OpnameSchermen.h"
 #include "tests/support/Werkplek.h"
 
 #include <QStringList>
@@ -32,13 +33,9 @@ struct DesktopWerkplek : Werkplek {
         p.maak(p.modData, p);
         starter = std::make_unique<FrmBureaubladStarter>(p);
         starter->VensterHandle = [] { return quint64(77); };
-        starter->Hertekenen = [this] { ++hertekend; };
+        starter->onChanged = [this] { ++hertekend; };
         starter->Tonen = [this] { ++getoond; };
-        starter->TaakbalkTekenKnop = [this] { taakbalk << QStringLiteral("TekenKnop"); };
-        starter->TaakbalkVensterPositie = [this](int hoogte) {
-            taakbalk << QStringLiteral("VensterPositie %1").arg(hoogte);
-        };
-        starter->TaakbalkOpTop = [this] { taakbalk << QStringLiteral("OpTop"); };
+        starter->taakbalk = &balk;
     }
     FrmBureaubladStarter& s() { return *starter; }
     ModMainStarten& starten() { return *p.modMainStarten; }
@@ -61,7 +58,8 @@ struct DesktopWerkplek : Werkplek {
     std::unique_ptr<FrmBureaubladStarter> starter;
     int hertekend = 0;
     int getoond = 0;
-    QStringList taakbalk;
+    OpnameTaakbalk balk;
+    QStringList& taakbalk = balk.log;
 };
 
 } // namespace tk::test

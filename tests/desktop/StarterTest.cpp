@@ -128,9 +128,6 @@ TEST(StartApplicatieTest, AProgramThatDemandsAModeRunsInItAndTheDesktopComesBack
         return beeld;
     };
     auto& processen = w.platform.fakeProcesses();
-    w.s().TaakbalkZichtbaar = [&](bool zichtbaar) {
-        w.taakbalk << QStringLiteral("Zichtbaar %1").arg(zichtbaar);
-    };
     w.s().StartApplicatie("/bin/sh", "", "", "800x600x16xJA", "Rekenen");
 
     // The overlay: the captured screen, the text, and the button centred on the new screen.
@@ -396,7 +393,8 @@ TEST(StartApplicatieTest, AnIconWhoseProgramIsMissingIsCountedSaidAndReported) {
 
 TEST(StartApplicatieTest, ThisProgramItselfIsNotStartedAgain) {
     DesktopWerkplek w;
-    const QString zelf = QCoreApplication::applicationFilePath();
+    const QString zelf = w.platform.programFile();
+    w.schrijf(QStringLiteral("tafelkrater"), "#!/bin/sh\n");
     for (const QString& opdracht : {zelf, zelf + ".exe"}) {
         w.dialogen.gesteld.clear();
         w.applicatie(2, 0, "5", "Tafelkrater", opdracht);

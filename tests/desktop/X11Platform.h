@@ -24,6 +24,7 @@ public:
     Windows& windows() override { return m_windows; }
     Display& display() override { return m_display; }
     QString programFolder() const override { return m_fake.programFolder(); }
+    QString programFile() const override { return m_fake.programFile(); }
 
     LinuxProcesses& linuxProcesses() { return m_processes; }
     LinuxWindows& linuxWindows() { return m_windows; }

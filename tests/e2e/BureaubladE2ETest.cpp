@@ -72,9 +72,9 @@ TEST_F(BureaubladE2ETest, TheDesktopOfADemoClassStandsWhereTheServerKeepsItsPlac
     EXPECT_EQ(b.kop, QStringLiteral("Groep 5"));
     ASSERT_EQ(b.posApplicatie.size(), 1);
     // Every item and the internet icon of this class stand on the desktop.
-    EXPECT_EQ(b.iconen.size(), items.size() + 1);
+    EXPECT_EQ(b.zichtbareIconen.size(), items.size() + 1);
     auto plek = [&](int r) {
-        for (const auto& i : b.iconen)
+        for (const auto& i : b.zichtbareIconen)
             if (i.rij == r)
                 return i.beeld.topLeft();
         return QPoint(-1, -1);
@@ -113,7 +113,7 @@ TEST_F(BureaubladE2ETest, ATeacherLogsInOnTheDesktopAndTheServerKnowsWhere) {
     b.knopAanmelden_Click();
     ASSERT_EQ(b.Weergave, 1);
     EXPECT_EQ(b.kop, QStringLiteral("Jan de Vries"));
-    EXPECT_FALSE(b.iconen.isEmpty());
+    EXPECT_FALSE(b.zichtbareIconen.isEmpty());
     const QString id = d.Leraren(b.Eigenaar, 5);
     EXPECT_TRUE(server.wachtOpUitvoer(
         QStringLiteral("at location LERAAR|") + id + QStringLiteral("|bureaublad"), 10000))

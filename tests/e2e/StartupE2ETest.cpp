@@ -1,6 +1,6 @@
 // The client's start-up against the real server with its demo school.
 #include "archive/UcArchief.h"
-#include "core/OpstartStappen.h"
+#include "core/UnbuiltStartSteps.h"
 #include "link/FrmMainLink.h"
 #include "link/ModMainVerbinding.h"
 #include "tests/e2e/ServerProces.h"
@@ -19,9 +19,9 @@ using tk::test::Werkstation;
 
 namespace {
 
-class Stappen : public OpstartStappen {
+class Stappen : public UnbuiltStartSteps {
 public:
-    explicit Stappen(Programma& p) : p(p) {}
+    explicit Stappen(Programma& p) : UnbuiltStartSteps(p) {}
     void Laden() override {
         // The language is the first thing the load asks of the server.
         p.modMain.LaadTaal();
@@ -29,7 +29,6 @@ public:
     }
     void OpenGlobal(bool) override { geopend = QStringLiteral("GLOBAL"); }
     void OpenOnderhoud() override { geopend = QStringLiteral("ONDERHOUD"); }
-    Programma& p;
     bool geladen = false;
     QString geopend;
 };

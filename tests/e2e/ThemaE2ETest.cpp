@@ -3,6 +3,7 @@
 #include "link/ModMainVerbinding.h"
 #include "tests/e2e/ServerProces.h"
 #include "tests/e2e/Werkstation.h"
+#include "tests/support/OpnameSchermen.h"
 #include "tests/support/Werkplek.h"
 #include "theme/ModDataPictogrammen.h"
 #include "theme/ModDataThemas.h"
@@ -13,6 +14,7 @@
 #include <gtest/gtest.h>
 
 using namespace tk;
+using tk::test::OpnameStartscherm;
 using tk::test::ServerProces;
 using tk::test::Werkplek;
 using tk::test::Werkstation;
@@ -24,8 +26,16 @@ TEST(ThemaE2ETest, ANewWorkstationFetchesTheSchoolsThemeAndUnpacksIt) {
     Werkplek& w = ws.w;
     ASSERT_TRUE(ws.verbind());
 
+    // The start screen's loading bar goes to its place and follows the package as it comes.
+    OpnameStartscherm startscherm;
+    w.p.startScreenEvents = &startscherm;
     ModDataThemas themas(w.p);
-    themas.LaadThemas(false);
+    themas.LaadThemas(true);
+    ASSERT_GE(startscherm.log.size(), 2);
+    EXPECT_EQ(startscherm.log.first(), QStringLiteral("LaadLaadbalkLaden"));
+    const QStringList laatste = startscherm.log.last().mid(10).split(QLatin1Char('/'));
+    EXPECT_TRUE(startscherm.log.last().startsWith(QStringLiteral("ontvangst ")));
+    EXPECT_EQ(laatste.value(0), laatste.value(1)); // the whole package arrived
 
     const QString register_ = QStringLiteral("\\Data\\Thema.ini");
     EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Aantal"), register_),
@@ -67,8 +77,13 @@ TEST(ThemaE2ETest, ANewMachineFetchesTheIconsOfEveryKindThatTheServerHas) {
     ASSERT_TRUE(ws.stuurIcoon(QStringLiteral("l"), QStringLiteral("1"), "leraar-icoon"));
     QDir(w.pad(QStringLiteral("Tijdelijk"))).removeRecursively();
 
+    OpnameStartscherm startscherm;
+    w.p.startScreenEvents = &startscherm;
     ModDataPictogrammen store(w.p);
     ASSERT_TRUE(store.LaadPictogrammen()) << server.uitvoer().toStdString();
+    ASSERT_GE(startscherm.log.size(), 2);
+    EXPECT_EQ(startscherm.log.first(), QStringLiteral("LaadLaadbalkUpdate"));
+    EXPECT_TRUE(startscherm.log.last().startsWith(QStringLiteral("ontvangst ")));
     struct Verwacht {
         const char* map;
         const char* inhoud;

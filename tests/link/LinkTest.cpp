@@ -1,6 +1,7 @@
 #include "link/FrmMainLink.h"
 #include "link/ModMainVerbinding.h"
 #include "link/Woordenlijst.h"
+#include "tests/support/OpnameSchermen.h"
 #include "tests/support/ScriptedPeer.h"
 #include "tests/support/Werkplek.h"
 
@@ -13,6 +14,7 @@
 #include <gtest/gtest.h>
 
 using namespace tk;
+using tk::test::OpnameStartscherm;
 using tk::test::ScriptedPeer;
 using tk::test::Werkplek;
 using Levering = ScriptedPeer::Levering;
@@ -275,11 +277,11 @@ TEST(LinkTest, LossOfTheLinkOnAManagementWorkstationReturnsToTheStartScreen) {
     ASSERT_TRUE(v.verbind());
     v.w.p.modMain.ModusNetwerk = false;
     v.w.p.modMain.ModusBeheer = true;
-    int getoond = 0;
-    v.w.p.frmMain->HoofdvensterTonen = [&] { ++getoond; };
+    OpnameStartscherm startscherm;
+    v.w.p.startScreenEvents = &startscherm;
     peer.sluit();
-    v.pompTot([&] { return getoond > 0; });
-    EXPECT_EQ(getoond, 1);
+    v.pompTot([&] { return !startscherm.log.isEmpty(); });
+    EXPECT_EQ(startscherm.log, QStringList{QStringLiteral("hoofdvenster")});
     EXPECT_FALSE(v.w.p.beeindigd);
     EXPECT_FALSE(v.w.p.frmMain->Offline);
 }
@@ -344,14 +346,14 @@ TEST(LinkTest, StandaloneTriesThreeTimesWhileTheServerIsLoading) {
     v.w.platform.registry().write(
         RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
         QStringLiteral("Status server"), RegistryValue::string(QStringLiteral("0")));
-    int hertekend = 0;
-    v.w.p.frmMain->TaakbalkHertekenen = [&] { ++hertekend; };
+    OpnameStartscherm startscherm;
+    v.w.p.startScreenEvents = &startscherm;
     v.w.p.frmMain->ServerPoort = dichtePoort;
     v.w.p.frmMain->ServerHost = QStringLiteral("127.0.0.1");
     const qint64 voor = v.w.platform.fakeClock().msecsSinceStart();
     EXPECT_FALSE(v.w.p.frmMain->ServerVerbinden(true));
     EXPECT_GE(v.w.platform.fakeClock().msecsSinceStart() - voor, 3 * 9000);
-    EXPECT_EQ(hertekend, 1);
+    EXPECT_EQ(startscherm.log.count(QStringLiteral("taakbalk")), 1);
     EXPECT_EQ(v.w.p.frmMain->lblLaden, v.w.p.modTaal.LaadTekst(2930).toUpper());
 }
 
@@ -395,9 +397,13 @@ TEST(LocatieTest, TheLocationTextOfReportsFollowsTheFirstField) {
     Werkplek w;
     w.p.maak(w.p.frmMain, w.p);
     w.p.maak(w.p.modMainVerbinding, w.p);
-    w.p.modMainVerbinding->NaamVan = [](const QString& soort, const QString& id) {
-        return soort == u"GROEP" ? QStringLiteral("Groep ") + id : QStringLiteral("Jansen, Piet");
-    };
+    struct Namen : NameLookup {
+        QString naamVan(const QString& soort, const QString& id) const override {
+            return soort == u"GROEP" ? QStringLiteral("Groep ") + id
+                                     : QStringLiteral("Jansen, Piet");
+        }
+    } namen;
+    w.p.modMainVerbinding->namen = &namen;
     auto tekst = [&](int id) { return w.p.modTaal.LaadTekst(id); };
     struct Case {
         const char* plaats;
@@ -429,8 +435,13 @@ TEST(StartServerTest, StartsTheProgramTheStoreNamesOrSaysThereIsNone) {
     Werkplek w;
     w.p.maak(w.p.frmMain, w.p);
     w.p.maak(w.p.modMainVerbinding, w.p);
-    int gedeactiveerd = 0;
-    w.p.modMainVerbinding->TafelkraterDeactiveren = [&] { ++gedeactiveerd; };
+    struct Stappen : UnbuiltStartSteps {
+        using UnbuiltStartSteps::UnbuiltStartSteps;
+        void TafelkraterDeactiveren() override { ++gedeactiveerd; }
+        int gedeactiveerd = 0;
+    } stappen(w.p);
+    w.p.opstartStappen = &stappen;
+    int& gedeactiveerd = stappen.gedeactiveerd;
     w.p.modMainVerbinding->StartServer(false);
     EXPECT_EQ(gedeactiveerd, 1);
     ASSERT_EQ(w.dialogen.gesteld.size(), 1);

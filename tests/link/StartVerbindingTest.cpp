@@ -1,4 +1,4 @@
-#include "core/OpstartStappen.h"
+#include "core/UnbuiltStartSteps.h"
 #include "link/FrmMainLink.h"
 #include "link/FrmNetwerk.h"
 #include "link/ModInternet.h"
@@ -15,8 +15,9 @@ using Levering = ScriptedPeer::Levering;
 
 namespace {
 
-class OpnameStappen : public OpstartStappen {
+class OpnameStappen : public UnbuiltStartSteps {
 public:
+    using UnbuiltStartSteps::UnbuiltStartSteps;
     void ControleerChangelog() override { log << QStringLiteral("ControleerChangelog"); }
     void Laden() override { log << QStringLiteral("Laden"); }
     void ControleerLerarenRechten() override { log << QStringLiteral("ControleerLerarenRechten"); }
@@ -56,7 +57,7 @@ struct Client {
         return l;
     }
     Werkplek w;
-    OpnameStappen stappen;
+    OpnameStappen stappen{w.p};
 };
 
 ScriptedPeer& begroeting(ScriptedPeer& peer) {

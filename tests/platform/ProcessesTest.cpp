@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <QThread>
 #include <gtest/gtest.h>
+#include <memory>
 
 #include <unistd.h>
 
@@ -105,3 +106,14 @@ TEST(LinuxProcessesTest, TwoStartsAreFollowedApart) {
 }
 
 } // namespace
+
+TEST(LinuxProcessesTest, OneClientHoldsTheProgramFolderUntilItEnds) {
+    QTemporaryDir map;
+    auto eerste = std::make_unique<LinuxProcesses>();
+    LinuxProcesses tweede;
+    EXPECT_TRUE(eerste->claimSingleInstance(map.path()));
+    EXPECT_TRUE(eerste->claimSingleInstance(map.path())); // asking again keeps it
+    EXPECT_FALSE(tweede.claimSingleInstance(map.path()));
+    eerste.reset();
+    EXPECT_TRUE(tweede.claimSingleInstance(map.path()));
+}

@@ -4,6 +4,7 @@
 #include "screens/start/FrmMain.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
+#include "tests/support/OpnameSchermen.h"
 #include "tests/support/Werkplek.h"
 #include "theme/ModThema.h"
 
@@ -23,11 +24,11 @@ struct ScreenWerkplek : Werkplek {
         p.maak(p.modData, p);
         p.maak(p.modThema, p);
         p.modThema->LaadThema();
-        p.maak(p.startScreen, p);
-        p.frmMain = p.startScreen;
+        p.maak(p.frmMain, p);
+        p.maak(p.startScreen, p, *p.frmMain);
+        p.startScreenEvents = p.startScreen;
         p.maak(p.frmTaakbalk1, p);
         p.maak(p.modMainAfsluiten, p);
-        f().Melding = [this](const QString& m) { meldingen << m; };
     }
     FrmMain& f() { return *p.startScreen; }
     FrmTaakbalk1& balk() { return *p.frmTaakbalk1; }
@@ -46,7 +47,6 @@ struct ScreenWerkplek : Werkplek {
         k(rij, 6) = QString::number(100 + rij);
         k(rij, 11) = plek;
     }
-    QStringList meldingen;
 };
 
 } // namespace tk::test

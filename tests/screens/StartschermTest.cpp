@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 using namespace tk;
+using tk::test::OpnameSchermen;
 using tk::test::ScreenWerkplek;
 
 TEST(StartschermTest, TwentyOneClassesFillTheDefaultGridRowsOfEightFourFourFive) {
@@ -107,7 +108,7 @@ TEST(StartschermTest, PasswordPanelDecidesByTheLocalisedUserLabel) {
         EXPECT_TRUE(w.f().wachtwoordBallon.isEmpty());
         EXPECT_FALSE(w.f().picAanmeldenZichtbaar);
         EXPECT_EQ(w.p.modTaal.LaadTekst(708), w.f().ballonTekst);
-        ASSERT_EQ(1, w.meldingen.size());
+        ASSERT_EQ(1, w.f().meldingen.size());
     }
 }
 
@@ -136,19 +137,18 @@ TEST(StartschermTest, ClassWithoutRightsStaysOnTheClassScreenInNetworkMode) {
     ASSERT_EQ(1, w.dialogen.gesteld.size());
     EXPECT_TRUE(w.dialogen.gesteld[0].tekst.contains("acc0"));
     EXPECT_TRUE(w.f().knop(0)->Visible);
-    EXPECT_TRUE(w.meldingen.isEmpty());
+    EXPECT_TRUE(w.f().meldingen.isEmpty());
 }
 
 TEST(StartschermTest, ClassClickHidesTheButtonsAndOpensTheDesktopOfTheClass) {
     ScreenWerkplek w;
     w.klas(0, "Groep 1", "1");
     w.klas(1, "Groep 2", "2");
-    QStringList geopend;
-    w.f().OpenBureaublad = [&](int soort, const QString& id) {
-        geopend << QString("%1:%2").arg(soort).arg(id);
-    };
+    OpnameSchermen schermen;
+    w.p.schermen = &schermen;
+    QStringList& geopend = schermen.log;
     w.f().OpenGroep("101");
-    EXPECT_EQ(QStringList{"0:101"}, geopend);
+    EXPECT_EQ(QStringList{"bureaublad 0:101"}, geopend);
     EXPECT_FALSE(w.f().knop(0)->Visible);
     EXPECT_FALSE(w.f().Zichtbaar);
     w.f().OpenGroep("999"); // no such class: nothing opens
@@ -173,11 +173,45 @@ TEST(StartschermTest, LoadingBarBlocksAndText) {
     EXPECT_EQ(40, f.laadBlokken.size());
 }
 
+TEST(StartschermTest, AFetchShowsItsProgressOnTheLoadingBarWithWhatItFetches) {
+    ScreenWerkplek w;
+    FrmMain& f = w.f();
+    f.LadenX = 100;
+    f.LadenY = 200;
+    f.UpdateX = 300;
+    f.UpdateY = 400;
+    f.LaadLaadbalkLaden();
+    EXPECT_EQ(f.picLaden.topLeft(), QPoint(100, 200));
+    f.LaadLaadbalkUpdate();
+    EXPECT_EQ(f.picLaden.topLeft(), QPoint(300, 400));
+    struct Case {
+        bool thema, pictogrammen;
+        qint64 ontvangen, totaal;
+        int tekst, blokken;
+    };
+    const Case cases[] = {
+        {true, false, 0, 1000, 1620, 1},
+        {true, false, 500, 1000, 1620, 20},
+        {false, true, 3000000000LL, 3000000000LL, 1621, 40}, // past 2 GB: still whole
+        {false, false, 10, 0, 1609, 1},                      // no size told: an empty bar
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.tekst);
+        f.link.picLadenZichtbaar = false;
+        f.link.ThemaLaden = c.thema;
+        f.link.PictogrammenLaden = c.pictogrammen;
+        f.ontvangstVoortgang(c.ontvangen, c.totaal);
+        EXPECT_TRUE(f.link.picLadenZichtbaar);
+        EXPECT_EQ(f.laadTekst, w.p.modTaal.LaadTekst(c.tekst));
+        EXPECT_EQ(f.laadBlokken.size(), c.blokken);
+    }
+}
+
 TEST(StartschermTest, BouncingBlockGoesUpToTheEndAndBack) {
     ScreenWerkplek w;
     FrmMain& f = w.f();
-    f.picLadenZichtbaar = true;
-    f.tmrLadenAan = true;
+    f.link.picLadenZichtbaar = true;
+    f.link.tmrLadenAan = true;
     int grootste = 0;
     bool terug = false;
     for (int i = 0; i < 250; ++i) {

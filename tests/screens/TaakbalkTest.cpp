@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 using namespace tk;
+using tk::test::OpnameSchermen;
 using tk::test::ScreenWerkplek;
 
 TEST(TaakbalkTest, ButtonsPerState) {
@@ -132,10 +133,8 @@ TEST(TaakbalkTest, LogOnAsAClassOutsideNetworkModeOpensItsDesktop) {
     ScreenWerkplek w;
     w.p.modMain.ModusStandalone = true;
     w.klas(0, "Groep 1", "1");
-    QStringList geopend;
-    w.f().OpenBureaublad = [&](int soort, const QString& id) {
-        geopend << QString("%1:%2").arg(soort).arg(id);
-    };
+    OpnameSchermen schermen;
+    w.p.schermen = &schermen;
     FrmUitschakelen& u = w.p.modMainAfsluiten->frmUitschakelen;
     w.dialogen.opModaal = [&](Form&) {
         u.optAntwoord = 5;
@@ -144,6 +143,6 @@ TEST(TaakbalkTest, LogOnAsAClassOutsideNetworkModeOpensItsDesktop) {
     };
     w.p.modMainAfsluiten->VerwerkAfsluitkeuze();
     EXPECT_EQ("aanmelden|Classes|Groep 1|100", u.Antwoord);
-    EXPECT_EQ(QStringList{"0:100"}, geopend);
+    EXPECT_EQ(QStringList{"bureaublad 0:100"}, schermen.log);
     EXPECT_FALSE(w.p.beeindigd);
 }

@@ -292,7 +292,7 @@ TEST(Taakbalk2Test, LoggingOffAsksWhileProgramsAreOpen) {
 TEST(Taakbalk2Test, ScreensThisWorkstationLacksAreNamedNotSilentlyIgnored) {
     TaakbalkWerkplek w;
     w.p.modTaal.Taal = 1033;
-    w.balk().OpenElders = nullptr;
+    w.p.schermen = nullptr;
     w.balk().KnopActie("help");
     w.balk().KnopActie("bureaubladpictogrammen_onderhoud");
     ASSERT_EQ(2, w.dialogen.gesteld.size());

@@ -78,12 +78,12 @@ TEST(TaakbalkBureaubladTest, ADisplayChangeOfTheLauncherMovesTheStrip) {
     w.b().Openen(0, "100");
     w.platform.fakeWindows().log.clear();
     // Without a window system's word on the screen, the height the launcher set.
-    w.b().TaakbalkVensterPositie(480);
+    w.b().taakbalk->plaatsVoorScherm(480);
     EXPECT_EQ(QRect(0, 440, FrmTaakbalk2::Breedte, 40), w.balk().Plek);
     EXPECT_TRUE(w.platform.fakeWindows().log.contains("workarea 0,0 1024x440 on 5"));
     // With it, the screen as it really is.
     w.balk().SchermGrootte = [] { return QSize(1280, 1024); };
-    w.b().TaakbalkVensterPositie(768);
+    w.b().taakbalk->plaatsVoorScherm(768);
     EXPECT_EQ(QRect(0, 984, 1280, 40), w.balk().Plek);
 }
 
@@ -94,7 +94,7 @@ TEST(TaakbalkBureaubladTest, AProgramThatDemandsAHiddenTaskbarHasTheWholeScreenW
     w.b().Openen(0, "100");
     w.platform.fakeWindows().log.clear();
     // The launcher started such a program.
-    w.b().TaakbalkZichtbaar(false);
+    w.b().taakbalk->strookTonen(false);
     EXPECT_TRUE(w.balk().Weggestopt);
     EXPECT_EQ(QList<bool>{false}, zichtbaar);
     EXPECT_EQ((QStringList{"ontop 5 0", "workarea 0,0 1024x768 on 5"}),
@@ -106,7 +106,7 @@ TEST(TaakbalkBureaubladTest, AProgramThatDemandsAHiddenTaskbarHasTheWholeScreenW
 
     // The program ended: the bar is back in its place, on top, with its strip.
     w.platform.fakeWindows().log.clear();
-    w.b().TaakbalkZichtbaar(true);
+    w.b().taakbalk->strookTonen(true);
     EXPECT_FALSE(w.balk().Weggestopt);
     EXPECT_EQ((QList<bool>{false, true}), zichtbaar);
     EXPECT_EQ((QStringList{"ontop 5 1", "workarea 0,0 1024x728 on 5"}),
@@ -126,7 +126,7 @@ TEST(TaakbalkBureaubladTest, ATeacherWhoLogsInOnTheDesktopBringsTheBarsLookOfThe
     w.b().Openen(0, "100");
     EXPECT_EQ(QColor(41, 90, 143), w.balk().achtergrondKleur);
     int hertekend = 0;
-    w.balk().Hertekenen = [&] { ++hertekend; };
+    w.balk().onChanged = [&] { ++hertekend; };
     w.b().Aanmelden(0);
     EXPECT_EQ(QColor(200, 10, 10), w.balk().achtergrondKleur);
     EXPECT_GT(hertekend, 0);

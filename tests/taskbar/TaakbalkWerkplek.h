@@ -1,6 +1,7 @@
 #pragma once
 
 #include "screens/taskbar/FrmTaakbalk2.h"
+#include "tests/support/OpnameSchermen.h"
 #include "tests/support/Werkplek.h"
 #include "theme/ModThema.h"
 
@@ -22,12 +23,15 @@ struct TaakbalkWerkplek : Werkplek {
         p.maak(p.frmTaakbalk2, p);
         p.BureaubladOpen = true;
         balk().VensterHandle = [] { return quint64(5); };
-        balk().Hertekenen = [this] { ++hertekend; };
-        balk().InternetWeergeven = [this] { acties << "InternetWeergeven"; };
-        balk().BureaubladWeergeven = [this] { acties << "BureaubladWeergeven"; };
-        balk().Afmelden = [this] { acties << "Afmelden"; };
-        balk().Onderhoud = [this] { acties << "Onderhoud"; };
-        balk().OpenElders = [this](const QString& woord) { acties << "open " + woord; };
+        balk().onChanged = [this] { ++hertekend; };
+        p.schermen = &schermen;
+        const auto noteer = [this](const char* actie) {
+            return [this, actie] { acties << QString::fromLatin1(actie); };
+        };
+        QObject::connect(&balk(), &FrmTaakbalk2::internetGevraagd, noteer("InternetWeergeven"));
+        QObject::connect(&balk(), &FrmTaakbalk2::bureaubladGevraagd, noteer("BureaubladWeergeven"));
+        QObject::connect(&balk(), &FrmTaakbalk2::afmeldenGevraagd, noteer("Afmelden"));
+        QObject::connect(&balk(), &FrmTaakbalk2::onderhoudGevraagd, noteer("Onderhoud"));
         balk().Form_Load();
         balk().tmrTaken.stop(); // a test ticks by hand
         balk().tmrMuis.stop();
@@ -79,7 +83,8 @@ struct TaakbalkWerkplek : Werkplek {
     }
 
     int hertekend = 0;
-    QStringList acties;
+    OpnameSchermen schermen;
+    QStringList& acties = schermen.log;
 };
 
 } // namespace tk::test

@@ -129,7 +129,7 @@ TEST_F(ThemaTest, WaitBarColoursHangOnThemeEight) {
         {"8", "1,2", blauw},       {"3", "1,2,3,4", groen},         {"8", "", blauw},
         {"8", "5,6,7", {5, 6, 7}}, {"3", "300, 0 ,9", {255, 0, 9}},
     };
-    EXPECT_EQ(15832176u, blauw.vb());
+    EXPECT_EQ(15832176u, blauw.packed());
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.id) + " " + (c.waarde ? c.waarde : "(absent)"));
         QByteArray ini = "[Kleuren]\r\n";

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "ClientScreenRouter.h"
+#include "ClientStartSteps.h"
+#include "GuiDialogs.h"
+
+#include <QStringList>
+#include <memory>
+
+namespace tk {
+
+class FrmAanmeldenView;
+class FrmAfmeldenView;
+class FrmWachtenView;
+class Programma;
+
+// The client's composition root: makes every module and form of the client in Programma, with
+// the views of the windows any screen may open, and hands every interface a lower layer asks of
+// a higher one to its implementation, all in this one place. unwired() names what is still
+// missing; the client refuses to start while it names anything.
+class ClientAssembly {
+public:
+    explicit ClientAssembly(Programma& p);
+    ~ClientAssembly();
+    ClientAssembly(const ClientAssembly&) = delete;
+    ClientAssembly& operator=(const ClientAssembly&) = delete;
+
+    QStringList unwired() const;
+    ClientStartSteps& stappen() { return m_stappen; }
+
+private:
+    Programma& p;
+    GuiDialogs m_dialogen;
+    ClientStartSteps m_stappen;
+    ClientScreenRouter m_schermen;
+    std::unique_ptr<FrmWachtenView> m_wachten;
+    std::unique_ptr<FrmAanmeldenView> m_aanmelden;
+    std::unique_ptr<FrmAfmeldenView> m_afmelden;
+};
+
+} // namespace tk

@@ -1,0 +1,61 @@
+#include "ClientScreenRouter.h"
+
+#include "ClientStartSteps.h"
+#include "core/Programma.h"
+#include "screens/desktop/FrmBureaublad.h"
+#include "screens/desktop/FrmBureaubladView.h"
+#include "screens/start/FrmAanmelden.h"
+#include "screens/taskbar/FrmTaakbalk2.h"
+#include "screens/taskbar/FrmTaakbalk2View.h"
+
+#include <QCoreApplication>
+
+namespace tk {
+
+ClientScreenRouter::ClientScreenRouter(Programma& p, ClientStartSteps& startscherm)
+    : ScreenRouter(p), m_startscherm(startscherm) {}
+
+ClientScreenRouter::~ClientScreenRouter() = default;
+
+void ClientScreenRouter::maakVensters() {
+    if (m_view)
+        return;
+    if (!p.frmBureaublad)
+        p.maak(p.frmBureaublad, p);
+    if (!p.frmTaakbalk2)
+        p.maak(p.frmTaakbalk2, p);
+    FrmBureaublad& b = *p.frmBureaublad;
+    FrmTaakbalk2& balk = *p.frmTaakbalk2;
+    m_view = std::make_unique<FrmBureaubladView>(b);
+    m_balk = std::make_unique<FrmTaakbalk2View>(balk);
+    // The bar follows the desktop and its launcher; its buttons reach the desktop.
+    balk.KoppelBureaublad(b);
+}
+
+void ClientScreenRouter::openBureaublad(int soort, const QString& id) {
+    // The logging-in window stands while the desktop loads.
+    if (p.frmAanmelden) {
+        p.frmAanmelden->Openen();
+        QCoreApplication::processEvents();
+    }
+    maakVensters();
+    ScreenRouter::openBureaublad(soort, id);
+    m_view->openen();
+    m_startscherm.verbergHoofdvenster();
+    m_balk->openen();
+    if (p.frmAanmelden)
+        p.frmAanmelden->Sluiten();
+    // The password box of the teachers' panel takes the keys at once.
+    m_view->openen();
+}
+
+void ClientScreenRouter::bureaubladVerlaten() {
+    ScreenRouter::bureaubladVerlaten();
+    if (m_balk)
+        m_balk->sluiten();
+    if (m_view)
+        m_view->hide();
+    m_startscherm.toonHoofdvenster();
+}
+
+} // namespace tk

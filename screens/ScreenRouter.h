@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/ScreenSwitches.h"
+
+namespace tk {
+
+class Programma;
+
+// The ways between the screens as the models take them: a class or teacher opens the desktop,
+// and a desktop that logs off gives the school's theme and the start screen back. The maintenance
+// module and the browser are not on this workstation yet: they answer false, and the screen that
+// asked says so. The client's composition root adds the windows to these ways.
+class ScreenRouter : public ScreenSwitches {
+public:
+    explicit ScreenRouter(Programma& p);
+
+    void openBureaublad(int soort, const QString& id) override;
+    void bureaubladVerlaten() override;
+    bool openOnderhoudsmodule(int leraar, const QList<int>& klassen) override;
+    bool ControleerAanwezigOnderhoudsmodule(bool stil) override;
+    bool openInternet() override;
+    bool openElders(const QString& woord) override;
+
+protected:
+    Programma& p;
+};
+
+} // namespace tk
