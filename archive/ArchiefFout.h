@@ -12,7 +12,7 @@ namespace tk {
 class ArchiefFout : public Fout {
 public:
     ArchiefFout(const QString& methode, const QString& oorzaak,
-                std::source_location plek = std::source_location::current())
+                SourceLocation plek = SourceLocation::current())
         : Fout(QStringLiteral("ucArchief component failure\r\n") + bronVan(methode) +
                    QStringLiteral(": ") + oorzaak,
                plek),

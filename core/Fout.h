@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/SourceLocation.h"
 #include <QString>
 #include <exception>
-#include <source_location>
 
 namespace tk {
 
@@ -10,7 +10,7 @@ namespace tk {
 // procedure and caught by its guard (Procedure.h), never across one.
 class Fout : public std::exception {
 public:
-    explicit Fout(QString omschrijving, std::source_location plek = std::source_location::current())
+    explicit Fout(QString omschrijving, SourceLocation plek = SourceLocation::current())
         : m_omschrijving(std::move(omschrijving)), m_lijn(int(plek.line())) {}
 
     const QString& omschrijving() const { return m_omschrijving; }
@@ -25,7 +25,7 @@ private:
 // The checked form of a table index: a fault that the caller's guard reports, with the caller's
 // line, instead of a read past the end.
 inline void controleerIndex(qsizetype index, qsizetype grootte,
-                            std::source_location plek = std::source_location::current()) {
+                            SourceLocation plek = SourceLocation::current()) {
     if (index < 0 || index >= grootte)
         throw Fout(QStringLiteral("Subscript out of range (%1 of %2)").arg(index).arg(grootte),
                    plek);

@@ -2,10 +2,10 @@
 
 #include "core/Fout.h"
 
+#include "core/SourceLocation.h"
 #include <QList>
 #include <QString>
 #include <QStringList>
-#include <source_location>
 
 namespace tk {
 
@@ -20,17 +20,16 @@ public:
     int rijen() const { return m_rijen; }
     int kolommen() const { return m_kolommen; }
 
-    QString& operator()(int rij, int kolom,
-                        std::source_location plek = std::source_location::current()) {
+    QString& operator()(int rij, int kolom, SourceLocation plek = SourceLocation::current()) {
         return m_cellen[index(rij, kolom, plek)];
     }
     const QString& operator()(int rij, int kolom,
-                              std::source_location plek = std::source_location::current()) const {
+                              SourceLocation plek = SourceLocation::current()) const {
         return m_cellen[index(rij, kolom, plek)];
     }
 
     // A row is free when its first column is empty.
-    bool vrij(int rij, std::source_location plek = std::source_location::current()) const {
+    bool vrij(int rij, SourceLocation plek = SourceLocation::current()) const {
         return (*this)(rij, 0, plek).isEmpty();
     }
     // The number of rows before the first free one.
@@ -40,7 +39,7 @@ public:
             ++n;
         return n;
     }
-    QStringList rij(int rij, std::source_location plek = std::source_location::current()) const {
+    QStringList rij(int rij, SourceLocation plek = SourceLocation::current()) const {
         controleerIndex(rij, m_rijen, plek);
         return QStringList(m_cellen.begin() + qsizetype(rij) * m_kolommen,
                            m_cellen.begin() + qsizetype(rij + 1) * m_kolommen);
@@ -50,7 +49,7 @@ public:
     bool operator==(const FixedTable& ander) const = default;
 
 private:
-    qsizetype index(int rij, int kolom, const std::source_location& plek) const {
+    qsizetype index(int rij, int kolom, const SourceLocation& plek) const {
         controleerIndex(rij, m_rijen, plek);
         controleerIndex(kolom, m_kolommen, plek);
         return qsizetype(rij) * m_kolommen + kolom;

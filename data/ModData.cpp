@@ -19,7 +19,7 @@ QString t(const char* tekst) {
 
 // A count or number of the wire as the program reads it: an empty text is 0; any other text
 // must be a whole number of the 16-bit range.
-int getal(const QString& tekst, std::source_location plek = std::source_location::current()) {
+int getal(const QString& tekst, SourceLocation plek = SourceLocation::current()) {
     const QString kaal = tekst.trimmed();
     if (kaal.isEmpty())
         return 0;
@@ -35,7 +35,7 @@ int getal(const QString& tekst, std::source_location plek = std::source_location
 
 // A record must have at least `nodig` fields before any of them is stored.
 void controleerVelden(const QStringList& velden, int nodig,
-                      std::source_location plek = std::source_location::current()) {
+                      SourceLocation plek = SourceLocation::current()) {
     if (velden.size() < nodig)
         throw Fout(QStringLiteral("Subscript out of range (record has %1 of %2 fields)")
                        .arg(velden.size())
@@ -43,7 +43,7 @@ void controleerVelden(const QStringList& velden, int nodig,
                    plek);
 }
 
-void controleerSoort(int soort, std::source_location plek = std::source_location::current()) {
+void controleerSoort(int soort, SourceLocation plek = SourceLocation::current()) {
     controleerIndex(soort, 3, plek);
 }
 
