@@ -1,0 +1,83 @@
+// The server's command handler on one message, as the command server hands it over: the
+// maintenance commands first, then the vocabulary. The store is a real SQLite store in the
+// scratch folder, filled with the demo school once; one connection per message. Input: the
+// message's bytes as one read gives them (Windows-1252).
+#include "FuzzSupport.h"
+#include "server/ArchivePackager.h"
+#include "server/BackupKeeper.h"
+#include "server/ClientConnection.h"
+#include "server/CommandHandler.h"
+#include "server/CommandServer.h"
+#include "server/DemoSchool.h"
+#include "server/MaintenanceCommands.h"
+#include "server/Store.h"
+#include "server/ThemeCatalogue.h"
+#include "server/UpdateOffer.h"
+#include "server/WireText.h"
+
+#include <QDir>
+#include <QTcpSocket>
+#include <memory>
+
+using namespace tk::server;
+namespace fuzz = tk::fuzz;
+
+namespace {
+
+struct Server {
+    Server() {
+        folder = fuzz::scratch().filePath(QStringLiteral("server"));
+        QDir().mkpath(folder);
+        QString error;
+        if (!store.open(folder, &error) || !DemoSchool::seed(store, QString(), packages, &error))
+            qFatal("store: %s", qPrintable(error));
+        options.dataFolder = folder;
+        options.port = 0;
+        // Nothing listens there: a file sent to the client fails at once.
+        options.clientDataPort = 1;
+        options.clientInfoPort = 1;
+        options.transferTimeoutMs = 100;
+        server = std::make_unique<CommandServer>(store, options);
+        handler = std::make_unique<CommandHandler>(*server, store, server->transfers(), packages);
+        catalogue = std::make_unique<ThemeCatalogue>(
+            QDir(folder).filePath(QStringLiteral("Themacatalogus")));
+        maintenance = std::make_unique<MaintenanceCommands>(
+            store, server->transfers(), packages, server->backups(), updates, *catalogue);
+    }
+    QString folder;
+    Store store;
+    ArchivePackager packages;
+    ServerOptions options;
+    UpdateOffer updates;
+    std::unique_ptr<CommandServer> server;
+    std::unique_ptr<CommandHandler> handler;
+    std::unique_ptr<ThemeCatalogue> catalogue;
+    std::unique_ptr<MaintenanceCommands> maintenance;
+};
+
+Server& server() {
+    static Server s;
+    return s;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    fuzz::startQt();
+    server();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const ClientConnection::Limits limits{0};
+    if (qint64(size) > limits.maxMessage)
+        return 0;
+    Server& s = server();
+    auto* socket = new QTcpSocket;
+    auto connection = std::make_unique<ClientConnection>(socket, 1, limits);
+    const QString message = WireText::fromBytes(fuzz::bytes(data, size));
+    if (!s.maintenance->handle(*connection, message))
+        s.handler->handle(*connection, message);
+    QCoreApplication::processEvents();
+    return 0;
+}

@@ -1,0 +1,76 @@
+// Every client-side splitter of a load answer into table rows. Input: the clear text of the
+// offline cache (an INI text of the server's answers by section and key), sealed to disk and
+// opened as a workstation without a link does; then every loader runs on it, and the favourites
+// and icon places are split as their screens do.
+#include "FuzzWorkstation.h"
+#include "core/Ansi.h"
+#include "core/Fout.h"
+#include "data/Favorieten.h"
+#include "data/ModData.h"
+
+#include <QFile>
+
+using namespace tk;
+
+namespace {
+
+fuzz::FuzzWorkstation& werkplek() {
+    static fuzz::FuzzWorkstation w;
+    return w;
+}
+
+void requireRowsFilledFromTheTop(const FixedTable& t) {
+    fuzz::require(t.gebruikt() <= t.rijen());
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    fuzz::startQt();
+    fuzz::FuzzWorkstation& w = werkplek();
+    w.p.maak(w.p.modData, w.p);
+    w.p.modMain.ModusNetwerk = true;
+    w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    fuzz::FuzzWorkstation& w = werkplek();
+    ModData& d = *w.p.modData;
+    const QString pad = w.p.modMain.Pad(QString::fromLatin1(ModData::CacheBestand));
+    {
+        QFile f(pad);
+        const QByteArray sealed = SealedCache::encipher(fuzz::bytes(data, size));
+        if (!f.open(QIODevice::WriteOnly) || f.write(sealed) != sealed.size())
+            return 0;
+    }
+    try {
+        d.cache.open(pad);
+    } catch (const Fout&) {
+        d.cache.close();
+        return 0;
+    }
+    d.LaadKlassen();
+    d.LaadLeraren();
+    for (int soort = 0; soort < 3; ++soort) {
+        d.LaadCategorien(soort);
+        d.LaadApplicaties(soort);
+        requireRowsFilledFromTheTop(d.Categorien[soort]);
+        requireRowsFilledFromTheTop(d.Applicaties[soort]);
+    }
+    d.LaadAccounts();
+    d.LaadWachtwoorden();
+    d.LaadOverigeInstellingen();
+    d.LaadModules();
+    d.LaadVerbodenWoorden();
+    d.LaadToegestaneSites();
+    (void)d.ZoekPrinterNaam(QStringLiteral("Printer"));
+    const QString favorieten =
+        d.cache.read(QStringLiteral("Favorieten"), QStringLiteral("Groep1"));
+    const Favorieten f = Favorieten::uitAntwoord(favorieten);
+    fuzz::require(f.actieve(5).size() <= 5);
+    fuzz::require(Favorieten::uitAntwoord(f.alsTekst()).Lijst.size() == f.Lijst.size());
+    fuzz::require(d.laadbalk.waarde <= d.laadbalk.maximum || !d.laadbalk.zichtbaar);
+    d.cache.close();
+    return 0;
+}
