@@ -41,8 +41,8 @@ struct Server {
         handler = std::make_unique<CommandHandler>(*server, store, server->transfers(), packages);
         catalogue = std::make_unique<ThemeCatalogue>(
             QDir(folder).filePath(QStringLiteral("Themacatalogus")));
-        maintenance = std::make_unique<MaintenanceCommands>(
-            store, server->transfers(), packages, server->backups(), updates, *catalogue);
+        maintenance = std::make_unique<MaintenanceCommands>(store, server->transfers(), packages,
+                                                            server->backups(), updates, *catalogue);
     }
     QString folder;
     Store store;

@@ -65,8 +65,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     d.LaadVerbodenWoorden();
     d.LaadToegestaneSites();
     (void)d.ZoekPrinterNaam(QStringLiteral("Printer"));
-    const QString favorieten =
-        d.cache.read(QStringLiteral("Favorieten"), QStringLiteral("Groep1"));
+    const QString favorieten = d.cache.read(QStringLiteral("Favorieten"), QStringLiteral("Groep1"));
     const Favorieten f = Favorieten::uitAntwoord(favorieten);
     fuzz::require(f.actieve(5).size() <= 5);
     fuzz::require(Favorieten::uitAntwoord(f.alsTekst()).Lijst.size() == f.Lijst.size());

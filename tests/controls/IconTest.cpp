@@ -71,66 +71,6 @@ QByteArray icoFile(const QList<QPair<int, QByteArray>>& images) {
     return out;
 }
 
-// A 16-bit NE library holding `icons`, each one group of one 32-bit bitmap image.
-QByteArray neLibrary(const QList<QImage>& icons) {
-    constexpr int shift = 4;
-    QList<QByteArray> images, groups;
-    for (qsizetype i = 0; i < icons.size(); ++i) {
-        images.append(IconImage::encodeBitmap(icons.at(i)));
-        QByteArray g;
-        put16(g, 0);
-        put16(g, 1);
-        put16(g, 1);
-        g.append(char(icons.at(i).width()));
-        g.append(char(icons.at(i).height()));
-        g.append(QByteArray(2, '\0'));
-        put16(g, 1);
-        put16(g, 32);
-        put32(g, quint32(images.last().size()));
-        put16(g, quint16(i + 1));
-        groups.append(g);
-    }
-    QByteArray out(0x40, '\0');
-    out[0] = 'M';
-    out[1] = 'Z';
-    qToLittleEndian<quint32>(0x40, out.data() + 0x3c);
-    QByteArray ne(0x40, '\0');
-    ne[0] = 'N';
-    ne[1] = 'E';
-    const qsizetype tableSize = 2 + 2 * 8 + 12 * (images.size() + groups.size()) + 2;
-    qToLittleEndian<quint16>(0x40, ne.data() + 0x24);
-    qToLittleEndian<quint16>(quint16(0x40 + tableSize), ne.data() + 0x26);
-    out += ne;
-    // Data after the table and the resident names, each piece on a 16-byte boundary.
-    qint64 dataAt = ((out.size() + tableSize + 1 + 15) / 16) * 16;
-    QByteArray table, data;
-    put16(table, shift);
-    auto type = [&](quint16 id, const QList<QByteArray>& pieces) {
-        put16(table, id);
-        put16(table, quint16(pieces.size()));
-        put32(table, 0);
-        for (qsizetype i = 0; i < pieces.size(); ++i) {
-            const qint64 length = ((pieces.at(i).size() + 15) / 16) * 16;
-            put16(table, quint16(dataAt >> shift));
-            put16(table, quint16(length >> shift));
-            put16(table, 0x30);
-            put16(table, quint16(0x8000 | (i + 1)));
-            put32(table, 0);
-            data += pieces.at(i);
-            data.append(QByteArray(length - pieces.at(i).size(), '\0'));
-            dataAt += length;
-        }
-    };
-    type(0x8003, images);
-    type(0x800e, groups);
-    put16(table, 0);
-    out += table;
-    out.append('\0'); // resident names: none
-    while (out.size() % 16)
-        out.append('\0');
-    return out + data;
-}
-
 QColor colourAt(const QImage& image, int x, int y) {
     return QColor::fromRgba(image.pixel(x, y));
 }
@@ -193,8 +133,8 @@ TEST(IconLibraryTest, PeLibraryKeepsTheOrderOfItsGroups) {
 }
 
 TEST(IconLibraryTest, NeLibraryGivesItsIcons) {
-    const IconLibrary::Result r =
-        IconLibrary::parse(neLibrary({picture(32, Qt::yellow), picture(32, Qt::cyan)}));
+    const IconLibrary::Result r = IconLibrary::parse(
+        IconLibraryWriter::neLibrary({picture(32, Qt::yellow), picture(32, Qt::cyan)}));
     ASSERT_TRUE(r.error.isEmpty()) << r.error.toStdString();
     EXPECT_EQ(IconLibrary::Kind::NeLibrary, r.kind);
     ASSERT_EQ(2, r.icons.size());
@@ -262,7 +202,7 @@ TEST(IconLibraryTest, BitmapDepthsAndTheirMasks) {
 TEST(IconLibraryTest, MalformedFilesNeverCrashAndGiveNoIcons) {
     const QList<QByteArray> goede = {
         IconLibraryWriter::peLibrary({{picture(32, Qt::red)}, {picture(16, Qt::blue)}}),
-        neLibrary({picture(32, Qt::yellow)}),
+        IconLibraryWriter::neLibrary({picture(32, Qt::yellow)}),
         IconLibraryWriter::iconFile({picture(32, Qt::green), picture(16, Qt::green)}),
     };
     for (const QByteArray& goed : goede) {
