@@ -33,7 +33,7 @@ QString quoted(const QString& s) {
 }
 
 // Splits the text into logical lines: a hex value continued with a trailing backslash and a
-// string with a line end inside its quotes each form one line.
+// string with a line end inside its quotes each form one line; a key line is always one line.
 QStringList logicalLines(const QString& text) {
     QStringList lines;
     QString current;
@@ -42,6 +42,11 @@ QStringList logicalLines(const QString& text) {
                                 .replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
                                 .split(QLatin1Char('\n'));
     for (const QString& line : raw) {
+        // A key line is whole in itself: a quote in a key's name opens no string.
+        if (current.isEmpty() && line.trimmed().startsWith(QLatin1Char('['))) {
+            lines.append(line);
+            continue;
+        }
         if (inString)
             current += QLatin1Char('\n');
         current += line;

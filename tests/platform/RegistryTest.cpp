@@ -105,6 +105,9 @@ TEST(RegFileTest, ReadsAsFarAsSensibleFromFilesThatAreNotOurs) {
         {"value deleted", "REGEDIT4\n[HKLM\\SOFTWARE\\X]\n\"a\"=\"1\"\n\"a\"=-\n", 0, 0},
         {"garbage bytes", "\x01\x02\xff\xfe[[[\n===\n\"\"\"\n", 0, 3},
         {"CR LF lines", "REGEDIT4\r\n\r\n[HKLM\\SOFTWARE\\X]\r\n\"a\"=\"1\"\r\n", 1, 0},
+        // A quote in a key line opens no string that would swallow the lines after it.
+        {"quote in a key",
+         "REGEDIT4\n[HKLM\\SOFTWARE\\Y\"\x01]\n[HKLM\\SOFTWARE\\X]\n\"a\"=\"1\"\n", 1, 0},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
