@@ -107,11 +107,19 @@ void FrmMainLink::WS_DataArrival(const QByteArray& bytes) {
             if (velden.size() < 7)
                 throw Fout(QStringLiteral("Subscript out of range (INFDMN has %1 of 7 fields)")
                                .arg(velden.size()));
+            // A port the socket cannot take is refused whole, before any of them is kept.
+            long poorten[4];
+            for (int i = 0; i < 4; ++i) {
+                poorten[i] = velden[i + 1].toLong();
+                if (poorten[i] < 0 || poorten[i] > 65535)
+                    throw Fout(QStringLiteral("Invalid property value (INFDMN port \"%1\")")
+                                   .arg(velden[i + 1].left(20)));
+            }
             Domein = velden[0];
-            ReceiverPortBinary = velden[1].toLong();
-            ReceiverPortInfo = velden[2].toLong();
-            SenderPortBinary = velden[3].toLong();
-            SenderPortInfo = velden[4].toLong();
+            ReceiverPortBinary = poorten[0];
+            ReceiverPortInfo = poorten[1];
+            SenderPortBinary = poorten[2];
+            SenderPortInfo = poorten[3];
             ServerVlagA = Ansi::hoofdletters(velden[5]) == u"JA";
             ServerVlagB = Ansi::hoofdletters(velden[6]) == u"JA";
             Receiver.setLocalPortBinary(ReceiverPortBinary);

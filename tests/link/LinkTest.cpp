@@ -230,6 +230,33 @@ TEST(LinkTest, ServerFactsWithSixFieldsEndInAFaultReportAndTheWaitStillEnds) {
     EXPECT_TRUE(foutrapport(v.w, "Omschrijving").contains(QStringLiteral("6 of 7")));
 }
 
+TEST(LinkTest, ServerFactsWithAPortOutsideTheSocketsRangeAreRefusedWhole) {
+    struct Case {
+        const char* bericht;
+        bool genomen;
+    };
+    const Case cases[] = {
+        {"INFDMNschool|0|65535|3503|3504|JA|NEE", true},
+        {"INFDMNschool|65536|3502|3503|3504|JA|NEE", false},
+        {"INFDMNschool|3501|3502|3503|4294971000|JA|NEE", false}, // 3704 after a cut to 16 bits
+        {"INFDMNschool|3501|-1|3503|3504|JA|NEE", false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.bericht);
+        Werkplek w;
+        w.p.maak(w.p.frmMain, w.p);
+        FrmMainLink& f = *w.p.frmMain;
+        f.Domein = QStringLiteral("oud");
+        f.WS_DataArrival(QByteArray(c.bericht));
+        EXPECT_TRUE(f.BevestigdBericht);
+        EXPECT_EQ(f.Domein, c.genomen ? QStringLiteral("school") : QStringLiteral("oud"));
+        EXPECT_EQ(f.SenderPortInfo, c.genomen ? 3504 : 0);
+        EXPECT_EQ(w.dialogen.getoond.isEmpty(), c.genomen);
+        if (!c.genomen)
+            EXPECT_EQ(w.p.frmFoutrapportage.Procedure, QStringLiteral("frmMain.WS_DataArrival"));
+    }
+}
+
 TEST(LinkTest, LossOfTheLinkInNetworkModeGoesOfflineAndEndsTheWait) {
     ScriptedPeer peer;
     peer.op(QStringLiteral("TST"), QStringLiteral("TST"))
