@@ -8,6 +8,7 @@
 #include "data/Favorieten.h"
 #include "data/ModData.h"
 
+#include <QDir>
 #include <QFile>
 
 using namespace tk;
@@ -38,6 +39,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     fuzz::FuzzWorkstation& w = werkplek();
     ModData& d = *w.p.modData;
     const QString pad = w.p.modMain.Pad(QString::fromLatin1(ModData::CacheBestand));
+    // The log book of the input before: kept, it would grow with every run.
+    QDir(w.p.modMain.Pad(QStringLiteral("\\Logboek"))).removeRecursively();
     {
         QFile f(pad);
         const QByteArray sealed = SealedCache::encipher(fuzz::bytes(data, size));
