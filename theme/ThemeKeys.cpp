@@ -6,7 +6,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <limits>
 
 namespace tk {
 
@@ -115,11 +114,16 @@ QPoint ThemeKeys::position(const QString& section, const QString& key) const {
     const QStringList deel = parts(section, key, 2);
     int xy[2];
     for (int i = 0; i < 2; ++i) {
-        const auto n = parseNumber(deel.at(i), std::numeric_limits<qint32>::min(),
-                                   std::numeric_limits<qint32>::max());
-        if (!n)
-            throw Fout(QStringLiteral("Type mismatch: ") +
-                       describe(section, key, text(section, key), settingsFile()));
+        // A place far outside any screen is refused here, so that no sum of a place and a size
+        // further on can overflow.
+        const auto n = parseNumber(deel.at(i), -maxPosition, maxPosition);
+        if (!n) {
+            const bool overflow =
+                parseNumber(deel.at(i), -(qint64(1) << 62), qint64(1) << 62).has_value();
+            throw Fout(
+                (overflow ? QStringLiteral("Overflow: ") : QStringLiteral("Type mismatch: ")) +
+                describe(section, key, text(section, key), settingsFile()));
+        }
         xy[i] = int(*n);
     }
     return {xy[0], xy[1]};

@@ -32,8 +32,10 @@ public:
     RgbColour colour(const QString& section, const QString& key) const;
     // The same, but a value that does not split into exactly three parts gives `fallback`.
     RgbColour colourOr(const QString& section, const QString& key, RgbColour fallback) const;
-    // "x,y": Left and Top in the pixels of the 1024 by 685 canvas.
+    // "x,y": Left and Top in the pixels of the 1024 by 685 canvas. A part beyond maxPosition
+    // either way is an overflow.
     QPoint position(const QString& section, const QString& key) const;
+    static constexpr qint64 maxPosition = 32767;
     // Yes only when the value, upper-cased, is "JA"; "Yes", "1", "waar" are all no.
     bool yes(const QString& section, const QString& key) const;
     // No only when the value, upper-cased, is "NEE"; absent counts as yes.

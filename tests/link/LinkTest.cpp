@@ -252,8 +252,9 @@ TEST(LinkTest, ServerFactsWithAPortOutsideTheSocketsRangeAreRefusedWhole) {
         EXPECT_EQ(f.Domein, c.genomen ? QStringLiteral("school") : QStringLiteral("oud"));
         EXPECT_EQ(f.SenderPortInfo, c.genomen ? 3504 : 0);
         EXPECT_EQ(w.dialogen.getoond.isEmpty(), c.genomen);
-        if (!c.genomen)
+        if (!c.genomen) {
             EXPECT_EQ(w.p.frmFoutrapportage.Procedure, QStringLiteral("frmMain.WS_DataArrival"));
+        }
     }
 }
 

@@ -205,6 +205,8 @@ TEST_F(ThemaTest, ColoursAndPositionsReadOrFaultAtTheScreenThatReadsThem) {
     }
 
     thema("1", "[Positie]\r\nAanmelden=412,-20\r\nLaden normaal=10\r\nLaden fout=a,b\r\n"
+               "Laden tekst=32767,-32767\r\nBureaublad kop=2147483647,0\r\n"
+               "Onderhoudsmodule Menu help=0,-32768\r\n"
                "[Kleuren]\r\nBureaublad Icoon Schaduw=1,2\r\nAfmelden tekst=1,2,3\r\n"
                "Afmelden hover=4,5,6\r\n");
     const ThemeKeys k(w.p, ModThema::folderOf("1"));
@@ -212,6 +214,10 @@ TEST_F(ThemaTest, ColoursAndPositionsReadOrFaultAtTheScreenThatReadsThem) {
     EXPECT_THROW(k.position("Positie", "Laden normaal"), tk::Fout);
     EXPECT_THROW(k.position("Positie", "Laden fout"), tk::Fout);
     EXPECT_THROW(k.position("Positie", "Laden update"), tk::Fout);
+    // Far outside any screen: an overflow, before the place is added to a size.
+    EXPECT_EQ(QPoint(32767, -32767), k.position("Positie", "Laden tekst"));
+    EXPECT_THROW(k.position("Positie", "Bureaublad kop"), tk::Fout);
+    EXPECT_THROW(k.position("Positie", "Onderhoudsmodule Menu help"), tk::Fout);
     EXPECT_EQ((RgbColour{255, 0, 255}), k.iconShadowColour());
     EXPECT_EQ((std::pair<RgbColour, RgbColour>{{1, 2, 3}, {4, 5, 6}}),
               k.colourPair("Kleuren", "Afmelden"));
