@@ -1,9 +1,9 @@
 // The archive reader: the table of contents stays inside the bytes, and unpacking writes only
 // below its target folder (or refuses the archive) whatever the names say.
 #include "FuzzSupport.h"
+#include "archive/ArchiveIndex.h"
+#include "archive/UcArchief.h"
 #include "core/Fout.h"
-#include "theme/ArchiveIndex.h"
-#include "theme/UcArchief.h"
 
 #include <QDir>
 #include <QDirIterator>

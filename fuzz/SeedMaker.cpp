@@ -1,10 +1,10 @@
 // Writes the seed corpus of every fuzz target: small, valid examples of each input, made by the
 // program's own writers where it has them. Usage: tk_fuzz_seeds OUTPUT [DEFAULT_THEME_INI]
 // writes OUTPUT/<target>/<name>.
+#include "archive/UcArchief.h"
 #include "controls/IconLibraryWriter.h"
 #include "platform/RegFile.h"
 #include "platform/RegistryHive.h"
-#include "theme/UcArchief.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -5,6 +5,7 @@
 #include "core/Fout.h"
 #include "theme/ThemeKeys.h"
 
+#include <QDateTime>
 #include <QFile>
 
 using namespace tk;
@@ -46,6 +47,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         QFile f(w.folder() + QStringLiteral("/Afbeeldingen/Skins/1/Instellingen.ini"));
         if (!f.open(QIODevice::WriteOnly) || f.write(text) != text.size())
             return 0;
+        // A time of its own, in the past: the settings reader sees a new file and then keeps it
+        // instead of comparing the bytes again at every read of a key.
+        static qint64 run = 0;
+        f.setFileTime(QDateTime::fromSecsSinceEpoch(1'000'000'000 + ++run),
+                      QFileDevice::FileModificationTime);
     }
     const ThemeKeys keys(w.p, QStringLiteral("\\Afbeeldingen\\Skins\\1\\"));
     const QString file = keys.settingsFile();
