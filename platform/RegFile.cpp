@@ -101,12 +101,13 @@ RegFile::Parsed RegFile::parse(const QString& text) {
                 ++parsed.skippedLines;
                 continue;
             }
-            QString path = line.mid(1, line.size() - 2).trimmed();
-            const bool remove = path.startsWith(QLatin1Char('-'));
+            // A key's name may begin or end with a space: only the root's name is trimmed.
+            QString path = line.mid(1, line.size() - 2);
+            const bool remove = path.trimmed().startsWith(QLatin1Char('-'));
             if (remove)
-                path = path.mid(1);
+                path = path.trimmed().mid(1);
             const int slash = path.indexOf(QLatin1Char('\\'));
-            const auto r = registryRootFromName(slash < 0 ? path : path.left(slash));
+            const auto r = registryRootFromName((slash < 0 ? path : path.left(slash)).trimmed());
             if (!r) {
                 ++parsed.skippedLines;
                 continue;

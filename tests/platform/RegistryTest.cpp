@@ -69,6 +69,8 @@ TEST(RegFileTest, WritesAndReadsBackTypedValuesWithEscapes) {
                   RegistryValue::string(QStringLiteral("C:\\Pad \"met\" quotes")));
     hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QString(),
                   RegistryValue::string(QStringLiteral("standaard")));
+    // A space that ends a key's name is part of it, also when the key is last in its line.
+    hive.createKey(QStringLiteral("SOFTWARE\\Spatie \\Eind "));
     const QString text = RegFile::write(RegistryRoot::LocalMachine, hive);
     EXPECT_TRUE(text.startsWith(QStringLiteral("REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\SOFTWARE]\n")));
     EXPECT_TRUE(text.contains(QStringLiteral("\"Modus\"=\"1\"\n")));
