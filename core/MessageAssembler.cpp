@@ -8,8 +8,12 @@ MessageAssembler::MessageAssembler(QIODevice* device, QObject* parent)
     : QObject(parent), m_device(device), m_quiet(this) {
     m_quiet.setSingleShot(true);
     connect(&m_quiet, &QTimer::timeout, this, &MessageAssembler::quietTick);
-    if (m_device)
+    if (m_device) {
         connect(m_device, &QIODevice::readyRead, this, &MessageAssembler::readDevice);
+        // A socket that waited to be taken may hold bytes it announced to nobody.
+        if (m_device->bytesAvailable() > 0)
+            QTimer::singleShot(0, this, &MessageAssembler::readDevice);
+    }
 }
 
 void MessageAssembler::readDevice() {

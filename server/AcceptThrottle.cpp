@@ -13,10 +13,7 @@ AcceptThrottle::AcceptThrottle(QTcpServer* server, const QString& name, qint64 f
       m_timer(new QTimer(this)) {
     m_timer->setSingleShot(true);
     m_timer->setInterval(pauseMs);
-    connect(m_timer, &QTimer::timeout, this, [this] {
-        if (m_paused)
-            m_server->resumeAccepting();
-    });
+    connect(m_timer, &QTimer::timeout, this, &AcceptThrottle::retry);
     connect(m_server, &QTcpServer::acceptError, this, &AcceptThrottle::onAcceptError);
     if (m_fileLimit <= 0)
         connect(m_server, &QTcpServer::newConnection, this, [this] {
@@ -63,6 +60,8 @@ void AcceptThrottle::shortage(const QString& why) {
                                      .arg(m_timer->interval()));
     }
     m_timer->start();
+    if (onShortage)
+        onShortage();
 }
 
 void AcceptThrottle::ended() {
@@ -75,11 +74,23 @@ void AcceptThrottle::ended() {
     m_waits = 0;
 }
 
+void AcceptThrottle::retry() {
+    if (!m_paused)
+        return;
+    m_timer->stop();
+    if (onShortage)
+        onShortage();
+    m_server->resumeAccepting();
+    if (onResume)
+        onResume();
+    // Still short (the connection taken got a descriptor near the limit, or none was waiting):
+    // try again later; QTcpServer itself stops at its one pending connection meanwhile.
+    if (m_paused && !m_timer->isActive())
+        m_timer->start();
+}
+
 void AcceptThrottle::resume() {
-    if (m_paused && m_timer->isActive()) {
-        m_timer->stop();
-        m_server->resumeAccepting();
-    }
+    retry();
 }
 
 } // namespace tk::server

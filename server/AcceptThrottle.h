@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QString>
+#include <functional>
 
 class QTcpServer;
 class QTimer;
@@ -17,11 +18,14 @@ namespace tk::server {
 // - the owner hands every accepted descriptor to accepted(); since the system gives out the
 //   lowest free number, a descriptor near the open-file limit means the table is nearly full,
 //   and accepting pauses before the limit is met (a reserve stays for the store and transfers);
+//   while paused the owner takes no further connection, so that QTcpServer (at most one
+//   pending) stops accepting too;
 // - a fault QTcpServer reports pauses as well (a resource fault) or resumes at once (one failed
 //   attempt);
 // - a pause ends when a connection closes (resume()) or after `pauseMs`; waiting clients stay in
 //   the system's listen queue.
-// The start and the end of a shortage each get one log line, never one per attempt.
+// The start and the end of a shortage each get one log line, never one per attempt. The owner
+// hears of every pause (onShortage), so that it can close connections that cost without use.
 class AcceptThrottle : public QObject {
     Q_OBJECT
 public:
@@ -36,9 +40,15 @@ public:
     // A descriptor came free: try again now if paused.
     void resume();
     bool paused() const { return m_paused; }
+    // Told at every pause for want of descriptors and at every retry: the owner may free some.
+    std::function<void()> onShortage;
+    // Told when accepting resumes: the owner takes one connection QTcpServer holds, even while
+    // paused, and hands its descriptor to accepted().
+    std::function<void()> onResume;
 
 private:
     void onAcceptError(QAbstractSocket::SocketError error);
+    void retry();
     void shortage(const QString& why);
     void ended();
 

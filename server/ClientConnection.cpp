@@ -72,6 +72,7 @@ void ClientConnection::onMessage(const QByteArray& bytes) {
         return;
     m_activity.restart();
     m_firstMessage->stop();
+    m_spoken = true;
     Q_EMIT messageReceived(this, WireText::fromBytes(bytes));
 }
 

@@ -55,6 +55,9 @@ public:
     // Milliseconds since the last byte either way.
     qint64 idleMs() const { return m_activity.elapsed(); }
     bool hasQueue() const { return !m_queue.isEmpty(); }
+    // Whether a first message came, and how long ago the connection came.
+    bool spoken() const { return m_spoken; }
+    qint64 ageMs() const { return m_clock.elapsed(); }
     bool awaitingPing() const { return m_awaitingPing; }
     void setAwaitingPing(bool waiting) { m_awaitingPing = waiting; }
 
@@ -89,6 +92,7 @@ private:
     QElapsedTimer m_clock;
     QTimer* m_timer = nullptr;
     bool m_awaitingPing = false;
+    bool m_spoken = false;
     bool m_closed = false;
 };
 

@@ -28,9 +28,14 @@ CommandServer::CommandServer(Store& store, const ServerOptions& options, QObject
       m_server(new QTcpServer(this)),
       m_throttle(new AcceptThrottle(m_server, QStringLiteral("command port"), options.fileLimit)),
       m_keepAlive(new QTimer(this)) {
+    m_throttle->onShortage = [this] { closeSilent(); };
+    m_throttle->onResume = [this] { takeConnections(true); };
+    // Waiting clients wait in the system's listen queue, not in QTcpServer: it holds at most one
+    // accepted connection that this server has not taken, so that it stops accepting as soon as
+    // this server stops taking (a shortage of descriptors).
     m_server->setListenBacklogSize(1024);
-    m_server->setMaxPendingConnections(1024);
-    connect(m_server, &QTcpServer::newConnection, this, &CommandServer::onNewConnection);
+    m_server->setMaxPendingConnections(1);
+    connect(m_server, &QTcpServer::newConnection, this, [this] { takeConnections(false); });
     m_keepAlive->setInterval(1000);
     connect(m_keepAlive, &QTimer::timeout, this, &CommandServer::keepAliveTick);
 }
@@ -73,10 +78,15 @@ QString CommandServer::domain() {
                                       : m_options.domain;
 }
 
-void CommandServer::onNewConnection() {
+void CommandServer::takeConnections(bool retry) {
     const ClientConnection::Limits limits{m_options.settleMs, m_options.maxMessage,
                                           m_options.firstMessageMs, m_options.pieceQuietMs};
-    while (QTcpSocket* socket = m_server->nextPendingConnection()) {
+    // Short of descriptors, nothing is taken but on a retry, and then one.
+    while (retry || !m_throttle->paused()) {
+        retry = false;
+        QTcpSocket* socket = m_server->nextPendingConnection();
+        if (!socket)
+            break;
         m_throttle->accepted(socket->socketDescriptor());
         if (m_connections.size() >= maxConnections) {
             ServerLog::fault(QStringLiteral("command port"),
@@ -113,6 +123,24 @@ void CommandServer::onClosed(ClientConnection* c) {
     // Its descriptor is free once the object is gone: a paused accept may try again then.
     QTimer::singleShot(0, m_throttle, &AcceptThrottle::resume);
     Q_EMIT connectionCountChanged(int(m_connections.size()));
+}
+
+void CommandServer::closeSilent() {
+    // Out of descriptors, the connections that never said a word (a flood, a scan) give way to
+    // the clients waiting in the listen queue: the oldest first, a few at a time, none younger
+    // than the settling time (a client that just came has had no chance to speak).
+    const qsizetype most = std::max<qsizetype>(16, m_connections.size() / 16);
+    QList<ClientConnection*> silent;
+    for (ClientConnection* c : m_connections)
+        if (!c->spoken() && c->ageMs() >= m_options.settleMs && silent.size() < most)
+            silent << c;
+    if (silent.isEmpty())
+        return;
+    ServerLog::fault(QStringLiteral("command port"),
+                     QStringLiteral("out of descriptors: closed %1 connections that sent nothing")
+                         .arg(silent.size()));
+    for (ClientConnection* c : silent)
+        c->close();
 }
 
 bool CommandServer::inMaintenance(const QString& location) {

@@ -66,8 +66,10 @@ Q_SIGNALS:
     void connectionCountChanged(int count);
 
 private:
-    void onNewConnection();
+    // Takes the connections QTcpServer accepted; `retry`: one even while short of descriptors.
+    void takeConnections(bool retry);
     void onClosed(ClientConnection* connection);
+    void closeSilent();
 
     Store& m_store;
     ServerOptions m_options;
