@@ -34,41 +34,6 @@ int Accounts::Wijdte() const {
     return beeld + QFontMetrics(Font).horizontalAdvance(Tekst) + 2 * tussenruimte;
 }
 
-bool Accounts::tmrHover_Timer(QPoint cursor, QRect venster) {
-    const bool erboven =
-        cursor.x() > venster.left() && cursor.x() < venster.left() + venster.width() &&
-        cursor.y() > venster.top() && cursor.y() < venster.top() + venster.height() && Enabled;
-    const int voor = toestand;
-    if (erboven && toestand != 1 && ingedrukt) {
-        if (!Image_Down.isNull())
-            toestand = 1;
-        else if (toestand != 0)
-            toestand = 0;
-    } else if (erboven && toestand != 2 && !ingedrukt) {
-        toestand = 2;
-    } else if (!erboven && toestand != 0) {
-        toestand = 0;
-    }
-    return voor != toestand;
-}
-
-void Accounts::UserControl_MouseDown(int knop, int shift, QPoint plek) {
-    ingedrukt = true;
-    if (MouseDown)
-        MouseDown(knop, shift, plek);
-}
-
-void Accounts::UserControl_MouseUp(int knop, int shift, QPoint plek) {
-    ingedrukt = false;
-    if (MouseUp)
-        MouseUp(knop, shift, plek);
-}
-
-void Accounts::UserControl_Click() {
-    if (Enabled && Click)
-        Click();
-}
-
 const QImage& Accounts::huidigBeeld() const {
     if ((Geselecteerd || toestand == 1) && !Image_Down.isNull())
         return Image_Down;

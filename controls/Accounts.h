@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/SkinnedButton.h"
+
 #include <QColor>
 #include <QFont>
 #include <QImage>
@@ -13,13 +15,13 @@
 namespace tk {
 
 // The account button of the start-screen taskbar: three pictures, a caption beside the
-// picture, colours for rest, hover and the chosen account. No widget code: AccountsView shows it.
-class Accounts {
+// picture, colours for rest, hover and the chosen account. No widget code: SkinnedButtonView
+// shows it.
+class Accounts : public SkinnedButton {
 public:
     Accounts();
 
-    // --- persisted
-    bool Enabled = true;
+    // --- persisted (Enabled, X and Y are SkinnedButton's)
     QFont Font;
     QString Tekst;
     QImage Image_Up;
@@ -31,39 +33,32 @@ public:
     QColor Teksthover = QColor(0, 0, 0);
     QColor Normale_kleur = QColor(0, 0, 0);
     QColor Hoverkleur = QColor(0, 0, 0);
-    qint16 X = 0;
-    qint16 Y = 0;
     bool Transparant = false;
     qint16 Positie_knop = 0; // 0 the picture left of the caption, 1 right of it
 
     // --- run time
     const QImage* lhDC = nullptr; // the bar behind, for Transparant
-    int toestand = 0;             // 0 up, 1 pressed, 2 hover
-    bool ingedrukt = false;
-    bool Visible = true;
     int Hoogte = 24;
-
-    std::function<void()> Click;
-    std::function<void(int knop, int shift, QPoint plek)> MouseDown;
-    std::function<void(int knop, int shift, QPoint plek)> MouseUp;
 
     // The picture's width plus the measured caption's width.
     int Wijdte() const;
-    QSize Grootte() const { return {Wijdte(), Hoogte}; }
-    // The same hover rules as Knop2.
-    bool tmrHover_Timer(QPoint cursor, QRect venster);
-    void UserControl_MouseDown(int knop, int shift, QPoint plek);
-    void UserControl_MouseUp(int knop, int shift, QPoint plek);
-    void UserControl_Click();
+    QSize Grootte() const override { return {Wijdte(), Hoogte}; }
+    QString tekst() const override { return Tekst; }
+    // The chosen account stays shown pressed.
+    bool aanvinkbaar() const override { return true; }
+    bool aangevinkt() const override { return Geselecteerd; }
     // The picture that the present state shows.
     const QImage& huidigBeeld() const;
     // The caption's colour in the present state.
     QColor tekstKleur() const;
-    QImage Teken() const;
+    QImage Teken() const override;
 
     void UserControl_InitProperties();
     void UserControl_ReadProperties(const QMap<QString, QVariant>& eigenschappen);
     QMap<QString, QVariant> UserControl_WriteProperties() const;
+
+protected:
+    bool heeftIngedruktBeeld() const override { return !Image_Down.isNull(); }
 };
 
 } // namespace tk

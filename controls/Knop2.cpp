@@ -50,47 +50,14 @@ const QImage& Knop2::huidigBeeld() const {
     return Afbeelding_Normaal.isNull() ? geenBeeld() : Afbeelding_Normaal;
 }
 
-bool Knop2::tmrHover_Timer(QPoint cursor, QRect venster) {
-    const bool erboven =
-        cursor.x() > venster.left() && cursor.x() < venster.left() + venster.width() &&
-        cursor.y() > venster.top() && cursor.y() < venster.top() + venster.height() && Enabled;
-    const int voor = toestand;
-    if (erboven && toestand != 1 && ingedrukt) {
-        if (!Afbeelding_Down.isNull())
-            toestand = 1;
-        else if (toestand != 0)
-            toestand = 0;
-        Refresh();
-    } else if (erboven && toestand != 2 && !ingedrukt) {
-        toestand = 2;
-        Refresh();
-    } else if (!erboven && toestand != 0) {
-        toestand = 0;
-        Refresh();
-    }
-    return voor != toestand;
-}
-
-void Knop2::UserControl_MouseDown(int knop, int shift, QPoint plek) {
-    ingedrukt = true;
-    if (MouseDown)
-        MouseDown(knop, shift, plek);
-}
-
-void Knop2::UserControl_MouseUp(int knop, int shift, QPoint plek) {
-    ingedrukt = false;
-    if (MouseUp)
-        MouseUp(knop, shift, plek);
-}
-
 void Knop2::UserControl_MouseMove(int knop, int shift, QPoint plek) {
     if (MouseMove)
         MouseMove(knop, shift, plek);
 }
 
-void Knop2::UserControl_Click() {
-    if (Enabled && Click)
-        Click();
+void Knop2::UserControl_DblClick() {
+    if (DblClick)
+        DblClick();
 }
 
 QImage Knop2::samenstellen(const QImage& achter, const QImage& masker, const QImage& beeld) {

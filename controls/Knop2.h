@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/SkinnedButton.h"
+
 #include <QColor>
 #include <QFont>
 #include <QImage>
@@ -14,22 +16,20 @@ namespace tk {
 
 // The picture-drawn button of the start screen: a mask and three pictures composited over the
 // window behind it, a caption on top, and a hover timer that decides which picture shows.
-// No widget code: Knop2View shows it, FrmMainView and the tests drive it.
-class Knop2 {
+// No widget code: SkinnedButtonView shows it, FrmMainView and the tests drive it.
+class Knop2 : public SkinnedButton {
 public:
     Knop2();
 
     // --- persisted properties, in their stored order
     QColor ForeColor = Qt::black;
-    bool Enabled = true;
+    // Enabled, X and Y are SkinnedButton's.
     QFont Font;
     QImage Afbeelding_Mask;
     QImage Afbeelding_Normaal;
     QImage Afbeelding_Hover;
     QImage Afbeelding_Down;
     QString Groepnummer = QStringLiteral("-1");
-    qint16 X = 0;
-    qint16 Y = 0;
     QString Tekst;
     QImage MouseIcon;
     qint16 MousePointer = 99;
@@ -40,20 +40,13 @@ public:
     // The mask of the group this button belongs to (picGroep_Mask), used when Groepnummer is not
     // "-1".
     const QImage* picGroep_Mask = nullptr;
-    int toestand = 0; // 0 normal, 1 pressed picture, 2 hover picture
-    bool ingedrukt = false;
 
-    // What the user sees; ToolTipText and Tag as the form sets them.
-    QString ToolTipText;
+    // Tag as the form sets it (ToolTipText and Visible are SkinnedButton's).
     QString Tag;
-    bool Visible = true;
 
-    // --- events, forwarded unchanged
-    std::function<void()> Click;
+    // --- events, forwarded unchanged (Click, MouseDown and MouseUp are SkinnedButton's)
     std::function<void()> DblClick;
-    std::function<void(int knop, int shift, QPoint plek)> MouseDown;
     std::function<void(int knop, int shift, QPoint plek)> MouseMove;
-    std::function<void(int knop, int shift, QPoint plek)> MouseUp;
     std::function<void(int toets, int shift)> KeyDown;
     std::function<void(int toets, int shift)> KeyUp;
     std::function<void(int teken)> KeyPress;
@@ -61,18 +54,12 @@ public:
     // The mask in use (own mask for a bare button, the group's otherwise).
     const QImage& mask() const;
     // The control's size: the mask's, or the normal picture's without a mask.
-    QSize Grootte() const;
-    // tmrHover: `cursor` in screen coordinates, `venster` the control's window rectangle.
-    // Returns true when the state changed and the control was drawn anew.
-    bool tmrHover_Timer(QPoint cursor, QRect venster);
-    void UserControl_MouseDown(int knop, int shift, QPoint plek);
-    void UserControl_MouseUp(int knop, int shift, QPoint plek);
-    void UserControl_MouseMove(int knop, int shift, QPoint plek);
-    void UserControl_Click();
+    QSize Grootte() const override;
+    void UserControl_MouseMove(int knop, int shift, QPoint plek) override;
+    void UserControl_DblClick() override;
+    QString tekst() const override { return Tekst; }
     // The composited picture of the present state (Teken).
-    QImage Teken() const;
-    void Refresh() { ++m_tekeningen; }
-    int tekeningen() const { return m_tekeningen; }
+    QImage Teken() const override;
 
     // --- persisted form: InitProperties, ReadProperties, WriteProperties
     void UserControl_InitProperties();
@@ -88,9 +75,11 @@ public:
     static void tekenTekst(QImage& beeld, const QString& tekst, const QFont& font,
                            const QColor& kleur);
 
+protected:
+    bool heeftIngedruktBeeld() const override { return !Afbeelding_Down.isNull(); }
+
 private:
     const QImage& huidigBeeld() const;
-    int m_tekeningen = 0;
 };
 
 } // namespace tk

@@ -1,7 +1,7 @@
 #include "FrmMainView.h"
 
 #include "FrmMain.h"
-#include "controls/Knop2View.h"
+#include "controls/SkinnedButtonView.h"
 #include "screens/common/LoadingBarPainter.h"
 #include "screens/common/LogonFields.h"
 #include "screens/taskbar/FrmTaakbalk1View.h"
@@ -27,18 +27,18 @@ FrmMainCanvas::~FrmMainCanvas() {
 
 void FrmMainCanvas::bijwerken() {
     // The class buttons: a view per button of the model, gone with its button.
-    std::map<Knop2*, Knop2View*> nu;
+    std::map<Knop2*, SkinnedButtonView*> nu;
     for (int i = 0; i < int(m.knopGroep.size()); ++i) {
         Knop2* k = m.knop(i);
         if (!k)
             continue;
         auto it = m_knoppen.find(k);
-        Knop2View* v = nullptr;
+        SkinnedButtonView* v = nullptr;
         if (it != m_knoppen.end()) {
             v = it->second;
             m_knoppen.erase(it);
         } else {
-            v = new Knop2View(*k, this);
+            v = new SkinnedButtonView(*k, this);
             k->Click = [this, i] { m.knopGroep_Click(i); };
         }
         v->bijwerken();

@@ -11,7 +11,7 @@ namespace tk {
 class FrmMain;
 class FrmTaakbalk1View;
 class Knop2;
-class Knop2View;
+class SkinnedButtonView;
 
 // The canvas of the start screen: 1024 by 768, the screen of 685 rows over the taskbar.
 class FrmMainCanvas : public QWidget {
@@ -31,7 +31,7 @@ private:
     void tekenLaadbalk(class QPainter& p);
     void tekenAanmelden(class QPainter& p);
     FrmMain& m;
-    std::map<Knop2*, Knop2View*> m_knoppen;
+    std::map<Knop2*, SkinnedButtonView*> m_knoppen;
     QLineEdit* m_wachtwoord;
     QPushButton* m_aanmelden;
 };

@@ -2,7 +2,7 @@
 
 #include "FrmTaakbalk1.h"
 #include "TaakbalkKnopView.h"
-#include "controls/AccountsView.h"
+#include "controls/SkinnedButtonView.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -13,7 +13,7 @@ FrmTaakbalk1View::FrmTaakbalk1View(FrmTaakbalk1& model, QWidget* ouder) : QWidge
     setFixedSize(FrmTaakbalk1::Breedte, FrmTaakbalk1::Hoogte);
     setMouseTracking(true);
     for (int i = 0; i < 3; ++i)
-        m_accounts[i] = new AccountsView(m.Account[i], this);
+        m_accounts[i] = new SkinnedButtonView(m.Account[i], this);
     m.onChanged = [this] { bijwerken(); };
     bijwerken();
 }
@@ -24,7 +24,7 @@ FrmTaakbalk1View::~FrmTaakbalk1View() {
 
 void FrmTaakbalk1View::bijwerken() {
     setVisible(m.Zichtbaar);
-    for (AccountsView* a : m_accounts)
+    for (SkinnedButtonView* a : m_accounts)
         a->bijwerken();
     update();
 }

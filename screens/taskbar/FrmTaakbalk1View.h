@@ -4,7 +4,7 @@
 
 namespace tk {
 
-class AccountsView;
+class SkinnedButtonView;
 class FrmTaakbalk1;
 
 // The start-screen taskbar on the screen: background, fixed buttons, the account buttons.
@@ -23,7 +23,7 @@ protected:
 
 private:
     FrmTaakbalk1& m;
-    AccountsView* m_accounts[3];
+    SkinnedButtonView* m_accounts[3];
 };
 
 } // namespace tk

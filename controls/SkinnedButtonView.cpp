@@ -1,7 +1,9 @@
-#include "Knop2View.h"
+#include "SkinnedButtonView.h"
 
-#include "Knop2.h"
+#include "FocusRing.h"
+#include "SkinnedButton.h"
 
+#include <QAccessible>
 #include <QCursor>
 #include <QMouseEvent>
 #include <QPainter>
@@ -18,8 +20,11 @@ int knopVan(Qt::MouseButton b) {
 }
 } // namespace
 
-Knop2View::Knop2View(Knop2& knop, QWidget* ouder) : QWidget(ouder), m_knop(knop) {
+SkinnedButtonView::SkinnedButtonView(SkinnedButton& knop, QWidget* ouder)
+    : QWidget(ouder), m_knop(knop) {
     setMouseTracking(true);
+    // The screen keeps the keyboard and moves the focus between its buttons in its model.
+    setFocusPolicy(Qt::NoFocus);
     tmrHover.setInterval(50);
     connect(&tmrHover, &QTimer::timeout, this, [this] {
         if (m_knop.tmrHover_Timer(QCursor::pos(), QRect(mapToGlobal(QPoint(0, 0)), size())))
@@ -29,24 +34,34 @@ Knop2View::Knop2View(Knop2& knop, QWidget* ouder) : QWidget(ouder), m_knop(knop)
     bijwerken();
 }
 
-void Knop2View::bijwerken() {
+void SkinnedButtonView::bijwerken() {
     setGeometry(QRect(QPoint(m_knop.X, m_knop.Y), m_knop.Grootte()));
     setToolTip(m_knop.ToolTipText);
     setVisible(m_knop.Visible);
+    if (m_knop.focus != m_focusGetekend) {
+        m_focusGetekend = m_knop.focus;
+        if (m_knop.focus && isVisible() && QAccessible::isActive()) {
+            QAccessibleEvent e(this, QAccessible::Focus);
+            QAccessible::updateAccessibility(&e);
+        }
+    }
     update();
 }
 
-void Knop2View::paintEvent(QPaintEvent*) {
+void SkinnedButtonView::paintEvent(QPaintEvent*) {
     QPainter p(this);
-    p.drawImage(0, 0, m_knop.Teken());
+    const QImage beeld = m_knop.Teken();
+    p.drawImage(0, 0, beeld);
+    if (m_knop.focus)
+        FocusRing::teken(p, rect(), m_knop.focusKleur);
 }
 
-void Knop2View::mousePressEvent(QMouseEvent* e) {
+void SkinnedButtonView::mousePressEvent(QMouseEvent* e) {
     m_knop.UserControl_MouseDown(knopVan(e->button()), shiftVan(e->modifiers()),
                                  e->position().toPoint());
 }
 
-void Knop2View::mouseReleaseEvent(QMouseEvent* e) {
+void SkinnedButtonView::mouseReleaseEvent(QMouseEvent* e) {
     const bool binnen = rect().contains(e->position().toPoint());
     m_knop.UserControl_MouseUp(knopVan(e->button()), shiftVan(e->modifiers()),
                                e->position().toPoint());
@@ -54,14 +69,13 @@ void Knop2View::mouseReleaseEvent(QMouseEvent* e) {
         m_knop.UserControl_Click();
 }
 
-void Knop2View::mouseMoveEvent(QMouseEvent* e) {
+void SkinnedButtonView::mouseMoveEvent(QMouseEvent* e) {
     m_knop.UserControl_MouseMove(knopVan(e->button()), shiftVan(e->modifiers()),
                                  e->position().toPoint());
 }
 
-void Knop2View::mouseDoubleClickEvent(QMouseEvent*) {
-    if (m_knop.DblClick)
-        m_knop.DblClick();
+void SkinnedButtonView::mouseDoubleClickEvent(QMouseEvent*) {
+    m_knop.UserControl_DblClick();
 }
 
 } // namespace tk
