@@ -221,6 +221,22 @@ TEST_F(MatcherCrossCheck, AgreesOnLongPagesAcrossChunkBorders) {
     }
 }
 
+// Many words over few letters: nodes with many branches, which are searched by halves.
+TEST_F(MatcherCrossCheck, AgreesWithManyWordsOverFewLetters) {
+    tekens = "bklmnprstBK ";
+    for (int geval = 0; geval < 400 && !HasFailure(); ++geval) {
+        QList<WordMatcher::Pattern> lijst;
+        for (int i = 0; i < 60; ++i)
+            lijst.append({maak(kies(3, 6)).trimmed(), i, geval % 2 == 0 || kies(0, 3) != 0});
+        QByteArray tekst = maak(kies(0, 150));
+        if (kies(0, 2) == 0)
+            tekst.insert(kies(0, int(tekst.size())), " " + lijst[kies(0, 59)].bytes + " ");
+        vergelijk(lijst, tekst,
+                  geval % 2 == 0 ? PageFilter::LaagsteLetterPagina
+                                 : PageFilter::LaagsteLetterAdres);
+    }
+}
+
 TEST(MatcherBadInput, OddListsAndBytesGiveAnAnswer) {
     const QByteArray lang(10000, 'k');
     const QList<WordMatcher::Pattern> lijst =
@@ -230,6 +246,8 @@ TEST(MatcherBadInput, OddListsAndBytesGiveAnAnswer) {
     EXPECT_EQ(4, eersteTreffer(lijst, QByteArray(9999, 'k') + " kat", laagste));
     EXPECT_EQ(2, eersteTreffer(lijst, QByteArray("1\x00\x81\xff", 4), laagste));
     EXPECT_EQ(3, eersteTreffer(lijst, QByteArray("\x7f"), laagste));
+    const QByteArray nul("\x00\x00kaz", 5);
+    EXPECT_EQ(0, eersteTreffer(woorden({nul}), "--" + nul.repeated(20), laagste));
     EXPECT_EQ(-1, eersteTreffer(lijst, QByteArray(20000, '\x81'), laagste));
     EXPECT_EQ(-1, eersteTreffer({}, "kat", laagste));
     EXPECT_EQ(-1, WordMatcher().firstHit("kat"));
