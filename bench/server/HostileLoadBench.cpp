@@ -208,12 +208,14 @@ struct RunResult {
     qint64 maxRssKb = 0;
     qint64 peakKb = 0;
     qint64 serverCpuMs = 0;
+    qint64 clientsCpuMs = 0;
 };
 
 RunResult loadAll(BenchServer& server, int clients, const QStringList& reference,
                   const std::function<void()>& alongside = {}) {
     RunResult r;
     const qint64 cpuBefore = server.cpuMs();
+    const std::clock_t clientsBefore = std::clock();
     int done = 0;
     qint64 requests = 0;
     QElapsedTimer clock;
@@ -249,17 +251,20 @@ RunResult loadAll(BenchServer& server, int clients, const QStringList& reference
     }
     r.peakKb = server.peakKb();
     r.serverCpuMs = server.cpuMs() - cpuBefore;
+    r.clientsCpuMs = qint64(std::clock() - clientsBefore) * 1000 / CLOCKS_PER_SEC;
     return r;
 }
 
 void print(const char* name, const RunResult& r, int clients) {
     std::printf("%s: %d of %d clients finished, %d with the reference answers; load time median "
                 "%lld ms, 90%% %lld ms, slowest %lld ms, all done in %lld ms; server memory: "
-                "at most %lld kB sampled, peak %lld kB; server CPU during the load %lld ms\n",
+                "at most %lld kB sampled, peak %lld kB; server CPU during the load %lld ms, the "
+                "clients' %lld ms\n",
                 name, r.finished, clients, r.correct, static_cast<long long>(r.medianMs),
                 static_cast<long long>(r.p90Ms), static_cast<long long>(r.slowestMs),
                 static_cast<long long>(r.wallMs), static_cast<long long>(r.maxRssKb),
-                static_cast<long long>(r.peakKb), static_cast<long long>(r.serverCpuMs));
+                static_cast<long long>(r.peakKb), static_cast<long long>(r.serverCpuMs),
+                static_cast<long long>(r.clientsCpuMs));
 }
 
 } // namespace
