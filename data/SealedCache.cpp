@@ -5,6 +5,8 @@
 #include "core/Fout.h"
 #include "platform/TextFile.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -52,7 +54,19 @@ void SealedCache::beginFresh() {
     m_open = true;
 }
 
+void SealedCache::removeStaleCopies(const QString& pad) {
+    // A client that died while sealing left its new file beside the cache ("<name>.<8>.tmp").
+    // One that is younger than ten minutes may belong to a seal that runs now: it stays.
+    const QFileInfo cache(pad);
+    const QDateTime old = QDateTime::currentDateTimeUtc().addSecs(-600);
+    for (const QFileInfo& copy : cache.dir().entryInfoList(
+             {cache.fileName() + QStringLiteral(".????????.tmp")}, QDir::Files | QDir::Hidden))
+        if (copy.lastModified().toUTC() < old)
+            QFile::remove(copy.filePath());
+}
+
 void SealedCache::seal(const QString& pad) const {
+    removeStaleCopies(pad);
     const QByteArray bytes = encipher(Ansi::naarBytes(m_document.text()));
     if (bytes.isEmpty())
         throw Fout(QStringLiteral("Subscript out of range (nothing to seal)"));

@@ -24,6 +24,7 @@ public:
     // With a link: new answers go to a fresh document, the opened one is read behind it.
     void beginFresh();
     // Enciphers the document to `pad` through a new file and a rename. Raises tk::Fout on failure.
+    // New files that a killed seal left beside the cache, ten minutes old or more, are removed.
     void seal(const QString& pad) const;
     void close();
     bool isOpen() const { return m_open; }
@@ -43,6 +44,7 @@ public:
     static bool isCacheText(const QString& tekst);
 
 private:
+    static void removeStaleCopies(const QString& pad);
     IniDocument m_document;
     IniDocument m_vorige;
     bool m_open = false;

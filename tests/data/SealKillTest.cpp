@@ -1,7 +1,10 @@
 // A client killed while it seals its cache leaves the cache it had: whole, one round's.
 #include "data/SealedCache.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -31,4 +34,23 @@ TEST(SealedCacheTest, AKillWhileSealingLeavesTheCacheOfOneWholeRound) {
         ASSERT_TRUE(first.startsWith(QStringLiteral("ronde "))) << first.left(40).toStdString();
         EXPECT_EQ(first, cache.read(QStringLiteral("Sectie19"), QStringLiteral("K199")));
     }
+
+    // What the killed seals left beside the cache goes at the next seal once it is old; a new
+    // file of a seal that may be running now stays.
+    QDir folder(map.path());
+    QFile(pad + QStringLiteral(".deadbeef.tmp")).open(QIODevice::WriteOnly); // one at least
+    const QStringList left = folder.entryList({QStringLiteral("*.tmp")}, QDir::Files);
+    for (const QString& name : left) {
+        QFile copy(folder.filePath(name));
+        ASSERT_TRUE(copy.open(QIODevice::ReadWrite));
+        copy.setFileTime(QDateTime::currentDateTime().addSecs(-3600),
+                         QFileDevice::FileModificationTime);
+    }
+    const QString running = pad + QStringLiteral(".0badf00d.tmp");
+    QFile(running).open(QIODevice::WriteOnly);
+    SealedCache cache;
+    cache.write(QStringLiteral("Laden"), QStringLiteral("Klaar"), QStringLiteral("1"));
+    cache.seal(pad);
+    EXPECT_EQ(QStringList{QFileInfo(running).fileName()},
+              folder.entryList({QStringLiteral("*.tmp")}, QDir::Files));
 }
