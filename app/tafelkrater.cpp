@@ -4,6 +4,7 @@
 #include "core/Programma.h"
 #include "link/FrmMainLink.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "screens/common/AccessibleFactory.h"
 #include "screens/start/FrmInitialiserenView.h"
 
 #include <QApplication>
@@ -11,6 +12,7 @@
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
+    tk::AccessibleFactory::installeren();
     tk::LinuxPlatform platform(QCoreApplication::applicationDirPath());
     tk::Programma p(platform);
     tk::ClientAssembly client(p);

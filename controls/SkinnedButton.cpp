@@ -1,5 +1,7 @@
 #include "SkinnedButton.h"
 
+#include "AccessibleName.h"
+
 namespace tk {
 
 bool SkinnedButton::tmrHover_Timer(QPoint cursor, QRect venster) {
@@ -41,11 +43,8 @@ void SkinnedButton::UserControl_Click() {
 }
 
 QString SkinnedButton::toegankelijkeNaam() const {
-    QString naam = tekst();
-    naam.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
-    naam.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    naam = naam.simplified();
-    return naam.isEmpty() ? naamZonderTekst : naam;
+    // A caption left blank: the full text of the tooltip, else the kind and number.
+    return AccessibleName::maak(tekst(), AccessibleName::maak(ToolTipText, naamZonderTekst));
 }
 
 } // namespace tk

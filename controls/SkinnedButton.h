@@ -48,8 +48,8 @@ public:
     virtual void UserControl_DblClick() {}
     void UserControl_Click();
 
-    // The caption on the button, and the name a screen reader says: the caption on one line, or
-    // naamZonderTekst for a blank caption.
+    // The caption on the button, and the name a screen reader says (AccessibleName): the caption,
+    // or for a blank caption the tooltip, or naamZonderTekst.
     virtual QString tekst() const = 0;
     QString toegankelijkeNaam() const;
     // A button that stays chosen (the chosen account) is checkable; checked while chosen.

@@ -16,6 +16,12 @@ public:
     // Takes the strip away while a program that demands a hidden taskbar runs (false), and
     // brings it back after (true): a strip the window manager keeps free would otherwise stay.
     virtual void strookTonen(bool zichtbaar) = 0;
+    // The keyboard: the bar never takes it, so the desktop hands its Tab on. neemFocus puts the
+    // focus on the bar's first button (or its last, going back); focusToets moves or presses.
+    // Both return false when the focus is not (or no longer) on the bar. A bar without buttons
+    // never takes the focus.
+    virtual bool neemFocus(bool /*vooraan*/) { return false; }
+    virtual bool focusToets(int /*toets*/, bool /*shift*/) { return false; }
 };
 
 } // namespace tk

@@ -1,5 +1,6 @@
 #include "FrmBureaublad.h"
 
+#include "controls/AccessibleName.h"
 #include "controls/DesktopEntryIcon.h"
 #include "controls/ModPictogrammen.h"
 #include "core/Ansi.h"
@@ -10,6 +11,7 @@
 #include "data/ModData.h"
 #include "link/ModMainVerbinding.h"
 #include "platform/Windows.h"
+#include "screens/common/FocusOrder.h"
 #include "screens/common/ThemePicture.h"
 #include "screens/desktop/DesktopTaskbar.h"
 #include "screens/desktop/FrmBureaubladBeelden.h"
@@ -285,6 +287,7 @@ void FrmBureaublad::LaadBureaublad(int rij, bool volledig) {
                                             QRect(plek, QSize(IcoonMaat, IcoonMaat)),
                                             FrmBureaubladBeelden::Schijf(),
                                             {},
+                                            {},
                                             {}});
                     zetNaam(i, p.modTaal.LaadTekst(723), plek);
                     return;
@@ -308,7 +311,7 @@ void FrmBureaublad::tekenIcoon(const QString& item, int i, int& plaats) {
     Iconen(i, KolomLinks) = QString::number(plek.x());
     Iconen(i, KolomBoven) = QString::number(plek.y());
     zichtbareIconen.append(
-        {i, QRect(plek, QSize(IcoonMaat, IcoonMaat)), applicatieBeeld(soort, rij), {}, {}});
+        {i, QRect(plek, QSize(IcoonMaat, IcoonMaat)), applicatieBeeld(soort, rij), {}, {}, {}});
     zetNaam(i, p.modData->Applicaties[soort](rij, 1), plek);
 }
 
@@ -414,6 +417,7 @@ void FrmBureaublad::tekenInternet() {
                             QRect(InternetPlek, QSize(InternetMaat, InternetMaat)),
                             beeld.copy(62, 0, InternetMaat, InternetMaat),
                             {},
+                            {},
                             {}});
     // The text stands centred on x 935 from top 284.
     zetNaam(rij, p.modTaal.LaadTekst(745),
@@ -470,7 +474,15 @@ void FrmBureaublad::Form_MouseUp(int knop, int x, int y) {
         if (knop != 1 || !Zichtbaar || picDisableZichtbaar || StartGeblokkeerd())
             return;
         const int rij = IcoonOp(QPoint(x, y));
-        if (rij < 0)
+        if (rij >= 0)
+            KlikIcoon(rij);
+    });
+}
+
+void FrmBureaublad::KlikIcoon(int rij) {
+    Procedure(p, "frmBureaublad.KlikIcoon", [&] {
+        if (!Zichtbaar || picDisableZichtbaar || StartGeblokkeerd() || rij < 0 ||
+            rij >= IconenRijen)
             return;
         const QString sleutel = Iconen(rij, KolomSleutel);
         picTooltipZichtbaar = false;
@@ -794,6 +806,97 @@ void FrmBureaublad::meld(const QString& tekst) {
 void FrmBureaublad::geefLocatieDoor(const QString& plaats) {
     if (p.modMainVerbinding)
         p.modMainVerbinding->GeefLocatieDoor(plaats);
+}
+
+void FrmBureaublad::zetFocus(int rij) {
+    focusRij = rij;
+    teken();
+}
+
+bool FrmBureaublad::Toets(int toets, bool shift) {
+    if (focusOpBalk) {
+        if (taakbalk && taakbalk->focusToets(toets, shift))
+            return true;
+        focusOpBalk = false;
+        // Out of the bar: Tab comes round to the first item, Shift+Tab to the last, Escape back
+        // to where the focus was.
+        if (toets != Qt::Key_Escape)
+            focusRij = -1;
+        const auto stap = FocusOrder::stapVoor(toets, shift);
+        if (stap == FocusOrder::Stap::Volgende || stap == FocusOrder::Stap::Vorige) {
+            QList<QRect> plekken(IconenRijen);
+            for (const Icoon& i : zichtbareIconen)
+                plekken[i.rij] = i.beeld.united(i.tekst);
+            focusRij = FocusOrder::volgende(plekken, -1, *stap);
+        }
+        zetFocus(focusRij);
+        return true;
+    }
+    if (toets == Qt::Key_Escape && picAanmeldenZichtbaar) {
+        picAanmeldenZichtbaar = false;
+        teken();
+        return true;
+    }
+    if (!Zichtbaar)
+        return false;
+    if (FocusOrder::isDrukken(toets) && focusRij >= 0) {
+        KlikIcoon(focusRij);
+        return true;
+    }
+    const auto stap = FocusOrder::stapVoor(toets, shift);
+    if (!stap)
+        return false;
+    QList<QRect> plekken(IconenRijen);
+    for (const Icoon& i : zichtbareIconen)
+        plekken[i.rij] = i.beeld.united(i.tekst);
+    const bool zichtbaar = focusRij >= 0 && focusRij < IconenRijen && !plekken[focusRij].isEmpty();
+    const int naar = FocusOrder::volgende(plekken, zichtbaar ? focusRij : -1, *stap);
+    if (naar < 0 && taakbalk && taakbalk->neemFocus(*stap == FocusOrder::Stap::Volgende)) {
+        focusOpBalk = true;
+        zetFocus(-1);
+        return true;
+    }
+    zetFocus(naar >= 0 ? naar : FocusOrder::volgende(plekken, -1, *stap));
+    return true;
+}
+
+QList<PaintedControl> FrmBureaublad::bedieningen() const {
+    QList<PaintedControl> lijst;
+    auto tekst = [&](const QString& t, const QRect& plek) {
+        PaintedControl c;
+        c.rol = QAccessible::StaticText;
+        c.naam = AccessibleName::maak(t);
+        c.plek = plek;
+        c.drukbaar = false;
+        if (!c.naam.isEmpty())
+            lijst.append(c);
+    };
+    if (!Zichtbaar)
+        return lijst;
+    tekst(kop, QRect(kopPlek, QSize(SchermBreedte - kopPlek.x() - 20, 30)));
+    tekst(subKop, QRect(kopPlek + QPoint(0, 36), QSize(SchermBreedte - kopPlek.x() - 20, 40)));
+    int nummer = 0;
+    for (const Icoon& i : zichtbareIconen) {
+        ++nummer;
+        PaintedControl c;
+        c.rol = QAccessible::ListItem;
+        c.naam = AccessibleName::maak(
+            i.naam,
+            p.modTaal.LaadTekst(9561).replace(QStringLiteral("%nummer%"), QString::number(nummer)));
+        c.plek = i.beeld.united(i.tekst);
+        c.focus = !focusOpBalk && i.rij == focusRij;
+        c.uitgeschakeld = picDisableZichtbaar;
+        c.stop = i.rij;
+        if (picTooltipZichtbaar && tooltipRij == i.rij)
+            c.beschrijving = tooltipRegels.join(QLatin1Char(' '));
+        lijst.append(c);
+    }
+    if (ballonWeergeven && !wolk.isNull())
+        tekst(ballonTekst, QRect(ballonPlek, wolk.size()));
+    if (picAanmeldenZichtbaar)
+        tekst(lblAanmeldenTekst, QRect(picAanmelden.left() + 16, picAanmelden.top() + 12,
+                                       picAanmelden.width() - 32, 20));
+    return lijst;
 }
 
 } // namespace tk

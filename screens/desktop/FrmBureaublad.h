@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/FixedTable.h"
+#include "screens/common/PaintedControl.h"
 #include "screens/desktop/FrmBureaubladStarter.h"
 
 #include <QColor>
@@ -80,6 +81,7 @@ public:
         QImage plaatje;
         QStringList regels;
         QRect tekst;
+        QString naam; // the whole name, unbroken
     };
 
     // --- the procedures
@@ -189,6 +191,20 @@ public:
 
     // The Iconen row under a point, or -1.
     int IcoonOp(QPoint punt) const;
+    // What a click on the item of Iconen row `rij` does: starts its program, opens the drive or
+    // the internet pane.
+    void KlikIcoon(int rij);
+
+    // --- the keyboard: Tab and the arrows move the focus through the shown items and, past the
+    // last, on through the taskbar's buttons; Enter or Space presses; Escape closes the teacher
+    // panel or brings the focus back from the bar. Returns whether the key was the desktop's.
+    bool Toets(int toets, bool shift = false);
+    int focusRij = -1;        // the Iconen row with the focus, -1: none
+    bool focusOpBalk = false; // the focus is on the taskbar's buttons
+    void zetFocus(int rij);
+    // The items (and the header, the cloud and the tooltip as texts) as accessibility sees
+    // them; an item's stop is its Iconen row.
+    QList<PaintedControl> bedieningen() const;
 
 private:
     void tekenIcoon(const QString& item, int rij, int& plaats);

@@ -2,10 +2,13 @@
 
 #include "FrmBureaublad.h"
 #include "StarterOverlayView.h"
+#include "controls/FocusRing.h"
 #include "controls/Knop2.h"
 #include "screens/common/LogonFields.h"
+#include "screens/common/PaintingViewAccessible.h"
 
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
@@ -67,6 +70,15 @@ void FrmBureaubladCanvas::bijwerken() {
     m_aanmelden->setVisible(paneelZichtbaar);
     m_overlay->bijwerken();
     update();
+    PaintingViewAccessible::meldFocus(this, *this, m_focusGemeld);
+}
+
+QList<PaintedControl> FrmBureaubladCanvas::geschilderd() const {
+    return m.bedieningen();
+}
+
+void FrmBureaubladCanvas::druk(const PaintedControl& control) {
+    m.KlikIcoon(control.stop);
 }
 
 void FrmBureaubladCanvas::paintEvent(QPaintEvent*) {
@@ -143,6 +155,9 @@ void FrmBureaubladCanvas::tekenIconen(QPainter& g) {
             y += fm.height();
         }
     }
+    for (const FrmBureaublad::Icoon& i : m.zichtbareIconen)
+        if (i.rij == m.focusRij && !m.focusOpBalk)
+            FocusRing::teken(g, i.beeld.united(i.tekst).adjusted(-8, -8, 8, 8), m.KleurKop);
     g.restore();
 }
 
@@ -219,6 +234,7 @@ void FrmBureaubladCanvas::leaveEvent(QEvent*) {
 FrmBureaubladView::FrmBureaubladView(FrmBureaublad& model, QWidget* ouder)
     : QWidget(ouder), m(model) {
     setWindowTitle(QStringLiteral("Tafelkrater"));
+    setFocusPolicy(Qt::StrongFocus);
     m_canvas = new FrmBureaubladCanvas(model, this);
     resize(FrmBureaublad::SchermBreedte, FrmBureaublad::SchermHoogte);
     m.onChanged = [this] { m_canvas->bijwerken(); };
@@ -258,6 +274,21 @@ void FrmBureaubladView::resizeEvent(QResizeEvent*) {
 
 void FrmBureaubladView::paintEvent(QPaintEvent*) {
     QPainter(this).fillRect(rect(), Qt::black);
+}
+
+void FrmBureaubladView::keyPressEvent(QKeyEvent* e) {
+    if (!m.Toets(e->key(), e->modifiers() & Qt::ShiftModifier))
+        QWidget::keyPressEvent(e);
+}
+
+bool FrmBureaubladView::event(QEvent* e) {
+    if (e->type() == QEvent::KeyPress) {
+        auto* toets = static_cast<QKeyEvent*>(e);
+        if ((toets->key() == Qt::Key_Tab || toets->key() == Qt::Key_Backtab) &&
+            m.Toets(toets->key(), toets->modifiers() & Qt::ShiftModifier))
+            return true;
+    }
+    return QWidget::event(e);
 }
 
 } // namespace tk

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "screens/common/PaintedControls.h"
+
 #include <QWidget>
 
 class QComboBox;
@@ -15,12 +17,16 @@ class StarterOverlayView;
 // The desktop's 1024 by 768 canvas: background, header, icons with their names, the internet
 // icon, the cloud, the teacher panel, the tooltip and the launcher's overlay. The mouse goes to
 // the model's Form_MouseMove and Form_MouseUp.
-class FrmBureaubladCanvas : public QWidget {
+class FrmBureaubladCanvas : public QWidget, public PaintedControls {
     Q_OBJECT
 public:
     FrmBureaubladCanvas(FrmBureaublad& model, QWidget* ouder);
     // Brings the panel's controls in line with the model and paints anew.
     void bijwerken();
+
+    // PaintedControls: the items, the header, the cloud.
+    QList<PaintedControl> geschilderd() const override;
+    void druk(const PaintedControl& control) override;
 
 protected:
     void paintEvent(QPaintEvent*) override;
@@ -38,6 +44,7 @@ private:
     QLineEdit* m_wachtwoord;
     QPushButton* m_aanmelden;
     StarterOverlayView* m_overlay;
+    int m_focusGemeld = -1;
 };
 
 // frmBureaublad on the screen: the canvas unscaled and centred on a black window of any size.
@@ -54,6 +61,9 @@ public:
 protected:
     void resizeEvent(QResizeEvent*) override;
     void paintEvent(QPaintEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
+    // Tab and Shift+Tab move the model's focus instead of Qt's.
+    bool event(QEvent*) override;
 
 private:
     FrmBureaublad& m;

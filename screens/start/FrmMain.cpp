@@ -1,5 +1,6 @@
 #include "FrmMain.h"
 
+#include "controls/AccessibleName.h"
 #include "core/Ansi.h"
 #include "core/Fout.h"
 #include "core/OpstartStappen.h"
@@ -8,6 +9,7 @@
 #include "core/ScreenSwitches.h"
 #include "data/ModData.h"
 #include "link/ModMainVerbinding.h"
+#include "screens/common/FocusOrder.h"
 #include "screens/common/Laadbalk.h"
 #include "screens/common/ThemePicture.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
@@ -230,6 +232,9 @@ void FrmMain::WeergevenKlassen(bool herladen) {
             k.Groepnummer = QString::number(i);
             k.Tekst = klassen(i, 1);
             k.ToolTipText = klassen(i, 0);
+            k.naamZonderTekst = p.modTaal.LaadTekst(9560).replace(QStringLiteral("%nummer%"),
+                                                                  QString::number(i + 1));
+            k.focusKleur = KleurRand;
             k.Font = knopFont;
             k.ForeColor = KleurKoptekst;
             const QStringList plek = klassen(i, 11).split(QLatin1Char(','));
@@ -694,6 +699,92 @@ void FrmMain::LaadLaadbalkLaden() {
 void FrmMain::LaadLaadbalkUpdate() {
     picLaden.moveTo(int(UpdateX), int(UpdateY));
     hertekenen();
+}
+
+QList<QRect> FrmMain::focusPlekken() const {
+    QList<QRect> plekken;
+    for (int i = 0; i < int(knopGroep.size()); ++i) {
+        const Knop2* k = knop(i);
+        plekken.append(k && k->Visible && k->Enabled ? QRect(QPoint(k->X, k->Y), k->Grootte())
+                                                     : QRect());
+    }
+    if (p.frmTaakbalk1)
+        for (const QRect& r : p.frmTaakbalk1->focusPlekken())
+            plekken.append(r.isEmpty() ? r : r.translated(0, Hoogte));
+    return plekken;
+}
+
+void FrmMain::zetFocus(int plek) {
+    focusPlek = plek;
+    const int klassen = int(knopGroep.size());
+    for (int i = 0; i < klassen; ++i)
+        if (Knop2* k = knop(i))
+            k->focus = i == plek;
+    if (p.frmTaakbalk1)
+        p.frmTaakbalk1->zetFocus(plek >= klassen ? plek - klassen : -1);
+    hertekenen();
+}
+
+void FrmMain::drukFocus(int plek) {
+    const int klassen = int(knopGroep.size());
+    if (plek >= 0 && plek < klassen) {
+        if (Knop2* k = knop(plek); k && k->Visible)
+            k->UserControl_Click();
+    } else if (plek >= klassen && p.frmTaakbalk1) {
+        p.frmTaakbalk1->drukFocus(plek - klassen);
+    }
+}
+
+bool FrmMain::Toets(int toets, bool shift) {
+    if (toets == Qt::Key_Escape && picAanmeldenZichtbaar) {
+        AccountKlik(0);
+        return true;
+    }
+    if (FocusOrder::isDrukken(toets) && focusPlek >= 0) {
+        drukFocus(focusPlek);
+        return true;
+    }
+    const auto stap = FocusOrder::stapVoor(toets, shift);
+    if (!stap)
+        return false;
+    const QList<QRect> plekken = focusPlekken();
+    int naar = FocusOrder::volgende(plekken, focusPlek < plekken.size() ? focusPlek : -1, *stap);
+    // Tab past the last stop comes round to the first.
+    if (naar < 0)
+        naar = FocusOrder::volgende(plekken, -1, *stap);
+    zetFocus(naar);
+    return true;
+}
+
+QList<PaintedControl> FrmMain::bedieningen() const {
+    QList<PaintedControl> lijst;
+    auto tekst = [&](const QString& t, const QRect& plek) {
+        PaintedControl c;
+        c.rol = QAccessible::StaticText;
+        c.naam = AccessibleName::maak(t);
+        c.plek = plek;
+        c.drukbaar = false;
+        if (!c.naam.isEmpty())
+            lijst.append(c);
+    };
+    if (ballonWeergeven && !wolk.isNull())
+        tekst(ballonTekst, QRect(ballonPlek, wolk.size()));
+    if (lblAccountZichtbaar)
+        tekst(lblAccount, QRect(lblAccountPlek - QPoint(0, 16), QSize(400, 20)));
+    if (link.lblLadenZichtbaar)
+        tekst(link.lblLaden, lblLadenRect());
+    if (link.picLadenZichtbaar)
+        tekst(laadTekst, picLaden);
+    if (picAanmeldenZichtbaar) {
+        tekst(lblGebruikerZichtbaar ? lblGebruiker : QString(),
+              QRect(picAanmelden.left() + 20, picAanmelden.top() + 10, picAanmelden.width() - 40,
+                    24));
+        tekst(lblAanmeldenTekst, QRect(picAanmelden.left() + 20, picAanmelden.top() + 38,
+                                       picAanmelden.width() - 40, 20));
+        tekst(wachtwoordBallon,
+              QRect(picAanmelden.left() + 20, picAanmelden.bottom() + 12, 320, 40));
+    }
+    return lijst;
 }
 
 } // namespace tk

@@ -3,6 +3,7 @@
 #include "controls/Knop2.h"
 #include "core/StartScreenEvents.h"
 #include "link/FrmMainLink.h"
+#include "screens/common/PaintedControl.h"
 
 #include <QColor>
 #include <QFont>
@@ -146,6 +147,20 @@ public:
     std::function<void(qint64 totaal, qint64 verzonden)> VerzendVoortgang;
     // What the start screen said it could not do here (also written to the log book).
     QStringList meldingen;
+
+    // --- the keyboard: Tab and the arrows move the focus through the shown class buttons and on
+    // through the taskbar's buttons; Enter or Space presses; Escape closes the password panel.
+    // Returns whether the key was the screen's.
+    bool Toets(int toets, bool shift = false);
+    // The focus stops: the class buttons by row (empty where none is shown), then the taskbar's
+    // stops moved down to where the bar stands under the screen.
+    QList<QRect> focusPlekken() const;
+    int focusPlek = -1;
+    void zetFocus(int plek);
+    void drukFocus(int plek);
+    // The texts painted on the canvas (the cloud, the notice, the loading text, the password
+    // panel's label) as accessibility sees them.
+    QList<PaintedControl> bedieningen() const;
 
     QString WachtwoordLeraren() const;
     QString WachtwoordOnderhoud() const;

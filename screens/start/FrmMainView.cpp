@@ -4,6 +4,7 @@
 #include "controls/SkinnedButtonView.h"
 #include "screens/common/LoadingBarPainter.h"
 #include "screens/common/LogonFields.h"
+#include "screens/common/PaintingViewAccessible.h"
 #include "screens/taskbar/FrmTaakbalk1View.h"
 
 #include <QKeyEvent>
@@ -65,6 +66,10 @@ void FrmMainCanvas::bijwerken() {
     m_aanmelden->setGeometry(paneel.right() - 120, paneel.top() + 92, 100, 24);
     m_aanmelden->setVisible(m.picAanmeldenZichtbaar && m.knopAanmeldenZichtbaar);
     update();
+}
+
+QList<PaintedControl> FrmMainCanvas::geschilderd() const {
+    return m.bedieningen();
 }
 
 void FrmMainCanvas::paintEvent(QPaintEvent*) {
@@ -168,7 +173,19 @@ void FrmMainView::paintEvent(QPaintEvent*) {
 void FrmMainView::keyPressEvent(QKeyEvent* e) {
     if (e->key() == Qt::Key_Shift)
         m.link.ShiftIngedrukt = true;
+    if (m.Toets(e->key(), e->modifiers() & Qt::ShiftModifier))
+        return;
     QWidget::keyPressEvent(e);
+}
+
+bool FrmMainView::event(QEvent* e) {
+    if (e->type() == QEvent::KeyPress) {
+        auto* toets = static_cast<QKeyEvent*>(e);
+        if ((toets->key() == Qt::Key_Tab || toets->key() == Qt::Key_Backtab) &&
+            m.Toets(toets->key(), toets->modifiers() & Qt::ShiftModifier))
+            return true;
+    }
+    return QWidget::event(e);
 }
 
 } // namespace tk

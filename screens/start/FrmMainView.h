@@ -1,5 +1,7 @@
 #pragma once
 
+#include "screens/common/PaintedControls.h"
+
 #include <QWidget>
 #include <map>
 
@@ -14,7 +16,7 @@ class Knop2;
 class SkinnedButtonView;
 
 // The canvas of the start screen: 1024 by 768, the screen of 685 rows over the taskbar.
-class FrmMainCanvas : public QWidget {
+class FrmMainCanvas : public QWidget, public PaintedControls {
     Q_OBJECT
 public:
     FrmMainCanvas(FrmMain& model, QWidget* ouder);
@@ -23,6 +25,10 @@ public:
     // Brings the child controls in line with the model and paints anew.
     void bijwerken();
     FrmTaakbalk1View* taakbalk = nullptr;
+
+    // PaintedControls: the texts painted on the canvas (the class buttons are widgets).
+    QList<PaintedControl> geschilderd() const override;
+    void druk(const PaintedControl&) override {}
 
 protected:
     void paintEvent(QPaintEvent*) override;
@@ -34,6 +40,7 @@ private:
     std::map<Knop2*, SkinnedButtonView*> m_knoppen;
     QLineEdit* m_wachtwoord;
     QPushButton* m_aanmelden;
+    int m_focusGemeld = -1;
 };
 
 // frmMain on the screen: the canvas unscaled and centred on a black window of any size; Shift
@@ -50,6 +57,8 @@ protected:
     void resizeEvent(QResizeEvent*) override;
     void paintEvent(QPaintEvent*) override;
     void keyPressEvent(QKeyEvent*) override;
+    // Tab and Shift+Tab move the model's focus instead of Qt's.
+    bool event(QEvent*) override;
 
 private:
     FrmMain& m;

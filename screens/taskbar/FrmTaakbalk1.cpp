@@ -117,6 +117,8 @@ void FrmTaakbalk1::Form_Activate() {
             nieuw << knop;
         }
         knoppen = nieuw;
+        for (int i = 0; i < knoppen.size(); ++i)
+            knoppen[i].focus = i == m_focus;
         plaatsAccounts();
     });
 }
@@ -241,6 +243,57 @@ void FrmTaakbalk1::KnopActie(const QString& naam) {
                 QStringLiteral("-"));
         }
     });
+}
+
+QList<QRect> FrmTaakbalk1::focusPlekken() const {
+    QList<QRect> plekken;
+    for (const Knop& k : knoppen)
+        plekken.append(Zichtbaar ? k.plek : QRect());
+    for (const Accounts& a : Account)
+        plekken.append(Zichtbaar && AccountsZichtbaar && a.Visible && a.Enabled
+                           ? QRect(QPoint(a.X, a.Y), a.Grootte())
+                           : QRect());
+    return plekken;
+}
+
+void FrmTaakbalk1::zetFocus(int plek) {
+    m_focus = plek;
+    for (int i = 0; i < knoppen.size(); ++i)
+        knoppen[i].focus = i == plek;
+    for (int i = 0; i < 3; ++i) {
+        Account[i].focus = int(knoppen.size()) + i == plek;
+        Account[i].focusKleur = Account[i].Teksthover;
+    }
+    if (onChanged)
+        onChanged();
+}
+
+void FrmTaakbalk1::drukFocus(int plek) {
+    if (plek >= 0 && plek < knoppen.size()) {
+        const QString naam = knoppen[plek].naam;
+        KnopActie(naam);
+    } else if (plek >= knoppen.size() && plek < knoppen.size() + 3) {
+        Account[plek - knoppen.size()].UserControl_Click();
+    }
+}
+
+QList<PaintedControl> FrmTaakbalk1::bedieningen() const {
+    QList<PaintedControl> lijst;
+    if (!Zichtbaar)
+        return lijst;
+    for (int i = 0; i < knoppen.size(); ++i) {
+        const Knop& k = knoppen[i];
+        if (k.plek.isNull())
+            continue;
+        PaintedControl c;
+        c.stop = i;
+        c.naam = k.toegankelijkeNaam();
+        c.beschrijving = k.hint;
+        c.plek = k.plek;
+        c.focus = k.focus;
+        lijst.append(c);
+    }
+    return lijst;
 }
 
 } // namespace tk

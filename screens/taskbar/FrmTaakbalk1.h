@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/Accounts.h"
+#include "screens/common/PaintedControl.h"
 #include "screens/taskbar/TaakbalkKnop.h"
 
 #include <QColor>
@@ -56,12 +57,24 @@ public:
     // The words of the present state, left ones first.
     QStringList woorden() const;
 
+    // --- the keyboard: the fixed buttons, then the shown account buttons, as focus stops
+    QList<QRect> focusPlekken() const;
+    // Puts the focus on stop `plek` (-1: none) and draws the bar anew.
+    void zetFocus(int plek);
+    int focusPlek() const { return m_focus; }
+    // Presses stop `plek` as a click would.
+    void drukFocus(int plek);
+    // The fixed buttons as accessibility sees them (the account buttons are widgets of their
+    // own).
+    QList<PaintedControl> bedieningen() const;
+
     std::function<void()> onChanged;
 
 private:
     bool onderhoud() const;
     void plaatsAccounts();
     Programma& p;
+    int m_focus = -1;
 };
 
 } // namespace tk

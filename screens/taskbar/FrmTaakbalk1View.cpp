@@ -3,6 +3,7 @@
 #include "FrmTaakbalk1.h"
 #include "TaakbalkKnopView.h"
 #include "controls/SkinnedButtonView.h"
+#include "screens/common/PaintingViewAccessible.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -27,6 +28,15 @@ void FrmTaakbalk1View::bijwerken() {
     for (SkinnedButtonView* a : m_accounts)
         a->bijwerken();
     update();
+    PaintingViewAccessible::meldFocus(this, *this, m_focusGemeld);
+}
+
+QList<PaintedControl> FrmTaakbalk1View::geschilderd() const {
+    return m.bedieningen();
+}
+
+void FrmTaakbalk1View::druk(const PaintedControl& control) {
+    m.drukFocus(control.stop);
 }
 
 void FrmTaakbalk1View::paintEvent(QPaintEvent*) {

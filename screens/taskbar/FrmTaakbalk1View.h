@@ -1,5 +1,7 @@
 #pragma once
 
+#include "screens/common/PaintedControls.h"
+
 #include <QWidget>
 
 namespace tk {
@@ -8,12 +10,16 @@ class SkinnedButtonView;
 class FrmTaakbalk1;
 
 // The start-screen taskbar on the screen: background, fixed buttons, the account buttons.
-class FrmTaakbalk1View : public QWidget {
+class FrmTaakbalk1View : public QWidget, public PaintedControls {
     Q_OBJECT
 public:
     FrmTaakbalk1View(FrmTaakbalk1& model, QWidget* ouder);
     ~FrmTaakbalk1View() override;
     void bijwerken();
+
+    // PaintedControls: the fixed buttons (the account buttons are widgets).
+    QList<PaintedControl> geschilderd() const override;
+    void druk(const PaintedControl& control) override;
 
 protected:
     void paintEvent(QPaintEvent*) override;
@@ -24,6 +30,7 @@ protected:
 private:
     FrmTaakbalk1& m;
     SkinnedButtonView* m_accounts[3];
+    int m_focusGemeld = -1;
 };
 
 } // namespace tk

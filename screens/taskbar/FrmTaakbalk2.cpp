@@ -1,5 +1,8 @@
 #include "FrmTaakbalk2.h"
 
+#include "controls/AccessibleName.h"
+#include "screens/common/FocusOrder.h"
+
 #include "core/Procedure.h"
 #include "core/Programma.h"
 #include "core/ScreenSwitches.h"
@@ -406,17 +409,21 @@ void FrmTaakbalk2::Form_MouseUp(QPoint punt) {
             hertekenen();
             return;
         }
-        const QString actie = Knoppen(rij, Actie);
-        if (actie == u"internet") {
-            Q_EMIT internetGevraagd();
-        } else if (actie == u"bureaublad") {
-            Q_EMIT bureaubladGevraagd();
-        } else if (taken.modTaken.pSetForegroundWindow(actie.toULongLong())) {
-            // Pressed at once; the next tick confirms it from the manager.
-            ActieveKnop = rij;
-        }
-        hertekenen();
+        drukTaak(rij);
     });
+}
+
+void FrmTaakbalk2::drukTaak(int rij) {
+    const QString actie = Knoppen(rij, Actie);
+    if (actie == u"internet") {
+        Q_EMIT internetGevraagd();
+    } else if (actie == u"bureaublad") {
+        Q_EMIT bureaubladGevraagd();
+    } else if (taken.modTaken.pSetForegroundWindow(actie.toULongLong())) {
+        // Pressed at once; the next tick confirms it from the manager.
+        ActieveKnop = rij;
+    }
+    hertekenen();
 }
 
 void FrmTaakbalk2::KnopActie(const QString& naam) {
@@ -541,6 +548,96 @@ QString FrmTaakbalk2::Tekentekst(const QString& titel, const QFontMetrics& fm, i
     while (laag > 0 && titel.at(laag - 1).isSpace())
         --laag;
     return titel.left(laag) + punten;
+}
+
+QList<QRect> FrmTaakbalk2::focusPlekken() const {
+    QList<QRect> plekken;
+    const int grens = takenGrens();
+    for (int i = 0; i < AantalKnoppen; ++i) {
+        const int links = Knoppen(i, KaderLinks).toInt();
+        const int rechts = qMin(Knoppen(i, KaderRechts).toInt(), grens);
+        plekken.append(Geladen && rechts > links ? QRect(links, 4, rechts - links - 2, Hoogte - 8)
+                                                 : QRect());
+    }
+    for (const TaakbalkKnop& k : vasteKnoppen)
+        plekken.append(Geladen ? k.plek : QRect());
+    return plekken;
+}
+
+void FrmTaakbalk2::zetFocus(int plek) {
+    focusPlek = plek;
+    for (int i = 0; i < vasteKnoppen.size(); ++i)
+        vasteKnoppen[i].focus = AantalKnoppen + i == plek;
+    hertekenen();
+}
+
+void FrmTaakbalk2::drukFocus(int plek) {
+    Procedure(p, "frmTaakbalk2.drukFocus", [&] {
+        if (plek >= 0 && plek < AantalKnoppen) {
+            drukTaak(plek);
+        } else if (plek >= AantalKnoppen && plek < AantalKnoppen + vasteKnoppen.size()) {
+            const QString naam = vasteKnoppen[plek - AantalKnoppen].naam;
+            KnopActie(naam);
+        }
+    });
+}
+
+bool FrmTaakbalk2::neemFocus(bool vooraan) {
+    const int naar = FocusOrder::volgende(
+        focusPlekken(), -1, vooraan ? FocusOrder::Stap::Volgende : FocusOrder::Stap::Vorige);
+    zetFocus(naar);
+    return naar >= 0;
+}
+
+bool FrmTaakbalk2::focusToets(int toets, bool shift) {
+    if (focusPlek < 0)
+        return false;
+    if (toets == Qt::Key_Escape) {
+        zetFocus(-1);
+        return false;
+    }
+    if (FocusOrder::isDrukken(toets)) {
+        drukFocus(focusPlek);
+        return true;
+    }
+    const auto stap = FocusOrder::stapVoor(toets, shift);
+    if (!stap)
+        return true;
+    zetFocus(FocusOrder::volgende(focusPlekken(), focusPlek, *stap));
+    return focusPlek >= 0;
+}
+
+QList<PaintedControl> FrmTaakbalk2::bedieningen() const {
+    QList<PaintedControl> lijst;
+    const QList<QRect> plekken = focusPlekken();
+    for (int i = 0; i < AantalKnoppen; ++i) {
+        PaintedControl c;
+        c.naam = AccessibleName::maak(
+            Knoppen(i, Titel),
+            p.modTaal.LaadTekst(9562).replace(QStringLiteral("%nummer%"), QString::number(i + 1)));
+        c.beschrijving =
+            Knoppen(i, Titel).size() > AccessibleName::Langste ? QString() : Knoppen(i, Titel);
+        c.plek = plekken.value(i);
+        c.focus = focusPlek == i;
+        c.ingedrukt = IngedruktKnop == i;
+        c.aanvinkbaar = true;
+        c.aangevinkt = ActieveKnop == i;
+        c.stop = i;
+        lijst.append(c);
+    }
+    for (int i = 0; i < vasteKnoppen.size(); ++i) {
+        const TaakbalkKnop& k = vasteKnoppen[i];
+        if (k.plek.isNull())
+            continue;
+        PaintedControl c;
+        c.stop = AantalKnoppen + i;
+        c.naam = k.toegankelijkeNaam();
+        c.beschrijving = k.hint;
+        c.plek = plekken.value(AantalKnoppen + i);
+        c.focus = k.focus;
+        lijst.append(c);
+    }
+    return lijst;
 }
 
 } // namespace tk

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/FixedTable.h"
+#include "screens/common/PaintedControl.h"
 #include "screens/desktop/DesktopTaskbar.h"
 #include "screens/taskbar/ModTaakbalk.h"
 #include "screens/taskbar/TaakbalkKnop.h"
@@ -168,6 +169,17 @@ public:
     void plaatsVoorScherm(int hoogte) override;
     void houdBoven() override;
     void strookTonen(bool zichtbaar) override;
+    bool neemFocus(bool vooraan) override;
+    bool focusToets(int toets, bool shift) override;
+
+    // --- the keyboard and accessibility: the task buttons by row, then the fixed buttons
+    QList<QRect> focusPlekken() const;
+    int focusPlek = -1; // -1: the focus is not on the bar
+    void zetFocus(int plek);
+    // Presses stop `plek` as a click would.
+    void drukFocus(int plek);
+    // The task and fixed buttons as accessibility sees them, in the order of focusPlekken.
+    QList<PaintedControl> bedieningen() const;
 
 Q_SIGNALS:
     // What the bar's buttons ask of the desktop: bring it forward with its icons or with its
@@ -186,6 +198,9 @@ private:
     void tekenTaken();
     quint64 venster() const;
     void hertekenen();
+    // What a click on task row `rij` does: brings its window (or the internet pane, or the
+    // desktop) forward.
+    void drukTaak(int rij);
     Programma& p;
     FrmBureaublad* m_bureaublad = nullptr;
     bool m_teveelGemeld = false;

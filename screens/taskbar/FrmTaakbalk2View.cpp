@@ -2,6 +2,8 @@
 
 #include "FrmTaakbalk2.h"
 #include "TaakbalkKnopView.h"
+#include "controls/FocusRing.h"
+#include "screens/common/PaintingViewAccessible.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -20,7 +22,10 @@ FrmTaakbalk2View::FrmTaakbalk2View(FrmTaakbalk2& model, QWidget* ouder)
     setMouseTracking(true);
     setFocusPolicy(Qt::NoFocus);
     m.VensterHandle = [this] { return quint64(winId()); };
-    m.onChanged = [this] { update(); };
+    m.onChanged = [this] {
+        update();
+        PaintingViewAccessible::meldFocus(this, *this, m_focusGemeld);
+    };
     m.Plaatsen = [this](const QRect& plek) { setGeometry(plek); };
     m.MuisPositie = [this] { return mapFromGlobal(QCursor::pos()); };
     m.VensterTonen = [this] { openen(); };
@@ -124,6 +129,8 @@ void FrmTaakbalk2View::tekenTaken(QPainter& painter) {
         const int basis =
             kaderTop + (kaderHoogte - fm.height()) / 2 + fm.ascent() + (ingedrukt ? 1 : 0);
         painter.drawText(tekstLinks, basis, tekst);
+        if (i == m.focusPlek)
+            FocusRing::teken(painter, kader.adjusted(-1, -2, 1, 2), m.takenGeselecteerd);
     }
     painter.restore();
 }
@@ -151,6 +158,14 @@ void FrmTaakbalk2View::mousePressEvent(QMouseEvent* e) {
 void FrmTaakbalk2View::mouseReleaseEvent(QMouseEvent* e) {
     if (e->button() == Qt::LeftButton)
         m.Form_MouseUp(e->position().toPoint());
+}
+
+QList<PaintedControl> FrmTaakbalk2View::geschilderd() const {
+    return m.bedieningen();
+}
+
+void FrmTaakbalk2View::druk(const PaintedControl& control) {
+    m.drukFocus(control.stop);
 }
 
 void FrmTaakbalk2View::leaveEvent(QEvent*) {

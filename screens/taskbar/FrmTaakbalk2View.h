@@ -1,5 +1,7 @@
 #pragma once
 
+#include "screens/common/PaintedControls.h"
+
 #include <QWidget>
 
 namespace tk {
@@ -10,7 +12,7 @@ class FrmTaakbalk2;
 // marked as a dock for the window manager, above all other windows and never taking the focus
 // from the program in front. Paints the model's fixed buttons and task buttons from the theme and
 // forwards the mouse.
-class FrmTaakbalk2View : public QWidget {
+class FrmTaakbalk2View : public QWidget, public PaintedControls {
     Q_OBJECT
 public:
     explicit FrmTaakbalk2View(FrmTaakbalk2& model, QWidget* ouder = nullptr);
@@ -19,6 +21,10 @@ public:
     void openen();
     // Stops the bar and hides the window.
     void sluiten();
+
+    // PaintedControls: the task buttons and the fixed buttons.
+    QList<PaintedControl> geschilderd() const override;
+    void druk(const PaintedControl& control) override;
 
 protected:
     void paintEvent(QPaintEvent*) override;
@@ -30,6 +36,7 @@ protected:
 private:
     void tekenTaken(QPainter& painter);
     FrmTaakbalk2& m;
+    int m_focusGemeld = -1;
 };
 
 } // namespace tk

@@ -1,5 +1,7 @@
 #include "TaakbalkKnop.h"
 
+#include "controls/AccessibleName.h"
+
 #include "core/Procedure.h"
 #include "theme/ThemeKeys.h"
 
@@ -24,6 +26,10 @@ void TaakbalkKnop::LaadThema(Programma& p, const ThemeKeys& k, const QString& be
 
 int TaakbalkKnop::breedte(int beeldMaat, int tekstBreedte) const {
     return tekst.isEmpty() ? beeldMaat : beeldMaat + Tussenruimte + tekstBreedte;
+}
+
+QString TaakbalkKnop::toegankelijkeNaam() const {
+    return AccessibleName::maak(tekst, AccessibleName::maak(hint, naam));
 }
 
 } // namespace tk

@@ -23,6 +23,7 @@ struct TaakbalkKnop {
     QColor tekstKleur{Qt::white};
     QColor hoverKleur{255, 221, 87};
     bool hover = false;
+    bool focus = false; // the keyboard's focus, drawn as a ring in the hover colour
 
     // Space between the picture and the caption.
     static constexpr int Tussenruimte = 6;
@@ -34,6 +35,8 @@ struct TaakbalkKnop {
                    const QString& sectie, const QString& kleurWoord, const char* procedure);
     // Picture, space and caption measured with the font's advance of the caption.
     int breedte(int beeldMaat, int tekstBreedte) const;
+    // What a screen reader says: the caption, else the hint, else the action word.
+    QString toegankelijkeNaam() const;
 };
 
 } // namespace tk

@@ -1,6 +1,7 @@
 #include "TaakbalkKnopView.h"
 
 #include "TaakbalkKnop.h"
+#include "controls/FocusRing.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -12,6 +13,8 @@ void TaakbalkKnopView::teken(QPainter& painter, const TaakbalkKnop& knop, const 
     if (knop.plek.isNull())
         return;
     const QRect& plek = knop.plek;
+    if (knop.focus)
+        FocusRing::teken(painter, plek.adjusted(-3, -2, 3, 2), knop.hoverKleur);
     if (!knop.beeld.isNull())
         painter.drawImage(plek.left(), plek.top() + (plek.height() - knop.beeld.height()) / 2,
                           knop.beeld);
