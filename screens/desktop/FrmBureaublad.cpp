@@ -399,6 +399,7 @@ void FrmBureaublad::zetNaam(int rij, const QString& naam, QPoint icoon) {
         if (i.rij == rij) {
             i.regels = regels;
             i.tekst = tekst;
+            i.naam = naam;
         }
 }
 

@@ -728,8 +728,8 @@ void FrmMain::zetFocus(int plek) {
 void FrmMain::drukFocus(int plek) {
     const int klassen = int(knopGroep.size());
     if (plek >= 0 && plek < klassen) {
-        if (Knop2* k = knop(plek); k && k->Visible)
-            k->UserControl_Click();
+        if (Knop2* k = knop(plek); k && k->Visible && k->Enabled)
+            knopGroep_Click(plek);
     } else if (plek >= klassen && p.frmTaakbalk1) {
         p.frmTaakbalk1->drukFocus(plek - klassen);
     }

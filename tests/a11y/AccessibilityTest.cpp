@@ -1,0 +1,176 @@
+// What a screen reader and AT-SPI see of the painted screens: an accessible object per painted
+// control with its role, name, state and press action, read through Qt's accessibility
+// interfaces (offscreen: the same calls the AT-SPI bridge makes).
+#include "A11yTree.h"
+#include "controls/AccessibleName.h"
+#include "screens/common/AccessibleFactory.h"
+#include "screens/desktop/FrmBureaubladView.h"
+#include "screens/start/FrmMainView.h"
+#include "screens/taskbar/FrmTaakbalk1View.h"
+#include "screens/taskbar/FrmTaakbalk2.h"
+#include "screens/taskbar/FrmTaakbalk2View.h"
+#include "tests/desktop/BureaubladWerkplek.h"
+#include "tests/screens/ScreenWerkplek.h"
+
+#include <QAccessibleActionInterface>
+#include <gtest/gtest.h>
+
+using namespace tk;
+using namespace tk::test;
+
+namespace {
+
+struct Rij {
+    const char* soort; // what the row checks, for the failure message
+    QAccessible::Role rol;
+    QString naam;
+    bool drukbaar;
+};
+
+void controleer(QAccessibleInterface* wortel, const QList<Rij>& rijen) {
+    for (const Rij& r : rijen) {
+        SCOPED_TRACE(std::string(r.soort) + ": " + r.naam.left(40).toStdString());
+        QAccessibleInterface* i = A11yTree::zoek(wortel, r.rol, r.naam);
+        ASSERT_NE(nullptr, i);
+        EXPECT_TRUE(i->isValid());
+        EXPECT_FALSE(i->rect().isEmpty());
+        const QStringList acties =
+            i->actionInterface() ? i->actionInterface()->actionNames() : QStringList();
+        EXPECT_EQ(r.drukbaar, acties.contains(QAccessibleActionInterface::pressAction()));
+        // The parent knows the child at the index it reports.
+        QAccessibleInterface* ouder = i->parent();
+        ASSERT_NE(nullptr, ouder);
+        EXPECT_EQ(i, ouder->child(ouder->indexOfChild(i)));
+    }
+}
+
+struct Startscherm : ScreenWerkplek {
+    Startscherm() {
+        AccessibleFactory::installeren();
+        p.modTaal.Taal = 1033;
+        p.schermen = &schermen;
+        klas(0, "Groep 1A", "1A");
+        klas(1, " ", "");                                                  // a blank name
+        klas(2, QString(10000, QChar(u'x')), QString(10000, QChar(u'x'))); // a runaway name
+        klas(3, QString::fromUtf8("مدرسة"), QString::fromUtf8("مدرسة"));   // right to left
+        balk().Zichtbaar = true;
+        balk().LadenVormgeving();
+        balk().Form_Activate();
+        balk().ToonAccounts();
+        f().Form_Load();
+        f().AccountKlik(0);
+        view = std::make_unique<FrmMainView>(f());
+        auto* b = new FrmTaakbalk1View(balk(), view->canvas());
+        b->move(0, FrmMain::Hoogte);
+        view->canvas()->taakbalk = b;
+        view->show();
+        wortel = QAccessible::queryAccessibleInterface(view.get());
+    }
+    OpnameSchermen schermen;
+    std::unique_ptr<FrmMainView> view;
+    QAccessibleInterface* wortel = nullptr;
+};
+
+} // namespace
+
+TEST(AccessibilityTest, StartScreenGivesEveryPaintedControlItsRoleNameAndPress) {
+    Startscherm w;
+    const QString lang = QString(AccessibleName::Langste - 1, QChar(u'x')) + QChar(0x2026);
+    QList<Rij> rijen = {
+        {"class button", QAccessible::Button, "1A", true},
+        {"class without a name", QAccessible::Button, "Class 2", true},
+        {"class with a runaway name", QAccessible::Button, lang, true},
+        {"class in a right-to-left script", QAccessible::Button, QString::fromUtf8("مدرسة"), true},
+        {"cloud", QAccessible::StaticText, w.f().ballonTekst, false},
+        {"account button", QAccessible::Button, "Children", true},
+        {"account button", QAccessible::Button, "Teachers", true},
+    };
+    for (const auto& k : w.balk().knoppen)
+        rijen.append({"taskbar button", QAccessible::Button, k.toegankelijkeNaam(), true});
+    controleer(w.wortel, rijen);
+
+    // In the other language the names follow.
+    w.p.modTaal.Taal = 1043;
+    w.balk().LadenVormgeving();
+    w.f().WeergevenKlassen(true);
+    w.f().AccountKlik(0);
+    controleer(w.wortel, {{"account button", QAccessible::Button, "Leerkrachten", true},
+                          {"class without a name", QAccessible::Button, "Groep 2", true}});
+}
+
+TEST(AccessibilityTest, PressingAClassByItsNameOpensItsDesktopAndTheFocusIsItsState) {
+    Startscherm w;
+    QAccessibleInterface* klas = A11yTree::zoek(w.wortel, QAccessible::Button, "1A");
+    ASSERT_NE(nullptr, klas);
+    EXPECT_FALSE(klas->state().focused);
+    EXPECT_TRUE(w.f().Toets(Qt::Key_Tab));
+    EXPECT_TRUE(klas->state().focused);
+    w.balk().Account[1].Enabled = false;
+    QAccessibleInterface* leraar = A11yTree::zoek(w.wortel, QAccessible::Button, "Teachers");
+    ASSERT_NE(nullptr, leraar);
+    EXPECT_TRUE(leraar->state().disabled);
+    EXPECT_TRUE(leraar->state().checkable);
+    klas->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(QStringList{"bureaublad 0:100"}, w.schermen.log);
+}
+
+TEST(AccessibilityTest, DesktopItemsAndTaskButtonsAreNamedFromTheirModels) {
+    AccessibleFactory::installeren();
+    BureaubladWerkplek w;
+    w.p.modTaal.Taal = 1033;
+    w.applicatie(0, 0, "1", "Rekenen");
+    w.applicatie(0, 1, "2", "");
+    w.applicatie(0, 2, "3", QString::fromUtf8("שלום עולם"));
+    w.klas(0, "Groep 3", "100", "1|2|3", "Ja");
+    w.p.maak(w.p.frmTaakbalk2, w.p);
+    FrmTaakbalk2& balk = *w.p.frmTaakbalk2;
+    balk.VensterHandle = [] { return quint64(5); };
+    balk.KoppelBureaublad(w.b());
+    FrmBureaubladView view(w.b());
+    FrmTaakbalk2View balkView(balk);
+    w.b().Openen(0, "100");
+    balk.tmrTaken.stop();
+    balk.tmrMuis.stop();
+    view.show();
+    const QString lang(10000, QChar(u'y'));
+    w.platform.fakeWindows().windows.append(WindowInfo{7, true, 0, 0, false, false, lang, 0});
+    w.platform.fakeWindows().windows.append(WindowInfo{8, true, 0, 0, false, false, "Tekenen", 0});
+    balk.tmrTaken_Timer();
+    ASSERT_EQ(2, balk.AantalKnoppen);
+
+    QAccessibleInterface* bureaublad = QAccessible::queryAccessibleInterface(&view);
+    controleer(bureaublad,
+               {{"desktop item", QAccessible::ListItem, "Rekenen", true},
+                {"item without a name", QAccessible::ListItem, "Program 2", true},
+                {"item in a right-to-left script", QAccessible::ListItem,
+                 QString::fromUtf8("שלום עולם"), true},
+                {"internet item", QAccessible::ListItem, "Internet", true},
+                {"header", QAccessible::StaticText, AccessibleName::maak(w.b().kop), false}});
+    QList<Rij> balkRijen = {
+        {"task with a runaway title", QAccessible::Button, AccessibleName::maak(lang), true},
+        {"task", QAccessible::Button, "Tekenen", true}};
+    for (const auto& k : balk.vasteKnoppen)
+        if (!k.plek.isNull())
+            balkRijen.append({"fixed button", QAccessible::Button, k.toegankelijkeNaam(), true});
+    QAccessibleInterface* taakbalk = QAccessible::queryAccessibleInterface(&balkView);
+    controleer(taakbalk, balkRijen);
+
+    // The task in front is checked; pressing the other brings its window forward.
+    QAccessibleInterface* tekenen = A11yTree::zoek(taakbalk, QAccessible::Button, "Tekenen");
+    tekenen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(w.platform.fakeWindows().log.contains("activate 8"));
+    EXPECT_TRUE(tekenen->state().checked);
+
+    // A task that went away is no longer valid, and the bar no longer counts it.
+    QAccessibleInterface* tweede = A11yTree::zoek(taakbalk, QAccessible::Button, "Tekenen");
+    const int voor = taakbalk->childCount();
+    w.platform.fakeWindows().windows.removeLast();
+    balk.tmrTaken_Timer();
+    EXPECT_EQ(voor - 1, taakbalk->childCount());
+    EXPECT_NE("Tekenen", tweede->text(QAccessible::Name));
+
+    // Pressing an item by its name starts its program.
+    QAccessibleInterface* rekenen = A11yTree::zoek(bureaublad, QAccessible::ListItem, "Rekenen");
+    rekenen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(1, w.platform.fakeProcesses().started.size());
+}
