@@ -214,6 +214,13 @@ void loadSeeds() {
 
 } // namespace
 
+// The page filter: a word list, a line end, a title, a line end, a body.
+void filterSeeds() {
+    seed("PageFilterFuzz", "titel", "kat|hond|url>slecht.nl\nEen kat\nDe tekst van de pagina.");
+    seed("PageFilterFuzz", "tekst", "seks|haha||  |caf\xe9\nDieren\nAkatA, Bhahaha haha CAF\xc9.");
+    seed("PageFilterFuzz", "leeg", "|url>|\n\n");
+}
+
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     if (argc < 2) {
@@ -228,5 +235,6 @@ int main(int argc, char** argv) {
     iconSeeds();
     wireSeeds();
     loadSeeds();
+    filterSeeds();
     return g_ok ? 0 : 1;
 }

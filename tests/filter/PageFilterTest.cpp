@@ -157,6 +157,8 @@ TEST(FilterLists, ItemsAsTheServerGivesThem) {
     EXPECT_EQ(10001, lijst.item(5).woord.size());
     EXPECT_TRUE(FilterList::verbodenWoorden(QString()).items().isEmpty());
     EXPECT_TRUE(FilterList::sites(QString()).items().isEmpty());
+    // An allowed site has no prefix: "url>" is part of it.
+    EXPECT_EQ(QByteArray("url>a.nl"), FilterList::sites(s("url>a.nl")).item(0).woord);
     // A character outside the code page becomes "?" and is searched as that.
     EXPECT_EQ(QByteArray("?x"), FilterList::sites(s("\u0416x")).item(0).woord);
 }
