@@ -4,10 +4,13 @@
 #include "data/ModData.h"
 #include "data/ModMainLaden.h"
 #include "link/ModMainVerbinding.h"
+#include "platform/ContainedSystemActions.h"
+#include "platform/linux/PrivilegedSystemActions.h"
 #include "screens/start/FrmMain.h"
 #include "screens/start/FrmMainView.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "screens/taskbar/FrmTaakbalk1View.h"
+#include "session/ModMainSessie.h"
 #include "theme/ModDataPictogrammen.h"
 #include "theme/ModDataThemas.h"
 #include "theme/ModThema.h"
@@ -124,6 +127,65 @@ void ClientStartSteps::OpenOnderhoud() {
 
 void ClientStartSteps::OpenFout(const QString& tekst) {
     p.startScreen->OpenFout(tekst);
+}
+
+// --- the session layer
+
+ModMainSessie& ClientStartSteps::sessie() {
+    if (!m_sessie) {
+        if (ModMainSessie::SysteemInstelling(p))
+            m_systeem = std::make_unique<PrivilegedSystemActions>(p.platform.programFolder());
+        else
+            m_systeem = std::make_unique<ContainedSystemActions>(p.platform.programFolder(),
+                                                                 p.platform.clock());
+        m_sessie = std::make_unique<ModMainSessie>(p, *m_systeem);
+    }
+    return *m_sessie;
+}
+
+void ClientStartSteps::WijzigOpstarten() {
+    sessie().WijzigOpstarten();
+}
+
+void ClientStartSteps::BewaarOpstartinstellingen() {
+    sessie().BewaarOpstartinstellingen();
+}
+
+void ClientStartSteps::TafelkraterAccountVerwijderen() {
+    sessie().TafelkraterAccountVerwijderen();
+}
+
+void ClientStartSteps::TafelkraterDeactiverenSetup() {
+    sessie().TafelkraterDeactiverenSetup();
+}
+
+void ClientStartSteps::TafelkraterDeactiveren() {
+    sessie().TafelkraterDeactiveren(false);
+}
+
+void ClientStartSteps::Afmelden() {
+    sessie().Afmelden();
+}
+
+void ClientStartSteps::ZetBureaubladachtergrond(bool aan, bool opslaan) {
+    sessie().ZetBureaubladachtergrond(aan, opslaan);
+}
+
+void ClientStartSteps::ZetBrowserbeperkingen(bool aan) {
+    sessie().ZetBrowserbeperkingen(aan);
+}
+
+void ClientStartSteps::ZetSessiebeperkingen(bool opheffen, bool metTaakbeheer) {
+    sessie().ZetSysteembeperkingen(opheffen, metTaakbeheer);
+}
+
+void ClientStartSteps::ZetAutomatischeAanmelding(const QString& account, const QString& wachtwoord,
+                                                 const QString& domein, bool afmelden) {
+    sessie().AanmeldenAlsAccount(account, wachtwoord, domein, afmelden);
+}
+
+bool ClientStartSteps::SessieActie(const QString& actie) {
+    return sessie().SessieActie(actie) || UnbuiltStartSteps::SessieActie(actie);
 }
 
 } // namespace tk

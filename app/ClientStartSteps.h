@@ -7,10 +7,13 @@
 namespace tk {
 
 class FrmMainView;
+class ModMainSessie;
 class Programma;
+class SystemActions;
 
 // The start-up steps this client has built: the launcher, the local server, the theme, the theme
-// and icon stores, the connection, the load, and the start screen with its taskbar on the screen.
+// and icon stores, the connection, the load, the start screen with its taskbar on the screen, and
+// the take-over and hand-back of the machine with the end of the session.
 // Every other step is an unbuilt one (UnbuiltStartSteps) that says so in the log book.
 class ClientStartSteps : public UnbuiltStartSteps {
 public:
@@ -33,6 +36,22 @@ public:
     void OpenOnderhoud() override;
     void OpenFout(const QString& tekst) override;
 
+    // The take-over and hand-back, the session's policies and its end (session layer).
+    void WijzigOpstarten() override;
+    void BewaarOpstartinstellingen() override;
+    void TafelkraterAccountVerwijderen() override;
+    void TafelkraterDeactiverenSetup() override;
+    void TafelkraterDeactiveren() override;
+    void Afmelden() override;
+    void ZetBureaubladachtergrond(bool aan, bool opslaan) override;
+    void ZetBrowserbeperkingen(bool aan) override;
+    void ZetSessiebeperkingen(bool opheffen, bool metTaakbeheer) override;
+    void ZetAutomatischeAanmelding(const QString& account, const QString& wachtwoord,
+                                   const QString& domein, bool afmelden) override;
+    bool SessieActie(const QString& actie) override;
+    // The session module, made at its first use in the setting of \Data\Instellingen.ini.
+    ModMainSessie& sessie();
+
     // Shows the start screen's window over the whole screen.
     void toonHoofdvenster();
     // Hides it while a desktop stands.
@@ -40,6 +59,8 @@ public:
 
 private:
     std::unique_ptr<FrmMainView> m_view;
+    std::unique_ptr<SystemActions> m_systeem;
+    std::unique_ptr<ModMainSessie> m_sessie;
 };
 
 } // namespace tk

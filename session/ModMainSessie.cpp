@@ -338,6 +338,16 @@ void ModMainSessie::TafelkraterDeactiverenSetup() {
     });
 }
 
+void ModMainSessie::TafelkraterAccountVerwijderen() {
+    Procedure(p, "modMain.TafelkraterAccountVerwijderen", [&] {
+        schrijfShell(QStringLiteral("explorer.exe"));
+        p.opstartStappen->StartVerkenner();
+        p.modMain.SchrijfIni(QString(), QStringLiteral("Algemeen"),
+                             QStringLiteral("Account verwijderen"), instellingen());
+        actie(QStringLiteral("account-delete"), {QStringLiteral("tafelkrater")});
+    });
+}
+
 // --- the policies, the proxy, the wallpaper
 
 void ModMainSessie::ZetSysteembeperkingen(bool opheffen, bool metTaakbeheer) {

@@ -27,6 +27,9 @@ public:
     void TafelkraterDeactiveren(bool stil);
     // The hand-back without message, wallpaper or log-off (safe mode).
     void TafelkraterDeactiverenSetup();
+    // Run at the first start under another account after a standalone hand-back: the system's
+    // shell comes back and the program's own account goes, with its home folder.
+    void TafelkraterAccountVerwijderen();
     bool IsShellIngesteld();
     bool ControleerRegisterSchrijfbaar();
     // The logon policies; the start-up's ZetSessiebeperkingen is this routine too.

@@ -43,13 +43,25 @@ TEST(ClientAssemblyTest, AStepNoLayerFillsSaysSoInTheLogBookOnce) {
     OpstartStappen& stappen = client.stappen();
     EXPECT_TRUE(stappen.frmActiveren()); // the workstation goes on without the take-over
     EXPECT_TRUE(stappen.frmActiveren());
-    stappen.ZetAutomatischeAanmelding(QStringLiteral("GLOBAL"), QString(), QString(), true);
-    EXPECT_EQ(
-        client.stappen().gemeld(),
-        (QStringList{QStringLiteral("frmActiveren"), QStringLiteral("ZetAutomatischeAanmelding")}));
+    stappen.ControleerLerarenRechten();
+    EXPECT_EQ(client.stappen().gemeld(), (QStringList{QStringLiteral("frmActiveren"),
+                                                      QStringLiteral("ControleerLerarenRechten")}));
     EXPECT_EQ(QDir(w.pad(QStringLiteral("Logboek"))).entryList(QDir::Files).size(), 1);
     EXPECT_TRUE(QString::fromUtf8(
                     w.lees(QStringLiteral("Logboek/") +
                            QDir(w.pad(QStringLiteral("Logboek"))).entryList(QDir::Files).value(0)))
                     .contains(QStringLiteral("frmActiveren is not built on this workstation yet")));
+}
+
+TEST(ClientAssemblyTest, SessionStepsOfTheClientAreContainedUnlessTheSettingSaysSysteem) {
+    Werkplek w;
+    ClientAssembly client(w.p);
+    client.stappen().ZetAutomatischeAanmelding(QStringLiteral("GLOBAL"), QString(), QString(),
+                                               true);
+    const QStringList regels = QString::fromUtf8(w.lees(QStringLiteral("Logboek/systeem.log")))
+                                   .split(u'\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(regels.size(), 2);
+    EXPECT_TRUE(regels[0].endsWith(u" autologon-set global"));
+    EXPECT_TRUE(regels[1].endsWith(u" logoff"));
+    EXPECT_TRUE(w.p.beeindigd);
 }
