@@ -1,0 +1,314 @@
+#include "SystemTool.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSaveFile>
+
+namespace tk {
+
+namespace {
+SystemTool::Result refused(const QString& why) {
+    return {2, QStringLiteral("tafelkrater-systeem: refused: ") + why + QLatin1Char('\n')};
+}
+SystemTool::Result failed(const QString& why) {
+    return {1, QStringLiteral("tafelkrater-systeem: ") + why + QLatin1Char('\n')};
+}
+// The lines the client's success test reads, as the system's own account tool prints them.
+const QString klaar() {
+    return QStringLiteral("The command completed successfully.\n");
+}
+const QString alLid() {
+    return QStringLiteral("The specified account name is already a member of the local group.\n");
+}
+// A folder or file name that stands in a desktop entry's command line and in a shell line as it
+// is, without quoting.
+bool isPlainPath(const QString& path) {
+    static const QRegularExpression plain(QStringLiteral("^/[A-Za-z0-9/._+-]*$"));
+    return plain.match(path).hasMatch() && !path.contains(QStringLiteral(".."));
+}
+} // namespace
+
+SystemTool::SystemTool(const QString& programFolder, const QString& rootFromEnvironment,
+                       Runner runner)
+    : m_programFolder(programFolder),
+      m_root(rootFromEnvironment.isEmpty() ? QStringLiteral("/") : rootFromEnvironment),
+      m_runner(std::move(runner)) {}
+
+bool SystemTool::isAccountName(const QString& name) {
+    static const QRegularExpression naam(QStringLiteral("^[a-z_][a-z0-9_-]{0,31}$"));
+    return naam.match(name).hasMatch();
+}
+
+QString SystemTool::usage() {
+    return QStringLiteral(
+        "usage: tafelkrater-systeem [--root DIR] VERB ARGS...\n"
+        "  autologon-set ACCOUNT      log ACCOUNT on into the Tafelkrater session (LightDM)\n"
+        "  autologon-remove           give the display manager its own logon back\n"
+        "  session-install            install the Tafelkrater X session\n"
+        "  session-remove             remove it\n"
+        "  account-create ACCOUNT     make a local account; its password on standard input\n"
+        "  account-delete ACCOUNT     remove a local account with its home folder\n"
+        "  admin-add ACCOUNT          add an account to the group tafelkrater-beheer\n"
+        "  wallpaper-set FILE         the wallpaper of the session\n"
+        "  wallpaper-clear            no wallpaper of ours\n"
+        "  proxy-set HOST:PORT        the web proxy of the programs of the session\n"
+        "  proxy-clear                no proxy of ours\n"
+        "  net user ACCOUNT PASSWORD /add [...] | net user ACCOUNT /delete\n"
+        "  net localgroup Administrators [DOMAIN\\]ACCOUNT /add\n"
+        "                             the same, printing the lines of the system's net tool\n"
+        "Every path lies under DIR, else under $TK_SYSTEEM_ROOT, else under /.\n");
+}
+
+QString SystemTool::lightdmDropIn(const QString& account) {
+    return QStringLiteral("# Written by tafelkrater-systeem: this workstation logs %1 on into the "
+                          "Tafelkrater session,\n# after every start and every log off.\n"
+                          "[Seat:*]\n"
+                          "autologin-user=%1\n"
+                          "autologin-user-timeout=0\n"
+                          "autologin-session=tafelkrater\n"
+                          "user-session=tafelkrater\n"
+                          "greeter-session=lightdm-autologin-greeter\n")
+        .arg(account);
+}
+
+QString SystemTool::sessionFile(const QString& programFolder) {
+    return QStringLiteral("[Desktop Entry]\n"
+                          "Type=Application\n"
+                          "Name=Tafelkrater\n"
+                          "Comment=The Tafelkrater workstation\n"
+                          "Exec=/bin/sh -c \"openbox & exec %1/tafelkrater-startup\"\n")
+        .arg(programFolder);
+}
+
+QString SystemTool::proxyFile(const QString& proxy) {
+    return QStringLiteral(
+               "# Written by tafelkrater-systeem: the programs of the session reach the "
+               "web through this proxy.\n"
+               "export http_proxy=http://%1/ https_proxy=http://%1/ ftp_proxy=http://%1/\n"
+               "export HTTP_PROXY=http://%1/ HTTPS_PROXY=http://%1/\n"
+               "export no_proxy=localhost,127.0.0.1 NO_PROXY=localhost,127.0.0.1\n")
+        .arg(proxy);
+}
+
+QString SystemTool::path(const char* relative) const {
+    return QDir(m_root).filePath(QString::fromLatin1(relative));
+}
+
+QStringList SystemTool::prefix() const {
+    if (QDir(m_root).canonicalPath() == u"/")
+        return {};
+    return {QStringLiteral("--prefix"), m_root};
+}
+
+SystemTool::Result SystemTool::write(const char* relative, const QString& content) {
+    const QString doel = path(relative);
+    if (!QDir().mkpath(QFileInfo(doel).path()))
+        return failed(QStringLiteral("cannot make the folder of ") + doel);
+    QSaveFile bestand(doel);
+    if (!bestand.open(QIODevice::WriteOnly))
+        return failed(QStringLiteral("cannot write ") + doel + QStringLiteral(": ") +
+                      bestand.errorString());
+    bestand.write(content.toUtf8());
+    bestand.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                           QFileDevice::ReadGroup | QFileDevice::ReadOther);
+    if (!bestand.commit())
+        return failed(QStringLiteral("cannot write ") + doel + QStringLiteral(": ") +
+                      bestand.errorString());
+    return {0, QString()};
+}
+
+SystemTool::Result SystemTool::remove(const char* relative) {
+    const QString doel = path(relative);
+    if (QFileInfo::exists(doel) && !QFile::remove(doel))
+        return failed(QStringLiteral("cannot remove ") + doel);
+    return {0, QString()};
+}
+
+bool SystemTool::accountExists(const QString& name) const {
+    QFile passwd(path("etc/passwd"));
+    if (!passwd.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray begin = name.toUtf8() + ':';
+    while (!passwd.atEnd())
+        if (passwd.readLine().startsWith(begin))
+            return true;
+    return false;
+}
+
+bool SystemTool::inGroup(const QString& name) const {
+    QFile group(path("etc/group"));
+    if (!group.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray begin = QByteArray(AdminGroup) + ':';
+    while (!group.atEnd()) {
+        const QByteArray regel = group.readLine().trimmed();
+        if (regel.startsWith(begin))
+            return regel.split(':').value(3).split(',').contains(name.toUtf8());
+    }
+    return false;
+}
+
+SystemTool::Result SystemTool::accountCreate(const QString& name, const QString& password) {
+    if (accountExists(name))
+        return failed(QStringLiteral("the account %1 already exists").arg(name));
+    const Result hash =
+        m_runner(QStringLiteral("openssl"),
+                 {QStringLiteral("passwd"), QStringLiteral("-6"), QStringLiteral("-stdin")},
+                 password + QLatin1Char('\n'));
+    if (hash.code != 0)
+        return failed(QStringLiteral("cannot hash the password: ") + hash.output.trimmed());
+    const Result gemaakt =
+        m_runner(QStringLiteral("useradd"),
+                 prefix() + QStringList{QStringLiteral("-m"), QStringLiteral("-s"),
+                                        QStringLiteral("/bin/bash"), QStringLiteral("-p"),
+                                        hash.output.trimmed(), name},
+                 QString());
+    if (gemaakt.code != 0)
+        return failed(QStringLiteral("useradd failed: ") + gemaakt.output.trimmed());
+    return {0, QString()};
+}
+
+SystemTool::Result SystemTool::accountDelete(const QString& name) {
+    if (!accountExists(name))
+        return failed(QStringLiteral("the account %1 does not exist").arg(name));
+    const Result weg = m_runner(QStringLiteral("userdel"),
+                                prefix() + QStringList{QStringLiteral("-r"), name}, QString());
+    // 12: the home folder or mail spool was not there; the account is gone all the same.
+    if (weg.code != 0 && weg.code != 12)
+        return failed(QStringLiteral("userdel failed: ") + weg.output.trimmed());
+    return {0, QString()};
+}
+
+SystemTool::Result SystemTool::adminAdd(const QString& name, bool* alreadyMember) {
+    if (!accountExists(name))
+        return failed(QStringLiteral("the account %1 does not exist").arg(name));
+    if (inGroup(name)) {
+        *alreadyMember = true;
+        return {0, QString()};
+    }
+    const Result groep = m_runner(
+        QStringLiteral("groupadd"),
+        prefix() + QStringList{QStringLiteral("-f"), QString::fromLatin1(AdminGroup)}, QString());
+    if (groep.code != 0)
+        return failed(QStringLiteral("groupadd failed: ") + groep.output.trimmed());
+    const Result lid = m_runner(QStringLiteral("usermod"),
+                                prefix() + QStringList{QStringLiteral("-a"), QStringLiteral("-G"),
+                                                       QString::fromLatin1(AdminGroup), name},
+                                QString());
+    if (lid.code != 0)
+        return failed(QStringLiteral("usermod failed: ") + lid.output.trimmed());
+    return {0, QString()};
+}
+
+SystemTool::Result SystemTool::net(const QStringList& args) {
+    auto account = [](const QString& naam) {
+        return naam.section(QLatin1Char('\\'), -1).toLower();
+    };
+    auto geldig = [&](const QString& naam) { return isAccountName(account(naam)); };
+    const QStringList a = args;
+    auto is = [&](int i, const char* woord) {
+        return a.value(i).compare(QLatin1String(woord), Qt::CaseInsensitive) == 0;
+    };
+    Result uit;
+    if (a.size() >= 3 && is(0, "user") && is(2, "/delete") && a.size() == 3) {
+        if (!geldig(a[1]))
+            return refused(QStringLiteral("'%1' is no account name Linux takes").arg(a[1]));
+        uit = accountDelete(account(a[1]));
+    } else if (a.size() >= 4 && is(0, "user") && is(3, "/add")) {
+        if (!geldig(a[1]))
+            return refused(QStringLiteral("'%1' is no account name Linux takes").arg(a[1]));
+        for (const QString& optie : a.mid(4))
+            if (!optie.startsWith(QStringLiteral("/passwordreq:"), Qt::CaseInsensitive) &&
+                !optie.startsWith(QStringLiteral("/passwordchg:"), Qt::CaseInsensitive))
+                return refused(QStringLiteral("unknown option '%1' of net user").arg(optie));
+        uit = accountCreate(account(a[1]), a[2]);
+    } else if (a.size() == 4 && is(0, "localgroup") && is(1, "Administrators") && is(3, "/add")) {
+        if (!geldig(a[2]))
+            return refused(QStringLiteral("'%1' is no account name Linux takes").arg(a[2]));
+        bool al = false;
+        uit = adminAdd(account(a[2]), &al);
+        if (uit.code == 0 && al)
+            return {0, alLid()};
+    } else {
+        return refused(QStringLiteral("net takes only user ... /add, user ... /delete and "
+                                      "localgroup Administrators ... /add"));
+    }
+    if (uit.code == 0)
+        uit.output = klaar();
+    return uit;
+}
+
+SystemTool::Result SystemTool::verb(const QString& naam, const QStringList& args,
+                                    const QString& input) {
+    auto aantal = [&](int n) { return args.size() == n; };
+    if (naam == u"net")
+        return net(args);
+    if (naam == u"autologon-remove" && aantal(0))
+        return remove(DropInPath);
+    if (naam == u"session-remove" && aantal(0))
+        return remove(SessionPath);
+    if (naam == u"wallpaper-clear" && aantal(0))
+        return remove(WallpaperPath);
+    if (naam == u"proxy-clear" && aantal(0))
+        return remove(ProxyPath);
+    if (naam == u"session-install" && aantal(0)) {
+        if (!isPlainPath(m_programFolder))
+            return refused(
+                QStringLiteral("the program folder '%1' needs quoting").arg(m_programFolder));
+        return write(SessionPath, sessionFile(m_programFolder));
+    }
+    if (naam == u"proxy-set" && aantal(1)) {
+        static const QRegularExpression proxy(
+            QStringLiteral("^[A-Za-z0-9]([A-Za-z0-9.-]{0,252})?:[0-9]{1,5}$"));
+        if (!proxy.match(args[0]).hasMatch() ||
+            args[0].section(QLatin1Char(':'), 1).toInt() > 65535)
+            return refused(QStringLiteral("'%1' is no HOST:PORT").arg(args[0]));
+        return write(ProxyPath, proxyFile(args[0]));
+    }
+    if (naam == u"wallpaper-set" && aantal(1)) {
+        if (!isPlainPath(args[0]) || !QFileInfo(args[0]).isFile())
+            return refused(QStringLiteral("'%1' is no picture file").arg(args[0]));
+        return write(WallpaperPath, args[0] + QLatin1Char('\n'));
+    }
+    const bool metAccount = naam == u"autologon-set" || naam == u"account-create" ||
+                            naam == u"account-delete" || naam == u"admin-add";
+    if (metAccount && aantal(1)) {
+        if (!isAccountName(args[0]))
+            return refused(QStringLiteral("'%1' is no account name Linux takes (a lower-case "
+                                          "letter first, then letters, digits, _ or -, at most "
+                                          "32)")
+                               .arg(args[0]));
+        if (naam == u"autologon-set")
+            return write(DropInPath, lightdmDropIn(args[0]));
+        if (naam == u"account-create")
+            return accountCreate(args[0], input.section(QLatin1Char('\n'), 0, 0));
+        if (naam == u"account-delete")
+            return accountDelete(args[0]);
+        bool al = false;
+        return adminAdd(args[0], &al);
+    }
+    return refused(QStringLiteral("'%1' with %2 argument(s) is not a verb of this program\n")
+                       .arg(naam)
+                       .arg(args.size()) +
+                   usage());
+}
+
+SystemTool::Result SystemTool::run(const QStringList& arguments, const QString& input) {
+    QStringList args = arguments;
+    if (args.value(0) == u"--root") {
+        if (args.size() < 2)
+            return refused(QStringLiteral("--root needs a folder"));
+        m_root = args[1];
+        args = args.mid(2);
+    }
+    if (!QDir::isAbsolutePath(m_root) || !QFileInfo(m_root).isDir())
+        return refused(
+            QStringLiteral("the system root '%1' is no existing absolute folder").arg(m_root));
+    if (args.isEmpty())
+        return refused(QStringLiteral("no verb\n") + usage());
+    return verb(args.first(), args.mid(1), input);
+}
+
+} // namespace tk

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <functional>
+
+namespace tk {
+
+// The privileged program tafelkrater-systeem: a closed list of verbs that change the machine for
+// the session side of the client, each path under a system root ("/" in production, a temporary
+// folder in tests). The client reaches it with "sudo -n"; everything it takes from its caller is
+// checked before anything is written, and a file is written whole and atomically.
+class SystemTool {
+public:
+    struct Result {
+        int code = 0; // 0 done, 1 the action failed, 2 refused
+        QString output;
+    };
+    // Runs an outside program (useradd and its kin) with a standard input; its exit code and
+    // what it printed.
+    using Runner = std::function<Result(const QString& program, const QStringList& arguments,
+                                        const QString& input)>;
+
+    // `programFolder` is where the client's programs are (the session file starts the launcher
+    // there); `rootFromEnvironment` is TK_SYSTEEM_ROOT, used when no --root is given.
+    SystemTool(const QString& programFolder, const QString& rootFromEnvironment, Runner runner);
+
+    // The command line after the program's name: [--root DIR] VERB ARGS...; `input` is its
+    // standard input (a password).
+    Result run(const QStringList& arguments, const QString& input);
+
+    // A name useradd takes: a lower-case letter or underscore first, then lower-case letters,
+    // digits, "_" and "-", at most 32 in all.
+    static bool isAccountName(const QString& name);
+    // The verbs with their arguments, as the help and the README list them.
+    static QString usage();
+    // The LightDM drop-in that logs `account` on into our session after every start and log off.
+    static QString lightdmDropIn(const QString& account);
+    static QString sessionFile(const QString& programFolder);
+    static QString proxyFile(const QString& proxy);
+
+    static constexpr const char* AdminGroup = "tafelkrater-beheer";
+    static constexpr const char* DropInPath = "etc/lightdm/lightdm.conf.d/60-tafelkrater.conf";
+    static constexpr const char* SessionPath = "usr/share/xsessions/tafelkrater.desktop";
+    static constexpr const char* ProxyPath = "etc/X11/Xsession.d/60tafelkrater-proxy";
+    static constexpr const char* WallpaperPath = "etc/tafelkrater/wallpaper";
+
+private:
+    Result verb(const QString& naam, const QStringList& args, const QString& input);
+    Result net(const QStringList& args);
+    Result accountCreate(const QString& name, const QString& password);
+    Result accountDelete(const QString& name);
+    Result adminAdd(const QString& name, bool* alreadyMember);
+    bool accountExists(const QString& name) const;
+    bool inGroup(const QString& name) const;
+    Result write(const char* relative, const QString& content);
+    Result remove(const char* relative);
+    // The prefix arguments of the account tools: none for "/".
+    QStringList prefix() const;
+    QString path(const char* relative) const;
+
+    QString m_programFolder;
+    QString m_root;
+    Runner m_runner;
+};
+
+} // namespace tk

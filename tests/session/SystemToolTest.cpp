@@ -1,0 +1,190 @@
+#include "session/SystemTool.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+using tk::SystemTool;
+
+namespace {
+
+struct Uitkomst {
+    int code;
+    QString uit;
+};
+
+// The real program against a temporary system root holding the account files of a bare system.
+class SystemToolTest : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(root.isValid());
+        QDir().mkpath(root.filePath(QStringLiteral("etc")));
+        QDir().mkpath(root.filePath(QStringLiteral("home")));
+        schrijf("etc/passwd", "root:x:0:0:root:/root:/bin/bash\n");
+        schrijf("etc/group", "root:x:0:\n");
+        schrijf("etc/shadow", "root:*:19000:0:99999:7:::\n");
+        schrijf("etc/gshadow", "root:*::\n");
+    }
+    void schrijf(const char* pad, const QByteArray& inhoud) {
+        QFile f(root.filePath(QString::fromLatin1(pad)));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(inhoud);
+    }
+    QString lees(const char* pad) const {
+        QFile f(root.filePath(QString::fromLatin1(pad)));
+        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
+    }
+    // Every file under the root with its content, to see that nothing else changed.
+    QStringList inhoud() const {
+        QStringList uit;
+        QDirIterator it(root.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString pad = it.next();
+            QFile f(pad);
+            f.open(QIODevice::ReadOnly);
+            uit << pad.mid(root.path().size()) + QLatin1Char('=') +
+                       QString::fromLatin1(
+                           QCryptographicHash::hash(f.readAll(), QCryptographicHash::Md5).toHex());
+        }
+        uit.sort();
+        return uit;
+    }
+    Uitkomst start(const QStringList& args, const QByteArray& invoer = {}) {
+        QProcess proces;
+        auto omgeving = QProcessEnvironment::systemEnvironment();
+        omgeving.insert(QStringLiteral("TK_SYSTEEM_ROOT"), root.path());
+        proces.setProcessEnvironment(omgeving);
+        proces.setProcessChannelMode(QProcess::MergedChannels);
+        proces.start(QStringLiteral(TK_SYSTEEM_PAD), args);
+        proces.write(invoer);
+        proces.closeWriteChannel();
+        EXPECT_TRUE(proces.waitForFinished(60000));
+        return {proces.exitCode(), QString::fromUtf8(proces.readAll())};
+    }
+    QTemporaryDir root;
+};
+
+TEST_F(SystemToolTest, RefusesWhatIsNotOnItsListAndWritesNothing) {
+    const QString veertig(40, QLatin1Char('a'));
+    const QStringList regels[] = {
+        {},
+        {QStringLiteral("rm"), QStringLiteral("-rf"), QStringLiteral("/")},
+        {QStringLiteral("autologon-set")},
+        {QStringLiteral("autologon-set"), QStringLiteral("jan de vries")},
+        {QStringLiteral("autologon-set"), veertig},
+        {QStringLiteral("autologon-set"), QStringLiteral("Jan")},
+        {QStringLiteral("autologon-set"), QStringLiteral("../../etc/x")},
+        {QStringLiteral("autologon-set"), QStringLiteral("jan\n[Seat:*]")},
+        {QStringLiteral("account-create"), QStringLiteral("-root")},
+        {QStringLiteral("proxy-set"), QStringLiteral("a b:80")},
+        {QStringLiteral("proxy-set"), QStringLiteral("host:99999")},
+        {QStringLiteral("proxy-set"), QStringLiteral("host:80\nexport X=1")},
+        {QStringLiteral("wallpaper-set"), QStringLiteral("/geen/bestand.bmp")},
+        {QStringLiteral("net"), QStringLiteral("user"), QStringLiteral("jan de vries"),
+         QStringLiteral("pw"), QStringLiteral("/add")},
+        {QStringLiteral("net"), QStringLiteral("user"), QStringLiteral("jan"), QStringLiteral("pw"),
+         QStringLiteral("/add"), QStringLiteral("/expires:never")},
+        {QStringLiteral("net"), QStringLiteral("localgroup"), QStringLiteral("Users"),
+         QStringLiteral("jan"), QStringLiteral("/add")},
+        {QStringLiteral("--root"), QStringLiteral("relatief"), QStringLiteral("autologon-remove")},
+        {QStringLiteral("session-install"), QStringLiteral("extra")},
+    };
+    const QStringList voor = inhoud();
+    for (const QStringList& regel : regels) {
+        SCOPED_TRACE(regel.join(u' ').toStdString());
+        const Uitkomst u = start(regel);
+        EXPECT_EQ(2, u.code);
+        EXPECT_TRUE(u.uit.contains(u"refused")) << u.uit.toStdString();
+    }
+    EXPECT_EQ(voor, inhoud());
+}
+
+TEST_F(SystemToolTest, WritesTheLogonSessionAndProxyFilesWholeAndRemovesThem) {
+    EXPECT_EQ(0, start({QStringLiteral("autologon-set"), QStringLiteral("tafelkrater")}).code);
+    const QString dropIn = lees(SystemTool::DropInPath);
+    EXPECT_EQ(SystemTool::lightdmDropIn(QStringLiteral("tafelkrater")), dropIn);
+    for (const char* regel :
+         {"[Seat:*]\n", "\nautologin-user=tafelkrater\n", "\nautologin-session=tafelkrater\n",
+          "\nuser-session=tafelkrater\n", "\ngreeter-session=lightdm-autologin-greeter\n"})
+        EXPECT_TRUE(dropIn.contains(QString::fromLatin1(regel))) << regel;
+    // A second account replaces the first whole; no temporary file stays beside it.
+    EXPECT_EQ(0, start({QStringLiteral("autologon-set"), QStringLiteral("global")}).code);
+    EXPECT_TRUE(lees(SystemTool::DropInPath).contains(u"autologin-user=global\n"));
+    EXPECT_EQ(QStringList{QStringLiteral("60-tafelkrater.conf")},
+              QDir(root.filePath(QStringLiteral("etc/lightdm/lightdm.conf.d")))
+                  .entryList(QDir::Files | QDir::Hidden));
+
+    EXPECT_EQ(0, start({QStringLiteral("session-install")}).code);
+    const QString map = QFileInfo(QStringLiteral(TK_SYSTEEM_PAD)).absolutePath();
+    EXPECT_TRUE(lees(SystemTool::SessionPath)
+                    .contains(QStringLiteral("Exec=/bin/sh -c \"openbox & exec ") + map +
+                              QStringLiteral("/tafelkrater-startup\"\n")));
+    EXPECT_EQ(0, start({QStringLiteral("proxy-set"),
+                        QStringLiteral("tafelkrater-internetfilter.invalid:8080")})
+                     .code);
+    EXPECT_TRUE(
+        lees(SystemTool::ProxyPath)
+            .contains(u"export http_proxy=http://tafelkrater-internetfilter.invalid:8080/ "));
+    EXPECT_EQ(0, start({QStringLiteral("wallpaper-set"), QStringLiteral(TK_SYSTEEM_PAD)}).code);
+
+    for (const char* verb : {"autologon-remove", "session-remove", "proxy-clear", "wallpaper-clear",
+                             "autologon-remove"})
+        EXPECT_EQ(0, start({QString::fromLatin1(verb)}).code) << verb;
+    for (const char* pad : {SystemTool::DropInPath, SystemTool::SessionPath, SystemTool::ProxyPath,
+                            SystemTool::WallpaperPath})
+        EXPECT_FALSE(QFileInfo::exists(root.filePath(QString::fromLatin1(pad)))) << pad;
+}
+
+TEST_F(SystemToolTest, NetMakesGroupsAndRemovesAccountsWithTheRealToolsUnderThePrefix) {
+    if (geteuid() != 0)
+        GTEST_SKIP() << "useradd --prefix needs root; CI runs the tests as root";
+    QFile hostPasswd(QStringLiteral("/etc/passwd"));
+    ASSERT_TRUE(hostPasswd.open(QIODevice::ReadOnly));
+    const QByteArray host = hostPasswd.readAll();
+    const auto net = [&](const QStringList& args) {
+        return start(QStringList{QStringLiteral("net")} + args);
+    };
+    const QString klaar = QStringLiteral("The command completed successfully.\n");
+    Uitkomst u = net({QStringLiteral("user"), QStringLiteral("Tafelkrater"),
+                      QStringLiteral("Sleutelwrk42"), QStringLiteral("/add"),
+                      QStringLiteral("/passwordreq:no"), QStringLiteral("/passwordchg:no")});
+    EXPECT_EQ(0, u.code);
+    EXPECT_EQ(klaar, u.uit);
+    EXPECT_TRUE(lees("etc/passwd").contains(u"\ntafelkrater:x:"));
+    EXPECT_TRUE(lees("etc/shadow").contains(u"\ntafelkrater:$6$"));
+    EXPECT_NE(0, net({QStringLiteral("user"), QStringLiteral("tafelkrater"), QStringLiteral("x"),
+                      QStringLiteral("/add")})
+                     .code)
+        << "an account that exists is not made again";
+
+    u = net({QStringLiteral("localgroup"), QStringLiteral("Administrators"),
+             QStringLiteral("SCHOOL\\Tafelkrater"), QStringLiteral("/add")});
+    EXPECT_EQ(klaar, u.uit);
+    EXPECT_TRUE(lees("etc/group").contains(u"\ntafelkrater-beheer:x:1000:tafelkrater\n"));
+    u = net({QStringLiteral("localgroup"), QStringLiteral("administrators"),
+             QStringLiteral("tafelkrater"), QStringLiteral("/add")});
+    EXPECT_EQ(QStringLiteral("The specified account name is already a member of the local "
+                             "group.\n"),
+              u.uit);
+    u = net({QStringLiteral("localgroup"), QStringLiteral("Administrators"),
+             QStringLiteral("niemand"), QStringLiteral("/add")});
+    EXPECT_NE(0, u.code);
+    EXPECT_FALSE(u.uit.contains(u"completed successfully"));
+
+    u = net({QStringLiteral("user"), QStringLiteral("Tafelkrater"), QStringLiteral("/delete")});
+    EXPECT_EQ(klaar, u.uit);
+    EXPECT_FALSE(lees("etc/passwd").contains(u"tafelkrater:"));
+    EXPECT_FALSE(QFileInfo::exists(root.filePath(QStringLiteral("home/tafelkrater"))));
+    EXPECT_NE(
+        0, net({QStringLiteral("user"), QStringLiteral("Tafelkrater"), QStringLiteral("/delete")})
+               .code);
+    hostPasswd.seek(0);
+    EXPECT_EQ(host, hostPasswd.readAll()) << "the machine's own accounts are untouched";
+}
+
+} // namespace
