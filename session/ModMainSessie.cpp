@@ -518,6 +518,44 @@ void ModMainSessie::AanmeldenAlsAccount(const QString& account, const QString& w
     });
 }
 
+bool ModMainSessie::Geslaagd(const QString& uitvoer) {
+    static const char* const geslaagd[] = {
+        "The command completed successfully.", "De opdracht is voltooid.",
+        "The specified account name is already a member of the local group.",
+        "De opgegeven accountnaam is al lid van de lokale groep."};
+    for (const QString& regel : uitvoer.split(QLatin1Char('\n')))
+        for (const char* tekst : geslaagd)
+            if (regel.trimmed().compare(QLatin1String(tekst), Qt::CaseInsensitive) == 0)
+                return true;
+    return false;
+}
+
+bool ModMainSessie::TafelkraterAccountAanmaken() {
+    return Procedure(p, "modMain.TafelkraterAccountAanmaken", false, [&] {
+        schrijfGetal(RegistryRoot::LocalMachine, WinlogonNT, "LogonType", 0);
+        auto net = [&](const QStringList& args) {
+            QString uitvoer;
+            m_systeem.run(QStringLiteral("net"), args, QString(), &uitvoer);
+            return Geslaagd(uitvoer);
+        };
+        const QString groep = QStringLiteral("Administrators");
+        const QString lg = QStringLiteral("localgroup"), add = QStringLiteral("/add");
+        if (p.modMain.ModusStandalone) {
+            // A failed delete of an account that was not there is of no account.
+            net({QStringLiteral("user"), QStringLiteral("Tafelkrater"), QStringLiteral("/delete")});
+            net({QStringLiteral("user"), QStringLiteral("Tafelkrater"), vastWachtwoord(), add,
+                 QStringLiteral("/passwordreq:no"), QStringLiteral("/passwordchg:no")});
+            // Checked here too: a logon into an account that was never made leaves the
+            // workstation without a usable session.
+            return net({lg, groep, QStringLiteral("Tafelkrater"), add});
+        }
+        const QString domein = p.platform.environment().variable(QStringLiteral("USERDOMAIN"));
+        const bool global = net({lg, groep, domein + QStringLiteral("\\GLOBAL"), add});
+        const bool onderhoud = net({lg, groep, domein + QStringLiteral("\\ONDERHOUD"), add});
+        return global && onderhoud;
+    });
+}
+
 bool ModMainSessie::beeindig(bool gelukt) {
     // The launcher hears it before the session goes, so that it does not start the client again.
     p.opstartStappen->StuurOpstartCommando(QStringLiteral("Afsluiten"));
@@ -527,6 +565,8 @@ bool ModMainSessie::beeindig(bool gelukt) {
 
 bool ModMainSessie::Afmelden() {
     return Procedure(p, "modAfsluiten.Afmelden", false, [&] {
+        if (!sessieBeeindigen)
+            return true;
         ZetSysteembeperkingen(true, false);
         ZetBrowserbeperkingen(false);
         return beeindig(m_systeem.run(QStringLiteral("logoff"), {}, QString(), nullptr));
@@ -535,12 +575,16 @@ bool ModMainSessie::Afmelden() {
 
 bool ModMainSessie::Herstarten() {
     return Procedure(p, "modAfsluiten.Herstarten", false, [&] {
+        if (!sessieBeeindigen)
+            return true;
         return beeindig(m_systeem.run(QStringLiteral("reboot"), {}, QString(), nullptr));
     });
 }
 
 bool ModMainSessie::Uitschakelen() {
     return Procedure(p, "modAfsluiten.Uitschakelen", false, [&] {
+        if (!sessieBeeindigen)
+            return true;
         return beeindig(m_systeem.run(QStringLiteral("poweroff"), {}, QString(), nullptr));
     });
 }

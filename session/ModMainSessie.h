@@ -49,6 +49,16 @@ public:
     // A session action of the close options; false for one this module does not carry out.
     bool SessieActie(const QString& actie);
 
+    // Makes the local account (standalone) or gives the domain's accounts the administrators'
+    // group (network) through the net verbs; true when every checked command reported success.
+    bool TafelkraterAccountAanmaken();
+    // Whether a net command's output holds one of the lines of success, whole, in any case.
+    static bool Geslaagd(const QString& uitvoer);
+
+    // False while a script takes the machine over or hands it back: the session is left running
+    // and the administrator decides when to log off or restart.
+    bool sessieBeeindigen = true;
+
     // Whether the filter's proxy is in use (the favourites' proxy switch of the desktop).
     bool proxyInGebruik = false;
 

@@ -1,0 +1,93 @@
+#include "session/Uitrol.h"
+
+#include "platform/fake/FakeSystemActions.h"
+#include "session/ModMainSessie.h"
+#include "tests/support/Werkplek.h"
+
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::Werkplek;
+
+namespace {
+
+TEST(UitrolTest, ScriptedTakeOverAndHandBackEndWithACodeAndLeaveTheSessionRunning) {
+    struct Rij {
+        const char* naam;
+        QStringList argumenten;
+        bool schrijfbaar;
+        bool netGeweigerd;
+        int code;
+        const char* geactiveerd;
+        bool shellIsOns;
+    };
+    const QString a = QStringLiteral("--activeren"), d = QStringLiteral("--deactiveren"),
+                  modus = QStringLiteral("--modus");
+    const Rij rijen[] = {
+        {"standalone", {a, modus, QStringLiteral("standalone")}, true, false, 0, "Ja", true},
+        {"network",
+         {a, modus, QStringLiteral("Netwerk"), QStringLiteral("--server"),
+          QStringLiteral("srv:34487")},
+         true,
+         false,
+         0,
+         "Ja",
+         true},
+        {"no mode given or stored", {a}, true, false, 3, "", false},
+        {"an unknown option", {a, QStringLiteral("--stil")}, true, false, 2, "", false},
+        {"both at once", {a, d}, true, false, 2, "", false},
+        {"a read-only store", {a, modus, QStringLiteral("2")}, false, false, 4, "", false},
+        {"net refused: no account, no change of the shell",
+         {a, modus, QStringLiteral("2")},
+         true,
+         true,
+         5,
+         "",
+         false},
+        {"hand-back", {d, modus, QStringLiteral("netwerk")}, true, false, 0, "Nee", false},
+    };
+    for (const Rij& rij : rijen) {
+        SCOPED_TRACE(rij.naam);
+        Werkplek w;
+        FakeSystemActions systeem;
+        if (!rij.netGeweigerd)
+            systeem.outputs.insert(QStringLiteral("net"),
+                                   QStringLiteral("The command completed successfully.\n"));
+        ModMainSessie sessie(w.p, systeem);
+        w.platform.fakeRegistry().setWritable(rij.schrijfbaar);
+        QString tekst;
+        QTextStream uit(&tekst);
+        const int code = Uitrol(w.p, sessie, uit).Uitvoeren(rij.argumenten);
+        EXPECT_EQ(rij.code, code) << tekst.toStdString();
+        EXPECT_TRUE(tekst.contains(u"tafelkrater: "));
+        EXPECT_EQ(QString::fromLatin1(rij.geactiveerd),
+                  w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Geactiveerd"),
+                                      QStringLiteral("\\Data\\Instellingen.ini")));
+        EXPECT_EQ(rij.shellIsOns, sessie.IsShellIngesteld());
+        EXPECT_FALSE(systeem.actions.contains(u"logoff")) << "the administrator restarts";
+        EXPECT_FALSE(w.p.beeindigd);
+    }
+}
+
+TEST(UitrolTest, SuccessLinesMatchWholeInAnyCase) {
+    struct Rij {
+        const char* uitvoer;
+        bool geslaagd;
+    };
+    const Rij rijen[] = {
+        {"The command completed successfully.\n", true},
+        {"THE COMMAND COMPLETED SUCCESSFULLY.", true},
+        {"De opdracht is voltooid.\r\n", true},
+        {"x\nDe opgegeven accountnaam is al lid van de lokale groep.\n", true},
+        {"The specified account name is already a member of the local group.", true},
+        {"Note: The command completed successfully.", false},
+        {"Der Befehl wurde erfolgreich ausgeführt.", false},
+        {"", false},
+    };
+    for (const Rij& rij : rijen) {
+        SCOPED_TRACE(rij.uitvoer);
+        EXPECT_EQ(rij.geslaagd, ModMainSessie::Geslaagd(QString::fromUtf8(rij.uitvoer)));
+    }
+}
+
+} // namespace
