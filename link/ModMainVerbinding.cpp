@@ -34,17 +34,18 @@ void ModMainVerbinding::ZetServerlocatie(const QString& tekst) {
 
 bool ModMainVerbinding::BepaalServerlocatie() {
     return Procedure(p, "modMain.BepaalServerlocatie", false, [&] {
-        QString tekst;
+        QString tekst =
+            p.modMain.LeesIni(QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
+                              QString::fromLatin1(ModMain::Instellingen));
         if (p.modMain.ModusStandalone) {
-            tekst = QStringLiteral("localhost");
-        } else {
-            tekst =
-                p.modMain.LeesIni(QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
-                                  QString::fromLatin1(ModMain::Instellingen));
-            if (tekst.isEmpty())
-                tekst = p.platform.environment()
-                            .variable(QStringLiteral("LOGONSERVER"))
-                            .remove(QStringLiteral("\\\\"));
+            // The server is on this machine; a port named in the settings is still used.
+            const QStringList delen = tekst.split(QLatin1Char(':'));
+            tekst = delen.size() > 1 ? QStringLiteral("localhost:") + delen[1]
+                                     : QStringLiteral("localhost");
+        } else if (tekst.isEmpty()) {
+            tekst = p.platform.environment()
+                        .variable(QStringLiteral("LOGONSERVER"))
+                        .remove(QStringLiteral("\\\\"));
         }
         if (tekst.trimmed().isEmpty())
             return false;
