@@ -44,7 +44,8 @@ void SkinnedButton::UserControl_Click() {
 
 QString SkinnedButton::toegankelijkeNaam() const {
     // A caption left blank: the full text of the tooltip, else the kind and number.
-    return AccessibleName::maak(tekst(), AccessibleName::maak(ToolTipText, naamZonderTekst));
+    return AccessibleName::maak(
+        Naam, AccessibleName::maak(tekst(), AccessibleName::maak(ToolTipText, naamZonderTekst)));
 }
 
 } // namespace tk

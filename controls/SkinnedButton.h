@@ -31,6 +31,9 @@ public:
     bool focus = false;
     // The ring's colour: the screen gives it from its theme.
     QColor focusKleur{30, 58, 95};
+    // The name a screen reader says when it is more than the caption (a class button's full
+    // name beside its short caption); empty: the caption.
+    QString Naam;
     // The name a screen reader gives a button without a caption: the kind and number
     // ("Groep 3"), set by the screen that makes the button.
     QString naamZonderTekst;
@@ -48,8 +51,8 @@ public:
     virtual void UserControl_DblClick() {}
     void UserControl_Click();
 
-    // The caption on the button, and the name a screen reader says (AccessibleName): the caption,
-    // or for a blank caption the tooltip, or naamZonderTekst.
+    // The caption on the button, and the name a screen reader says (AccessibleName): Naam, else
+    // the caption, else the tooltip, else naamZonderTekst.
     virtual QString tekst() const = 0;
     QString toegankelijkeNaam() const;
     // A button that stays chosen (the chosen account) is checkable; checked while chosen.

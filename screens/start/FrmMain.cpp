@@ -232,6 +232,7 @@ void FrmMain::WeergevenKlassen(bool herladen) {
             k.Groepnummer = QString::number(i);
             k.Tekst = klassen(i, 1);
             k.ToolTipText = klassen(i, 0);
+            k.Naam = klassen(i, 0);
             k.naamZonderTekst = p.modTaal.LaadTekst(9560).replace(QStringLiteral("%nummer%"),
                                                                   QString::number(i + 1));
             k.focusKleur = KleurRand;

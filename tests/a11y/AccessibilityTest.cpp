@@ -77,7 +77,7 @@ TEST(AccessibilityTest, StartScreenGivesEveryPaintedControlItsRoleNameAndPress) 
     Startscherm w;
     const QString lang = QString(AccessibleName::Langste - 1, QChar(u'x')) + QChar(0x2026);
     QList<Rij> rijen = {
-        {"class button", QAccessible::Button, "1A", true},
+        {"class button", QAccessible::Button, "Groep 1A", true},
         {"class without a name", QAccessible::Button, "Class 2", true},
         {"class with a runaway name", QAccessible::Button, lang, true},
         {"class in a right-to-left script", QAccessible::Button, QString::fromUtf8("مدرسة"), true},
@@ -100,7 +100,7 @@ TEST(AccessibilityTest, StartScreenGivesEveryPaintedControlItsRoleNameAndPress) 
 
 TEST(AccessibilityTest, PressingAClassByItsNameOpensItsDesktopAndTheFocusIsItsState) {
     Startscherm w;
-    QAccessibleInterface* klas = A11yTree::zoek(w.wortel, QAccessible::Button, "1A");
+    QAccessibleInterface* klas = A11yTree::zoek(w.wortel, QAccessible::Button, "Groep 1A");
     ASSERT_NE(nullptr, klas);
     EXPECT_FALSE(klas->state().focused);
     EXPECT_TRUE(w.f().Toets(Qt::Key_Tab));

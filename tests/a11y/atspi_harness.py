@@ -1,0 +1,262 @@
+#!/usr/bin/python3
+"""Drives the installed client through AT-SPI, as a screen reader or a person with a keyboard
+would reach it: by roles and names, never by pixel positions.
+
+A Werkstation makes a program folder with the build's own install step, starts
+tafelkrater-server with the demo school on a free port, a private D-Bus session bus with its
+own accessibility bus, Xvfb with openbox, and the client through its launcher with
+QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1. End-to-end tests import this module and use find(),
+wait_for() and press(); run as a program it walks the start screen, presses class 1 by name,
+waits for the desktop, presses a program's item by name and waits for its task button.
+
+A tool that is missing ends the run with exit code 1 and the reason: the walk never skips.
+"""
+
+import argparse
+import os
+import shutil
+import signal
+import socket
+import subprocess
+import sys
+import tempfile
+import time
+
+LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
+TOOLS = ["Xvfb", "openbox", "dbus-daemon", "xprop"]
+
+
+class Missing(Exception):
+    pass
+
+
+def free_port():
+    with socket.socket() as s:
+        s.bind(("127.0.0.1", 0))
+        return s.getsockname()[1]
+
+
+def free_display():
+    for n in range(90, 190):
+        if not os.path.exists("/tmp/.X11-unix/X%d" % n) and not os.path.exists("/tmp/.X%d-lock" % n):
+            return ":%d" % n
+    raise Missing("no free X display number between :90 and :189")
+
+
+def wait_until(check, seconds, what):
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        value = check()
+        if value:
+            return value
+        time.sleep(0.1)
+    raise TimeoutError("waited %ds for %s" % (seconds, what))
+
+
+class Werkstation:
+    def __init__(self, build, cmake, source):
+        for tool in TOOLS:
+            if not shutil.which(tool):
+                raise Missing("%s is not installed (Debian: xvfb openbox dbus x11-utils)" % tool)
+        if not os.access(LAUNCHER, os.X_OK):
+            raise Missing("%s is missing (Debian: at-spi2-core)" % LAUNCHER)
+        self.build, self.cmake, self.source = build, cmake, source
+        self.dir = tempfile.mkdtemp(prefix="tk-atspi-")
+        self.processes = []
+        self.env = dict(os.environ)
+        self.log = os.path.join(self.dir, "log")
+        os.makedirs(self.log)
+
+    def spawn(self, name, args, **kw):
+        out = open(os.path.join(self.log, name + ".txt"), "wb")
+        p = subprocess.Popen(args, stdout=out, stderr=subprocess.STDOUT, env=self.env,
+                             start_new_session=True, **kw)
+        self.processes.append(p)
+        return p
+
+    def output(self, name):
+        try:
+            with open(os.path.join(self.log, name + ".txt"), "rb") as f:
+                return f.read().decode("utf-8", "replace")
+        except OSError:
+            return ""
+
+    def start(self):
+        map_ = os.path.join(self.dir, "map")
+        subprocess.run([self.cmake, "--install", self.build, "--prefix", map_], check=True,
+                       stdout=subprocess.DEVNULL)
+        subprocess.run(["bash", os.path.join(self.source, "scripts/werkplek.sh"), map_], check=True)
+        # The server on a port of its own, named in the workstation's settings.
+        port = free_port()
+        with open(os.path.join(map_, "Data/Instellingen.ini"), "wb") as f:
+            f.write(b"[Algemeen]\r\nGeactiveerd=JA\r\n[Instellingen]\r\nServerlocatie=localhost:%d\r\n"
+                    % port)
+        self.spawn("server", [os.path.join(map_, "tafelkrater-server"), "--data",
+                              os.path.join(self.dir, "server"), "--port", str(port), "--demo"])
+        wait_until(lambda: "listening" in self.output("server") or self._connectable(port), 30,
+                   "the server on port %d" % port)
+
+        # A private session bus and accessibility bus.
+        runtime = os.path.join(self.dir, "run")
+        os.makedirs(runtime, mode=0o700)
+        self.env["XDG_RUNTIME_DIR"] = runtime
+        bus = "unix:path=" + os.path.join(runtime, "bus")
+        self.env["DBUS_SESSION_BUS_ADDRESS"] = bus
+        self.spawn("dbus", ["dbus-daemon", "--session", "--nofork", "--address=" + bus])
+        wait_until(lambda: os.path.exists(os.path.join(runtime, "bus")), 10, "the session bus")
+
+        self.env["DISPLAY"] = free_display()
+        self.spawn("xvfb", ["Xvfb", self.env["DISPLAY"], "-screen", "0", "1024x768x24",
+                            "-nolisten", "tcp"])
+        wait_until(lambda: subprocess.run(["xprop", "-root"], env=self.env,
+                                          stdout=subprocess.DEVNULL,
+                                          stderr=subprocess.DEVNULL).returncode == 0,
+                   10, "Xvfb")
+        self.spawn("openbox", ["openbox"])
+        wait_until(lambda: b"window id" in subprocess.run(
+            ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=self.env,
+            capture_output=True).stdout, 10, "openbox")
+        self.spawn("atspi", [LAUNCHER, "--launch-immediately"])
+        # pyatspi finds the accessibility bus through the session bus of this environment.
+        os.environ.update({k: self.env[k] for k in
+                           ("DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR", "DISPLAY")})
+
+        self.env.update({"USERNAME": "TAFELKRATER", "QT_QPA_PLATFORM": "xcb",
+                         "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_ACCESSIBILITY": "1"})
+        self.spawn("client", [os.path.join(map_, "tafelkrater-startup"),
+                              os.path.join(map_, "tafelkrater")])
+
+    @staticmethod
+    def _connectable(port):
+        try:
+            with socket.create_connection(("127.0.0.1", port), timeout=0.2):
+                return True
+        except OSError:
+            return False
+
+    def stop(self):
+        for p in reversed(self.processes):
+            if p.poll() is None:
+                try:
+                    os.killpg(p.pid, signal.SIGTERM)
+                except ProcessLookupError:
+                    pass
+        for p in reversed(self.processes):
+            try:
+                p.wait(5)
+            except subprocess.TimeoutExpired:
+                os.killpg(p.pid, signal.SIGKILL)
+                p.wait()
+        shutil.rmtree(self.dir, ignore_errors=True)
+
+
+# --- the accessible tree -------------------------------------------------------------------
+
+def application(pyatspi, name="tafelkrater"):
+    desktop = pyatspi.Registry.getDesktop(0)
+    for i in range(desktop.childCount):
+        app = desktop.getChildAtIndex(i)
+        if app is not None and app.name == name:
+            return app
+    return None
+
+
+def walk(node, depth=0, limit=12):
+    """Every object below node with its depth, depth first."""
+    if node is None or depth > limit:
+        return
+    for i in range(node.childCount):
+        try:
+            child = node.getChildAtIndex(i)
+        except Exception:
+            continue
+        if child is None:
+            continue
+        yield child, depth
+        yield from walk(child, depth + 1, limit)
+
+
+def showing(pyatspi, node):
+    states = node.getState()
+    return states.contains(pyatspi.STATE_SHOWING) or states.contains(pyatspi.STATE_VISIBLE)
+
+
+def find(pyatspi, root, role, name):
+    for node, _ in walk(root):
+        if node.getRole() == role and node.name == name and showing(pyatspi, node):
+            return node
+    return None
+
+
+def tree_text(root):
+    lines = []
+    for node, depth in walk(root):
+        lines.append("%s%s %r" % ("  " * depth, node.getRoleName(), node.name))
+    return "\n".join(lines)
+
+
+def press(node):
+    action = node.queryAction()
+    for i in range(action.nActions):
+        if action.getName(i).lower() in ("press", "click"):
+            return action.doAction(i)
+    raise AssertionError("%s %r has no press action" % (node.getRoleName(), node.name))
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--build", required=True)
+    parser.add_argument("--cmake", default="cmake")
+    parser.add_argument("--source", required=True)
+    parser.add_argument("--class-name", default="Groep 1")
+    parser.add_argument("--program", default="Klok")
+    parser.add_argument("--task", default="xclock")
+    args = parser.parse_args()
+
+    try:
+        station = Werkstation(args.build, args.cmake, args.source)
+    except Missing as reason:
+        print("atspi: cannot run: %s" % reason)
+        return 1
+    try:
+        station.start()
+        try:
+            import pyatspi
+        except ImportError as e:
+            print("atspi: cannot run: python3-pyatspi is missing (%s)" % e)
+            return 1
+        app = wait_until(lambda: application(pyatspi), 60, "the client on the accessibility bus")
+        klas = wait_until(lambda: find(pyatspi, app, pyatspi.ROLE_PUSH_BUTTON, args.class_name),
+                          90, "the button of %r" % args.class_name)
+        print("atspi: the start screen's accessible tree:")
+        print(tree_text(app))
+        press(klas)
+        print("atspi: pressed %r" % args.class_name)
+        item = wait_until(lambda: find(pyatspi, app, pyatspi.ROLE_LIST_ITEM, args.program), 60,
+                          "the desktop's item %r" % args.program)
+        print("atspi: the desktop shows %r" % args.program)
+        press(item)
+        print("atspi: pressed %r" % args.program)
+        wait_until(lambda: find(pyatspi, app, pyatspi.ROLE_PUSH_BUTTON, args.task), 60,
+                   "the task button %r" % args.task)
+        print("atspi: the taskbar shows the task %r" % args.task)
+        print("1 passed, 0 failed")
+        return 0
+    except Exception as e:  # the reason, the tree and the logs: what a failing run needs
+        print("atspi: FAILED: %s" % e)
+        try:
+            import pyatspi
+            app = application(pyatspi)
+            if app is not None:
+                print(tree_text(app))
+        except Exception:
+            pass
+        for name in ("client", "server", "atspi"):
+            print("--- %s ---\n%s" % (name, station.output(name)[-4000:]))
+        return 1
+    finally:
+        station.stop()
+
+
+if __name__ == "__main__":
+    sys.exit(main())
