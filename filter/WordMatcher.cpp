@@ -241,7 +241,7 @@ WordMatcher::WordMatcher(const QList<Pattern>& patterns, int lowestLetter)
         }
     }
     int bloomBits = 10;
-    while ((std::size_t(1) << bloomBits) < quadCount * 16 && bloomBits < 20)
+    while ((std::size_t(1) << bloomBits) < quadCount * 32 && bloomBits < 21)
         ++bloomBits;
     m_bloom.assign((std::size_t(1) << bloomBits) / 64, 0);
     m_bloomShift = std::uint32_t(64 - bloomBits);
