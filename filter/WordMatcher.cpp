@@ -328,10 +328,16 @@ WordMatcher::WordMatcher(const QList<Pattern>& patterns, int lowestLetter)
         m_hashSlots[place] = {std::uint32_t(h), std::int32_t(i)};
     }
 
-    m_startsWithLetter = m_lowest >= 65 && m_lowest <= 90;
-    for (const Entry& e : entries)
-        m_startsWithLetter =
-            m_startsWithLetter && m_text[e.offset] >= 'a' && m_text[e.offset] <= 'z';
+    // How many bytes from a to z (in either case) every word begins with, up to four: a place
+    // without that many is no start. Everyday text loses its short words here.
+    m_alphaLead = m_lowest >= 65 && m_lowest <= 90 ? 4 : 0;
+    for (const Entry& e : entries) {
+        unsigned lead = 0;
+        while (lead < m_alphaLead && lead < e.length && m_text[e.offset + lead] >= 'a' &&
+               m_text[e.offset + lead] <= 'z')
+            ++lead;
+        m_alphaLead = lead;
+    }
 }
 
 std::uint32_t WordMatcher::child(const Node& node, std::uint8_t cls) const {
@@ -553,8 +559,8 @@ int WordMatcher::scanBehindNonLetters(Scan& s) const {
         for (std::size_t k = 0; k < words; ++k) {
             std::uint64_t starts = ~((letters[k] << 1) | letterBefore);
             letterBefore = letters[k] >> 63;
-            if (m_startsWithLetter)
-                starts &= alpha[k];
+            for (unsigned j = 0; j < m_alphaLead; ++j)
+                starts &= j == 0 ? alpha[k] : (alpha[k] >> j) | (alpha[k + 1] << (64 - j));
             const std::size_t block = base + 64 * k;
             if (block + 64 > s.n)
                 starts &= (std::uint64_t(1) << (s.n - block)) - 1;

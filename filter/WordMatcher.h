@@ -150,7 +150,7 @@ private:
     bool m_hasLong = false;  // a word of 64 bytes or more: those pages go through the trie
     bool m_hasShort = false; // a word of fewer than four bytes
     std::array<std::uint8_t, 256> m_shortStart{}; // the first bytes of those
-    bool m_startsWithLetter = false;              // every word begins with a letter from a to z
+    unsigned m_alphaLead = 0; // every word begins with this many bytes from a to z (four at most)
     bool m_hasFree = false;
     int m_minId = 0;
 };
