@@ -1,6 +1,7 @@
 #include "LoadingBarPainter.h"
 
 #include "Laadbalk.h"
+#include "LoadingBarWindow.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -28,6 +29,15 @@ void LoadingBarPainter::teken(QPainter& p, const QRect& r, const QList<QRect>& b
                    tekstMidden.y() + fm.ascent() - fm.height() / 2, tekst);
     }
     p.restore();
+}
+
+void LoadingBarPainter::teken(QPainter& p, const Laadbalk& balk) const {
+    teken(p, balk.plek, balk.blokkenNu, balk.tekst, balk.tekstMidden);
+}
+
+LoadingBarPainter LoadingBarPainter::van(const LoadingBarWindow& venster, const QColor& tekstKleur,
+                                         const QFont& font) {
+    return {venster.KleurRand, venster.KleurStatus, venster.KleurStreep, tekstKleur, font};
 }
 
 } // namespace tk

@@ -1,23 +1,18 @@
 #pragma once
 
-#include "screens/common/Laadbalk.h"
+#include "screens/common/LoadingBarWindow.h"
 
-#include <QColor>
 #include <QFont>
 #include <QImage>
 #include <QString>
-#include <QTimer>
-#include <functional>
 
 namespace tk {
-
-class Programma;
 
 // The logging-in window between a login and the desktop: the whole screen with the start
 // screen's background and the start-screen taskbar's picture, and in the middle the bouncing
 // block with string 201. Whoever opens a desktop calls Openen first and Sluiten when the desktop
 // stands. FrmAanmeldenView paints it.
-class FrmAanmelden {
+class FrmAanmelden : public LoadingBarWindow {
 public:
     explicit FrmAanmelden(Programma& p);
 
@@ -27,28 +22,18 @@ public:
 
     // Form_Load: centre the bar, read the look, paint the bar and start the timer; shows itself.
     void Openen();
-    void Sluiten();
     void LaadVormgeving();
     void TekenLaadbalk();
-    void tmrLaden_Timer();
-    bool tmrLadenActief() const { return m_tmrLaden.isActive(); }
 
     QString Caption; // string 200
-    Laadbalk picLaden;
-    bool Zichtbaar = false;
 
     QImage achtergrond; // Startscherm
     QImage taakbalk;    // Taakbalk - Startscherm
-    QColor KleurRand{30, 58, 95}, KleurStatus{255, 255, 255}, KleurStreep{76, 175, 80};
     QColor KleurAchtergrond{92, 180, 238}, KleurTaakbalk{41, 90, 143};
     QFont ladenFont;
 
-    std::function<void()> onChanged;
-
-private:
-    void hertekenen();
-    Programma& p;
-    QTimer m_tmrLaden;
+protected:
+    QString balkTekst() const override; // string 201
 };
 
 } // namespace tk

@@ -50,10 +50,7 @@ void FrmAanmeldenView::paintEvent(QPaintEvent*) {
     p.fillRect(balk, m.KleurTaakbalk);
     if (!m.taakbalk.isNull())
         p.drawImage(balk.topLeft(), m.taakbalk);
-    const LoadingBarPainter tekenaar{m.KleurRand, m.KleurStatus, m.KleurStreep, m.KleurRand,
-                                     m.ladenFont};
-    tekenaar.teken(p, m.picLaden.plek, m.picLaden.blokkenNu, m.picLaden.tekst,
-                   m.picLaden.tekstMidden);
+    LoadingBarPainter::van(m, m.KleurRand, m.ladenFont).teken(p, m.picLaden);
 }
 
 } // namespace tk

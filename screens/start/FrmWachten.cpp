@@ -9,15 +9,10 @@
 
 namespace tk {
 
-FrmWachten::FrmWachten(Programma& p) : p(p) {
+FrmWachten::FrmWachten(Programma& p) : LoadingBarWindow(p) {
     tekstFont = QFont(QStringLiteral("Verdana"), 9, QFont::Bold);
-    m_tmrLaden.setInterval(30);
-    QObject::connect(&m_tmrLaden, &QTimer::timeout, [this] { tmrLaden_Timer(); });
-}
-
-void FrmWachten::hertekenen() {
-    if (onChanged)
-        onChanged();
+    // The wait bar's own green until a theme says otherwise.
+    KleurStreep = KleurRand = QColor(10, 112, 0);
 }
 
 int FrmWachten::hoogteVoor(const QString& tekstOnderBalk) const {
@@ -53,15 +48,12 @@ void FrmWachten::Openen(const QString& tekst, int maximum) {
         picLaden.plek = QRect(Marge, balkBoven, Breedte - 2 * Marge, 40);
         Hoogte = hoogteVoor(QString());
         Maximum = qMax(0, maximum);
-        picLaden.teller = 0;
-        picLaden.omlaag = false;
         if (Maximum == 0) {
-            picLaden.TijdLadenEx2(100, 0, QString());
-            m_tmrLaden.start();
-        } else {
-            m_tmrLaden.stop();
-            Wachten(Maximum, 0, QString());
+            startSpringen();
+            return;
         }
+        stopTimer();
+        Wachten(Maximum, 0, QString());
         Zichtbaar = true;
         hertekenen();
     });
@@ -80,19 +72,6 @@ void FrmWachten::Wachten(int totaal, int huidig, const QString& tekst) {
         Hoogte = hoogteVoor(tekst);
         hertekenen();
     });
-}
-
-void FrmWachten::tmrLaden_Timer() {
-    if (!Zichtbaar)
-        return;
-    picLaden.tik(QString());
-    hertekenen();
-}
-
-void FrmWachten::Sluiten() {
-    m_tmrLaden.stop();
-    Zichtbaar = false;
-    hertekenen();
 }
 
 } // namespace tk

@@ -44,10 +44,7 @@ void FrmWachtenView::paintEvent(QPaintEvent*) {
         p.drawText(QRect(0, y, width(), m.regelHoogte), Qt::AlignHCenter | Qt::AlignTop, regel);
         y += m.regelHoogte;
     }
-    const LoadingBarPainter tekenaar{m.KleurRand, m.KleurStatus, m.KleurStreep, m.KleurTekst,
-                                     m.tekstFont};
-    tekenaar.teken(p, m.picLaden.plek, m.picLaden.blokkenNu, m.picLaden.tekst,
-                   m.picLaden.tekstMidden);
+    LoadingBarPainter::van(m, m.KleurTekst, m.tekstFont).teken(p, m.picLaden);
 }
 
 } // namespace tk

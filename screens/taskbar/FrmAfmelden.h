@@ -1,20 +1,15 @@
 #pragma once
 
-#include "screens/common/Laadbalk.h"
+#include "screens/common/LoadingBarWindow.h"
 
-#include <QColor>
 #include <QFont>
 #include <QString>
-#include <QTimer>
-#include <functional>
 
 namespace tk {
 
-class Programma;
-
 // The window that stands while a user logs off: string 716 over the bouncing block, in the
 // colours of the start screen's bar. FrmAfmeldenView paints it.
-class FrmAfmelden {
+class FrmAfmelden : public LoadingBarWindow {
 public:
     explicit FrmAfmelden(Programma& p);
 
@@ -22,23 +17,10 @@ public:
     static constexpr int Hoogte = 110;
 
     void Openen();
-    void Sluiten();
     void LaadVormgeving();
-    void tmrLaden_Timer();
-    bool tmrLadenActief() const { return m_tmrLaden.isActive(); }
 
     QString lblAfmelden; // string 716
-    Laadbalk picLaden;
-    bool Zichtbaar = false;
-    QColor KleurRand{30, 58, 95}, KleurStatus{255, 255, 255}, KleurStreep{76, 175, 80};
     QFont tekstFont;
-
-    std::function<void()> onChanged;
-
-private:
-    void hertekenen();
-    Programma& p;
-    QTimer m_tmrLaden;
 };
 
 } // namespace tk

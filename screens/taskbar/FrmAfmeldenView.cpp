@@ -39,10 +39,7 @@ void FrmAfmeldenView::paintEvent(QPaintEvent*) {
     QString tekst = m.lblAfmelden;
     tekst.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     p.drawText(QRect(10, 14, width() - 20, m.picLaden.plek.top() - 20), Qt::AlignCenter, tekst);
-    const LoadingBarPainter tekenaar{m.KleurRand, m.KleurStatus, m.KleurStreep, m.KleurRand,
-                                     m.tekstFont};
-    tekenaar.teken(p, m.picLaden.plek, m.picLaden.blokkenNu, m.picLaden.tekst,
-                   m.picLaden.tekstMidden);
+    LoadingBarPainter::van(m, m.KleurRand, m.tekstFont).teken(p, m.picLaden);
 }
 
 } // namespace tk
