@@ -1,5 +1,7 @@
 #include "ModPictogrammen.h"
 
+#include "controls/IconPainter.h"
+
 #include "controls/DesktopEntryIcon.h"
 #include "controls/IconLibrary.h"
 #include "core/Fout.h"
@@ -9,7 +11,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QPainter>
-#include <QPainterPath>
 
 namespace tk {
 
@@ -28,47 +29,6 @@ IconLibrary::Result readFile(const QString& path) {
         return r;
     }
     return IconLibrary::parse(file.readAll());
-}
-
-// A folder or a document, for files that carry no icon of their own.
-QImage genericIcon(bool folder, int side) {
-    QImage image(side, side, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    QPainter p(&image);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.scale(side / 32.0, side / 32.0);
-    if (folder) {
-        p.setPen(QPen(QColor(190, 140, 40), 1.2));
-        p.setBrush(QColor(255, 206, 84));
-        QPainterPath path;
-        path.moveTo(2, 8);
-        path.lineTo(12, 8);
-        path.lineTo(15, 11);
-        path.lineTo(30, 11);
-        path.lineTo(30, 27);
-        path.lineTo(2, 27);
-        path.closeSubpath();
-        p.drawPath(path);
-        p.setBrush(QColor(255, 224, 130));
-        p.drawRect(QRectF(2, 14, 28, 13));
-    } else {
-        p.setPen(QPen(QColor(120, 130, 150), 1.2));
-        p.setBrush(Qt::white);
-        QPainterPath path;
-        path.moveTo(7, 2);
-        path.lineTo(20, 2);
-        path.lineTo(26, 8);
-        path.lineTo(26, 30);
-        path.lineTo(7, 30);
-        path.closeSubpath();
-        p.drawPath(path);
-        p.drawLine(QPointF(20, 2), QPointF(20, 8));
-        p.drawLine(QPointF(20, 8), QPointF(26, 8));
-        p.setPen(QPen(QColor(150, 180, 220), 1.5));
-        for (int y = 13; y <= 25; y += 4)
-            p.drawLine(QPointF(10, y), QPointF(23, y));
-    }
-    return image;
 }
 
 } // namespace
@@ -137,7 +97,7 @@ QImage ModPictogrammen::FileIcon(const QString& bestand, int side) {
     if (!info.exists())
         return QImage();
     if (info.isDir())
-        return genericIcon(true, side);
+        return IconPainter::paint(QStringLiteral("map"), side);
     if (info.suffix().compare(QStringLiteral("desktop"), Qt::CaseInsensitive) == 0) {
         const QImage icoon = DesktopEntryIcon::load(pad, side);
         if (!icoon.isNull())
@@ -149,7 +109,7 @@ QImage ModPictogrammen::FileIcon(const QString& bestand, int side) {
         if (!icoon.isNull())
             return icoon;
     }
-    return genericIcon(false, side);
+    return IconPainter::paint(QStringLiteral("document"), side);
 }
 
 void ModPictogrammen::draw(const char* procedure, const QString& bestand, QImage& doel, bool klein,

@@ -1,6 +1,6 @@
 // Writes the standard icon library to the file named on the command line.
-#include "IconPainter.h"
 #include "controls/IconLibraryWriter.h"
+#include "controls/IconPainter.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -14,9 +14,9 @@ int main(int argc, char** argv) {
         return 2;
     }
     QList<QList<QImage>> icons;
-    for (const QString& name : IconPainter::names())
-        icons.append({IconPainter::paint(name, 48), IconPainter::paint(name, 32),
-                      IconPainter::paint(name, 16)});
+    for (const QString& name : tk::IconPainter::names())
+        icons.append({tk::IconPainter::paint(name, 48), tk::IconPainter::paint(name, 32),
+                      tk::IconPainter::paint(name, 16)});
     QFile file(args.at(1));
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
         file.write(tk::IconLibraryWriter::peLibrary(icons)) < 0) {

@@ -6,11 +6,18 @@
 #include <QPainterPath>
 #include <QtMath>
 
+namespace tk {
+
 QStringList IconPainter::names() {
-    return {"rekenen",   "taal",       "lezen",    "tekenen", "muziek", "internet",
-            "schrijven", "spelletjes", "wereld",   "natuur",  "klok",   "typen",
-            "printer",   "map",        "document", "foto",    "film",   "rekenmachine",
-            "proefjes",  "robot",      "puzzel",   "verkeer"};
+    return {
+        QStringLiteral("rekenen"),   QStringLiteral("taal"),       QStringLiteral("lezen"),
+        QStringLiteral("tekenen"),   QStringLiteral("muziek"),     QStringLiteral("internet"),
+        QStringLiteral("schrijven"), QStringLiteral("spelletjes"), QStringLiteral("wereld"),
+        QStringLiteral("natuur"),    QStringLiteral("klok"),       QStringLiteral("typen"),
+        QStringLiteral("printer"),   QStringLiteral("map"),        QStringLiteral("document"),
+        QStringLiteral("foto"),      QStringLiteral("film"),       QStringLiteral("rekenmachine"),
+        QStringLiteral("proefjes"),  QStringLiteral("robot"),      QStringLiteral("puzzel"),
+        QStringLiteral("verkeer")};
 }
 
 namespace {
@@ -46,13 +53,13 @@ QImage IconPainter::paint(const QString& name, int side) {
     const QColor white(255, 255, 255);
     const QPen line(white, 2.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
 
-    if (name == "rekenen") {
+    if (name == u"rekenen") {
         tile(p, QColor(66, 133, 244));
-        text(p, "1+2", QRectF(0, 0, 32, 32), 11, white);
-    } else if (name == "taal") {
+        text(p, QStringLiteral("1+2"), QRectF(0, 0, 32, 32), 11, white);
+    } else if (name == u"taal") {
         tile(p, QColor(234, 67, 53));
-        text(p, "Abc", QRectF(0, 0, 32, 32), 11, white);
-    } else if (name == "lezen") {
+        text(p, QStringLiteral("Abc"), QRectF(0, 0, 32, 32), 11, white);
+    } else if (name == u"lezen") {
         tile(p, QColor(251, 140, 0));
         p.setPen(QPen(QColor(160, 90, 0), 1));
         p.setBrush(white);
@@ -69,7 +76,7 @@ QImage IconPainter::paint(const QString& name, int side) {
         right.closeSubpath();
         p.drawPath(left);
         p.drawPath(right);
-    } else if (name == "tekenen") {
+    } else if (name == u"tekenen") {
         tile(p, QColor(236, 64, 122));
         p.setPen(Qt::NoPen);
         p.setBrush(white);
@@ -83,7 +90,7 @@ QImage IconPainter::paint(const QString& name, int side) {
         }
         p.setBrush(QColor(236, 64, 122));
         p.drawEllipse(QPointF(20, 20), 2.6, 2.6);
-    } else if (name == "muziek") {
+    } else if (name == u"muziek") {
         tile(p, QColor(142, 36, 170));
         p.setPen(line);
         p.drawLine(QPointF(13, 22), QPointF(13, 8));
@@ -93,14 +100,14 @@ QImage IconPainter::paint(const QString& name, int side) {
         p.setBrush(white);
         p.drawEllipse(QPointF(10.5, 22.5), 3.2, 2.6);
         p.drawEllipse(QPointF(20.5, 20.5), 3.2, 2.6);
-    } else if (name == "internet") {
+    } else if (name == u"internet") {
         tile(p, QColor(3, 155, 229));
         p.setPen(QPen(white, 1.8));
         p.setBrush(Qt::NoBrush);
         p.drawEllipse(QPointF(16, 16), 10, 10);
         p.drawEllipse(QPointF(16, 16), 4.5, 10);
         p.drawLine(QPointF(6, 16), QPointF(26, 16));
-    } else if (name == "schrijven") {
+    } else if (name == u"schrijven") {
         tile(p, QColor(67, 160, 71));
         p.translate(16, 16);
         p.rotate(-45);
@@ -114,7 +121,7 @@ QImage IconPainter::paint(const QString& name, int side) {
         tip << QPointF(5, -3) << QPointF(11, 0) << QPointF(5, 3);
         p.drawPolygon(tip);
         p.resetTransform();
-    } else if (name == "spelletjes") {
+    } else if (name == u"spelletjes") {
         tile(p, QColor(94, 53, 177));
         p.setPen(Qt::NoPen);
         p.setBrush(white);
@@ -126,7 +133,7 @@ QImage IconPainter::paint(const QString& name, int side) {
         p.drawEllipse(QPointF(21, 15.5), 1.6, 1.6);
         p.setBrush(QColor(67, 160, 71));
         p.drawEllipse(QPointF(23.5, 18.5), 1.6, 1.6);
-    } else if (name == "wereld") {
+    } else if (name == u"wereld") {
         tile(p, QColor(0, 137, 123));
         p.setPen(Qt::NoPen);
         p.setBrush(QColor(129, 212, 250));
@@ -135,7 +142,7 @@ QImage IconPainter::paint(const QString& name, int side) {
         p.drawEllipse(QPointF(12, 12), 5, 4);
         p.drawEllipse(QPointF(20, 20), 4, 5);
         p.drawEllipse(QPointF(21, 10), 2.5, 2);
-    } else if (name == "natuur") {
+    } else if (name == u"natuur") {
         tile(p, QColor(124, 179, 66));
         p.setPen(Qt::NoPen);
         p.setBrush(white);
@@ -146,7 +153,7 @@ QImage IconPainter::paint(const QString& name, int side) {
         p.drawPath(leaf);
         p.setPen(QPen(QColor(124, 179, 66), 1.6, Qt::SolidLine, Qt::RoundCap));
         p.drawLine(QPointF(9, 24), QPointF(22, 10));
-    } else if (name == "klok") {
+    } else if (name == u"klok") {
         tile(p, QColor(255, 179, 0));
         p.setPen(QPen(QColor(120, 80, 0), 1.2));
         p.setBrush(white);
@@ -154,7 +161,7 @@ QImage IconPainter::paint(const QString& name, int side) {
         p.setPen(QPen(QColor(60, 60, 80), 2, Qt::SolidLine, Qt::RoundCap));
         p.drawLine(QPointF(16, 16), QPointF(16, 9));
         p.drawLine(QPointF(16, 16), QPointF(21, 18));
-    } else if (name == "typen") {
+    } else if (name == u"typen") {
         tile(p, QColor(84, 110, 122));
         p.setPen(Qt::NoPen);
         p.setBrush(white);
@@ -162,7 +169,7 @@ QImage IconPainter::paint(const QString& name, int side) {
             for (int col = 0; col < 5; ++col)
                 p.drawRoundedRect(QRectF(5 + col * 4.6, 9 + row * 4.4, 3.4, 3.2), 0.8, 0.8);
         p.drawRoundedRect(QRectF(9, 22.5, 14, 3), 1, 1);
-    } else if (name == "printer") {
+    } else if (name == u"printer") {
         tile(p, QColor(96, 125, 139));
         p.setPen(Qt::NoPen);
         p.setBrush(white);
@@ -170,7 +177,7 @@ QImage IconPainter::paint(const QString& name, int side) {
         p.drawRoundedRect(QRectF(5, 12, 22, 10), 2, 2);
         p.setBrush(QColor(200, 220, 235));
         p.drawRect(QRectF(10, 19, 12, 8));
-    } else if (name == "map") {
+    } else if (name == u"map") {
         p.setPen(QPen(QColor(190, 140, 40), 1));
         p.setBrush(QColor(255, 206, 84));
         QPainterPath back;
@@ -184,7 +191,7 @@ QImage IconPainter::paint(const QString& name, int side) {
         p.drawPath(back);
         p.setBrush(QColor(255, 224, 130));
         p.drawRoundedRect(QRectF(2, 13, 28, 14), 1.5, 1.5);
-    } else if (name == "document") {
+    } else if (name == u"document") {
         p.setPen(QPen(QColor(120, 130, 150), 1));
         p.setBrush(white);
         QPainterPath page;
@@ -198,7 +205,7 @@ QImage IconPainter::paint(const QString& name, int side) {
         p.setPen(QPen(QColor(66, 133, 244), 1.6));
         for (int y = 12; y <= 24; y += 4)
             p.drawLine(QPointF(10, y), QPointF(23, y));
-    } else if (name == "foto") {
+    } else if (name == u"foto") {
         tile(p, QColor(38, 50, 56));
         p.setPen(Qt::NoPen);
         p.setBrush(white);
@@ -208,14 +215,14 @@ QImage IconPainter::paint(const QString& name, int side) {
         p.drawEllipse(QPointF(16, 17.5), 5, 5);
         p.setBrush(QColor(100, 181, 246));
         p.drawEllipse(QPointF(16, 17.5), 3.2, 3.2);
-    } else if (name == "film") {
+    } else if (name == u"film") {
         tile(p, QColor(229, 57, 53));
         p.setPen(Qt::NoPen);
         p.setBrush(white);
         QPolygonF play;
         play << QPointF(12, 9) << QPointF(24, 16) << QPointF(12, 23);
         p.drawPolygon(play);
-    } else if (name == "rekenmachine") {
+    } else if (name == u"rekenmachine") {
         tile(p, QColor(69, 90, 100));
         p.setPen(Qt::NoPen);
         p.setBrush(QColor(178, 235, 242));
@@ -224,7 +231,7 @@ QImage IconPainter::paint(const QString& name, int side) {
         for (int row = 0; row < 3; ++row)
             for (int col = 0; col < 3; ++col)
                 p.drawRoundedRect(QRectF(7 + col * 6.5, 13 + row * 5, 5, 3.6), 1, 1);
-    } else if (name == "proefjes") {
+    } else if (name == u"proefjes") {
         tile(p, QColor(0, 172, 193));
         p.setPen(QPen(white, 1.6));
         p.setBrush(Qt::NoBrush);
@@ -241,7 +248,7 @@ QImage IconPainter::paint(const QString& name, int side) {
         QPolygonF liquid;
         liquid << QPointF(10, 19) << QPointF(22, 19) << QPointF(24.5, 24.5) << QPointF(7.5, 24.5);
         p.drawPolygon(liquid);
-    } else if (name == "robot") {
+    } else if (name == u"robot") {
         tile(p, QColor(57, 73, 171));
         p.setPen(Qt::NoPen);
         p.setBrush(white);
@@ -252,7 +259,7 @@ QImage IconPainter::paint(const QString& name, int side) {
         p.drawEllipse(QPointF(12, 16), 2.2, 2.2);
         p.drawEllipse(QPointF(20, 16), 2.2, 2.2);
         p.drawRoundedRect(QRectF(12, 20, 8, 1.8), 0.9, 0.9);
-    } else if (name == "puzzel") {
+    } else if (name == u"puzzel") {
         tile(p, QColor(255, 112, 67));
         p.setPen(Qt::NoPen);
         p.setBrush(white);
@@ -262,7 +269,7 @@ QImage IconPainter::paint(const QString& name, int side) {
         piece.addEllipse(QPointF(23, 17), 3.2, 3.2);
         piece.setFillRule(Qt::WindingFill);
         p.drawPath(piece.simplified());
-    } else if (name == "verkeer") {
+    } else if (name == u"verkeer") {
         tile(p, QColor(55, 71, 79));
         p.setPen(Qt::NoPen);
         p.setBrush(QColor(33, 33, 33));
@@ -276,3 +283,5 @@ QImage IconPainter::paint(const QString& name, int side) {
     }
     return image;
 }
+
+} // namespace tk

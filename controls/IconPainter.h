@@ -4,7 +4,10 @@
 #include <QList>
 #include <QString>
 
-// Draws the icons of the standard library: friendly pictures for the programs a school runs.
+namespace tk {
+
+// Draws the icons of the standard library: friendly pictures for the programs a school runs;
+// the folder and the document also stand for files that carry no icon of their own.
 class IconPainter {
 public:
     // The names of the icons, in library order.
@@ -12,3 +15,5 @@ public:
     // Icon `name` at `side` by `side` pixels, on a clear background.
     static QImage paint(const QString& name, int side);
 };
+
+} // namespace tk
