@@ -82,6 +82,10 @@ public:
     QString Locatie;
 
     static constexpr const char* Instellingen = "\\Data\\Instellingen.ini";
+    // The built-in accounts of a workstation (everyone's start screen, the maintenance module)
+    // and the one password they log on with.
+    static QString GlobaalAccount() { return QStringLiteral("GLOBAL"); }
+    static QString IngebouwdWachtwoord() { return QStringLiteral("Sleutelwrk42"); }
 
 private:
     Programma& p;

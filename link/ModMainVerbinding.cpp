@@ -232,8 +232,8 @@ void ModMainVerbinding::AutomatischAanmelden() {
             return;
         }
         if (m.ModusNetwerk)
-            stappen.ZetAutomatischeAanmelding(QStringLiteral("GLOBAL"),
-                                              QStringLiteral("Sleutelwrk42"), QString(), true);
+            stappen.ZetAutomatischeAanmelding(ModMain::GlobaalAccount(),
+                                              ModMain::IngebouwdWachtwoord(), QString(), true);
         else
             stappen.OpenFout(p.modTaal.LaadTekst(2910));
     });

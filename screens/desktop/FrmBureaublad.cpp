@@ -6,6 +6,7 @@
 #include "core/Ansi.h"
 #include "core/Fout.h"
 #include "core/Procedure.h"
+#include "core/Wire.h"
 #include "core/Programma.h"
 #include "core/ScreenSwitches.h"
 #include "data/ModData.h"
@@ -195,7 +196,7 @@ void FrmBureaublad::LaadPosities(const QString& tekst) {
         posApplicatie.clear();
         if (tekst.isEmpty())
             return;
-        for (const QString& element : tekst.split(QStringLiteral("><"))) {
+        for (const QString& element : tekst.split(wire::itemSep)) {
             const QStringList waarden = element.split(QLatin1Char('|'));
             if (waarden.size() < 3)
                 continue;

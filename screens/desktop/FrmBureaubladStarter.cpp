@@ -2,6 +2,7 @@
 
 #include "core/CommandChannel.h"
 #include "core/Procedure.h"
+#include "core/Wire.h"
 #include "core/Programma.h"
 #include "data/ModData.h"
 #include "platform/Clock.h"
@@ -223,7 +224,7 @@ void FrmBureaubladStarter::StartApplicatieRij(int soort, int rij, const QString&
 
         // Count the start; the server's answer is not waited for.
         if (p.modMain.Verbonden())
-            p.kanaal->WS_Versturen(QStringLiteral("OPSTEL") + id + QLatin1Char('|') + eigenaarID +
+            p.kanaal->WS_Versturen(wire::OPSTEL + id + QLatin1Char('|') + eigenaarID +
                                        QLatin1Char('|') + QString::number(soort),
                                    false);
 

@@ -5,6 +5,7 @@
 #include "core/Fout.h"
 #include "core/OpstartStappen.h"
 #include "core/Procedure.h"
+#include "core/Wire.h"
 #include "core/Programma.h"
 #include "core/ScreenSwitches.h"
 #include "data/ModData.h"
@@ -390,7 +391,7 @@ void FrmMain::knopAanmelden_Click() {
                 AnimatieAanmelden(QStringLiteral("onderhoud"));
                 if (m.ModusNetwerk) {
                     stappen().ZetAutomatischeAanmelding(QStringLiteral("ONDERHOUD"),
-                                                        QStringLiteral("Sleutelwrk42"), QString(),
+                                                        ModMain::IngebouwdWachtwoord(), QString(),
                                                         true);
                 } else if (p.schermen && p.schermen->openOnderhoudsmodule(-1, {})) {
                     Zichtbaar = false;
@@ -399,7 +400,7 @@ void FrmMain::knopAanmelden_Click() {
                         QStringLiteral("maintenance module asked for; location %1").arg(m.Locatie));
                 }
             } else if (bezet && m.Verbonden()) {
-                link.WS_Versturen(QStringLiteral("INFONB"), true);
+                link.WS_Versturen(wire::INFONB, true);
             } else if (m.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(1602),
                                    QStringLiteral("?")) == u"ja") {
                 picAanmeldenZichtbaar = false;
@@ -518,7 +519,7 @@ void FrmMain::OpenOnderhoud() {
         Zichtbaar = true;
         AnimatieAanmelden(QStringLiteral("onderhoud"));
         if (onderhoudBezet()) {
-            link.WS_Versturen(QStringLiteral("INFONB"), true);
+            link.WS_Versturen(wire::INFONB, true);
             OpenFout(QStringLiteral("Onderhoudsmodule in gebruik"));
         } else if (p.schermen && p.schermen->openOnderhoudsmodule(-1, {})) {
             txtWachtwoord.clear();
@@ -587,7 +588,7 @@ void FrmMain::OpenFout(const QString& tekst) {
             return;
         if (p.modMain.ModusNetwerk)
             stappen().ZetAutomatischeAanmelding(QStringLiteral("Global"),
-                                                QStringLiteral("Sleutelwrk42"), QString(), true);
+                                                ModMain::IngebouwdWachtwoord(), QString(), true);
         else
             OpenGlobal(true);
     });

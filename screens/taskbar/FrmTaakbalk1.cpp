@@ -232,8 +232,8 @@ void FrmTaakbalk1::KnopActie(const QString& naam) {
             if (p.startScreenEvents)
                 p.startScreenEvents->OpenGlobal(false);
         } else if (naam == u"windowsomgeving" && p.modMainAfsluiten) {
-            p.modMainAfsluiten->NaarWindowsOmgeving(QStringLiteral("GLOBAL"),
-                                                    QStringLiteral("Sleutelwrk42"));
+            p.modMainAfsluiten->NaarWindowsOmgeving(ModMain::GlobaalAccount(),
+                                                    ModMain::IngebouwdWachtwoord());
         } else if (!p.schermen || !p.schermen->openElders(naam)) {
             p.modMain.SchrijfLogboek(
                 QStringLiteral("The bar's button '%1' opens a screen that is not on this "

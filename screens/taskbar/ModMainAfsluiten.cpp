@@ -74,7 +74,8 @@ void ModMainAfsluiten::VoerUit(const QString& antwoord) {
             const QString groep = veld.value(1), id = veld.value(3);
             const bool klas = groep == p.modTaal.LaadTekst(2415);
             const bool leraar = groep == p.modTaal.LaadTekst(2416);
-            QString account = QStringLiteral("GLOBAL"), wachtwoord = QStringLiteral("Sleutelwrk42");
+            QString account = ModMain::GlobaalAccount(),
+                    wachtwoord = ModMain::IngebouwdWachtwoord();
             if (p.modData && (klas || leraar)) {
                 const int rij = p.modData->ZoekLijstID(klas ? 0 : 1, id);
                 account = klas ? p.modData->Klassen(rij, 4) : p.modData->Leraren(rij, 3);
@@ -113,7 +114,7 @@ void ModMainAfsluiten::VoerUit(const QString& antwoord) {
             return;
         if (m.ModusNetwerk) {
             if (woord == u"sluiten")
-                NaarWindowsOmgeving(QStringLiteral("GLOBAL"), QStringLiteral("Sleutelwrk42"));
+                NaarWindowsOmgeving(ModMain::GlobaalAccount(), ModMain::IngebouwdWachtwoord());
             else if (woord == u"afmelden") {
                 const QString winlogon =
                     QStringLiteral("SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon");
