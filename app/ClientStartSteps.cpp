@@ -184,6 +184,10 @@ void ClientStartSteps::ZetAutomatischeAanmelding(const QString& account, const Q
     sessie().AanmeldenAlsAccount(account, wachtwoord, domein, afmelden);
 }
 
+void ClientStartSteps::ControleerLerarenRechten() {
+    sessie().ControleerLerarenRechten();
+}
+
 bool ClientStartSteps::SessieActie(const QString& actie) {
     return sessie().SessieActie(actie) || UnbuiltStartSteps::SessieActie(actie);
 }

@@ -48,6 +48,7 @@ public:
     void ZetSessiebeperkingen(bool opheffen, bool metTaakbeheer) override;
     void ZetAutomatischeAanmelding(const QString& account, const QString& wachtwoord,
                                    const QString& domein, bool afmelden) override;
+    void ControleerLerarenRechten() override;
     bool SessieActie(const QString& actie) override;
     // The session module, made at its first use in the setting of \Data\Instellingen.ini.
     ModMainSessie& sessie();

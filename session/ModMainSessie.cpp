@@ -9,6 +9,7 @@
 #include "platform/RegFile.h"
 #include "platform/RegistryStore.h"
 #include "platform/SystemActions.h"
+#include "session/ModMainAccounts.h"
 #include "theme/ModThema.h"
 
 #include <QFile>
@@ -533,27 +534,35 @@ bool ModMainSessie::Geslaagd(const QString& uitvoer) {
 bool ModMainSessie::TafelkraterAccountAanmaken() {
     return Procedure(p, "modMain.TafelkraterAccountAanmaken", false, [&] {
         schrijfGetal(RegistryRoot::LocalMachine, WinlogonNT, "LogonType", 0);
-        auto net = [&](const QStringList& args) {
-            QString uitvoer;
-            m_systeem.run(QStringLiteral("net"), args, QString(), &uitvoer);
-            return Geslaagd(uitvoer);
-        };
-        const QString groep = QStringLiteral("Administrators");
-        const QString lg = QStringLiteral("localgroup"), add = QStringLiteral("/add");
+        ModMainAccounts accounts(p, m_systeem);
+        const QString batch = QStringLiteral("\\batchfile.bat");
         if (p.modMain.ModusStandalone) {
             // A failed delete of an account that was not there is of no account.
-            net({QStringLiteral("user"), QStringLiteral("Tafelkrater"), QStringLiteral("/delete")});
-            net({QStringLiteral("user"), QStringLiteral("Tafelkrater"), vastWachtwoord(), add,
-                 QStringLiteral("/passwordreq:no"), QStringLiteral("/passwordchg:no")});
+            accounts.BatchFile(batch, true, QStringLiteral("net user Tafelkrater /delete"));
+            accounts.BatchFile(batch, false,
+                               QStringLiteral("net user Tafelkrater ") + vastWachtwoord() +
+                                   QStringLiteral(" /add /passwordreq:no /passwordchg:no"));
+            const int groep = accounts.BatchFile(
+                batch, false, QStringLiteral("net localgroup Administrators Tafelkrater /add"));
+            accounts.ShellWait(batch, 0, 0, true);
             // Checked here too: a logon into an account that was never made leaves the
             // workstation without a usable session.
-            return net({lg, groep, QStringLiteral("Tafelkrater"), add});
+            return accounts.ControleerAdministratorRechten(groep);
         }
         const QString domein = p.platform.environment().variable(QStringLiteral("USERDOMAIN"));
-        const bool global = net({lg, groep, domein + QStringLiteral("\\GLOBAL"), add});
-        const bool onderhoud = net({lg, groep, domein + QStringLiteral("\\ONDERHOUD"), add});
-        return global && onderhoud;
+        const QString regel = QStringLiteral("net localgroup Administrators \"%1\\%2\" /add");
+        const int global =
+            accounts.BatchFile(batch, true, regel.arg(domein, QStringLiteral("GLOBAL")));
+        const int onderhoud =
+            accounts.BatchFile(batch, false, regel.arg(domein, QStringLiteral("ONDERHOUD")));
+        accounts.ShellWait(batch, 0, 0, true);
+        const bool eerste = accounts.ControleerAdministratorRechten(global);
+        return accounts.ControleerAdministratorRechten(onderhoud) && eerste;
     });
+}
+
+void ModMainSessie::ControleerLerarenRechten() {
+    ModMainAccounts(p, m_systeem).ControleerLerarenRechten();
 }
 
 bool ModMainSessie::beeindig(bool gelukt) {

@@ -52,6 +52,8 @@ public:
     // Makes the local account (standalone) or gives the domain's accounts the administrators'
     // group (network) through the net verbs; true when every checked command reported success.
     bool TafelkraterAccountAanmaken();
+    // Gives the accounts of the classes and teachers the administrators' group (ModMainAccounts).
+    void ControleerLerarenRechten();
     // Whether a net command's output holds one of the lines of success, whole, in any case.
     static bool Geslaagd(const QString& uitvoer);
 

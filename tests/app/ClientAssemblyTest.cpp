@@ -43,7 +43,7 @@ TEST(ClientAssemblyTest, AStepNoLayerFillsSaysSoInTheLogBookOnce) {
     OpstartStappen& stappen = client.stappen();
     EXPECT_TRUE(stappen.frmActiveren()); // the workstation goes on without the take-over
     EXPECT_TRUE(stappen.frmActiveren());
-    stappen.ControleerLerarenRechten();
+    stappen.SchermbeveiligingUit();
     EXPECT_EQ(client.stappen().gemeld(), (QStringList{QStringLiteral("frmActiveren"),
                                                       QStringLiteral("ControleerLerarenRechten")}));
     EXPECT_EQ(QDir(w.pad(QStringLiteral("Logboek"))).entryList(QDir::Files).size(), 1);
