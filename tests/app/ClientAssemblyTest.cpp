@@ -45,7 +45,7 @@ TEST(ClientAssemblyTest, AStepNoLayerFillsSaysSoInTheLogBookOnce) {
     EXPECT_TRUE(stappen.frmActiveren());
     stappen.SchermbeveiligingUit();
     EXPECT_EQ(client.stappen().gemeld(), (QStringList{QStringLiteral("frmActiveren"),
-                                                      QStringLiteral("ControleerLerarenRechten")}));
+                                                      QStringLiteral("SchermbeveiligingUit")}));
     EXPECT_EQ(QDir(w.pad(QStringLiteral("Logboek"))).entryList(QDir::Files).size(), 1);
     EXPECT_TRUE(QString::fromUtf8(
                     w.lees(QStringLiteral("Logboek/") +
