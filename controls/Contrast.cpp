@@ -1,5 +1,6 @@
 #include "Contrast.h"
 
+#include <QPainter>
 #include <QtMath>
 
 namespace tk {
@@ -46,6 +47,23 @@ double Contrast::slechtste(const QColor& tekst, const QImage& achter, const QRec
             }
         }
     return qMin(verhouding(tekst, QColor(donker)), verhouding(tekst, QColor(licht)));
+}
+
+bool Contrast::randNodig(const QColor& tekst, const QImage& achter, const QRect& vak) {
+    return slechtste(tekst, achter, vak) < Minimum;
+}
+
+void Contrast::schrijf(QPainter& p, const QPoint& basis, const QString& tekst, const QColor& kleur,
+                       bool rand) {
+    if (rand) {
+        p.setPen(tegenkleur(kleur));
+        for (int dx = -1; dx <= 1; ++dx)
+            for (int dy = -1; dy <= 1; ++dy)
+                if (dx || dy)
+                    p.drawText(basis + QPoint(dx, dy), tekst);
+    }
+    p.setPen(kleur);
+    p.drawText(basis, tekst);
 }
 
 } // namespace tk

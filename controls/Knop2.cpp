@@ -1,5 +1,6 @@
 #include "Knop2.h"
 
+#include "Contrast.h"
 #include "core/Fout.h"
 
 #include <QFontMetrics>
@@ -101,6 +102,8 @@ void Knop2::tekenTekst(QImage& beeld, const QString& tekst, const QFont& font,
                        const QColor& kleur) {
     if (tekst.isEmpty() || beeld.isNull())
         return;
+    // The picture as it is before any caption, to measure the contrast against.
+    const QImage onder = beeld.convertToFormat(QImage::Format_RGB32);
     QPainter p(&beeld);
     p.setFont(font);
     p.setPen(kleur);
@@ -116,7 +119,10 @@ void Knop2::tekenTekst(QImage& beeld, const QString& tekst, const QFont& font,
                                       ? fm.elidedText(regel, Qt::ElideRight, beeld.width() - 4)
                                       : regel;
         const int x = (beeld.width() - fm.horizontalAdvance(zichtbaar)) / 2;
-        p.drawText(x, y + fm.ascent(), zichtbaar);
+        // A caption that would not stand out from the picture under it gets an outline.
+        const QRect vak(x, y, fm.horizontalAdvance(zichtbaar), fm.height());
+        Contrast::schrijf(p, QPoint(x, y + fm.ascent()), zichtbaar, kleur,
+                          Contrast::randNodig(kleur, onder, vak));
         y += fm.height();
     }
 }

@@ -3,6 +3,7 @@
 #include "controls/AccessibleName.h"
 #include "controls/DesktopEntryIcon.h"
 #include "controls/ModPictogrammen.h"
+#include "controls/TextScale.h"
 #include "core/Ansi.h"
 #include "core/Fout.h"
 #include "core/Procedure.h"
@@ -11,6 +12,7 @@
 #include "core/ScreenSwitches.h"
 #include "data/ModData.h"
 #include "link/ModMainVerbinding.h"
+#include "platform/Environment.h"
 #include "platform/Windows.h"
 #include "screens/common/FocusOrder.h"
 #include "screens/common/ThemePicture.h"
@@ -57,6 +59,11 @@ FrmBureaublad::FrmBureaublad(Programma& p) : FrmBureaubladStarter(p) {
     subKopFont = QFont(QStringLiteral("Verdana"), 10, QFont::Bold);
     icoonFont = QFont(QStringLiteral("Verdana"), 8);
     tooltipFont = QFont(QStringLiteral("Verdana"), 8);
+    // The larger text the workstation asks for.
+    const double schaal =
+        TextScale::factor(p.platform.environment().variable(QStringLiteral("TK_TEKSTSCHAAL")));
+    for (QFont* f : {&kopFont, &subKopFont, &icoonFont, &tooltipFont})
+        *f = TextScale::schaal(*f, schaal);
     tmrTooltip.setInterval(600);
     tmrTooltip.setSingleShot(true);
     connect(&tmrTooltip, &QTimer::timeout, this, &FrmBureaublad::tmrTooltip_Timer);

@@ -2,6 +2,7 @@
 
 #include "FrmBureaublad.h"
 #include "StarterOverlayView.h"
+#include "controls/Contrast.h"
 #include "controls/FocusRing.h"
 #include "controls/Knop2.h"
 #include "screens/common/LogonFields.h"
@@ -143,6 +144,9 @@ void FrmBureaubladCanvas::tekenIconen(QPainter& g) {
             g.drawRect(i.tekst.adjusted(-3, -1, 3, 1));
         }
         const QFontMetrics fm(m.icoonFont);
+        // A name that would not stand out from the background under it gets an outline (a
+        // shadow of one pixel is not enough).
+        const bool rand = !hover && Contrast::randNodig(m.KleurIcoonTekst, m.achtergrond, i.tekst);
         int y = i.tekst.top();
         for (const QString& regel : i.regels) {
             const int x = i.beeld.left() + 16 - fm.horizontalAdvance(regel) / 2;
@@ -150,8 +154,7 @@ void FrmBureaubladCanvas::tekenIconen(QPainter& g) {
                 g.setPen(m.KleurIcoonSchaduw);
                 g.drawText(x + 1, y + fm.ascent() + 1, regel);
             }
-            g.setPen(m.KleurIcoonTekst);
-            g.drawText(x, y + fm.ascent(), regel);
+            Contrast::schrijf(g, QPoint(x, y + fm.ascent()), regel, m.KleurIcoonTekst, rand);
             y += fm.height();
         }
     }

@@ -1,6 +1,7 @@
 #include "FrmMain.h"
 
 #include "controls/AccessibleName.h"
+#include "controls/TextScale.h"
 #include "core/Ansi.h"
 #include "core/Fout.h"
 #include "core/OpstartStappen.h"
@@ -10,6 +11,7 @@
 #include "core/ScreenSwitches.h"
 #include "data/ModData.h"
 #include "link/ModMainVerbinding.h"
+#include "platform/Environment.h"
 #include "screens/common/FocusOrder.h"
 #include "screens/common/Laadbalk.h"
 #include "screens/common/ThemePicture.h"
@@ -35,6 +37,11 @@ FrmMain::FrmMain(Programma& p, FrmMainLink& link) : link(link), p(p) {
     ballonFont = QFont(QStringLiteral("Verdana"), 13, QFont::Bold);
     ladenFont = QFont(QStringLiteral("Verdana"), 9, QFont::Bold);
     aanmeldenFont = QFont(QStringLiteral("Verdana"), 8);
+    // The larger text the workstation asks for.
+    const double schaal =
+        TextScale::factor(p.platform.environment().variable(QStringLiteral("TK_TEKSTSCHAAL")));
+    for (QFont* f : {&knopFont, &ballonFont, &ladenFont, &aanmeldenFont})
+        *f = TextScale::schaal(*f, schaal);
     m_tmrLaden.setInterval(30);
     connect(&m_tmrLaden, &QTimer::timeout, this, [this] { tmrLaden_Timer(); });
 }

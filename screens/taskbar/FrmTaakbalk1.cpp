@@ -1,10 +1,13 @@
 #include "FrmTaakbalk1.h"
 
+#include "controls/TextScale.h"
+
 #include "core/Procedure.h"
 #include "core/Programma.h"
 #include "core/ScreenSwitches.h"
 #include "core/StartScreenEvents.h"
 #include "link/ModMainVerbinding.h"
+#include "platform/Environment.h"
 #include "screens/common/ThemePicture.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
 #include "theme/ModThema.h"
@@ -47,9 +50,13 @@ constexpr int beeldMaat = 40;
 } // namespace
 
 FrmTaakbalk1::FrmTaakbalk1(Programma& p) : p(p) {
-    knopFont = QFont(QStringLiteral("Verdana"), 9, QFont::Bold);
+    // The larger text the workstation asks for.
+    const double schaal =
+        TextScale::factor(p.platform.environment().variable(QStringLiteral("TK_TEKSTSCHAAL")));
+    knopFont = TextScale::schaal(QFont(QStringLiteral("Verdana"), 9, QFont::Bold), schaal);
     for (int i = 0; i < 3; ++i) {
-        Account[i].Font = QFont(QStringLiteral("Verdana"), 10, QFont::Bold);
+        Account[i].Font =
+            TextScale::schaal(QFont(QStringLiteral("Verdana"), 10, QFont::Bold), schaal);
         Account[i].Hoogte = 32;
         Account[i].Visible = false;
         Account[i].Click = [this, i] { Account_Click(i); };

@@ -1,11 +1,13 @@
 #include "FrmTaakbalk2.h"
 
 #include "controls/AccessibleName.h"
+#include "controls/TextScale.h"
 #include "screens/common/FocusOrder.h"
 
 #include "core/Procedure.h"
 #include "core/Programma.h"
 #include "core/ScreenSwitches.h"
+#include "platform/Environment.h"
 #include "screens/common/ThemePicture.h"
 #include "screens/desktop/FrmBureaublad.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
@@ -47,8 +49,11 @@ constexpr int tekenAfstand = 6; // between the last task and the first fixed but
 } // namespace
 
 FrmTaakbalk2::FrmTaakbalk2(Programma& p) : taken(p), modTaakbalk(p), p(p) {
-    knopFont = QFont(QStringLiteral("Verdana"), 9, QFont::Bold);
-    takenFont = QFont(QStringLiteral("Verdana"), 8);
+    // The larger text the workstation asks for.
+    const double schaal =
+        TextScale::factor(p.platform.environment().variable(QStringLiteral("TK_TEKSTSCHAAL")));
+    knopFont = TextScale::schaal(QFont(QStringLiteral("Verdana"), 9, QFont::Bold), schaal);
+    takenFont = TextScale::schaal(QFont(QStringLiteral("Verdana"), 8), schaal);
     tmrTaken.setInterval(500);
     tmrMuis.setInterval(100);
     connect(&tmrTaken, &QTimer::timeout, this, &FrmTaakbalk2::tmrTaken_Timer);

@@ -1,10 +1,17 @@
-#include "controls/Contrast.h"
 #include "controls/AccessibleName.h"
+#include "controls/Contrast.h"
+#include "controls/Knop2.h"
+#include "controls/TextScale.h"
+#include "tests/desktop/BureaubladWerkplek.h"
+#include "tests/screens/ScreenWerkplek.h"
 
+#include <QFontMetrics>
 #include <QImage>
+#include <iostream>
 #include <gtest/gtest.h>
 
 using namespace tk;
+using namespace tk::test;
 
 TEST(ContrastTest, RatiosAsTheGuidelinesMeasureThem) {
     struct Case {
@@ -58,4 +65,95 @@ TEST(ContrastTest, AccessibleNamesOfBadInput) {
     const QString geknipt = AccessibleName::maak(paar);
     EXPECT_LE(geknipt.size(), AccessibleName::Langste);
     EXPECT_FALSE(geknipt.at(geknipt.size() - 2).isHighSurrogate());
+}
+
+namespace {
+// A caption's contrast as the screen shows it: against the picture under it, or against its
+// outline where the painter draws one.
+struct Gemeten {
+    double direct;
+    double zichtbaar;
+};
+Gemeten meet(const QColor& tekst, const QImage& onder, const QRect& vak) {
+    const double direct = Contrast::slechtste(tekst, onder, vak);
+    return {direct, direct >= Contrast::Minimum
+                        ? direct
+                        : Contrast::verhouding(tekst, Contrast::tegenkleur(tekst))};
+}
+} // namespace
+
+TEST(ContrastTest, DefaultThemeCaptionsReadOnTheirPictures) {
+    ScreenWerkplek w;
+    for (int i = 0; i < 8; ++i)
+        w.klas(i, QString("Groep %1").arg(i + 1), QString::number(i + 1),
+               QString("%1a.jpg").arg(i + 1));
+    w.f().Form_Load();
+    w.f().WeergevenKlassen(true);
+    for (int i = 0; i < 8; ++i) {
+        Knop2& k = *w.f().knop(i);
+        SCOPED_TRACE(k.Tekst.toStdString());
+        Knop2 kaal = k;
+        kaal.Tekst.clear();
+        const QImage onder = kaal.Teken();
+        const QFontMetrics fm(k.Font);
+        const QRect vak((onder.width() - fm.horizontalAdvance(k.Tekst)) / 2,
+                        (onder.height() - fm.height()) / 2, fm.horizontalAdvance(k.Tekst),
+                        fm.height());
+        const Gemeten g = meet(k.ForeColor, onder, vak);
+        std::cout << "class button " << k.Tekst.toStdString() << ": " << g.direct
+                  << " on the picture, " << g.zichtbaar << " as shown\n";
+        EXPECT_GE(g.zichtbaar, Contrast::Minimum);
+        if (g.direct < Contrast::Minimum) {
+            // The outline is really there: pixels of its colour inside the caption's box.
+            const QImage getekend = k.Teken();
+            const QRgb rand = Contrast::tegenkleur(k.ForeColor).rgb();
+            int gevonden = 0;
+            for (int y = vak.top(); y <= vak.bottom(); ++y)
+                for (int x = vak.left(); x <= vak.right(); ++x)
+                    gevonden += (getekend.pixel(x, y) & 0xffffff) == (rand & 0xffffff) &&
+                                (onder.pixel(x, y) & 0xffffff) != (rand & 0xffffff);
+            EXPECT_GT(gevonden, 10);
+        }
+    }
+}
+
+TEST(ContrastTest, DesktopNamesAndBarCaptionsOfTheDefaultThemeRead) {
+    BureaubladWerkplek w;
+    w.applicatie(0, 0, "1", "Rekenen");
+    w.applicatie(0, 1, "2", "Taal");
+    for (const char* achtergrond : {"Heuvels.jpg", "Ruimte.jpg"}) {
+        SCOPED_TRACE(achtergrond);
+        w.klas(0, "Groep 1", "100", "1|2", "Ja", achtergrond);
+        w.b().Openen(0, "100");
+        ASSERT_FALSE(w.b().achtergrond.isNull());
+        for (const auto& i : w.b().zichtbareIconen) {
+            const Gemeten g = meet(w.b().KleurIcoonTekst, w.b().achtergrond, i.tekst);
+            std::cout << achtergrond << " name " << i.naam.toStdString() << ": " << g.direct
+                      << " on the picture, " << g.zichtbaar << " as shown\n";
+            EXPECT_GE(g.zichtbaar, Contrast::Minimum) << i.naam.toStdString();
+        }
+    }
+}
+
+TEST(ContrastTest, TextScaleFromTheEnvironmentGrowsThePaintedCaptions) {
+    struct Case {
+        const char* waarde;
+        double factor;
+    };
+    const Case cases[] = {{"", 1.0},    {"1.5", 1.5}, {"150%", 1.5},  {"1,25", 1.25},
+                          {"0.5", 1.0}, {"3", 1.0},   {"groot", 1.0}, {"2", 2.0}};
+    for (const auto& c : cases)
+        EXPECT_DOUBLE_EQ(c.factor, TextScale::factor(c.waarde)) << c.waarde;
+
+    ScreenWerkplek gewoon;
+    ScreenWerkplek groot;
+    groot.platform.fakeEnvironment().setVariable("TK_TEKSTSCHAAL", "1.5");
+    groot.p.maak(groot.p.startScreen, groot.p, *groot.p.frmMain);
+    groot.p.startScreenEvents = groot.p.startScreen;
+    EXPECT_DOUBLE_EQ(gewoon.f().knopFont.pointSizeF() * 1.5, groot.f().knopFont.pointSizeF());
+    // A scaled caption still fits its button: cut, never wider than the picture.
+    groot.klas(0, "Groep met een lange naam", "Groep met een lange naam");
+    groot.f().Form_Load();
+    groot.f().WeergevenKlassen(true);
+    EXPECT_EQ(groot.f().knop(0)->Grootte(), groot.f().knop(0)->Teken().size());
 }
