@@ -7,6 +7,7 @@
 
 #include <QDateTime>
 #include <QFile>
+#include <cstdlib>
 
 using namespace tk;
 
@@ -55,9 +56,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
     const ThemeKeys keys(w.p, QStringLiteral("\\Afbeeldingen\\Skins\\1\\"));
     const QString file = keys.settingsFile();
-    // Every read goes to the file (it changed a moment ago): a bounded number of keys keeps a
-    // run fast.
-    int budget = 48;
+    // Every read resolves the path and looks at the file: a bounded number of keys keeps a run
+    // fast, and only the first few go through the readers that look for pictures.
+    int budget = 24;
     for (const QString& section : w.p.iniFiles.sections(w.p.modMain.Pad(file))) {
         for (const QString& key : w.p.iniFiles.keys(w.p.modMain.Pad(file), section)) {
             if (--budget < 0)
@@ -71,10 +72,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
                               c.b <= 255);
             });
             guarded([&] { (void)keys.colourOr(section, key, {1, 2, 3}); });
-            guarded([&] { (void)keys.position(section, key); });
-            guarded([&] { (void)keys.picture(section, key); });
+            guarded([&] {
+                const QPoint place = keys.position(section, key);
+                fuzz::require(std::abs(place.x()) <= ThemeKeys::maxPosition &&
+                              std::abs(place.y()) <= ThemeKeys::maxPosition);
+            });
             (void)keys.yes(section, key);
             (void)keys.notNo(section, key);
+            if (budget < 20)
+                continue;
+            guarded([&] { (void)keys.picture(section, key); });
             (void)keys.pictureIfExists(section, key);
             (void)keys.toolbarPicture(key);
             (void)keys.classButtonPictures(value);

@@ -4,6 +4,7 @@
 # executions and findings per target; exits 1 when any target found something, with the path of
 # each reproducer. Run one target again on its reproducer: build-fuzz/fuzz/<Target> <file>.
 #   FUZZ_TARGETS="IniDocumentFuzz RegFileFuzz" scripts/fuzz.sh 600   # only these
+#   FUZZ_RUNS=10000000 scripts/fuzz.sh 3600   # stop a target at ten million inputs
 set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds="${1:-60}"
@@ -40,6 +41,7 @@ for t in $targets; do
   mkdir -p "$corpus" "$findings"
   args=(-max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -close_fd_mask=1
         -print_final_stats=1 -artifact_prefix="$findings/$t-")
+  [ -z "${FUZZ_RUNS:-}" ] || args+=(-runs="$FUZZ_RUNS")
   dict="$(dict_of "$t")"
   [ -z "$dict" ] || args+=(-dict="$dict")
   log="$out/$t.log"
