@@ -408,36 +408,84 @@ TEST(ModMainSessieTest, RegistryWriteTestLeavesNothingBehindAndFailsOnAReadOnlyS
     EXPECT_FALSE(w.sessie.ControleerRegisterSchrijfbaar());
 }
 
-TEST(ModMainSessieTest, SessionActionsTellTheLauncherThenEndTheClient) {
+TEST(ModMainSessieTest, SessionActionsLiftTheLimitsTellTheLauncherThenEndTheClient) {
     struct Rij {
         const char* actie;
         QStringList acties;
         bool uitgevoerd;
+        int meldingen;
     };
     const Rij rijen[] = {
-        {"afmelden", {QStringLiteral("logoff")}, true},
-        {"opnieuwopstarten", {QStringLiteral("reboot")}, true},
-        {"uitschakelen", {QStringLiteral("poweroff")}, true},
+        {"afmelden", {QStringLiteral("logoff")}, true, 0},
+        {"opnieuwopstarten", {QStringLiteral("reboot")}, true, 0},
+        {"uitschakelen", {QStringLiteral("poweroff")}, true, 0},
+        {"deactiveren", {QStringLiteral("autologon-remove"), QStringLiteral("logoff")}, true, 1},
         {"aanmeldenalsaccount|KLAS3A|pw|x",
          {QStringLiteral("autologon-set klas3a"), QStringLiteral("logoff")},
-         true},
-        {"sluiten|a|b", {}, false},
+         true,
+         0},
+        {"sluiten|a|b", {}, false, 0},
     };
     for (const Rij& rij : rijen) {
         SCOPED_TRACE(rij.actie);
         Werkstation w(Familie::Nt, Modus::Netwerk);
+        w.sessie.ZetBrowserbeperkingen(true);
         w.systeem.refused << QStringLiteral("reboot"); // a refused restart still ends the client
         EXPECT_EQ(rij.uitgevoerd, w.sessie.SessieActie(QString::fromLatin1(rij.actie)));
         EXPECT_EQ(rij.acties, w.systeem.actions);
         EXPECT_EQ(rij.uitgevoerd, w.p.beeindigd);
         EXPECT_EQ(rij.uitgevoerd ? QStringList{QStringLiteral("Afsluiten")} : QStringList{},
                   w.stappen.woorden);
+        EXPECT_EQ(rij.meldingen, w.dialogen.gesteld.size());
+        // A log off takes the browser's limits off first.
+        const bool uit = rij.acties.contains(QStringLiteral("logoff"));
+        EXPECT_EQ(RegistryValue::number(uit ? 0 : 1),
+                  *w.platform.registry().read(CU, QString::fromLatin1(ModMainSessie::Browserbeleid),
+                                              QStringLiteral("NoFileOpen")));
     }
-    Werkstation w(Familie::Nt, Modus::Netwerk);
-    w.sessie.SessieActie(QStringLiteral("aanmeldenalsaccount|KLAS3A|pw"));
-    EXPECT_EQ(u"pw", w.platform.registry()
-                         .read(LM, QString::fromLatin1(NT), QStringLiteral("DefaultPassword"))
-                         ->text);
+}
+
+TEST(ModMainSessieTest, LogonAsAnotherAccountWritesTheFamilysValuesWithTheProgramsDomain) {
+    struct Rij {
+        Familie familie;
+        const char* wachtwoord;
+        QList<Waarde> na;
+    };
+    const Rij rijen[] = {
+        {Familie::Nt,
+         "pw",
+         {S(LM, NT, "ForceAutoLogon", "1"), S(LM, NT, "AutoAdminLogon", "1"),
+          D(LM, NT, "DisableCAD", 1), S(LM, NT, "DefaultUserName", "global"),
+          S(LM, NT, "DefaultPassword", "pw"), S(LM, NT, "DefaultDomain", "SCHOOL"),
+          S(LM, NT, "DefaultDomainName", "SCHOOL")}},
+        {Familie::Nt,
+         "",
+         {S(LM, NT, "ForceAutoLogon", "1"), S(LM, NT, "AutoAdminLogon", "1"),
+          D(LM, NT, "DisableCAD", 1), S(LM, NT, "DefaultUserName", "global"),
+          S(LM, NT, "DefaultDomain", "SCHOOL"), S(LM, NT, "DefaultDomainName", "SCHOOL")}},
+        {Familie::W98,
+         "pw",
+         {S(LM, W98, "DefaultUserName", "global"), S(LM, W98, "DefaultPassword", "pw"),
+          S(LM, W98, "DefaultDomainName", "SCHOOL"), S(LM, W98, "DefaultDomain", "SCHOOL"),
+          S(LM, "Network\\Logon", "username", "global"),
+          S(LM, "System\\CurrentControlSet\\Control", "Current User", "global")}},
+    };
+    for (const Rij& rij : rijen) {
+        SCOPED_TRACE(int(rij.familie));
+        Werkstation w(rij.familie, Modus::Netwerk);
+        w.zetIni("Netwerk", "Domein", "SCHOOL");
+        w.vul({S(LM, NT, "DefaultPassword", "oud")});
+        w.sessie.AanmeldenAlsAccount(QStringLiteral("global"), QString::fromLatin1(rij.wachtwoord),
+                                     QStringLiteral("ANDER"), false);
+        Beeld verwacht;
+        for (const Waarde& v : rij.na)
+            zet(verwacht, v);
+        if (rij.familie == Familie::W98)
+            zet(verwacht, S(LM, NT, "DefaultPassword", "oud"));
+        EXPECT_EQ(verwacht, beeld(w.platform.fakeRegistry()));
+        EXPECT_EQ(QStringList{QStringLiteral("autologon-set global")}, w.systeem.actions);
+        EXPECT_FALSE(w.p.beeindigd);
+    }
 }
 
 TEST(ModMainSessieTest, ContainedSettingRecordsEachActionAsOneLineAndChangesNothingElse) {
