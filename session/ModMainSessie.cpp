@@ -28,9 +28,6 @@ const QString oudeSectie() {
 QString latin(const char* tekst) {
     return QString::fromLatin1(tekst);
 }
-const QString vastWachtwoord() {
-    return QStringLiteral("Sleutelwrk42");
-}
 } // namespace
 
 ModMainSessie::ModMainSessie(Programma& p, SystemActions& systeem) : p(p), m_systeem(systeem) {}
@@ -233,7 +230,8 @@ void ModMainSessie::WijzigOpstarten() {
         }
         const bool automatisch = m.ModusNetwerk || (m.ModusStandalone && !gebruikersnaam.isEmpty());
         const QString account = m.ModusStandalone ? gebruikersnaam : QStringLiteral("Global");
-        const QString wachtwoordVan = m.ModusStandalone ? wachtwoord : vastWachtwoord();
+        const QString wachtwoordVan =
+            m.ModusStandalone ? wachtwoord : ModMain::IngebouwdWachtwoord();
         const auto lm = RegistryRoot::LocalMachine;
         if (m.IsWindows98) {
             const QString backup = m.Pad(QStringLiteral("\\backup.ini"));
@@ -289,7 +287,8 @@ void ModMainSessie::WijzigOpstarten() {
         } else if (m.ModusNetwerk) {
             if (!m.StilActiveren)
                 m.ToonVraag(titel, p.modTaal.LaadTekst(2922), QStringLiteral("-"));
-            AanmeldenAlsAccount(QStringLiteral("GLOBAL"), vastWachtwoord(), domein, true);
+            AanmeldenAlsAccount(QStringLiteral("GLOBAL"), ModMain::IngebouwdWachtwoord(), domein,
+                                true);
         }
     });
 }
@@ -540,7 +539,8 @@ bool ModMainSessie::TafelkraterAccountAanmaken() {
             // A failed delete of an account that was not there is of no account.
             accounts.BatchFile(batch, true, QStringLiteral("net user Tafelkrater /delete"));
             accounts.BatchFile(batch, false,
-                               QStringLiteral("net user Tafelkrater ") + vastWachtwoord() +
+                               QStringLiteral("net user Tafelkrater ") +
+                                   ModMain::IngebouwdWachtwoord() +
                                    QStringLiteral(" /add /passwordreq:no /passwordchg:no"));
             const int groep = accounts.BatchFile(
                 batch, false, QStringLiteral("net localgroup Administrators Tafelkrater /add"));

@@ -103,7 +103,7 @@ int Uitrol::Activeren(const QStringList& opties) {
     if (m.ModusStandalone) {
         m.SchrijfIni(QStringLiteral("Tafelkrater"), QStringLiteral("Standalone"),
                      QStringLiteral("Gebruikersnaam"), instellingen());
-        m.SchrijfIni(QStringLiteral("Sleutelwrk42"), QStringLiteral("Standalone"),
+        m.SchrijfIni(ModMain::IngebouwdWachtwoord(), QStringLiteral("Standalone"),
                      QStringLiteral("Wachtwoord"), instellingen());
     } else {
         m.SchrijfIni(p.platform.environment().variable(QStringLiteral("USERDOMAIN")),
