@@ -9,8 +9,13 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds="${1:-60}"
 build=build-fuzz
-cmake --preset fuzz >/dev/null
-cmake --build "$build" --target fuzz_targets -j "$(nproc)" >/dev/null
+# Two runs started together build one after the other.
+mkdir -p "$build"
+(
+  flock 9
+  cmake --preset fuzz >/dev/null
+  cmake --build "$build" --target fuzz_targets -j "$(nproc)" >/dev/null
+) 9>"$build/.fuzz-build.lock"
 
 # The wire's words come from the one place that names them, with its separators and a few numbers
 # at the edges of their ranges.
@@ -47,7 +52,9 @@ for t in $targets; do
   log="$out/$t.log"
   before="$(ls "$findings" | grep -c "^$t-" || true)"
   rc=0
-  "$build/fuzz/$t" "${args[@]}" "$corpus" "$build/fuzz/seeds/$t" >"$log" 2>&1 || rc=$?
+  dirs=("$corpus")
+  [ ! -d "$build/fuzz/seeds/$t" ] || dirs+=("$build/fuzz/seeds/$t")
+  "$build/fuzz/$t" "${args[@]}" "${dirs[@]}" >"$log" 2>&1 || rc=$?
   runs="$(sed -n 's/^stat::number_of_executed_units: *//p' "$log" | tail -1)"
   speed="$(sed -n 's/^stat::average_exec_per_sec: *//p' "$log" | tail -1)"
   size="$(ls "$corpus" | wc -l)"
