@@ -191,6 +191,26 @@ void paginaArgumenten(benchmark::internal::Benchmark* b) {
 BENCHMARK(BM_Matcher)->Apply(paginaArgumenten)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_WordLoop)->Apply(paginaArgumenten)->Unit(benchmark::kMillisecond)->Iterations(1);
 
+// Pages of 50 MB that a hostile site could send: near-misses throughout, and one run of a word
+// that overlaps itself ("haha" after a B, which the loop's chain must follow to the end).
+void BM_HostilePage(benchmark::State& state) {
+    const bool overlap = state.range(0) != 0;
+    static const QByteArray bijna = bijnaTekst(50 * MB, 30000);
+    static const QByteArray haha = "B" + QByteArray("ha").repeated(25 * MB) + " ";
+    static const PageFilter metHaha(lijst(30000) + QStringLiteral("|haha"), QString());
+    const QByteArray& tekst = overlap ? haha : bijna;
+    const PageFilter& f = overlap ? metHaha : filter(30000);
+    int treffer = 0;
+    for (auto _ : state) {
+        treffer = f.firstWordIn(tekst);
+        benchmark::DoNotOptimize(treffer);
+    }
+    if (treffer != (overlap ? 30000 : -1))
+        state.SkipWithError("unexpected verdict");
+    state.SetBytesProcessed(std::int64_t(state.iterations()) * tekst.size());
+}
+BENCHMARK(BM_HostilePage)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
 // The page matcher alone, from the list's items, and the whole filter of a login (the list taken
 // apart, the page and the address matchers); the matcher's size as counters.
 void BM_MatcherBuild(benchmark::State& state) {
