@@ -2,6 +2,8 @@
 
 #include "core/Ansi.h"
 
+#include <algorithm>
+
 namespace tk {
 
 namespace {
@@ -20,7 +22,7 @@ PageFilter::PageFilter(const QString& verbodenWoorden, const QString& toegestane
     : m_lijst(FilterList::verbodenWoorden(verbodenWoorden)),
       m_sites(FilterList::sites(toegestaneSites)),
       m_woorden(pagePatterns(m_lijst), LaagsteLetterPagina),
-      m_adres(addressPatterns(m_lijst), LaagsteLetterAdres) {}
+      m_urls(urlPatterns(m_lijst), LaagsteLetterAdres, true) {}
 
 QList<WordMatcher::Pattern> PageFilter::pagePatterns(const FilterList& lijst) {
     QList<WordMatcher::Pattern> uit;
@@ -32,12 +34,12 @@ QList<WordMatcher::Pattern> PageFilter::pagePatterns(const FilterList& lijst) {
     return uit;
 }
 
-QList<WordMatcher::Pattern> PageFilter::addressPatterns(const FilterList& lijst) {
+QList<WordMatcher::Pattern> PageFilter::urlPatterns(const FilterList& lijst) {
     QList<WordMatcher::Pattern> uit;
     for (qsizetype i = 0; i < lijst.items().size(); ++i) {
         const FilterList::Item& item = lijst.items()[i];
-        if (!item.blanco)
-            uit.append({item.woord, int(i), !item.url});
+        if (item.url && !item.blanco)
+            uit.append({item.woord, int(i), false});
     }
     return uit;
 }
@@ -47,8 +49,12 @@ bool PageFilter::isLocalPage(const QString& adres) {
            adres.endsWith(u"goedgekeurd.html", Qt::CaseInsensitive);
 }
 
+// The first item in list order: the smaller index of the first word and the first "url>" item.
 int PageFilter::InternetFilterURL(const QString& adres) const {
-    return m_adres.firstHit(Ansi::naarBytes(adres));
+    const QByteArray bytes = Ansi::naarBytes(adres);
+    const int woord = m_woorden.firstHit(bytes, LaagsteLetterAdres);
+    const int url = m_urls.firstHit(bytes);
+    return woord < 0 ? url : url < 0 ? woord : std::min(woord, url);
 }
 
 AddressVerdict PageFilter::checkAddress(const QString& adres,

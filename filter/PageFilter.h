@@ -68,16 +68,18 @@ public:
     static bool isLocalPage(const QString& adres);
 
     const FilterList& woorden() const { return m_lijst; }
+    // What the two matchers hold (the lists themselves not counted).
+    std::size_t matcherBytes() const { return m_woorden.memoryBytes() + m_urls.memoryBytes(); }
     const WordMatcher& pageMatcher() const { return m_woorden; }
-    // The patterns of the page passes and of the address check, ids being list indexes.
+    // The words (bounded) and the "url>" items (free) of a list, ids being list indexes.
     static QList<WordMatcher::Pattern> pagePatterns(const FilterList& lijst);
-    static QList<WordMatcher::Pattern> addressPatterns(const FilterList& lijst);
+    static QList<WordMatcher::Pattern> urlPatterns(const FilterList& lijst);
 
 private:
     FilterList m_lijst;
     FilterList m_sites;
-    WordMatcher m_woorden; // words of the page passes
-    WordMatcher m_adres;   // "url>" items and words of the address check
+    WordMatcher m_woorden; // the words: page passes, and the address check with more letters
+    WordMatcher m_urls;    // the "url>" items of the address check
 };
 
 } // namespace tk

@@ -51,13 +51,14 @@ std::uint32_t load32(const std::uint8_t* p) {
 } // namespace
 
 struct WordMatcher::Scan {
+    const std::uint8_t* letter; // the neighbours that stop a hit
     const std::uint8_t* t;
     std::size_t n;
     int best = INT_MAX;
     std::vector<std::int64_t> lastChained;
 };
 
-WordMatcher::WordMatcher(const QList<Pattern>& patterns, int lowestLetter)
+WordMatcher::WordMatcher(const QList<Pattern>& patterns, int lowestLetter, bool shortTexts)
     : m_lowest(lowestLetter) {
     const ByteCase::Tables& cases = ByteCase::tables();
     m_fold = cases.lower;
@@ -222,7 +223,14 @@ WordMatcher::WordMatcher(const QList<Pattern>& patterns, int lowestLetter)
                 m_pair[c * m_classes + c2] = child(m_nodes[m_root[c]], std::uint8_t(c2));
     }
 
-    // The entry by the first four bytes.
+    m_everyPlace = shortTexts || m_hasFree;
+    if (m_everyPlace)
+        return;
+
+    // The entry by the first four bytes: the bit set, and for words of 64 bytes or more (which
+    // have no place in the hash table) the table to the node at depth 4.
+    for (const Entry& e : entries)
+        m_hasLong = m_hasLong || e.length >= 64;
     std::array<std::vector<std::uint8_t>, 256> spellings; // lower case -> bytes ORed with 0x20
     for (int b = 0; b < 256; ++b) {
         auto& v = spellings[m_fold[b]];
@@ -246,7 +254,7 @@ WordMatcher::WordMatcher(const QList<Pattern>& patterns, int lowestLetter)
     m_bloom.assign((std::size_t(1) << bloomBits) / 64, 0);
     m_bloomShift = std::uint32_t(64 - bloomBits);
     std::size_t slots = 16;
-    while (slots < quadCount * 2)
+    while (m_hasLong && slots < quadCount * 2)
         slots *= 2;
     m_quadKeys.assign(slots, 0);
     m_quadNodes.assign(slots, 0);
@@ -256,7 +264,7 @@ WordMatcher::WordMatcher(const QList<Pattern>& patterns, int lowestLetter)
             continue;
         const auto* w = m_text.data() + entries[i].offset;
         const std::uint32_t key = load32(w);
-        for (std::uint32_t slot = (key * 0x9E3779B1u) & m_quadMask;;
+        for (std::uint32_t slot = (key * 0x9E3779B1u) & m_quadMask; m_hasLong;
              slot = (slot + 1) & m_quadMask) {
             if (m_quadNodes[slot] == 0) {
                 m_quadKeys[slot] = key;
@@ -285,9 +293,7 @@ WordMatcher::WordMatcher(const QList<Pattern>& patterns, int lowestLetter)
     for (const Leaf& leaf : m_leaves) {
         if (!leaf.bounded || leaf.length < quadLength)
             continue;
-        if (leaf.length >= 64)
-            m_hasLong = true;
-        else
+        if (leaf.length < 64)
             ++hashed;
     }
     std::uint64_t seed = 0x9E3779B97F4A7C15ull; // splitmix64: odd factors, one per place
@@ -408,7 +414,7 @@ bool WordMatcher::chained(const SelfOverlap& w, const std::uint8_t* t, std::size
 // that overlaps itself, the loop's chain reaches it.
 void WordMatcher::tryBounded(Scan& s, int id, bool selfOverlap, std::size_t p, std::size_t end,
                              bool leftFree) const {
-    if (!leftFree || (end < s.n && m_letter[s.t[end]]))
+    if (!leftFree || (end < s.n && s.letter[s.t[end]]))
         return;
     if (selfOverlap) {
         const auto it = std::lower_bound(m_selfOverlap.begin(), m_selfOverlap.end(), id,
@@ -514,7 +520,7 @@ int WordMatcher::scanEveryPlace(Scan& s) const {
         walk(s, p, leftFree, m_root[m_class[s.t[p]]], p + 1);
         if (s.best == m_minId)
             break;
-        leftFree = !m_letter[s.t[p]];
+        leftFree = !s.letter[s.t[p]];
     }
     return s.best;
 }
@@ -618,13 +624,32 @@ int WordMatcher::firstHit(QByteArrayView text) const {
     if (isEmpty())
         return -1;
     Scan s;
+    s.letter = m_letter.data();
     s.t = reinterpret_cast<const std::uint8_t*>(text.data());
     s.n = std::size_t(text.size());
     s.lastChained.assign(m_selfOverlap.size(), -1);
     // Decision: a word at the first place of a text has no neighbour before it, and one at the
     // last place none after it; a missing neighbour is no letter. So a word that begins or ends
     // a text (a title that is only the word) is tested like one between blanks.
-    const int best = m_hasFree ? scanEveryPlace(s) : scanBehindNonLetters(s);
+    const int best = m_everyPlace ? scanEveryPlace(s) : scanBehindNonLetters(s);
+    return best == INT_MAX ? -1 : best;
+}
+
+int WordMatcher::firstHit(QByteArrayView text, int lowestLetter) const {
+    if (isEmpty())
+        return -1;
+    // More letters than the matcher was built for: every word that needs the chain test with
+    // these letters needs it with the matcher's own, so the words marked for it suffice.
+    Q_ASSERT(lowestLetter <= m_lowest);
+    std::array<std::uint8_t, 256> letter{};
+    for (int b = 0; b < 256; ++b)
+        letter[b] = ByteCase::isLetter(std::uint8_t(b), std::min(lowestLetter, m_lowest)) ? 1 : 0;
+    Scan s;
+    s.letter = letter.data();
+    s.t = reinterpret_cast<const std::uint8_t*>(text.data());
+    s.n = std::size_t(text.size());
+    s.lastChained.assign(m_selfOverlap.size(), -1);
+    const int best = scanEveryPlace(s);
     return best == INT_MAX ? -1 : best;
 }
 

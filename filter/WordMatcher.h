@@ -35,10 +35,15 @@ public:
     };
 
     WordMatcher() = default;
-    WordMatcher(const QList<Pattern>& patterns, int lowestLetter);
+    // `shortTexts`: every place of a text is walked in the trie, and nothing is built for long
+    // pages (the address check, whose texts are short, and where "A" counts as a letter).
+    WordMatcher(const QList<Pattern>& patterns, int lowestLetter, bool shortTexts = false);
 
     // The smallest id of a pattern that hits in `text`, or -1.
     int firstHit(QByteArrayView text) const;
+    // The same for a short text with more letters (a lower `lowestLetter`, not a higher one):
+    // every place is walked. So the page words also serve the address check.
+    int firstHit(QByteArrayView text, int lowestLetter) const;
 
     std::size_t memoryBytes() const;
     int nodeCount() const { return int(m_nodes.size()); }
@@ -152,6 +157,7 @@ private:
     std::array<std::uint8_t, 256> m_shortStart{}; // the first bytes of those
     unsigned m_alphaLead = 0; // every word begins with this many bytes from a to z (four at most)
     bool m_hasFree = false;
+    bool m_everyPlace = false; // walk every place: free words, or short texts
     int m_minId = 0;
 };
 

@@ -7,6 +7,8 @@
 #include "filter/PageFilter.h"
 #include "filter/WordLoop.h"
 
+#include <algorithm>
+
 using namespace tk;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
@@ -20,18 +22,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const FilterList woorden = FilterList::verbodenWoorden(Ansi::naarTekst(lijst));
     fuzz::require(lijst.isEmpty() || woorden.items().size() == lijst.count('|') + 1);
 
+    const PageFilter filter(Ansi::naarTekst(lijst), Ansi::naarTekst(lijst));
     const QList<WordMatcher::Pattern> pagina = PageFilter::pagePatterns(woorden);
-    const QList<WordMatcher::Pattern> adres = PageFilter::addressPatterns(woorden);
-    const WordMatcher paginaMatcher(pagina, PageFilter::LaagsteLetterPagina);
-    const WordMatcher adresMatcher(adres, PageFilter::LaagsteLetterAdres);
+    QList<WordMatcher::Pattern> adres = pagina + PageFilter::urlPatterns(woorden);
+    std::sort(adres.begin(), adres.end(), [](const auto& a, const auto& b) { return a.id < b.id; });
     for (const QByteArray& t : {titel, tekst}) {
-        fuzz::require(paginaMatcher.firstHit(t) ==
+        fuzz::require(filter.firstWordIn(t) ==
                       WordLoop::firstHit(pagina, t, PageFilter::LaagsteLetterPagina));
-        fuzz::require(adresMatcher.firstHit(t) ==
+        fuzz::require(filter.InternetFilterURL(Ansi::naarTekst(t)) ==
                       WordLoop::firstHit(adres, t, PageFilter::LaagsteLetterAdres));
     }
 
-    const PageFilter filter(Ansi::naarTekst(lijst), Ansi::naarTekst(lijst));
     FilterSettings settings;
     settings.Filteren = true;
     const PageVerdict v =

@@ -148,8 +148,25 @@ protected:
         const int verwacht = WordLoop::firstHit(lijst, tekst, laagste);
         treffers += verwacht >= 0;
         ++gevallen;
-        if (verwacht != WordMatcher(lijst, laagste).firstHit(tekst))
-            ADD_FAILURE() << "matcher differs from loop on \"" << tekst.toStdString() << "\"";
+        // Both ways of reading: by the places behind non-letters, and every place (addresses).
+        for (const bool kort : {false, true})
+            if (verwacht != WordMatcher(lijst, laagste, kort).firstHit(tekst))
+                ADD_FAILURE() << "matcher (short texts " << kort << ") differs from loop on \""
+                              << tekst.toStdString() << "\"";
+        // As the address check uses them: the bounded words built for pages, read with the
+        // address's letters, and the free words apart.
+        if (laagste == PageFilter::LaagsteLetterAdres) {
+            QList<WordMatcher::Pattern> begrensd, vrij;
+            for (const auto& p : lijst)
+                (p.bounded ? begrensd : vrij).append(p);
+            const int woord = WordMatcher(begrensd, PageFilter::LaagsteLetterPagina)
+                                  .firstHit(tekst, PageFilter::LaagsteLetterAdres);
+            const int url = WordMatcher(vrij, laagste, true).firstHit(tekst);
+            const int samen = woord < 0 ? url : url < 0 ? woord : std::min(woord, url);
+            if (verwacht != samen)
+                ADD_FAILURE() << "split matchers differ from loop on \"" << tekst.toStdString()
+                              << "\"";
+        }
     }
     void TearDown() override {
         EXPECT_GT(treffers, gevallen / 5);
