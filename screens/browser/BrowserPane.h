@@ -1,0 +1,79 @@
+#pragma once
+
+#include "BrowserOmgeving.h"
+#include "BrowserTabs.h"
+
+#include <QWidget>
+
+#include <array>
+
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QStackedWidget;
+class QTabBar;
+class QToolButton;
+class QTreeWidget;
+class QUrl;
+class QWebEngineLoadingInfo;
+class QWebEngineProfile;
+class QWebEngineView;
+
+namespace tk {
+
+class FilterPage;
+
+// The internet pane of the desktop: a tab strip over up to 40 browser views (one per slot, made
+// when the slot is first used), the toolbar, the address box, the favourites panel and the status
+// line. Every navigation passes the filter's address check, every loaded page its page check. The
+// pane has one off-the-record profile: when the pane goes at log off, its cookies, cache and
+// history go with it, and the next pupil starts clean. Downloads are refused.
+class BrowserPane : public QWidget {
+public:
+    explicit BrowserPane(BrowserOmgeving omgeving, QWidget* parent = nullptr);
+    ~BrowserPane() override;
+
+    // A new tab at the first free slot, loading `adres` (about:blank when empty); -1 and the
+    // "too many tabs" message when all 40 are in use.
+    int NieuwTabblad(const QString& adres = {});
+    void WijzigTab(int slot);
+    void SluitTab(int slot);
+    // All tabs but one go, the one left shows about:blank, the pane hides.
+    void InternetSluiten();
+    // The toolbar's button `index` (see BrowserTabs::Knop).
+    void knop(int index);
+    // Loads `adres` (as typed) into the active tab.
+    void ga(const QString& adres);
+
+    const BrowserTabs& tabs() const { return m_tabs; }
+    QWebEngineView* view(int slot) const { return m_views.at(slot); }
+    QWebEngineProfile* profiel() const { return m_profiel; }
+    // The address of the filter's local page `naam` ("niet goedgekeurd.html"...).
+    QUrl lokalePagina(QStringView naam) const;
+
+    // From the tabs' pages.
+    bool adresToets(int slot, const QUrl& url, bool mainFrame);
+    FilterPage* nieuwVenster(int vrager);
+
+private:
+    QWebEngineView* maakView(int slot);
+    void toonActief();
+    void laden(int slot, const QUrl& url);
+    void geladen(int slot, const QWebEngineLoadingInfo& info);
+    void controleer(int slot);
+    void afdrukken();
+    void stripTitel(int slot);
+
+    BrowserOmgeving m_omgeving;
+    BrowserTabs m_tabs;
+    QWebEngineProfile* m_profiel;
+    std::array<QWebEngineView*, BrowserTabs::MaxTabs> m_views{};
+    QTabBar* m_strip;
+    QLineEdit* m_adres;
+    QStackedWidget* m_stapel;
+    QTreeWidget* m_favorieten;
+    QProgressBar* m_voortgang;
+    QLabel* m_status;
+};
+
+} // namespace tk

@@ -1,0 +1,119 @@
+#include "screens/browser/BrowserTabs.h"
+
+#include <gtest/gtest.h>
+
+namespace tk {
+namespace {
+
+using Knop = BrowserTabs::Knop;
+
+TEST(BrowserTabs, FortyTabsTakeTheFirstFreeSlotAndTheFortyFirstIsRefused) {
+    BrowserTabs t;
+    for (int i = 0; i < BrowserTabs::MaxTabs; ++i)
+        ASSERT_EQ(t.NieuwTabblad(QStringLiteral("t")), i);
+    EXPECT_EQ(t.NieuwTabblad(QStringLiteral("t")), -1);
+    EXPECT_EQ(t.aantal(), 40);
+    EXPECT_EQ(t.TabIndex(), 39);
+    // A closed slot in the middle is the next one taken, and goes to the end of the strip.
+    ASSERT_TRUE(t.Sluiten(7));
+    EXPECT_EQ(t.NieuwTabblad(QStringLiteral("nieuw")), 7);
+    EXPECT_EQ(t.strip().last(), 7);
+    EXPECT_EQ(t.tab(7).Titel, QStringLiteral("nieuw"));
+    EXPECT_TRUE(t.tab(7).Adres.isEmpty());
+}
+
+TEST(BrowserTabs, ClosingShowsTheTabToTheLeftAndKeepsTheLast) {
+    struct Geval {
+        QList<int> sluiten; // slots closed in turn, from a strip 0 1 2 3 with 3 active
+        int actiefVooraf;
+        QList<int> strip;
+        int actief;
+    };
+    const Geval gevallen[] = {
+        {{3}, 3, {0, 1, 2}, 2},    // the active one: the left neighbour comes
+        {{1}, 3, {0, 2, 3}, 3},    // another one: the active one stays
+        {{0}, 0, {1, 2, 3}, 1},    // the first and active: the new first comes
+        {{0, 1, 2, 3}, 3, {3}, 3}, // the last tab is never removed
+        {{2, 2}, 2, {0, 1, 3}, 1}, // a slot closed twice is closed once
+    };
+    for (const Geval& g : gevallen) {
+        BrowserTabs t;
+        for (int i = 0; i < 4; ++i)
+            t.NieuwTabblad({});
+        ASSERT_TRUE(t.WijzigTab(g.actiefVooraf));
+        for (int slot : g.sluiten)
+            t.Sluiten(slot);
+        EXPECT_EQ(t.strip(), g.strip) << g.sluiten.first();
+        EXPECT_EQ(t.TabIndex(), g.actief) << g.sluiten.first();
+        for (int slot = 0; slot < 4; ++slot)
+            EXPECT_EQ(t.tab(slot).InGebruik, g.strip.contains(slot));
+    }
+}
+
+TEST(BrowserTabs, InternetSluitenFreesAllButTheFirstLastFirst) {
+    BrowserTabs t;
+    for (int i = 0; i < 4; ++i)
+        t.NieuwTabblad({});
+    t.Sluiten(0);
+    EXPECT_EQ(t.InternetSluiten(), (QList<int>{3, 2}));
+    EXPECT_EQ(t.strip(), QList<int>{1});
+    EXPECT_EQ(t.TabIndex(), 1);
+    EXPECT_TRUE(t.InternetSluiten().isEmpty());
+    EXPECT_FALSE(t.WijzigTab(3));
+    EXPECT_EQ(t.NieuwTabblad({}), 0);
+}
+
+TEST(BrowserTabs, ALateCheckOfAnOlderNavigationOrAClosedTabIsDropped) {
+    BrowserTabs t;
+    t.NieuwTabblad({});
+    t.NieuwTabblad({});
+    const quint64 eerste = t.nieuweNavigatie(1);
+    EXPECT_TRUE(t.actueel(1, eerste));
+    const quint64 tweede = t.nieuweNavigatie(1);
+    EXPECT_FALSE(t.actueel(1, eerste));
+    EXPECT_TRUE(t.actueel(1, tweede));
+    // Closed and opened again in the same slot: the check of the old tab is not the new one's.
+    t.Sluiten(1);
+    EXPECT_FALSE(t.actueel(1, tweede));
+    ASSERT_EQ(t.NieuwTabblad({}), 1);
+    EXPECT_FALSE(t.actueel(1, tweede));
+    EXPECT_TRUE(t.actueel(1, t.tab(1).navigatie));
+    EXPECT_FALSE(t.actueel(5, t.tab(5).navigatie));
+}
+
+TEST(BrowserTabs, EachTabKeepsItsOwnRecordAndOnlyTheActiveOneIsShown) {
+    BrowserTabs t;
+    t.NieuwTabblad({});
+    t.NieuwTabblad({});
+    // Slot 1 is active.
+    EXPECT_FALSE(t.zetAdres(0, QStringLiteral("http://a/")));
+    EXPECT_FALSE(t.zetStatus(0, QStringLiteral("bezig a")));
+    EXPECT_FALSE(t.zetVoortgang(0, 40, 200));
+    EXPECT_TRUE(t.zetAdres(1, QStringLiteral("http://b/")));
+    EXPECT_TRUE(t.zetTitel(1, QStringLiteral("B")));
+    EXPECT_TRUE(t.zetGeladen(1, true));
+    EXPECT_FALSE(t.zetStatus(9, QStringLiteral("vrij slot")));
+    EXPECT_EQ(t.tab(0).Adres, QStringLiteral("http://a/"));
+    EXPECT_EQ(t.tab(0).Status, QStringLiteral("bezig a"));
+    EXPECT_EQ(t.tab(0).Voortgang, 40);
+    EXPECT_EQ(t.tab(0).Maximum, 200);
+    EXPECT_FALSE(t.tab(0).Geladen);
+    EXPECT_EQ(t.tab(1).Adres, QStringLiteral("http://b/"));
+    EXPECT_TRUE(t.tab(1).Geladen);
+    EXPECT_TRUE(t.tab(9).Status.isEmpty());
+    ASSERT_TRUE(t.WijzigTab(0));
+    EXPECT_TRUE(t.zetStatus(0, QStringLiteral("klaar")));
+}
+
+TEST(BrowserTabs, ToolbarButtonsByIndex) {
+    const std::pair<int, std::optional<Knop>> rijen[] = {
+        {0, Knop::Terug},     {1, Knop::Vooruit}, {2, Knop::Stop},       {3, Knop::Vernieuwen},
+        {4, Knop::Thuis},     {5, std::nullopt},  {6, Knop::Favorieten}, {7, std::nullopt},
+        {8, Knop::Afdrukken}, {9, std::nullopt},  {-1, std::nullopt},
+    };
+    for (const auto& [index, knop] : rijen)
+        EXPECT_EQ(BrowserTabs::knop(index), knop) << index;
+}
+
+} // namespace
+} // namespace tk

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QTcpServer>
+
+namespace tk {
+
+// A small HTTP server on loopback (a free port) serving fixed pages by path. It remembers the
+// Cookie header of the last request of each path, and a page may set a cookie.
+class PaginaServer : public QTcpServer {
+public:
+    PaginaServer();
+    void pagina(const QByteArray& pad, const QByteArray& html, const QByteArray& koekje = {});
+    QString adres(const QByteArray& pad) const;
+    QByteArray koekjeVan(const QByteArray& pad) const { return m_koekjes.value(pad); }
+    int verzoeken(const QByteArray& pad) const { return m_verzoeken.value(pad); }
+
+private:
+    struct Pagina {
+        QByteArray html;
+        QByteArray koekje;
+    };
+    void antwoord(class QTcpSocket* s);
+    QHash<QByteArray, Pagina> m_paginas;
+    QHash<QByteArray, QByteArray> m_koekjes;
+    QHash<QByteArray, int> m_verzoeken;
+};
+
+} // namespace tk
