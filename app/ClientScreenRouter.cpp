@@ -2,6 +2,9 @@
 
 #include "ClientStartSteps.h"
 #include "core/Programma.h"
+#include "data/ModData.h"
+#include "screens/browser/BrowserFavorieten.h"
+#include "screens/browser/BrowserPane.h"
 #include "screens/desktop/FrmBureaublad.h"
 #include "screens/desktop/FrmBureaubladView.h"
 #include "screens/start/FrmAanmelden.h"
@@ -50,12 +53,49 @@ void ClientScreenRouter::openBureaublad(int soort, const QString& id) {
 }
 
 void ClientScreenRouter::bureaubladVerlaten() {
+    // The pupil's cookies, cache and history go with the pane's profile.
+    m_browser.reset();
     ScreenRouter::bureaubladVerlaten();
     if (m_balk)
         m_balk->sluiten();
     if (m_view)
         m_view->hide();
     m_startscherm.toonHoofdvenster();
+}
+
+bool ClientScreenRouter::openInternet() {
+    if (!m_view || !p.frmBureaublad)
+        return false;
+    if (!m_browser) {
+        BrowserOmgeving o;
+        if (p.modData) {
+            o.filter = PageFilter(p.modData->VerbodenWoorden, p.modData->ToegestaneSites);
+            const QString eigenaar = p.frmBureaublad->favorietenEigenaar();
+            if (!eigenaar.isEmpty()) {
+                const BrowserFavorieten f =
+                    BrowserFavorieten::uit(p.modData->LaadFavorieten(eigenaar));
+                o.instellingen = f.instellingen;
+                o.thuispagina = f.thuispagina;
+                o.favorieten = f.lijst;
+            }
+        }
+        o.programmaMap = p.platform.programFolder();
+        o.tekst = [this](int id) { return p.modTaal.LaadTekst(id); };
+        o.meld = [this](const QString& tekst) {
+            p.modMain.ToonVraag(p.modTaal.LaadTekst(3), tekst, QStringLiteral("-"));
+        };
+        m_browser = std::make_unique<BrowserPane>(std::move(o), m_view.get());
+    }
+    m_browser->setGeometry(m_view->rect());
+    m_browser->show();
+    m_browser->raise();
+    m_browser->setFocus(Qt::OtherFocusReason);
+    return true;
+}
+
+void ClientScreenRouter::internetVerbergen() {
+    if (m_browser)
+        m_browser->hide();
 }
 
 } // namespace tk

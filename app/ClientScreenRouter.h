@@ -6,6 +6,7 @@
 
 namespace tk {
 
+class BrowserPane;
 class ClientStartSteps;
 class FrmBureaubladView;
 class FrmTaakbalk2View;
@@ -21,12 +22,17 @@ public:
 
     void openBureaublad(int soort, const QString& id) override;
     void bureaubladVerlaten() override;
+    // The internet pane over the desktop, made at its first opening with the lists loaded at
+    // login and the owner's favourites; it goes at log off with its profile.
+    bool openInternet() override;
+    void internetVerbergen() override;
 
 private:
     void maakVensters();
     ClientStartSteps& m_startscherm;
     std::unique_ptr<FrmBureaubladView> m_view;
     std::unique_ptr<FrmTaakbalk2View> m_balk;
+    std::unique_ptr<BrowserPane> m_browser;
 };
 
 } // namespace tk

@@ -25,6 +25,9 @@ public:
     virtual bool ControleerAanwezigOnderhoudsmodule(bool stil) = 0;
     // The internet pane of the desktop.
     virtual bool openInternet() = 0;
+    // The desktop comes to the front again: the internet pane (when there is one) hides, its tabs
+    // kept.
+    virtual void internetVerbergen() {}
     // A taskbar button whose screen belongs to another part ("help", "onderhoud_bureaublad"...).
     virtual bool openElders(const QString& woord) = 0;
 };

@@ -19,6 +19,7 @@
 #include "screens/desktop/DesktopTaskbar.h"
 #include "screens/desktop/FrmBureaubladBeelden.h"
 #include "screens/desktop/ModMainStarten.h"
+#include "screens/taskbar/FrmTaakbalk2.h"
 #include "theme/ModThema.h"
 
 #include <QFile>
@@ -115,6 +116,13 @@ QStringList FrmBureaublad::eigenaarRij() const {
 QString FrmBureaublad::eigenaarID() const {
     const QStringList rij = eigenaarRij();
     return Weergave == 0 ? rij.value(6) : rij.value(5);
+}
+
+QString FrmBureaublad::favorietenEigenaar() const {
+    const QString id = eigenaarID();
+    if (id.isEmpty() || (Weergave != 0 && Weergave != 1))
+        return {};
+    return (Weergave == 0 ? QStringLiteral("Groep") : QStringLiteral("Leraar")) + id;
 }
 
 // --- loading
@@ -695,8 +703,13 @@ void FrmBureaublad::Onderhoud() {
 void FrmBureaublad::InternetWeergeven() {
     Procedure(p, "frmBureaublad.InternetWeergeven", [&] {
         picTooltipZichtbaar = false;
-        if (p.schermen && p.schermen->openInternet())
+        if (p.schermen && p.schermen->openInternet()) {
+            Internetstand = true;
+            p.InternetOpen = FrmTaakbalk2::InternetActief;
+            if (taakbalk)
+                taakbalk->tekenKnoppen();
             return;
+        }
         p.modMain.SchrijfLogboek(
             QStringLiteral("The internet pane was asked for, but this workstation has no browser"),
             QStringLiteral("Internet"), QStringLiteral("frmBureaublad.InternetWeergeven"),
@@ -708,6 +721,8 @@ void FrmBureaublad::InternetWeergeven() {
 
 void FrmBureaublad::BureaubladWeergeven() {
     Procedure(p, "frmBureaublad.BureaubladWeergeven", [&] {
+        if (p.schermen)
+            p.schermen->internetVerbergen();
         Internetstand = false;
         p.InternetOpen = 0;
         if (taakbalk)

@@ -114,6 +114,8 @@ public:
     void TekenBallon(const QString& tekst);
     // The internet pane on and off.
     void InternetWeergeven();
+    // The owner of the favourites the internet pane loads ("Groep<id>", "Leraar<id>"), or empty.
+    QString favorietenEigenaar() const;
     void BureaubladWeergeven();
 
     // --- the way in and out (what the start screen and the taskbar call)

@@ -1,4 +1,5 @@
 #include "screens/browser/BrowserTabs.h"
+#include "screens/browser/BrowserFavorieten.h"
 
 #include <gtest/gtest.h>
 
@@ -113,6 +114,44 @@ TEST(BrowserTabs, ToolbarButtonsByIndex) {
     };
     for (const auto& [index, knop] : rijen)
         EXPECT_EQ(BrowserTabs::knop(index), knop) << index;
+}
+
+} // namespace
+} // namespace tk
+
+namespace tk {
+namespace {
+
+TEST(BrowserFavorieten, TheHeaderSetsTheFilterAndTheActiveFavouritesTheListAndHomePage) {
+    struct Geval {
+        const char* antwoord;
+        bool filteren;
+        int modus;
+        QStringList adressen;
+        QString thuis;
+    };
+    const Geval gevallen[] = {
+        {"1|Ja|ja|Nee;<>;http://a/|A||Ja><http://b/|B||Nee><http://c/|C||JA",
+         true,
+         1,
+         {"http://a/", "http://c/"},
+         "http://a/"},
+        {"0|Nee|Nee|Nee;<>;http://a/|A||Ja", false, 0, {"http://a/"}, ""},
+        {"0|Ja|Nee|Nee;<>;http://b/|B||Nee", false, 0, {}, ""},
+        {" 1 |Ja| Ja |Nee;<>;", true, 1, {}, ""},
+    };
+    for (const Geval& g : gevallen) {
+        const BrowserFavorieten b =
+            BrowserFavorieten::uit(Favorieten::uitAntwoord(QString::fromLatin1(g.antwoord)));
+        EXPECT_EQ(b.instellingen.Filteren, g.filteren) << g.antwoord;
+        EXPECT_EQ(b.instellingen.Internetmodus, g.modus) << g.antwoord;
+        EXPECT_EQ(b.instellingen.Favorieten, g.adressen) << g.antwoord;
+        EXPECT_EQ(b.thuispagina, g.thuis) << g.antwoord;
+        ASSERT_EQ(b.lijst.size(), g.adressen.size());
+        if (!b.lijst.isEmpty()) {
+            EXPECT_EQ(b.lijst.first().value(1), QStringLiteral("A"));
+        }
+    }
 }
 
 } // namespace

@@ -306,6 +306,23 @@ TEST(BureaubladTest, TheInternetIconSaysTheBrowserIsNotThereAndLogsIt) {
     EXPECT_FALSE(QDir(w.pad("Logboek")).entryList(QDir::Files).isEmpty());
 }
 
+TEST(BureaubladTest, TheInternetIconOpensTheBrowserOfTheOwnerAndTheDesktopHidesIt) {
+    BureaubladWerkplek w;
+    OpnameSchermen schermen;
+    schermen.elders = true;
+    w.p.schermen = &schermen;
+    w.klas(0, "Groep 1", "12", "", "Ja");
+    w.b().Openen(0, "12");
+    EXPECT_EQ(w.b().favorietenEigenaar(), "Groep12");
+    w.b().Form_MouseUp(1, 930, 260);
+    EXPECT_TRUE(w.meldingen().isEmpty());
+    EXPECT_TRUE(w.b().Internetstand);
+    EXPECT_EQ(w.p.InternetOpen, FrmTaakbalk2::InternetActief);
+    w.b().BureaubladWeergeven();
+    EXPECT_FALSE(w.b().Internetstand);
+    EXPECT_EQ(schermen.log, (QStringList{"internet", "internet verbergen"}));
+}
+
 TEST(BureaubladTest, BackgroundFallsBackForAClassOnlyAndNoneMeansNone) {
     BureaubladWerkplek w;
     w.klas(0, "Bestaat", "1", "", "Nee", "Zee.jpg");

@@ -10,8 +10,8 @@
 namespace tk::test {
 
 // The ways between the screens, recorded: "bureaublad <soort>:<id>", "verlaten",
-// "onderhoud <leraar>:<klassen>", "internet", "open <woord>". The maintenance module, the
-// browser and the other screens are there when `elders` says so.
+// "onderhoud <leraar>:<klassen>", "internet", "internet verbergen", "open <woord>". The maintenance
+// module, the browser and the other screens are there when `elders` says so.
 struct OpnameSchermen : ScreenSwitches {
     void openBureaublad(int soort, const QString& id) override {
         log << QStringLiteral("bureaublad %1:%2").arg(soort).arg(id);
@@ -29,6 +29,7 @@ struct OpnameSchermen : ScreenSwitches {
         log << QStringLiteral("internet");
         return elders;
     }
+    void internetVerbergen() override { log << QStringLiteral("internet verbergen"); }
     bool openElders(const QString& woord) override {
         log << QStringLiteral("open ") + woord;
         return elders;
