@@ -7,9 +7,9 @@
 #include "core/Ansi.h"
 #include "core/Fout.h"
 #include "core/Procedure.h"
-#include "core/Wire.h"
 #include "core/Programma.h"
 #include "core/ScreenSwitches.h"
+#include "core/Wire.h"
 #include "data/ModData.h"
 #include "link/ModMainVerbinding.h"
 #include "platform/Environment.h"
@@ -900,13 +900,14 @@ QList<PaintedControl> FrmBureaublad::bedieningen() const {
     tekst(kop, QRect(kopPlek, QSize(SchermBreedte - kopPlek.x() - 20, 30)));
     tekst(subKop, QRect(kopPlek + QPoint(0, 36), QSize(SchermBreedte - kopPlek.x() - 20, 40)));
     int nummer = 0;
+    const QString zonderNaam = p.modTaal.LaadTekst(9561);
     for (const Icoon& i : zichtbareIconen) {
         ++nummer;
         PaintedControl c;
         c.rol = QAccessible::ListItem;
         c.naam = AccessibleName::maak(
             i.naam,
-            p.modTaal.LaadTekst(9561).replace(QStringLiteral("%nummer%"), QString::number(nummer)));
+            QString(zonderNaam).replace(QStringLiteral("%nummer%"), QString::number(nummer)));
         c.plek = i.beeld.united(i.tekst);
         c.focus = !focusOpBalk && i.rij == focusRij;
         c.uitgeschakeld = picDisableZichtbaar;

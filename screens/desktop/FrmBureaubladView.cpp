@@ -46,6 +46,7 @@ FrmBureaubladCanvas::FrmBureaubladCanvas(FrmBureaublad& model, QWidget* ouder)
 }
 
 void FrmBureaubladCanvas::bijwerken() {
+    gewijzigd();
     const QRect paneel = m.picAanmelden;
     const bool paneelZichtbaar = m.picAanmeldenZichtbaar;
     if (m_leraren->count() != m.cmbAanmelden.size() ||
@@ -74,7 +75,7 @@ void FrmBureaubladCanvas::bijwerken() {
     PaintingViewAccessible::meldFocus(this, *this, m_focusGemeld);
 }
 
-QList<PaintedControl> FrmBureaubladCanvas::geschilderd() const {
+QList<PaintedControl> FrmBureaubladCanvas::maakGeschilderd() const {
     return m.bedieningen();
 }
 

@@ -25,7 +25,7 @@ public:
     void bijwerken();
 
     // PaintedControls: the items, the header, the cloud.
-    QList<PaintedControl> geschilderd() const override;
+    QList<PaintedControl> maakGeschilderd() const override;
     void druk(const PaintedControl& control) override;
 
 protected:

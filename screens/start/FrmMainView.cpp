@@ -27,6 +27,7 @@ FrmMainCanvas::~FrmMainCanvas() {
 }
 
 void FrmMainCanvas::bijwerken() {
+    gewijzigd();
     // The class buttons: a view per button of the model, gone with its button.
     std::map<Knop2*, SkinnedButtonView*> nu;
     for (int i = 0; i < int(m.knopGroep.size()); ++i) {
@@ -68,7 +69,7 @@ void FrmMainCanvas::bijwerken() {
     update();
 }
 
-QList<PaintedControl> FrmMainCanvas::geschilderd() const {
+QList<PaintedControl> FrmMainCanvas::maakGeschilderd() const {
     return m.bedieningen();
 }
 

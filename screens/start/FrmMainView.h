@@ -27,7 +27,7 @@ public:
     FrmTaakbalk1View* taakbalk = nullptr;
 
     // PaintedControls: the texts painted on the canvas (the class buttons are widgets).
-    QList<PaintedControl> geschilderd() const override;
+    QList<PaintedControl> maakGeschilderd() const override;
     void druk(const PaintedControl&) override {}
 
 protected:

@@ -24,6 +24,7 @@ FrmTaakbalk1View::~FrmTaakbalk1View() {
 }
 
 void FrmTaakbalk1View::bijwerken() {
+    gewijzigd();
     setVisible(m.Zichtbaar);
     for (SkinnedButtonView* a : m_accounts)
         a->bijwerken();
@@ -31,7 +32,7 @@ void FrmTaakbalk1View::bijwerken() {
     PaintingViewAccessible::meldFocus(this, *this, m_focusGemeld);
 }
 
-QList<PaintedControl> FrmTaakbalk1View::geschilderd() const {
+QList<PaintedControl> FrmTaakbalk1View::maakGeschilderd() const {
     return m.bedieningen();
 }
 

@@ -18,7 +18,7 @@ public:
     void bijwerken();
 
     // PaintedControls: the fixed buttons (the account buttons are widgets).
-    QList<PaintedControl> geschilderd() const override;
+    QList<PaintedControl> maakGeschilderd() const override;
     void druk(const PaintedControl& control) override;
 
 protected:

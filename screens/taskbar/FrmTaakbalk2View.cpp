@@ -23,6 +23,7 @@ FrmTaakbalk2View::FrmTaakbalk2View(FrmTaakbalk2& model, QWidget* ouder)
     setFocusPolicy(Qt::NoFocus);
     m.VensterHandle = [this] { return quint64(winId()); };
     m.onChanged = [this] {
+        gewijzigd();
         update();
         PaintingViewAccessible::meldFocus(this, *this, m_focusGemeld);
     };
@@ -160,7 +161,7 @@ void FrmTaakbalk2View::mouseReleaseEvent(QMouseEvent* e) {
         m.Form_MouseUp(e->position().toPoint());
 }
 
-QList<PaintedControl> FrmTaakbalk2View::geschilderd() const {
+QList<PaintedControl> FrmTaakbalk2View::maakGeschilderd() const {
     return m.bedieningen();
 }
 

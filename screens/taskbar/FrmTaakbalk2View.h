@@ -23,7 +23,7 @@ public:
     void sluiten();
 
     // PaintedControls: the task buttons and the fixed buttons.
-    QList<PaintedControl> geschilderd() const override;
+    QList<PaintedControl> maakGeschilderd() const override;
     void druk(const PaintedControl& control) override;
 
 protected:
