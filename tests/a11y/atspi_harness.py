@@ -23,7 +23,7 @@ import tempfile
 import time
 
 LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
-TOOLS = ["Xvfb", "openbox", "dbus-daemon", "xprop"]
+TOOLS = ["Xvfb", "openbox", "dbus-daemon", "dbus-send", "xprop"]
 
 
 class Missing(Exception):
@@ -34,13 +34,6 @@ def free_port():
     with socket.socket() as s:
         s.bind(("127.0.0.1", 0))
         return s.getsockname()[1]
-
-
-def free_display():
-    for n in range(90, 190):
-        if not os.path.exists("/tmp/.X11-unix/X%d" % n) and not os.path.exists("/tmp/.X%d-lock" % n):
-            return ":%d" % n
-    raise Missing("no free X display number between :90 and :189")
 
 
 def wait_until(check, seconds, what):
@@ -63,6 +56,7 @@ class Werkstation:
         self.build, self.cmake, self.source = build, cmake, source
         self.dir = tempfile.mkdtemp(prefix="tk-atspi-")
         self.processes = []
+        self.bus_ready = False
         self.env = dict(os.environ)
         self.log = os.path.join(self.dir, "log")
         os.makedirs(self.log)
@@ -105,18 +99,26 @@ class Werkstation:
         self.spawn("dbus", ["dbus-daemon", "--session", "--nofork", "--address=" + bus])
         wait_until(lambda: os.path.exists(os.path.join(runtime, "bus")), 10, "the session bus")
 
-        self.env["DISPLAY"] = free_display()
-        self.spawn("xvfb", ["Xvfb", self.env["DISPLAY"], "-screen", "0", "1024x768x24",
-                            "-nolisten", "tcp"])
-        wait_until(lambda: subprocess.run(["xprop", "-root"], env=self.env,
-                                          stdout=subprocess.DEVNULL,
-                                          stderr=subprocess.DEVNULL).returncode == 0,
-                   10, "Xvfb")
+        # Xvfb picks a free display itself and writes its number to a pipe.
+        lees, schrijf = os.pipe()
+        self.spawn("xvfb", ["Xvfb", "-displayfd", str(schrijf), "-screen", "0", "1024x768x24",
+                            "-nolisten", "tcp"], pass_fds=(schrijf,))
+        os.close(schrijf)
+        with os.fdopen(lees) as f:
+            nummer = f.readline().strip()
+        if not nummer:
+            raise RuntimeError("Xvfb did not start:\n" + self.output("xvfb"))
+        self.env["DISPLAY"] = ":" + nummer
         self.spawn("openbox", ["openbox"])
         wait_until(lambda: b"window id" in subprocess.run(
             ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=self.env,
-            capture_output=True).stdout, 10, "openbox")
+            capture_output=True).stdout, 60, "openbox")
         self.spawn("atspi", [LAUNCHER, "--launch-immediately"])
+        wait_until(lambda: subprocess.run(
+            ["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus",
+             "org.a11y.Bus.GetAddress"], env=self.env, capture_output=True).returncode == 0,
+            30, "the accessibility bus")
+        self.bus_ready = True
         # pyatspi finds the accessibility bus through the session bus of this environment.
         os.environ.update({k: self.env[k] for k in
                            ("DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR", "DISPLAY")})
@@ -244,13 +246,15 @@ def main():
         return 0
     except Exception as e:  # the reason, the tree and the logs: what a failing run needs
         print("atspi: FAILED: %s" % e)
-        try:
-            import pyatspi
-            app = application(pyatspi)
-            if app is not None:
-                print(tree_text(app))
-        except Exception:
-            pass
+        # Without the accessibility bus pyatspi would abort the process: only with it.
+        if station.bus_ready:
+            try:
+                import pyatspi
+                app = application(pyatspi)
+                if app is not None:
+                    print(tree_text(app))
+            except Exception:
+                pass
         for name in ("client", "server", "atspi"):
             print("--- %s ---\n%s" % (name, station.output(name)[-4000:]))
         return 1
