@@ -39,7 +39,7 @@ struct KnopTekst {
 constexpr KnopTekst knoppen[] = {
     {0, u"Terug", u"\u2190"},      {1, u"Vooruit", u"\u2192"},     {2, u"Stoppen", u"\u2715"},
     {3, u"Vernieuwen", u"\u21bb"}, {4, u"Startpagina", u"\u2302"}, {6, u"Favorieten", u"\u2605"},
-    {8, u"Afdrukken", u"\u2399"},
+    {8, u"Afdrukken", u"\u25a4"},
 };
 
 bool verbindingsFout(const QWebEngineLoadingInfo& info) {
@@ -176,7 +176,7 @@ QWebEngineView* BrowserPane::maakView(int slot) {
                 toonActief();
         });
         connect(page, &QWebEnginePage::linkHovered, this, [this, slot](const QString& link) {
-            if (m_tabs.zetStatus(slot, link))
+            if (m_tabs.zetStatus(slot, link.isEmpty() ? m_filterStatus[slot] : link))
                 toonActief();
         });
         connect(page, &QWebEnginePage::loadingChanged, this,
@@ -363,7 +363,8 @@ void BrowserPane::controleer(int slot) {
                 return m_omgeving.tekst && id ? m_omgeving.tekst(id) : QString();
             };
             m_tabs.zetTitel(slot, v.captionText ? tekst(v.captionText) : v.caption);
-            m_tabs.zetStatus(slot, tekst(v.statusText));
+            m_filterStatus[slot] = tekst(v.statusText);
+            m_tabs.zetStatus(slot, m_filterStatus[slot]);
             if (v.blocked()) {
                 m_tabs.nieuweNavigatie(slot);
                 m_tabs.zetAdres(slot, PageFilter::GeblokkeerdAdres.toString());

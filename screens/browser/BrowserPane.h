@@ -68,6 +68,8 @@ private:
     BrowserTabs m_tabs;
     QWebEngineProfile* m_profiel;
     std::array<QWebEngineView*, BrowserTabs::MaxTabs> m_views{};
+    // The filter's word for each tab's page, back in the status when the pointer leaves a link.
+    std::array<QString, BrowserTabs::MaxTabs> m_filterStatus{};
     QTabBar* m_strip;
     QLineEdit* m_adres;
     QStackedWidget* m_stapel;

@@ -80,6 +80,7 @@ TEST_F(BrowserPaneTest, AForbiddenWordInTitleOrBodyShowsTheBlockedPageInItsOwnTa
         EXPECT_TRUE(QTest::qWaitFor([&] {
             return pane->tabs().tab(1).Titel == PageFilter::FilterTitel.toString();
         })) << pad;
+        EXPECT_EQ(pane->tabs().tab(1).Status, QStringLiteral("T731")) << pad;
         EXPECT_EQ(pane->view(0)->url().toString(), server.adres("/schoon")) << pad;
         EXPECT_EQ(pane->tabs().tab(0).Titel, QStringLiteral("Schoon")) << pad;
     }
