@@ -3,6 +3,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolButton>
 #include <QWebEngineHistory>
 #include <QWebEngineProfile>
 #include <QWebEngineView>
@@ -148,6 +149,33 @@ TEST_F(BrowserPaneTest, ASecondPupilAfterLogOffFindsNoCookieOfTheFirst) {
     tweede->ga(server.adres("/lees"));
     ASSERT_TRUE(QTest::qWaitFor([&] { return server.verzoeken("/lees") == 2; }, 20000));
     EXPECT_TRUE(server.koekjeVan("/lees").isEmpty());
+}
+
+} // namespace
+} // namespace tk
+
+namespace tk {
+namespace {
+
+TEST_F(BrowserPaneTest, KeysOpenAndCloseTabsAndButtonsHaveNames) {
+    auto pane = maakPane();
+    pane->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(pane.get()));
+    QWidget* adres = pane->findChild<QWidget*>(QStringLiteral("txtInternet"));
+    ASSERT_NE(adres, nullptr);
+    QTest::keyClick(adres, Qt::Key_T, Qt::ControlModifier);
+    EXPECT_EQ(pane->tabs().aantal(), 2);
+    QTest::keyClick(adres, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(pane->tabs().aantal(), 1);
+    pane->view(0)->setFocus();
+    QTest::keyClick(pane.get(), Qt::Key_L, Qt::ControlModifier);
+    EXPECT_TRUE(adres->hasFocus());
+    QStringList namen;
+    for (const QToolButton* k : pane->findChildren<QToolButton*>())
+        namen << k->accessibleName();
+    for (const char* naam : {"Terug", "Vooruit", "Stoppen", "Vernieuwen", "Startpagina",
+                             "Favorieten", "Afdrukken", "Nieuw tabblad"})
+        EXPECT_TRUE(namen.contains(QString::fromLatin1(naam))) << naam;
 }
 
 } // namespace
