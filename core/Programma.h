@@ -25,6 +25,8 @@ class FrmBureaublad;
 class FrmKlok;
 class FrmMain;
 class FrmMainLink;
+class FrmOnderhoud;
+class FrmOnderhoudVraag;
 class FrmTaakbalk1;
 class FrmTaakbalk2;
 class FrmWachten;
@@ -33,6 +35,7 @@ class ModMainLaden;
 class ModMainAfsluiten;
 class ModMainStarten;
 class ModMainVerbinding;
+class ModMainOnderhoud;
 class ModPictogrammen;
 class ModDataPictogrammen;
 class ModDataThemas;
@@ -95,6 +98,10 @@ public:
     ModMainStarten* modMainStarten = nullptr;           // starting programs, display modes, drives
     FrmTaakbalk2* frmTaakbalk2 = nullptr;               // the desktop's taskbar and its tasks
     FrmKlok* frmKlok = nullptr;                         // the desktop clock
+    // The maintenance module, its exclusive-access question and check (made when first asked).
+    FrmOnderhoud* frmOnderhoud = nullptr;
+    FrmOnderhoudVraag* frmOnderhoudVraag = nullptr;
+    ModMainOnderhoud* modMainOnderhoud = nullptr;
 
     // Global state the desktop and its taskbar share: the desktop is up, and the internet pane
     // is its active part (65535) or not (0).

@@ -1,7 +1,10 @@
 #include "ScreenRouter.h"
 
 #include "core/Programma.h"
+#include "data/ModData.h"
 #include "screens/desktop/FrmBureaublad.h"
+#include "screens/maintenance/FrmOnderhoud.h"
+#include "screens/maintenance/ModMainOnderhoud.h"
 #include "screens/start/FrmMain.h"
 #include "theme/ModThema.h"
 
@@ -25,12 +28,37 @@ void ScreenRouter::bureaubladVerlaten() {
     }
 }
 
-bool ScreenRouter::openOnderhoudsmodule(int, const QList<int>&) {
-    return false;
+void ScreenRouter::maakOnderhoud() {
+    if (p.frmOnderhoud)
+        return;
+    p.maak(p.frmOnderhoud, p);
+    p.frmOnderhoud->Form_Load();
 }
 
-bool ScreenRouter::ControleerAanwezigOnderhoudsmodule(bool) {
-    return false;
+bool ScreenRouter::openOnderhoudsmodule(int leraar, const QList<int>& klassen) {
+    maakOnderhoud();
+    if (leraar < 0 || !p.modData) {
+        p.frmOnderhoud->Openen();
+        return true;
+    }
+    // The teacher's rights: the classes (as IDs), applications, and the first of the pair for
+    // teachers.
+    const ModData& d = *p.modData;
+    QStringList ids;
+    for (int rij : klassen)
+        ids << d.Klassen(rij, 6);
+    const auto ja = [](const QString& s) {
+        return s.compare(QStringLiteral("Ja"), Qt::CaseInsensitive) == 0;
+    };
+    p.frmOnderhoud->Aangepast(ids.join(QLatin1Char('|')), ja(d.Leraren(leraar, 11)),
+                              ja(d.Leraren(leraar, 12).section(QLatin1Char('|'), 0, 0)));
+    return true;
+}
+
+bool ScreenRouter::ControleerAanwezigOnderhoudsmodule(bool stil) {
+    if (!p.modMainOnderhoud)
+        p.maak(p.modMainOnderhoud, p);
+    return p.modMainOnderhoud->ControleerAanwezigOnderhoudsmodule(stil);
 }
 
 bool ScreenRouter::openInternet() {

@@ -7,9 +7,10 @@ namespace tk {
 class Programma;
 
 // The ways between the screens as the models take them: a class or teacher opens the desktop,
-// and a desktop that logs off gives the school's theme and the start screen back. The maintenance
-// module and the browser are not on this workstation yet: they answer false, and the screen that
-// asked says so. The client's composition root adds the windows to these ways.
+// a desktop that logs off gives the school's theme and the start screen back, and the
+// administrator or a teacher enters the maintenance module. The browser is not on this
+// workstation yet: it answers false, and the screen that asked says so. The client's composition
+// root adds the windows to these ways.
 class ScreenRouter : public ScreenSwitches {
 public:
     explicit ScreenRouter(Programma& p);
@@ -22,6 +23,8 @@ public:
     bool openElders(const QString& woord) override;
 
 protected:
+    // frmOnderhoud made and loaded once.
+    void maakOnderhoud();
     Programma& p;
 };
 

@@ -15,6 +15,7 @@
 #include "screens/common/FocusOrder.h"
 #include "screens/common/Laadbalk.h"
 #include "screens/common/ThemePicture.h"
+#include "screens/maintenance/ModMainOnderhoud.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "theme/ModThema.h"
@@ -91,12 +92,15 @@ void FrmMain::taakbalkHertekenen() {
 }
 
 void FrmMain::onderhoudGevraagd() {
-    meld(QStringLiteral("another workstation asks for the maintenance module, which this "
-                        "workstation does not have yet"));
+    if (!p.modMainOnderhoud)
+        p.maak(p.modMainOnderhoud, p);
+    p.modMainOnderhoud->OnderhoudGevraagd();
 }
 
 void FrmMain::onderhoudVraagIngetrokken() {
-    meld(QStringLiteral("the question for the maintenance module was withdrawn"));
+    if (!p.modMainOnderhoud)
+        p.maak(p.modMainOnderhoud, p);
+    p.modMainOnderhoud->OnderhoudVraagIngetrokken();
 }
 
 QPoint FrmMain::standaardPlek(int i) {

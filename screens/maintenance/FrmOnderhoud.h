@@ -1,0 +1,152 @@
+#pragma once
+
+#include "core/Form.h"
+
+#include <QList>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+#include <array>
+#include <functional>
+#include <map>
+
+namespace tk {
+
+class OnderhoudPaneel;
+class Programma;
+
+// frmOnderhoud, the maintenance module: a menu on the left and one panel at a time on the
+// right. The menu lives in MenuTabel (7 groups of 30 rows of 15 text columns, see the column
+// constants); Tekenmenu lays out the rows that must be painted and the view paints exactly
+// those. A panel is an OnderhoudPaneel plugged in under its number; an entry whose panel is not
+// on this workstation tells the user so.
+class FrmOnderhoud : public Form {
+public:
+    static constexpr int Groepen = 7, Rijen = 30, Kolommen = 15;
+    // The columns of a menu row.
+    enum Kolom {
+        Tekst = 0,
+        Kleur = 1, // the colour the row is painted in now (0xBBGGRR as decimal text)
+        Grootte = 2,
+        Niveau = 3,
+        Links = 4,
+        Tussenruimte = 5,
+        Boven = 6,
+        Onder = 7,
+        Tekenen = 8, // "ja": must be painted
+        Rechts = 9,
+        Rustkleur = 10,
+        Getoond = 11, // "ja": shown, "nee": folded away
+        Paneel = 12,
+        Geselecteerd = 13,
+        TekstId = 14 // ours: the string of the caption, so that a new language re-captions it
+    };
+    // The groups of the full menu, by what they hold; MenuGroep maps them to this menu's number.
+    enum Soort { Accounts, Applicaties, Desktops, Overzichten, Instellingen, Themas, Management };
+    // The panels of the control array.
+    enum PaneelNummer {
+        PKlassen = 0,
+        PLeraren = 1,
+        PApplicaties = 2,
+        PInstellingen = 3,
+        PBureaublad = 4,
+        PGebruikers = 5,
+        POverzichtApplicaties = 6,
+        POverzichtBureaublad = 7,
+        PProbleemmeldingen = 8,
+        PServer = 9,
+        PThemas = 10
+    };
+    static constexpr int Breedte = 1024, Hoogte = 685;
+    static constexpr int MenuBoven = 110; // top of the first menu row's gap
+
+    explicit FrmOnderhoud(Programma& p);
+    ~FrmOnderhoud() override;
+    QString formNaam() const override { return QStringLiteral("frmOnderhoud"); }
+    void LaadTaal() override;
+
+    // --- entry and exit
+    void Form_Load();
+    void Openen();
+    // A teacher's stay: `klassen` the class IDs joined by "|".
+    void Aangepast(const QString& klassen, bool applicaties, bool leraren);
+    void Afmelden();
+    void Afmelden2();
+    void lblAfmelden_Click();
+
+    // --- the menu
+    void LaadVormgeving();
+    void LaadMenu();
+    void LaadAangepastMenu();
+    // Lays out every row marked for painting, writes its box and clears the mark. Returns the
+    // rows (group, row) that must be painted now; menuVerschoven is set when rows moved or
+    // folded, so that the whole menu must be painted again.
+    QList<std::pair<int, int>> Tekenmenu();
+    void Form_MouseMove(int x, int y);
+    void Form_MouseUp(int x, int y);
+    void MenuActie();
+    void MenuItemsBoxenNietWeergeven(int paneel);
+    // Opens a group: its rows shown, every other group folded and its heading greyed.
+    void OpenGroep(int groep);
+    // Edit mode of a record panel: the menu is dead and grey while it holds.
+    void ZetBewerkModus(bool aan);
+
+    // --- the panels
+    void plaatsPaneel(int nummer, OnderhoudPaneel* paneel);
+    OnderhoudPaneel* paneel(int nummer) const;
+    OnderhoudPaneel* zichtbaarPaneel() const { return paneel(ZichtbaarPaneel); }
+
+    QString& cel(int groep, int rij, int kolom);
+    const QString& cel(int groep, int rij, int kolom) const;
+    QRect rijVak(int groep, int rij) const;
+    // The number of the group of this kind in the present menu, -1 when it lacks it.
+    int groepVan(Soort soort) const { return MenuGroep[size_t(soort)]; }
+
+    // --- state
+    std::array<std::array<std::array<QString, Kolommen>, Rijen>, Groepen> MenuTabel;
+    std::array<int, 7> MenuGroep{-1, -1, -1, -1, -1, -1, -1};
+    QString MenuSleutel;
+    bool BewerkModus = false;
+    bool Beperkt = false; // a teacher's stay (Aangepast)
+    QString Leraarklassen;
+    bool LeraarApplicaties = false, LeraarLeraren = false;
+    int ZichtbaarPaneel = -1;
+    bool Zichtbaar = false;
+    bool menuVerschoven = true; // rows moved or folded since the last paint
+    QString Caption, lblKop, lblMenuHelp, lblLaden, lblAfmelden;
+    bool picMenuInfoZichtbaar = false;
+    QString lblMenuInfo;
+    QStringList Stationsletters; // "D:" to "Z:", the drive lists of the class and teacher panels
+    qint64 tijdMin1Uur = 0;
+
+    // --- the look, from the theme's maintenance keys
+    QString achtergrond;
+    std::array<QString, 7> groepBeeld; // the picture of a heading, by Soort
+    quint32 kleurMenu = 0, kleurSub = 0x505050, kleurHover = 0x1478E6, kleurGeselecteerd = 0,
+            kleurLijn = 0xC0C0C0, kleurHelp = 0, kleurLaden = 0;
+    static constexpr quint32 Grijs = 0x808080, LichtGrijs = 0xC0C0C0;
+    QPoint plekHelp{16, 600}, plekLaden{632, 640};
+
+    // The rows that painted, and the messages shown (for the log book and the tests).
+    QStringList meldingen;
+    // The view repaints the rows Tekenmenu hands it; it is told when anything changed.
+    std::function<void()> onChanged;
+    // The screens that take over after a log-off (the client's windows follow).
+    std::function<void()> verlaten;
+
+    // The text width the painter will use, to close a row's hit box (the view may replace it).
+    std::function<int(const QString&, int)> tekstBreedte;
+
+private:
+    void zetRij(int groep, int rij, const QString& tekst, bool kop, int paneel = -1);
+    void leegMenu();
+    void hertekenen();
+    void meld(const QString& tekst);
+    void nietHier(const QString& wat);
+    quint32 rustkleur(int groep, int rij) const;
+    bool toonPaneel(int nummer, int rij);
+    Programma& p;
+    std::map<int, OnderhoudPaneel*> m_panelen;
+};
+
+} // namespace tk
