@@ -1,6 +1,7 @@
 #include "FrmOnderhoud.h"
 
 #include "OnderhoudPaneel.h"
+#include "controls/AccessibleName.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
 #include "data/ModData.h"
@@ -512,6 +513,55 @@ void FrmOnderhoud::MenuActie() {
 void FrmOnderhoud::MenuItemsBoxenNietWeergeven(int nummer) {
     ZichtbaarPaneel = nummer < 0 ? -1 : nummer;
     picMenuInfoZichtbaar = false;
+}
+
+QList<PaintedControl> FrmOnderhoud::bedieningen() const {
+    QList<PaintedControl> lijst;
+    if (!Zichtbaar)
+        return lijst;
+    for (int g = 0; g < Groepen && !cel(g, 0, Tekst).isEmpty(); ++g)
+        for (int r = 0; r < Rijen && !cel(g, r, Tekst).isEmpty(); ++r) {
+            if (cel(g, r, Getoond) != ja)
+                continue;
+            PaintedControl c;
+            c.rol = QAccessible::MenuItem;
+            c.naam = AccessibleName::maak(cel(g, r, Tekst));
+            c.plek = rijVak(g, r);
+            c.uitgeschakeld = BewerkModus;
+            c.aangevinkt = cel(g, r, Geselecteerd) == ja;
+            c.aanvinkbaar = r > 0;
+            c.stop = g * 100 + r;
+            lijst << c;
+        }
+    PaintedControl afmelden;
+    afmelden.naam = AccessibleName::maak(lblAfmelden);
+    afmelden.plek = afmeldenVak();
+    afmelden.uitgeschakeld = BewerkModus;
+    afmelden.stop = 999;
+    lijst << afmelden;
+    if (picMenuInfoZichtbaar) {
+        PaintedControl info;
+        info.rol = QAccessible::StaticText;
+        info.naam = AccessibleName::maak(lblMenuInfo);
+        info.plek = infoVak();
+        info.drukbaar = false;
+        lijst << info;
+    }
+    return lijst;
+}
+
+void FrmOnderhoud::Kies(int stop) {
+    if (BewerkModus)
+        return;
+    if (stop == 999) {
+        lblAfmelden_Click();
+        return;
+    }
+    const int g = stop / 100, r = stop % 100;
+    if (g < 0 || g >= Groepen || r < 0 || r >= Rijen || cel(g, r, Getoond) != ja)
+        return;
+    MenuSleutel = QString::number(g) + QLatin1Char('|') + QString::number(r);
+    MenuActie();
 }
 
 } // namespace tk

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Form.h"
+#include "screens/common/PaintedControl.h"
 
 #include <QList>
 #include <QRect>
@@ -90,6 +91,15 @@ public:
     void OpenGroep(int groep);
     // Edit mode of a record panel: the menu is dead and grey while it holds.
     void ZetBewerkModus(bool aan);
+
+    // The menu rows, the log-off and the info strip as accessibility sees them; a row's focus
+    // stop is group * 100 + row, the log-off's 999.
+    QList<PaintedControl> bedieningen() const;
+    // A press by keyboard or screen reader: as a click on that row (dead while editing).
+    void Kies(int stop);
+    QRect afmeldenVak() const { return {Breedte - 150, 24, 120, 22}; }
+    QRect infoVak() const { return {300, 70, 690, 30}; }
+    QRect paneelVak() const { return {300, 110, 690, 540}; }
 
     // --- the panels
     void plaatsPaneel(int nummer, OnderhoudPaneel* paneel);
