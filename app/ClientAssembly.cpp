@@ -5,6 +5,9 @@
 #include "data/ModMainLaden.h"
 #include "link/FrmMainLink.h"
 #include "link/ModMainVerbinding.h"
+#include "screens/maintenance/FrmOnderhoudVraag.h"
+#include "screens/maintenance/FrmOnderhoudVraagView.h"
+#include "screens/maintenance/ModMainOnderhoud.h"
 #include "screens/start/FrmAanmelden.h"
 #include "screens/start/FrmAanmeldenView.h"
 #include "screens/start/FrmMain.h"
@@ -45,6 +48,10 @@ ClientAssembly::ClientAssembly(Programma& p)
     m_wachten = std::make_unique<FrmWachtenView>(*p.frmWachten);
     m_aanmelden = std::make_unique<FrmAanmeldenView>(*p.frmAanmelden);
     m_afmelden = std::make_unique<FrmAfmeldenView>(*p.frmAfmelden);
+    // The maintenance module's exclusive access: the check, and its question with its window.
+    p.maak(p.modMainOnderhoud, p);
+    p.maak(p.frmOnderhoudVraag, p);
+    m_onderhoudVraag = std::make_unique<FrmOnderhoudVraagView>(*p.frmOnderhoudVraag);
     // The start-up steps and the ways between the screens, with their windows.
     p.opstartStappen = &m_stappen;
     p.schermen = &m_schermen;

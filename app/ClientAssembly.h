@@ -11,6 +11,7 @@ namespace tk {
 
 class FrmAanmeldenView;
 class FrmAfmeldenView;
+class FrmOnderhoudVraagView;
 class FrmWachtenView;
 class Programma;
 
@@ -36,6 +37,7 @@ private:
     std::unique_ptr<FrmWachtenView> m_wachten;
     std::unique_ptr<FrmAanmeldenView> m_aanmelden;
     std::unique_ptr<FrmAfmeldenView> m_afmelden;
+    std::unique_ptr<FrmOnderhoudVraagView> m_onderhoudVraag;
 };
 
 } // namespace tk

@@ -7,6 +7,8 @@
 #include "screens/browser/BrowserPane.h"
 #include "screens/desktop/FrmBureaublad.h"
 #include "screens/desktop/FrmBureaubladView.h"
+#include "screens/maintenance/FrmOnderhoud.h"
+#include "screens/maintenance/FrmOnderhoudView.h"
 #include "screens/start/FrmAanmelden.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "screens/taskbar/FrmTaakbalk2View.h"
@@ -96,6 +98,25 @@ bool ClientScreenRouter::openInternet() {
 void ClientScreenRouter::internetVerbergen() {
     if (m_browser)
         m_browser->hide();
+}
+
+bool ClientScreenRouter::openOnderhoudsmodule(int leraar, const QList<int>& klassen) {
+    maakOnderhoud();
+    if (!m_onderhoud) {
+        m_onderhoud = std::make_unique<FrmOnderhoudView>(*p.frmOnderhoud);
+        p.frmOnderhoud->verlaten = [this] {
+            m_onderhoud->hide();
+            // A teacher's desktop stayed behind the module; the start screen comes back.
+            if (!p.frmOnderhoud->Beperkt)
+                m_startscherm.toonHoofdvenster();
+        };
+    }
+    if (!ScreenRouter::openOnderhoudsmodule(leraar, klassen))
+        return false;
+    m_onderhoud->openen();
+    if (leraar < 0)
+        m_startscherm.verbergHoofdvenster();
+    return true;
 }
 
 } // namespace tk

@@ -9,12 +9,14 @@ namespace tk {
 class BrowserPane;
 class ClientStartSteps;
 class FrmBureaubladView;
+class FrmOnderhoudView;
 class FrmTaakbalk2View;
 
 // The ways between the screens with their windows: a class click or a teacher's login opens
 // frmBureaublad with its view and the desktop's taskbar (with the logging-in window while it
 // loads) and hides the start screen; a log-off takes the desktop's windows away and shows the
-// start screen again.
+// start screen again. The maintenance module's window comes over the start screen or over the
+// teacher's desktop, and its log-off gives that screen back.
 class ClientScreenRouter : public ScreenRouter {
 public:
     ClientScreenRouter(Programma& p, ClientStartSteps& startscherm);
@@ -26,6 +28,7 @@ public:
     // login and the owner's favourites; it goes at log off with its profile.
     bool openInternet() override;
     void internetVerbergen() override;
+    bool openOnderhoudsmodule(int leraar, const QList<int>& klassen) override;
 
 private:
     void maakVensters();
@@ -33,6 +36,7 @@ private:
     std::unique_ptr<FrmBureaubladView> m_view;
     std::unique_ptr<FrmTaakbalk2View> m_balk;
     std::unique_ptr<BrowserPane> m_browser;
+    std::unique_ptr<FrmOnderhoudView> m_onderhoud;
 };
 
 } // namespace tk

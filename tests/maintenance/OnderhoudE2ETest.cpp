@@ -1,0 +1,126 @@
+// Exclusive access between two workstations through the real server: the one inside refuses,
+// or stays silent and is logged off after 30 seconds of its clock while the newcomer enters at
+// its next poll. The question windows' timers tick on every turn of the event loop; what they
+// decide follows from each workstation's injected clock.
+#include "data/ModData.h"
+#include "link/FrmMainLink.h"
+#include "link/ModMainVerbinding.h"
+#include "screens/ScreenRouter.h"
+#include "screens/maintenance/FrmOnderhoud.h"
+#include "screens/maintenance/FrmOnderhoudVraag.h"
+#include "screens/start/FrmMain.h"
+#include "tests/e2e/ServerProces.h"
+#include "tests/e2e/Werkstation.h"
+#include "theme/ModThema.h"
+
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::ServerProces;
+using tk::test::Werkstation;
+
+namespace {
+
+// A connected workstation with the start screen, the router and the question made.
+struct Plek {
+    explicit Plek(quint16 poort) : ws(poort), router(p()) {
+        Programma& p = this->p();
+        ws.w.kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/1/"));
+        p.maak(p.modData, p);
+        p.maak(p.modThema, p);
+        p.modThema->LaadThema();
+        p.maak(p.startScreen, p, *p.frmMain);
+        p.startScreenEvents = p.startScreen;
+        p.schermen = &router;
+        p.maak(p.frmOnderhoudVraag, p);
+        vraag().tmrAuto.setInterval(0);
+    }
+    Programma& p() { return ws.w.p; }
+    FrmOnderhoudVraag& vraag() { return *p().frmOnderhoudVraag; }
+    FakeClock& klok() { return ws.w.platform.fakeClock(); }
+    Werkstation ws;
+    ScreenRouter router;
+};
+
+class OnderhoudE2ETest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
+        binnen = std::make_unique<Plek>(server.poort());
+        nieuw = std::make_unique<Plek>(server.poort());
+        ASSERT_TRUE(binnen->ws.verbind());
+        ASSERT_TRUE(nieuw->ws.verbind());
+        // The administrator enters on the first workstation, as the start screen does it.
+        ASSERT_FALSE(binnen->router.ControleerAanwezigOnderhoudsmodule(false));
+        binnen->p().modMainVerbinding->GeefLocatieDoor(QStringLiteral("ONDERHOUD"));
+        ASSERT_TRUE(binnen->router.openOnderhoudsmodule(-1, {}));
+        ASSERT_EQ(nieuw->ws.vraag(QStringLiteral("INFOND")), QStringLiteral("JA"));
+        // Time moves only when the test moves it, at the moments a test names.
+        binnen->klok().setStepPerRead(0);
+        nieuw->klok().setStepPerRead(0);
+    }
+    ServerProces server;
+    std::unique_ptr<Plek> binnen, nieuw;
+};
+
+} // namespace
+
+TEST_F(OnderhoudE2ETest, ARefusalShowsItsNoteAndTheNewcomerStaysOutside) {
+    bool gevraagd = false;
+    binnen->vraag().tonen = [&](bool aan) {
+        if (aan) {
+            gevraagd = true;
+            binnen->vraag().cmdAnnuleren_Click();
+        }
+    };
+    QString notitie;
+    nieuw->vraag().onChanged = [&] {
+        if (nieuw->vraag().Modus == -1 && notitie.isEmpty()) {
+            notitie = nieuw->vraag().lblVraag;
+            nieuw->klok().advance(FrmOnderhoudVraag::NotitieTijd);
+        }
+    };
+    EXPECT_TRUE(nieuw->router.ControleerAanwezigOnderhoudsmodule(false));
+    EXPECT_TRUE(gevraagd) << server.uitvoer().toStdString();
+    EXPECT_EQ(notitie, nieuw->p().modTaal.LaadTekst(1807));
+    EXPECT_FALSE(nieuw->p().frmOnderhoud) << "the newcomer never entered";
+    EXPECT_TRUE(binnen->p().frmOnderhoud->Zichtbaar);
+    EXPECT_EQ(nieuw->ws.vraag(QStringLiteral("INFOND")), QStringLiteral("JA"));
+}
+
+TEST_F(OnderhoudE2ETest, ASilentInsiderIsLoggedOffAndTheNewcomerEntersAtTheNextPoll) {
+    binnen->p().frmOnderhoud->ZetBewerkModus(true); // an edit in progress is lost
+    binnen->vraag().tonen = [&](bool aan) {
+        if (aan)
+            binnen->klok().advance(FrmOnderhoudVraag::WachttijdBinnen + 1);
+    };
+    // Once the one inside has left (and told the server so), a second passes for the newcomer.
+    binnen->p().frmOnderhoud->verlaten = [&] { nieuw->klok().advance(1000); };
+    const qint64 begin = nieuw->klok().msecsSinceStart();
+    EXPECT_FALSE(nieuw->router.ControleerAanwezigOnderhoudsmodule(false));
+    EXPECT_LT(nieuw->klok().msecsSinceStart() - begin, FrmOnderhoudVraag::WachttijdNieuw);
+    EXPECT_FALSE(binnen->p().frmOnderhoud->Zichtbaar);
+    EXPECT_TRUE(binnen->p().startScreen->Zichtbaar);
+}
+
+TEST_F(OnderhoudE2ETest, ANewcomerWhoGivesUpLeavesTheInsiderANote) {
+    QString notitie;
+    binnen->vraag().onChanged = [&] {
+        if (binnen->vraag().Modus == -1 && notitie.isEmpty()) {
+            notitie = binnen->vraag().lblVraag;
+            binnen->vraag().cmdAnnuleren_Click();
+        }
+    };
+    // Once the one inside is asked, the newcomer presses Cancel and its caller gives up. (The
+    // wire has no framing: the give-up must not follow the request within one read.)
+    binnen->vraag().tonen = [&](bool aan) {
+        if (!aan)
+            return;
+        nieuw->vraag().cmdAnnuleren_Click();
+        nieuw->p().frmMain->WS_Versturen(QStringLiteral("INFONB"), false);
+    };
+    EXPECT_TRUE(nieuw->router.ControleerAanwezigOnderhoudsmodule(false));
+    EXPECT_EQ(notitie, binnen->p().modTaal.LaadTekst(1808));
+    EXPECT_TRUE(binnen->p().frmOnderhoud->Zichtbaar);
+    EXPECT_FALSE(nieuw->p().frmOnderhoud);
+}
