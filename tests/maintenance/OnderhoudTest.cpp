@@ -184,8 +184,9 @@ TEST_F(OnderhoudTest, EachMenuEntryOpensItsPanelOrSaysWhyNot) {
             paneel->getoond.clear();
         if (c.r > 0)
             klik(f, c.g, 0);
-        if (c.g != 4) // the settings heading is a panel itself
+        if (c.g != 4) { // the settings heading is a panel itself
             EXPECT_EQ(f.ZichtbaarPaneel, 7) << "a heading leaves the panel as it is";
+        }
         klik(f, c.g, c.r);
         EXPECT_EQ(f.ZichtbaarPaneel, c.paneel == -2 ? 7 : c.paneel);
         if (c.paneel >= 0) {
