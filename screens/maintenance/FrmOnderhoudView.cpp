@@ -74,10 +74,11 @@ void FrmOnderhoudView::bijwerken() {
     laatsteHertekening << m.infoVak() << m.afmeldenVak();
     for (const QRect& vak : laatsteHertekening)
         update(vak);
+    gewijzigd();
     PaintingViewAccessible::meldFocus(this, *this, m_focusGemeld);
 }
 
-QList<PaintedControl> FrmOnderhoudView::geschilderd() const {
+QList<PaintedControl> FrmOnderhoudView::maakGeschilderd() const {
     return m.bedieningen();
 }
 

@@ -31,10 +31,10 @@ public:
     QList<QRect> laatsteHertekening;
     static QRect menuVak() { return {0, 90, 300, 520}; }
 
-    QList<PaintedControl> geschilderd() const override;
     void druk(const PaintedControl& control) override;
 
 protected:
+    QList<PaintedControl> maakGeschilderd() const override;
     void paintEvent(QPaintEvent*) override;
     void mouseMoveEvent(QMouseEvent*) override;
     void mouseReleaseEvent(QMouseEvent*) override;
