@@ -15,12 +15,16 @@ TEST(BrowserTabs, FortyTabsTakeTheFirstFreeSlotAndTheFortyFirstIsRefused) {
     EXPECT_EQ(t.NieuwTabblad(QStringLiteral("t")), -1);
     EXPECT_EQ(t.aantal(), 40);
     EXPECT_EQ(t.TabIndex(), 39);
-    // A closed slot in the middle is the next one taken, and goes to the end of the strip.
+    // A closed slot in the middle is the next one taken, with a clean record, at the end of the
+    // strip.
+    t.zetAdres(7, QStringLiteral("http://oud/"));
+    t.zetGeladen(7, true);
     ASSERT_TRUE(t.Sluiten(7));
     EXPECT_EQ(t.NieuwTabblad(QStringLiteral("nieuw")), 7);
     EXPECT_EQ(t.strip().last(), 7);
     EXPECT_EQ(t.tab(7).Titel, QStringLiteral("nieuw"));
     EXPECT_TRUE(t.tab(7).Adres.isEmpty());
+    EXPECT_FALSE(t.tab(7).Geladen);
 }
 
 TEST(BrowserTabs, ClosingShowsTheTabToTheLeftAndKeepsTheLast) {
@@ -94,6 +98,11 @@ TEST(BrowserTabs, EachTabKeepsItsOwnRecordAndOnlyTheActiveOneIsShown) {
     EXPECT_TRUE(t.zetTitel(1, QStringLiteral("B")));
     EXPECT_TRUE(t.zetGeladen(1, true));
     EXPECT_FALSE(t.zetStatus(9, QStringLiteral("vrij slot")));
+    EXPECT_FALSE(t.zetTitel(9, QStringLiteral("vrij slot")));
+    EXPECT_FALSE(t.zetGeladen(9, true));
+    EXPECT_FALSE(t.zetAdres(-1, QStringLiteral("buiten")));
+    EXPECT_EQ(t.nieuweNavigatie(BrowserTabs::MaxTabs), 0u);
+    EXPECT_EQ(t.nieuweNavigatie(-1), 0u);
     EXPECT_EQ(t.tab(0).Adres, QStringLiteral("http://a/"));
     EXPECT_EQ(t.tab(0).Status, QStringLiteral("bezig a"));
     EXPECT_EQ(t.tab(0).Voortgang, 40);
