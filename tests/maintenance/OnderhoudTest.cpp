@@ -258,6 +258,7 @@ TEST_F(OnderhoudTest, TheQuestionCountsDownOnTheClockAndEndsAsThePartySays) {
         SCOPED_TRACE(c.modus * 1000000 + c.tot + c.weigering);
         v.Begin(c.modus);
         EXPECT_EQ(v.cmdAfmeldenZichtbaar, c.modus == 0);
+        EXPECT_EQ(v.cmdAnnulerenCaption, w.p.modTaal.LaadTekst(1802)); // also after a note
         for (qint64 t = 0; t < c.tot; t += 500) {
             if (c.weigering && t == 3000)
                 v.geweigerd = true;
@@ -269,6 +270,7 @@ TEST_F(OnderhoudTest, TheQuestionCountsDownOnTheClockAndEndsAsThePartySays) {
             EXPECT_EQ(!v.Annuleren, c.resultaat);
         }
         EXPECT_EQ(v.lblVraag, w.p.modTaal.LaadTekst(c.tekst));
+        EXPECT_EQ(v.cmdAnnulerenCaption, w.p.modTaal.LaadTekst(c.weigering ? 1809 : 1802));
         v.cmdAnnuleren_Click();
     }
     // The countdown counts whole seconds left.
