@@ -1,6 +1,9 @@
 #pragma once
 
+#include "controls/AccessibleName.h"
+
 #include <QAccessible>
+#include <QList>
 #include <QRect>
 #include <QString>
 
@@ -23,6 +26,18 @@ struct PaintedControl {
     // screen's model that the press goes to.
     bool drukbaar = true;
     int stop = -1;
+
+    // A painted text (the cloud, a header, a notice) as a text object; a blank one is left out.
+    static void voegTekstToe(QList<PaintedControl>& lijst, const QString& tekst,
+                             const QRect& plek) {
+        PaintedControl c;
+        c.rol = QAccessible::StaticText;
+        c.naam = AccessibleName::maak(tekst);
+        c.plek = plek;
+        c.drukbaar = false;
+        if (!c.naam.isEmpty())
+            lijst.append(c);
+    }
 };
 
 } // namespace tk

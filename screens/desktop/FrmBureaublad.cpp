@@ -887,13 +887,7 @@ bool FrmBureaublad::Toets(int toets, bool shift) {
 QList<PaintedControl> FrmBureaublad::bedieningen() const {
     QList<PaintedControl> lijst;
     auto tekst = [&](const QString& t, const QRect& plek) {
-        PaintedControl c;
-        c.rol = QAccessible::StaticText;
-        c.naam = AccessibleName::maak(t);
-        c.plek = plek;
-        c.drukbaar = false;
-        if (!c.naam.isEmpty())
-            lijst.append(c);
+        PaintedControl::voegTekstToe(lijst, t, plek);
     };
     if (!Zichtbaar)
         return lijst;

@@ -6,9 +6,9 @@
 #include "core/Fout.h"
 #include "core/OpstartStappen.h"
 #include "core/Procedure.h"
-#include "core/Wire.h"
 #include "core/Programma.h"
 #include "core/ScreenSwitches.h"
+#include "core/Wire.h"
 #include "data/ModData.h"
 #include "link/ModMainVerbinding.h"
 #include "platform/Environment.h"
@@ -772,13 +772,7 @@ bool FrmMain::Toets(int toets, bool shift) {
 QList<PaintedControl> FrmMain::bedieningen() const {
     QList<PaintedControl> lijst;
     auto tekst = [&](const QString& t, const QRect& plek) {
-        PaintedControl c;
-        c.rol = QAccessible::StaticText;
-        c.naam = AccessibleName::maak(t);
-        c.plek = plek;
-        c.drukbaar = false;
-        if (!c.naam.isEmpty())
-            lijst.append(c);
+        PaintedControl::voegTekstToe(lijst, t, plek);
     };
     if (ballonWeergeven && !wolk.isNull())
         tekst(ballonTekst, QRect(ballonPlek, wolk.size()));
