@@ -7,7 +7,7 @@
 
 namespace tk::test {
 
-Programmamap::Programmamap() {
+Programmamap::Programmamap(quint16 serverPoort) {
     QProcess install;
     install.setProcessChannelMode(QProcess::MergedChannels);
     install.start(QStringLiteral(TK_CMAKE),
@@ -39,7 +39,10 @@ Programmamap::Programmamap() {
         m_fout = QStringLiteral("cannot write the settings file");
         return;
     }
-    instellingen.write("[Algemeen]\r\nGeactiveerd=JA\r\n");
+    instellingen.write(QStringLiteral("[Algemeen]\r\nGeactiveerd=JA\r\n[Instellingen]\r\n"
+                                      "Serverlocatie=localhost:%1\r\n")
+                           .arg(serverPoort)
+                           .toLatin1());
 }
 
 Programmamap::~Programmamap() {

@@ -10,10 +10,10 @@ namespace tk::test {
 // A fresh program folder made by the build's own install step, prepared as an activated
 // Standalone workstation whose shell is already handed to the client (in the folder's own
 // registry store) and whose client runs as the workstation's own account, with the launcher, the
-// client and the server at its top.
+// client and the server at its top. Its settings name the port of the test's server.
 class Programmamap {
 public:
-    Programmamap();
+    explicit Programmamap(quint16 serverPoort);
     ~Programmamap();
     // False with the install step's output when the folder could not be made.
     bool gemaakt() const { return m_fout.isEmpty(); }

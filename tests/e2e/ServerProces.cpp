@@ -1,59 +1,40 @@
 #include "ServerProces.h"
 
 #include <QElapsedTimer>
-#include <QTcpServer>
-#include <QTcpSocket>
-#include <QThread>
+#include <QRegularExpression>
 
 namespace tk::test {
 
-namespace {
-// A port whose four successors (the transfer ports) are free as well.
-quint16 vrijePoort() {
-    for (int poging = 0; poging < 20; ++poging) {
-        QTcpServer eerste;
-        if (!eerste.listen(QHostAddress::LocalHost, 0))
-            continue;
-        const quint16 basis = eerste.serverPort();
-        if (basis > 65000)
-            continue;
-        bool vrij = true;
-        for (int i = 1; i <= 4 && vrij; ++i) {
-            QTcpServer volgende;
-            vrij = volgende.listen(QHostAddress::Any, quint16(basis + i));
-        }
-        if (vrij)
-            return basis;
-    }
-    return 0;
-}
-} // namespace
-
 ServerProces::ServerProces(const QStringList& extra, quint16 poort) {
-    m_poort = poort ? poort : vrijePoort();
     m_proces.setProcessChannelMode(QProcess::MergedChannels);
     QObject::connect(&m_proces, &QProcess::readyRead,
                      [this] { m_uitvoer += QString::fromUtf8(m_proces.readAll()); });
-    const QStringList argumenten =
-        QStringList{QStringLiteral("--data"), m_data.path(), QStringLiteral("--port"),
-                    QString::number(m_poort), QStringLiteral("--demo")} +
-        extra;
-    m_proces.start(QStringLiteral(TK_SERVER_PAD), argumenten);
-    if (!m_proces.waitForStarted(5000))
+    // Port 0: the server takes free ports of the system and names them in its log. The client's
+    // transfer ports are told to the server before the client listens on them.
+    if (m_clientPoorten.ports().isEmpty())
         return;
-    // Ready when the command port accepts.
-    QElapsedTimer klok;
-    klok.start();
-    while (klok.elapsed() < 10000 && m_proces.state() == QProcess::Running) {
-        QTcpSocket proef;
-        proef.connectToHost(QHostAddress::LocalHost, m_poort);
-        if (proef.waitForConnected(200)) {
-            proef.abort();
-            m_gestart = true;
-            return;
-        }
-        QThread::msleep(20);
-    }
+    const QStringList argumenten = QStringList{QStringLiteral("--data"),
+                                               m_data.path(),
+                                               QStringLiteral("--port"),
+                                               QString::number(poort),
+                                               QStringLiteral("--client-data-port"),
+                                               QString::number(m_clientPoorten.ports()[0]),
+                                               QStringLiteral("--client-info-port"),
+                                               QString::number(m_clientPoorten.ports()[1]),
+                                               QStringLiteral("--demo")} +
+                                   extra;
+    m_proces.start(QStringLiteral(TK_SERVER_PAD), argumenten);
+    if (!m_proces.waitForStarted(5000) || !wachtOpUitvoer(QStringLiteral("), data in "), 60000))
+        return;
+    const QRegularExpressionMatch gevonden =
+        QRegularExpression(
+            QStringLiteral("listening on port (\\d+) \\(transfers: client (\\d+) and "
+                           "(\\d+), uploads (\\d+) and (\\d+)\\)"))
+            .match(m_uitvoer);
+    m_poort = quint16(gevonden.captured(1).toUInt());
+    for (int i = 2; i <= 5; ++i)
+        m_overdrachtPoorten << quint16(gevonden.captured(i).toUInt());
+    m_gestart = m_poort != 0;
 }
 
 bool ServerProces::wachtOpUitvoer(const QString& tekst, int ms) {

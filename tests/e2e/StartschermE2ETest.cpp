@@ -5,7 +5,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QTcpServer>
 
 #include <gtest/gtest.h>
 
@@ -13,16 +12,10 @@ using tk::test::Programmamap;
 using tk::test::ServerProces;
 
 TEST(StartschermE2ETest, LauncherClientAndServerReachTheStartScreenForEveryone) {
-    // A Standalone workstation finds its server on the fixed port of this machine.
-    constexpr quint16 poort = 34487;
-    {
-        QTcpServer proef;
-        if (!proef.listen(QHostAddress::Any, poort))
-            GTEST_SKIP() << "port 34487 is taken on this machine";
-    }
-    ServerProces server({}, poort);
+    // A Standalone workstation finds its server on this machine, at the port its settings name.
+    ServerProces server;
     ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
-    Programmamap map;
+    Programmamap map(server.poort());
     ASSERT_TRUE(map.gemaakt()) << map.fout().toStdString();
 
     ASSERT_TRUE(map.startLauncher());

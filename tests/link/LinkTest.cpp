@@ -401,7 +401,8 @@ TEST(ServerlocatieTest, TheLocationComesFromTheSettingsOrTheLogonServer) {
         {false, "", "\\\\DC01", true, "DC01", 34487},
         {false, "", "", false, "", 34487},
         {false, "   ", "", false, "", 34487},
-        {true, "pc1:4000", "", true, "localhost", 34487}, // the settings are not read
+        {true, "pc1:4000", "", true, "localhost", 4000}, // on this machine, the port is kept
+        {true, "", "", true, "localhost", 34487},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.instelling);
