@@ -1,22 +1,21 @@
 // tafelkrater-startup as a process: it runs a stand-in client (a shell script that writes down
 // how it was started and then does what its plan says) and takes words over its local socket.
 #include "link/ModMainVerbinding.h"
+#include "tests/support/WaitUntil.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QLocalSocket>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QThread>
 
 #include <gtest/gtest.h>
 
 namespace {
 
 // The stand-in client: run n writes its words as line n of calls.txt, then acts on line n of
-// plan.txt: "crash" dies of a signal, "exit N" ends with code N, "sleep S" waits S seconds and
-// ends with code 0, "hang" waits until it is ended.
+// plan.txt: "crash" dies of a signal, "exit N" ends with code N, "wait" ends with code 0 once the
+// test has made the file "go" (and takes it away), "hang" waits until it is ended.
 const char* const ClientScript = R"(#!/bin/sh
 here=$(dirname "$0")
 echo "$*" >> "$here/calls.txt"
@@ -26,7 +25,7 @@ action=$(sed -n "${n}p" "$here/plan.txt")
 case "$action" in
   crash) kill -SEGV $$ ;;
   exit*) exit ${action#exit } ;;
-  sleep*) sleep ${action#sleep }; exit 0 ;;
+  wait) while [ ! -e "$here/go" ]; do sleep 0.02; done; rm -f "$here/go"; exit 0 ;;
   hang) while :; do sleep 1; done ;;
 esac
 exit 0
@@ -69,11 +68,13 @@ protected:
         return QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }
     // Waits until the client was started n times.
-    bool waitForCalls(int n, int ms = 10000) {
-        QDeadlineTimer deadline(ms);
-        while (calls().size() < n && !deadline.hasExpired())
-            QThread::msleep(20);
-        return calls().size() >= n;
+    bool waitForCalls(int n) {
+        return tk::test::waitUntil([&] { return calls().size() >= n; });
+    }
+    // Lets a waiting client end.
+    void go() { QFile(dir.filePath(QStringLiteral("go"))).open(QIODevice::WriteOnly); }
+    bool logged(const QString& text) {
+        return tk::test::waitUntil([&] { return log().contains(text); });
     }
     // Sends a word as the client does: connect, write, disconnect.
     bool say(const QString& word) {
@@ -87,7 +88,9 @@ protected:
         return true;
     }
     // The launcher ended within ms; its exit code.
-    bool ended(int ms) { return launcher.waitForFinished(ms); }
+    bool ended(int ms) {
+        return launcher.state() == QProcess::NotRunning || launcher.waitForFinished(ms);
+    }
     QString log() {
         QFile f(dir.filePath(QStringLiteral("Logboek/startup.log")));
         return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
@@ -129,14 +132,18 @@ TEST_F(LauncherTest, WordsThatBringTheClientBackStartItWithStartup) {
     for (const char* word : {"resolutie", "Resolutie", "UPDATE"}) {
         SCOPED_TRACE(word);
         QFile::remove(dir.filePath(QStringLiteral("calls.txt")));
-        // The client says its word and ends at once, as the real one does; the second run ends
-        // the launcher with "afsluiten".
-        plan({QStringLiteral("sleep 1"), QStringLiteral("sleep 1")});
+        // The client says its word and ends, as the real one does; the second run ends the
+        // launcher with "afsluiten".
+        plan({QStringLiteral("wait"), QStringLiteral("wait")});
         start();
         ASSERT_TRUE(waitForCalls(1));
         ASSERT_TRUE(say(QString::fromLatin1(word)));
+        ASSERT_TRUE(logged(QStringLiteral("word \"%1\"").arg(QString::fromLatin1(word))));
+        go();
         ASSERT_TRUE(waitForCalls(2));
         ASSERT_TRUE(say(QStringLiteral("afsluiten")));
+        ASSERT_TRUE(logged(QStringLiteral("word \"afsluiten\"")));
+        go();
         ASSERT_TRUE(ended(15000));
         EXPECT_EQ(0, launcher.exitCode());
         EXPECT_EQ((QStringList{QStringLiteral("STARTUP"), QStringLiteral("STARTUP")}), calls());
@@ -172,10 +179,12 @@ TEST_F(LauncherTest, TerminatingTheLauncherEndsTheClientFirst) {
 }
 
 TEST_F(LauncherTest, UnknownWordsAreLoggedAndChangeNothing) {
-    plan({QStringLiteral("sleep 2")});
+    plan({QStringLiteral("wait")});
     start();
     ASSERT_TRUE(waitForCalls(1));
     ASSERT_TRUE(say(QStringLiteral("opnieuw\nniets")));
+    ASSERT_TRUE(logged(QStringLiteral("unknown word \"niets\" ignored")));
+    go();
     ASSERT_TRUE(ended(15000));
     EXPECT_EQ(QStringList{QStringLiteral("STARTUP")}, calls());
     EXPECT_TRUE(log().contains(QStringLiteral("unknown word \"opnieuw\" ignored")));

@@ -4,10 +4,9 @@
 #include "tests/desktop/BureaubladWerkplek.h"
 #include "tests/platform/X11TestSessie.h"
 #include "tests/platform/X11VenstersPlatform.h"
+#include "tests/support/WaitUntil.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QThread>
 #include <gtest/gtest.h>
 
 #include <xcb/xcb.h>
@@ -29,18 +28,6 @@ xcb_atom_t soort(xcb_window_t venster) {
     const std::vector<uint32_t> v =
         X11TestSessie::sessie->property(venster, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM);
     return v.empty() ? xcb_atom_t(XCB_ATOM_NONE) : v.front();
-}
-
-template <class F> bool totDat(F voorwaarde) {
-    QDeadlineTimer deadline(15000);
-    for (;;) {
-        QCoreApplication::processEvents();
-        if (voorwaarde())
-            return true;
-        if (deadline.hasExpired())
-            return false;
-        QThread::msleep(20);
-    }
 }
 
 // A workstation on the X server, with the data and channel of the desktop tests.
@@ -75,16 +62,18 @@ TEST(BureaubladX11Test, TheDesktopIsTheScreensDesktopWindowUnderTheProgramsStart
     x.p.frmBureaublad->Openen(0, "12");
     view.openen();
     const xcb_window_t bureaublad = xcb_window_t(view.winId());
-    ASSERT_TRUE(totDat([&] { return vensters("_NET_CLIENT_LIST_STACKING").contains(bureaublad); }));
+    ASSERT_TRUE(tk::test::waitUntil(
+        [&] { return vensters("_NET_CLIENT_LIST_STACKING").contains(bureaublad); }));
     EXPECT_EQ(soort(bureaublad), X11TestSessie::sessie->atom("_NET_WM_WINDOW_TYPE_DESKTOP"));
     EXPECT_EQ(view.geometry(), QRect(0, 0, 1280, 1024));
     // The canvas stands unscaled in the middle.
     EXPECT_EQ(view.canvas()->geometry(), QRect(128, 128, 1024, 768));
 
     const QList<xcb_window_t> voor = vensters("_NET_CLIENT_LIST");
-    ASSERT_NE(X11TestSessie::sessie->startProgram("xlogo"), nullptr);
+    QProcess* xlogo = X11TestSessie::sessie->startProgram(QStringLiteral("xlogo"));
+    ASSERT_EQ(xlogo->state(), QProcess::Running) << "xlogo does not start";
     xcb_window_t programma = 0;
-    ASSERT_TRUE(totDat([&] {
+    ASSERT_TRUE(tk::test::waitUntil([&] {
         for (xcb_window_t w : vensters("_NET_CLIENT_LIST"))
             if (w != bureaublad && !voor.contains(w))
                 programma = w;
@@ -92,8 +81,8 @@ TEST(BureaubladX11Test, TheDesktopIsTheScreensDesktopWindowUnderTheProgramsStart
     }));
     // Brought forward again (as the taskbar's desktop button does), the desktop stays under it.
     view.openen();
-    QThread::msleep(200);
     QCoreApplication::processEvents();
+    ASSERT_TRUE(X11TestSessie::sessie->windowManagerCaughtUp());
     const QList<xcb_window_t> stapel = vensters("_NET_CLIENT_LIST_STACKING");
     ASSERT_TRUE(stapel.contains(programma));
     EXPECT_LT(stapel.indexOf(bureaublad), stapel.indexOf(programma));

@@ -1,33 +1,21 @@
 #pragma once
 
 #include "tests/platform/X11TestSessie.h"
+#include "tests/support/WaitUntil.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QPoint>
 #include <QRgb>
-#include <QThread>
 
 #include <cstdlib>
 
 namespace tk::test {
 
-// Runs Qt's events until the condition holds; the server and the manager take their time. The
-// deadline only ends a wait that would otherwise hang.
-template <class F> bool totDat(F voorwaarde, int ms = 10000) {
-    QDeadlineTimer deadline(ms);
-    while (!voorwaarde()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        QThread::msleep(5);
-    }
-    return true;
-}
-
-// Runs Qt's events for a moment, for what has no state to wait on.
-inline void even(int ms = 200) {
-    totDat([] { return false; }, ms);
+// Runs Qt's events, so that what the program asked of the X server went out, and waits until
+// the window manager has handled it too.
+inline bool bijgewerkt() {
+    QCoreApplication::processEvents();
+    return X11TestSessie::sessie->windowManagerCaughtUp();
 }
 
 // The colour the screen shows at a point.

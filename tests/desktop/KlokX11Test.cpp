@@ -69,18 +69,18 @@ TEST_F(KlokX11Test, TheClockIsCutToItsDialStandsAboveWithoutAFrameAndIsDraggedBy
     onder.setPalette(rood);
     onder.setGeometry(0, 0, 500, 500);
     onder.show();
-    ASSERT_TRUE(totDat([&] { return pixel(QPoint(250, 250)) == qRgb(255, 0, 0); }));
+    ASSERT_TRUE(waitUntil([&] { return pixel(QPoint(250, 250)) == qRgb(255, 0, 0); }));
 
     FrmKlok klok(p);
     FrmKlokView view(klok);
     view.move(150, 150);
     view.openen();
     const quint64 venster = view.winId();
-    ASSERT_TRUE(totDat([&] {
+    ASSERT_TRUE(waitUntil([&] {
         const QRect r = plaats(venster);
         return r.isValid() && pixel(r.center()) != qRgb(255, 0, 0);
     }));
-    even();
+    ASSERT_TRUE(bijgewerkt());
     const QRect r = plaats(venster);
     ASSERT_EQ(r.size(), QSize(FrmKlok::Zijde, FrmKlok::Zijde));
 
@@ -95,7 +95,7 @@ TEST_F(KlokX11Test, TheClockIsCutToItsDialStandsAboveWithoutAFrameAndIsDraggedBy
     EXPECT_EQ(rand, (std::vector<uint32_t>{0, 0, 0, 0}));
     onder.raise();
     onder.activateWindow();
-    even();
+    ASSERT_TRUE(bijgewerkt());
     EXPECT_NE(pixel(r.center() + QPoint(20, 20)), qRgb(255, 0, 0)); // still on top
 
     // A drag on the face moves the window with the mouse.
@@ -103,16 +103,19 @@ TEST_F(KlokX11Test, TheClockIsCutToItsDialStandsAboveWithoutAFrameAndIsDraggedBy
     ASSERT_TRUE(
         xdotool({QStringLiteral("mousemove"), QString::number(greep.x()),
                  QString::number(greep.y()), QStringLiteral("mousedown"), QStringLiteral("1")}));
-    even(300); // the press reaches the clock, which hands the drag to the manager
+    // The press reaches the clock, which hands the drag to the manager.
+    ASSERT_TRUE(waitUntil([&] { return platform.linuxWindows().verplaatsingen == 1; }));
+    ASSERT_TRUE(bijgewerkt());
     ASSERT_TRUE(xdotool({QStringLiteral("mousemove"), QString::number(greep.x() + 60),
                          QString::number(greep.y() + 30)}));
-    even(100);
     ASSERT_TRUE(
         xdotool({QStringLiteral("mousemove"), QString::number(greep.x() + 120),
                  QString::number(greep.y() + 60), QStringLiteral("mouseup"), QStringLiteral("1")}));
-    EXPECT_TRUE(totDat([&] { return plaats(venster).topLeft() == r.topLeft() + QPoint(120, 60); }))
-        << "the clock stands at " << plaats(venster).x() << "," << plaats(venster).y()
-        << ", it stood at " << r.x() << "," << r.y();
+    EXPECT_TRUE(waitUntil([&] {
+        return plaats(venster).topLeft() == r.topLeft() + QPoint(120, 60);
+    })) << "the clock stands at "
+        << plaats(venster).x() << "," << plaats(venster).y() << ", it stood at " << r.x() << ","
+        << r.y();
     view.close();
 }
 

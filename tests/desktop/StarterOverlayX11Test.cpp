@@ -48,11 +48,11 @@ TEST(StarterOverlayX11Test, TheOverlayShowsTheCapturedScreenUnderGreyUntilThePro
     bureaublad.setFixedSize(900, 700);
     bureaublad.move(60, 40);
     bureaublad.show();
-    ASSERT_TRUE(totDat([&] { return bureaublad.mapToGlobal(QPoint(0, 0)) == QPoint(60, 40); }));
+    ASSERT_TRUE(waitUntil([&] { return bureaublad.mapToGlobal(QPoint(0, 0)) == QPoint(60, 40); }));
     // Just inside the colours' border, so that a capture laid a little off shows the other.
     const QPoint links = bureaublad.mapToGlobal(QPoint(440, 100));
     const QPoint rechts = bureaublad.mapToGlobal(QPoint(460, 100));
-    ASSERT_TRUE(totDat([&] {
+    ASSERT_TRUE(waitUntil([&] {
         return schermpixel(x, links) == qRgb(0, 255, 0) &&
                schermpixel(x, rechts) == qRgb(0, 0, 255);
     }));
@@ -66,7 +66,7 @@ TEST(StarterOverlayX11Test, TheOverlayShowsTheCapturedScreenUnderGreyUntilThePro
     EXPECT_EQ(starter.picDisableBeeld.pixel(links), qRgb(0, 255, 0));
     EXPECT_EQ(starter.picDisableBeeld.pixel(rechts), qRgb(0, 0, 255));
     // On the screen: the same colours, darkened under grey.
-    EXPECT_TRUE(totDat([&] {
+    EXPECT_TRUE(waitUntil([&] {
         const QColor l = QColor::fromRgb(schermpixel(x, links));
         const QColor r = QColor::fromRgb(schermpixel(x, rechts));
         return l.green() > l.red() + 50 && l.green() < 200 && r.blue() > r.red() + 50 &&
@@ -78,8 +78,8 @@ TEST(StarterOverlayX11Test, TheOverlayShowsTheCapturedScreenUnderGreyUntilThePro
     overlay.cmdShellWait()->click();
     EXPECT_FALSE(starter.tmrShellWait.isActive());
     EXPECT_TRUE(
-        totDat([&] { return platform.linuxProcesses().processesOfStart(proces).isEmpty(); }));
-    EXPECT_TRUE(totDat([&] { return schermpixel(x, links) == qRgb(0, 255, 0); }));
+        waitUntil([&] { return platform.linuxProcesses().processesOfStart(proces).isEmpty(); }));
+    EXPECT_TRUE(waitUntil([&] { return schermpixel(x, links) == qRgb(0, 255, 0); }));
     bureaublad.close();
 }
 

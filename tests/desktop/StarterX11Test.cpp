@@ -47,7 +47,7 @@ struct X11Werkplek {
     }
     // Ticks tmrShellWait until the condition holds (the program and the server take their time).
     template <class F> bool tikTot(F voorwaarde) {
-        return eventually([&] {
+        return waitUntil([&] {
             s().tmrShellWait_Timer();
             return voorwaarde();
         });
@@ -77,6 +77,9 @@ protected:
         qputenv("DISPLAY", x().display());
     }
     void TearDown() override {
+        // The screen's own mode again, also after a test that ended early.
+        if (sessionUp())
+            LinuxDisplay(x().display()).setMode(1280, 1024, 32);
         if (m_display.isNull())
             qunsetenv("DISPLAY");
         else
@@ -128,7 +131,7 @@ TEST_F(StarterX11Test, TheWaitEndsWhenTheWindowIsGoneThoughAHelperOfTheProgramRu
     ASSERT_TRUE(w.tikTot([&] { return !w.vensters().isEmpty(); }));
     w.s().tmrShellWait_Timer(); // the launcher has seen the window too
     w.platform.linuxWindows().close(w.vensters().constFirst().handle);
-    ASSERT_TRUE(eventually([&] { return w.vensters().isEmpty(); }));
+    ASSERT_TRUE(waitUntil([&] { return w.vensters().isEmpty(); }));
     w.s().tmrShellWait_Timer();
     EXPECT_TRUE(w.s().tmrShellWait.isActive()); // a window may still come
     EXPECT_FALSE(w.platform.linuxProcesses().processesOfStart(programma).isEmpty());
@@ -144,8 +147,8 @@ TEST_F(StarterX11Test, CloseProgramEndsAProgramThatRunsOn) {
     ASSERT_TRUE(w.tikTot([&] { return !w.vensters().isEmpty(); }));
     w.s().cmdShellWait_Click();
     EXPECT_FALSE(w.s().tmrShellWait.isActive());
-    EXPECT_TRUE(eventually(
-        [&] { return w.platform.linuxProcesses().processesOfStart(wrapper).isEmpty(); }));
+    EXPECT_TRUE(
+        waitUntil([&] { return w.platform.linuxProcesses().processesOfStart(wrapper).isEmpty(); }));
 }
 
 TEST_F(StarterX11Test, AProgramThatDemandsAModeRunsInItAndTheModeIsRestoredAfter) {
@@ -153,7 +156,6 @@ TEST_F(StarterX11Test, AProgramThatDemandsAModeRunsInItAndTheModeIsRestoredAfter
     ASSERT_TRUE(addMode(x(), 1024, 768));
     X11Werkplek w(x());
     LinuxDisplay& display = w.platform.linuxDisplay();
-    const DisplayMode begin = display.current();
     // The desktop runs at 1024 by 768.
     ASSERT_TRUE(display.setMode(1024, 768, 32));
 
@@ -184,8 +186,6 @@ TEST_F(StarterX11Test, AProgramThatDemandsAModeRunsInItAndTheModeIsRestoredAfter
     w.platform.linuxWindows().close(w.vensters().constFirst().handle);
     EXPECT_TRUE(w.tikTot([&] { return !w.s().tmrShellWait.isActive(); }));
     EXPECT_EQ(rootSize(x()), QSize(1024, 768));
-
-    EXPECT_TRUE(display.setMode(begin.width, begin.height, begin.depth));
 }
 
 TEST_F(StarterX11Test, BadStartsAreSaidAndLeaveTheDesktopAsItWas) {

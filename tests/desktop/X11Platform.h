@@ -10,6 +10,17 @@
 
 namespace tk::test {
 
+// The windows of the X server, counting the drags handed to the manager.
+class X11Windows : public LinuxWindows {
+public:
+    using LinuxWindows::LinuxWindows;
+    void startMove(quint64 shellWindow, QPoint globalPos) override {
+        ++verplaatsingen;
+        LinuxWindows::startMove(shellWindow, globalPos);
+    }
+    int verplaatsingen = 0;
+};
+
 // The platform of a workstation whose programs, windows and display are the test's X server;
 // everything else stays the fake one.
 class X11Platform : public Platform {
@@ -27,14 +38,14 @@ public:
     QString programFile() const override { return m_fake.programFile(); }
 
     LinuxProcesses& linuxProcesses() { return m_processes; }
-    LinuxWindows& linuxWindows() { return m_windows; }
+    X11Windows& linuxWindows() { return m_windows; }
     LinuxDisplay& linuxDisplay() { return m_display; }
 
 private:
     FakePlatform& m_fake;
     SystemClock m_clock;
     LinuxProcesses m_processes;
-    LinuxWindows m_windows;
+    X11Windows m_windows;
     LinuxDisplay m_display;
 };
 

@@ -1,6 +1,4 @@
 #include "platform/PathResolver.h"
-#include "platform/fake/FakeClock.h"
-#include "platform/fake/FakePlatform.h"
 #include "platform/linux/LinuxEnvironment.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "tests/support/QtPrinters.h"
@@ -37,31 +35,6 @@ TEST(PathResolverTest, MatchesEachPartWithoutRegardToCase) {
     }
     EXPECT_EQ(PathResolver::resolve(dir.path(), QStringLiteral("/etc/hosts")),
               QStringLiteral("/etc/hosts"));
-}
-
-TEST(FakePlatformTest, PlaysBothFamiliesOfTheSystem) {
-    QTemporaryDir dir;
-    FakePlatform platform(dir.path());
-    EXPECT_EQ(platform.environment().osVersion().platformId, 2);
-    platform.fakeEnvironment().playWindows98();
-    EXPECT_EQ(platform.environment().osVersion().platformId, 1);
-    EXPECT_EQ(platform.environment().osVersion().minor, 10);
-    platform.fakeEnvironment().playNt(5, 0);
-    EXPECT_EQ(platform.environment().osVersion().major, 5);
-    EXPECT_EQ(platform.environment().variable(QStringLiteral("username")),
-              QStringLiteral("leerling"));
-}
-
-TEST(FakeClockTest, MovesOnlyWhenToldOrByItsStep) {
-    FakeClock clock;
-    EXPECT_EQ(clock.msecsSinceStart(), 0);
-    EXPECT_EQ(clock.msecsSinceStart(), 0);
-    clock.advance(5000);
-    EXPECT_EQ(clock.msecsSinceStart(), 5000);
-    clock.setStepPerRead(100);
-    EXPECT_EQ(clock.msecsSinceStart(), 5000);
-    EXPECT_EQ(clock.msecsSinceStart(), 5100);
-    EXPECT_EQ(clock.now().time(), QTime(8, 30, 5, 200));
 }
 
 TEST(LinuxEnvironmentTest, AnswersTheFiveValuesAndNothingElse) {

@@ -1,10 +1,9 @@
 #include "platform/linux/LinuxProcesses.h"
 #include "tests/support/QtPrinters.h"
+#include "tests/support/WaitUntil.h"
 
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QThread>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -13,17 +12,7 @@
 namespace {
 
 using tk::LinuxProcesses;
-
-// Waits (briefly, polling) until the condition holds; the processes are real.
-template <class F> bool binnenkort(F voorwaarde) {
-    QDeadlineTimer deadline(5000);
-    while (!voorwaarde()) {
-        if (deadline.hasExpired())
-            return false;
-        QThread::msleep(10);
-    }
-    return true;
-}
+using tk::test::waitUntil;
 
 TEST(LinuxProcessesTest, NamesWhyAStartFails) {
     LinuxProcesses p;
@@ -62,7 +51,7 @@ TEST(LinuxProcessesTest, RunsInTheGivenFolderWithTheGivenArguments) {
     ::close(eigen);
     ASSERT_TRUE(r.started());
     QFile uit(map.filePath(QStringLiteral("uit")));
-    ASSERT_TRUE(binnenkort([&] { return !p.isRunning(r.pid) && uit.size() > 0; }));
+    ASSERT_TRUE(waitUntil([&] { return !p.isRunning(r.pid) && uit.size() > 0; }));
     ASSERT_TRUE(uit.open(QIODevice::ReadOnly));
     // Nothing to read: the program neither gets our input nor waits for input that never comes.
     EXPECT_EQ(uit.readAll(), QFile::encodeName(map.path()) + "|een woord|");
@@ -76,14 +65,14 @@ TEST(LinuxProcessesTest, FollowsWhatAWrapperLeftBehindAndEndsItWhole) {
         QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral("sleep 60 & exit 0")}, {});
     ASSERT_TRUE(r.started());
     ASSERT_GT(r.pid, 0);
-    ASSERT_TRUE(binnenkort([&] { return !p.isRunning(r.pid); }));
+    ASSERT_TRUE(waitUntil([&] { return !p.isRunning(r.pid); }));
     const QList<qint64> over = p.processesOfStart(r.pid);
     ASSERT_EQ(over.size(), 1);
     EXPECT_NE(over.constFirst(), r.pid);
     EXPECT_TRUE(p.isRunning(over.constFirst()));
 
     EXPECT_TRUE(p.kill(r.pid));
-    EXPECT_TRUE(binnenkort([&] { return p.processesOfStart(r.pid).isEmpty(); }));
+    EXPECT_TRUE(waitUntil([&] { return p.processesOfStart(r.pid).isEmpty(); }));
     EXPECT_FALSE(p.kill(r.pid)); // nothing left to end
     EXPECT_FALSE(p.kill(p.ownPid()));
     EXPECT_FALSE(p.isRunning(0));
@@ -96,13 +85,13 @@ TEST(LinuxProcessesTest, TwoStartsAreFollowedApart) {
     const tk::StartResult b = p.start(QStringLiteral("sleep"), {QStringLiteral("60")}, {});
     ASSERT_TRUE(a.started());
     ASSERT_TRUE(b.started());
-    ASSERT_TRUE(binnenkort([&] { return p.processesOfStart(a.pid).size() == 2; }));
+    ASSERT_TRUE(waitUntil([&] { return p.processesOfStart(a.pid).size() == 2; }));
     EXPECT_EQ(p.processesOfStart(b.pid), QList<qint64>{b.pid});
     EXPECT_TRUE(p.kill(a.pid));
-    EXPECT_TRUE(binnenkort([&] { return p.processesOfStart(a.pid).isEmpty(); }));
+    EXPECT_TRUE(waitUntil([&] { return p.processesOfStart(a.pid).isEmpty(); }));
     EXPECT_TRUE(p.isRunning(b.pid));
     EXPECT_TRUE(p.kill(b.pid));
-    EXPECT_TRUE(binnenkort([&] { return !p.isRunning(b.pid); }));
+    EXPECT_TRUE(waitUntil([&] { return !p.isRunning(b.pid); }));
 }
 
 } // namespace

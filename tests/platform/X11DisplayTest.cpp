@@ -10,7 +10,14 @@ namespace tk::test {
 
 namespace {
 
-class X11DisplayTest : public X11Test {};
+class X11DisplayTest : public X11Test {
+protected:
+    // The screen's own mode again, also after a test that ended early.
+    void TearDown() override {
+        if (sessionUp())
+            LinuxDisplay(x().display()).setMode(1280, 1024, 32);
+    }
+};
 
 TEST_F(X11DisplayTest, ModesOfferedByTheOutputCanBeSetAndRestored) {
     ASSERT_TRUE(addMode(x(), 800, 600));

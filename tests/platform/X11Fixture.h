@@ -1,10 +1,9 @@
 #pragma once
 
 #include "XvfbSession.h"
+#include "tests/support/WaitUntil.h"
 
-#include <QDeadlineTimer>
 #include <QRect>
-#include <QThread>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,18 +12,6 @@
 #include <vector>
 
 namespace tk::test {
-
-// Waits until the condition holds: the X server and the window manager answer in their own
-// time. The deadline only ends a wait that would otherwise hang.
-template <class F> bool eventually(F condition) {
-    QDeadlineTimer deadline(10000);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        QThread::msleep(5);
-    }
-    return true;
-}
 
 // One Xvfb with openbox shared by the tests of a suite; each test removes what it made.
 class X11Test : public ::testing::Test {
@@ -43,6 +30,8 @@ protected:
         ASSERT_TRUE(s_session->ok()) << s_session->why().toStdString();
     }
 
+    // Whether the suite's session stands, for a TearDown that undoes what a test changed.
+    static bool sessionUp() { return s_session && s_session->ok(); }
     XvfbSession& x() { return *s_session; }
     xcb_connection_t* c() { return s_session->connection(); }
 

@@ -39,7 +39,7 @@ protected:
     // Maps the window and waits until the manager lists it.
     void show(LinuxWindows& windows, TestWindow& w) {
         w.map();
-        ASSERT_TRUE(eventually([&] { return find(windows, w.id()).has_value(); }));
+        ASSERT_TRUE(waitUntil([&] { return find(windows, w.id()).has_value(); }));
     }
 };
 
@@ -51,7 +51,7 @@ TEST_F(X11WindowsTest, RealProgramsAreTasksThatCanBeActivatedAndClosed) {
     // window), and set neither _NET_WM_PID nor _NET_WM_NAME.
     QProcess* calc = x().startProgram(QStringLiteral("xcalc"));
     std::optional<WindowInfo> a, b;
-    ASSERT_TRUE(eventually([&] {
+    ASSERT_TRUE(waitUntil([&] {
         a = findByPid(windows, logo->processId());
         b = findByPid(windows, calc->processId());
         return a && b;
@@ -67,13 +67,13 @@ TEST_F(X11WindowsTest, RealProgramsAreTasksThatCanBeActivatedAndClosed) {
     }
 
     ASSERT_TRUE(windows.activate(a->handle));
-    EXPECT_TRUE(eventually([&] { return windows.activeWindow() == a->handle; }));
+    EXPECT_TRUE(waitUntil([&] { return windows.activeWindow() == a->handle; }));
     ASSERT_TRUE(windows.activate(b->handle));
-    EXPECT_TRUE(eventually([&] { return windows.activeWindow() == b->handle; }));
+    EXPECT_TRUE(waitUntil([&] { return windows.activeWindow() == b->handle; }));
 
     windows.close(a->handle);
-    EXPECT_TRUE(eventually([&] { return !find(windows, a->handle); }));
-    EXPECT_TRUE(logo->waitForFinished(10000));
+    EXPECT_TRUE(waitUntil([&] { return !find(windows, a->handle); }));
+    EXPECT_TRUE(waitUntil([&] { return logo->state() == QProcess::NotRunning; }));
     EXPECT_FALSE(windows.activate(a->handle)); // gone: nothing to bring forward
     EXPECT_TRUE(find(windows, b->handle).has_value());
 }
@@ -190,13 +190,13 @@ TEST_F(X11WindowsTest, AMinimisedWindowIsStillATaskAndActivatingRestoresIt) {
                    reinterpret_cast<const char*>(&m));
     xcb_flush(c());
     ASSERT_TRUE(
-        eventually([&] { return hasAtom(w.id(), "_NET_WM_STATE", "_NET_WM_STATE_HIDDEN"); }));
+        waitUntil([&] { return hasAtom(w.id(), "_NET_WM_STATE", "_NET_WM_STATE_HIDDEN"); }));
     const std::optional<WindowInfo> info = find(windows, w.id());
     ASSERT_TRUE(info);
     EXPECT_TRUE(info->visible);
 
     ASSERT_TRUE(windows.activate(w.id()));
-    EXPECT_TRUE(eventually([&] {
+    EXPECT_TRUE(waitUntil([&] {
         return !hasAtom(w.id(), "_NET_WM_STATE", "_NET_WM_STATE_HIDDEN") &&
                windows.activeWindow() == w.id();
     }));
@@ -261,13 +261,13 @@ TEST_F(X11WindowsTest, TheReservedStripIsLeftOutOfTheWorkArea) {
     windows.reserveWorkArea(strip.id(), QRect(0, 0, 1280, 1024 - 40));
     EXPECT_EQ(cardinals(strip.id(), "_NET_WM_STRUT", XCB_ATOM_CARDINAL),
               (std::vector<uint32_t>{0, 0, 0, 40}));
-    EXPECT_TRUE(eventually([&] {
+    EXPECT_TRUE(waitUntil([&] {
         const std::vector<uint32_t> area = rootCardinals("_NET_WORKAREA");
         return area.size() >= 4 && area[0] == 0 && area[1] == 0 && area[2] == 1280 &&
                area[3] == 1024 - 40;
     }));
     windows.reserveWorkArea(strip.id(), QRect(0, 0, 1280, 1024));
-    EXPECT_TRUE(eventually([&] {
+    EXPECT_TRUE(waitUntil([&] {
         const std::vector<uint32_t> area = rootCardinals("_NET_WORKAREA");
         return area.size() >= 4 && area[3] == 1024;
     }));
@@ -279,10 +279,10 @@ TEST_F(X11WindowsTest, OnTopSetsTheAboveStateBeforeAndAfterShowing) {
     show(windows, shown);
     windows.setOnTop(shown.id(), true);
     EXPECT_TRUE(
-        eventually([&] { return hasAtom(shown.id(), "_NET_WM_STATE", "_NET_WM_STATE_ABOVE"); }));
+        waitUntil([&] { return hasAtom(shown.id(), "_NET_WM_STATE", "_NET_WM_STATE_ABOVE"); }));
     windows.setOnTop(shown.id(), false);
     EXPECT_TRUE(
-        eventually([&] { return !hasAtom(shown.id(), "_NET_WM_STATE", "_NET_WM_STATE_ABOVE"); }));
+        waitUntil([&] { return !hasAtom(shown.id(), "_NET_WM_STATE", "_NET_WM_STATE_ABOVE"); }));
 
     // Not yet shown: the wish is written where the manager reads it at mapping, beside the rest.
     TestWindow later(x());

@@ -43,7 +43,9 @@ XvfbSession::XvfbSession(QSize screen, bool withWindowManager) {
         m_why = QStringLiteral("Xvfb does not start");
         return;
     }
-    QDeadlineTimer deadline(15000);
+    // Generous: on a loaded machine the server and the manager take their time, and a session that
+    // does not come up fails its tests.
+    QDeadlineTimer deadline(60000);
     QByteArray number;
     while (!number.endsWith('\n')) {
         if (deadline.hasExpired() || m_xvfb.state() != QProcess::Running) {
@@ -71,7 +73,7 @@ XvfbSession::XvfbSession(QSize screen, bool withWindowManager) {
     m_openbox.start(QStringLiteral("openbox"), {});
     // The manager names itself before it is ready to take windows: one mapped in between is
     // never managed. Ready is when a window of ours shows up in its list.
-    while (!windowManagerRuns() || !managesANewWindow()) {
+    while (!windowManagerRuns() || !windowManagerCaughtUp(500)) {
         if (deadline.hasExpired() || m_openbox.state() == QProcess::NotRunning) {
             m_why = QStringLiteral("openbox does not come up");
             return;
@@ -80,7 +82,7 @@ XvfbSession::XvfbSession(QSize screen, bool withWindowManager) {
     }
 }
 
-bool XvfbSession::managesANewWindow() const {
+bool XvfbSession::windowManagerCaughtUp(int ms) const {
     xcb_connection_t* c = m_connection;
     const xcb_screen_t* s = xcb_setup_roots_iterator(xcb_get_setup(c)).data;
     const xcb_window_t probe = xcb_generate_id(c);
@@ -90,7 +92,7 @@ bool XvfbSession::managesANewWindow() const {
     xcb_flush(c);
     const xcb_atom_t clientList = atom("_NET_CLIENT_LIST");
     bool managed = false;
-    QDeadlineTimer deadline(500);
+    QDeadlineTimer deadline(ms);
     while (!managed && !deadline.hasExpired()) {
         xcb_get_property_reply_t* reply = xcb_get_property_reply(
             c, xcb_get_property(c, 0, s->root, clientList, XCB_ATOM_WINDOW, 0, 1024), nullptr);

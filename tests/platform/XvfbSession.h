@@ -43,10 +43,12 @@ public:
     QProcess* startProgram(const QString& program, const QStringList& arguments = {});
     // Ends the X server at once (the manager follows), as a display that goes away.
     void killServer();
+    // Maps a window of the test's own and waits until the manager lists it: what any client sent
+    // the server before (after Qt's events ran) has then been handled by the manager as well.
+    bool windowManagerCaughtUp(int ms = 30000) const;
 
 private:
     bool windowManagerRuns() const;
-    bool managesANewWindow() const;
 
     QTemporaryDir m_home;
     QProcess m_xvfb;

@@ -4,14 +4,13 @@
 #include "tests/platform/X11TestSessie.h"
 #include "tests/platform/X11VenstersPlatform.h"
 #include "tests/support/ScriptedDialogs.h"
+#include "tests/support/WaitUntil.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QProcess>
 #include <QScreen>
 #include <QTemporaryDir>
-#include <QThread>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -50,16 +49,10 @@ protected:
     // Ticks, with the events running, until the condition holds; the deadline only ends a wait
     // that would otherwise hang.
     template <class F> bool totDat(F voorwaarde) {
-        QDeadlineTimer deadline(15000);
-        for (;;) {
-            QCoreApplication::processEvents();
+        return waitUntil([&] {
             balk().tmrTaken_Timer();
-            if (voorwaarde())
-                return true;
-            if (deadline.hasExpired())
-                return false;
-            QThread::msleep(20);
-        }
+            return voorwaarde();
+        });
     }
     int rijVan(const QString& titel) {
         for (int i = 0; i < balk().AantalKnoppen; ++i)
