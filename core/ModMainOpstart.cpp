@@ -1,6 +1,7 @@
 #include "ModMainOpstart.h"
 
 #include "core/Ansi.h"
+#include "core/CacheSleutel.h"
 #include "core/ClsRC4.h"
 #include "core/Fout.h"
 #include "core/OpstartStappen.h"
@@ -124,7 +125,7 @@ bool ModMainOpstart::ControleerVeiligeModus() {
             QString onderhoud = QStringLiteral("Tafelkrater93");
             if (p.modMain.BestandBestaat(QStringLiteral("\\Data\\data.tijdelijk"))) {
                 ClsRC4 rc4;
-                rc4.Key(QStringLiteral("Tafelkrater_VQXZ"));
+                rc4.Key(QString::fromLatin1(CacheSleutel));
                 const QString plat = p.modMain.Pad(QStringLiteral("\\Data\\Tijdelijk.ini"));
                 Procedure(p, "modMain.ControleerVeiligeModus", [&] {
                     rc4.DecryptFile(p.modMain.Pad(QStringLiteral("\\Data\\data.tijdelijk")), plat);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/CacheSleutel.h"
 #include "core/IniDocument.h"
 
 #include <QString>
@@ -15,7 +16,7 @@ namespace tk {
 // behind it for reads, so that a link lost halfway reads the rest from what was sealed before.
 class SealedCache {
 public:
-    static constexpr const char* Sleutel = "Tafelkrater_VQXZ";
+    static constexpr const char* Sleutel = CacheSleutel;
 
     // Deciphers the sealed file (a native path) into memory. A missing file gives an empty cache.
     // An empty, unreadable or foreign file raises tk::Fout; the cache is then empty and the file
