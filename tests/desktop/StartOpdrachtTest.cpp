@@ -177,18 +177,44 @@ TEST(BureaubladItemTest, ExecValuesAreSplitAndFilledAsTheEntryFormatSays) {
     }
 }
 
-TEST(BureaubladItemTest, AnyTextReadsWithoutHarm) {
-    // Random bytes, and random lines in an entry's group: read, never a crash.
+TEST(BureaubladItemTest, AnyTextReadsToAValueOfOneLineAndQuotedWordsComeBackWhole) {
     quint32 zaad = 12345;
     auto volgende = [&] { return zaad = zaad * 1103515245u + 12345u; };
+    // Random bytes, and random lines in an entry's group: a value never runs past its line, and
+    // without the group there is no command.
     for (int i = 0; i < 2000; ++i) {
         QByteArray tekst = i % 2 ? QByteArray("[Desktop Entry]\nExec=") : QByteArray();
         const int lengte = int(volgende() % 200);
         for (int j = 0; j < lengte; ++j)
             tekst.append(char(" %\"\\=[]\nfFuUcikx\xff\x01"[volgende() % 18]));
         const BureaubladItem item = BureaubladItem::lees(tekst);
-        (void)item.opdracht({"a"}, "/b");
+        SCOPED_TRACE(tekst.toStdString());
+        EXPECT_FALSE(item.exec.contains(u'\n'));
+        if (i % 2 == 0) {
+            EXPECT_TRUE(item.opdracht({"a"}, "/b").isEmpty());
+        }
     }
-    EXPECT_EQ(BureaubladItem::lees("[Desktop Entry]\nExec=a %f\n").opdracht({}, ""),
-              QStringList{"a"});
+    // Random words, each quoted as the format says (%% for %, a backslash before " \ ` $
+    // inside quotes, then the value's own escapes): the command is those words.
+    const char tekens[] = " %\"\\=[]\tfFuUcikx$`\xe9";
+    for (int i = 0; i < 2000; ++i) {
+        QStringList woorden;
+        QString regel;
+        for (int w = 0, n = 1 + int(volgende() % 4); w < n; ++w) {
+            QString woord;
+            for (int j = 0, lengte = int(volgende() % 8); j < lengte; ++j)
+                woord += QChar::fromLatin1(tekens[volgende() % (sizeof tekens - 1)]);
+            woorden << woord;
+            regel += QLatin1String(w ? " \"" : "\"");
+            for (const QChar c : woord)
+                regel += c == u'%'                              ? QStringLiteral("%%")
+                         : QStringLiteral("\"\\`$").contains(c) ? QString(u'\\') + c
+                                                                : QString(c);
+            regel += u'"';
+        }
+        BureaubladItem item;
+        item.exec =
+            regel.replace(u'\\', QStringLiteral("\\\\")).replace(u'\t', QStringLiteral("\\t"));
+        EXPECT_EQ(item.opdracht({"a.png"}, "/x.desktop"), woorden) << item.exec.toStdString();
+    }
 }

@@ -1,5 +1,4 @@
 // The client's start-up against the real server with its demo school.
-#include "archive/UcArchief.h"
 #include "core/UnbuiltStartSteps.h"
 #include "link/FrmMainLink.h"
 #include "link/ModMainVerbinding.h"
@@ -58,34 +57,4 @@ TEST(StartupE2ETest, AManagementWorkstationConnectsIdentifiesAndTakesTheServersL
     w.p.modMainVerbinding->GeefLocatieDoor(QStringLiteral("ONDERHOUD"));
     EXPECT_EQ(w.p.modMain.Locatie, w.p.modTaal.LaadTekst(2915));
     EXPECT_TRUE(f.BevestigdBericht);
-}
-
-TEST(StartupE2ETest, AnIconGoesUpAndComesBackInTheIconPackage) {
-    ServerProces server;
-    ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
-    Werkstation ws(server.poort());
-    Werkplek& w = ws.w;
-    ASSERT_TRUE(ws.verbind());
-    // An icon for general application 1 goes up first, as the maintenance module sends it.
-    ASSERT_TRUE(ws.stuurIcoon(QStringLiteral("a"), QStringLiteral("1"),
-                              QByteArray("icoon-bytes\0met nul", 19)));
-
-    ASSERT_TRUE(w.p.frmMain->OntvangBestand(QStringLiteral("LDNPICPAKgroep|1;<>;algemeen|1"),
-                                            QStringLiteral("\\Tijdelijk\\pakket.pictogrammen"),
-                                            true))
-        << server.uitvoer().toStdString();
-    const QString pakket = w.pad(QStringLiteral("Tijdelijk/pakket.pictogrammen"));
-    ASSERT_TRUE(QFile::exists(pakket));
-    const QString doel = w.pad(QStringLiteral("Uitgepakt"));
-    UcArchief archief;
-    int uitgepakt = -1;
-    EXPECT_NO_THROW(uitgepakt = archief.ExtractFilesFromArchiv(pakket, doel, false));
-    EXPECT_EQ(uitgepakt, 1);
-    QFile icoon(doel + QStringLiteral("/Applicaties/Algemeen/1.pic"));
-    ASSERT_TRUE(icoon.open(QIODevice::ReadOnly)) << QDir(doel).entryList().join(u' ').toStdString();
-    EXPECT_EQ(icoon.readAll(), QByteArray("icoon-bytes\0met nul", 19));
-    // No temporary file of the transfer is left behind.
-    EXPECT_TRUE(QDir(w.pad(QStringLiteral("Tijdelijk/Ontvangst")))
-                    .entryList(QDir::Files | QDir::NoDotAndDotDot)
-                    .isEmpty());
 }

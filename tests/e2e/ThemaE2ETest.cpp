@@ -71,8 +71,10 @@ TEST(ThemaE2ETest, ANewMachineFetchesTheIconsOfEveryKindThatTheServerHas) {
     Werkstation ws(server.poort(), false);
     Werkplek& w = ws.w;
     ASSERT_TRUE(ws.verbind());
-    // An icon for general application 1, as the maintenance module sends one.
-    ASSERT_TRUE(ws.stuurIcoon(QStringLiteral("a"), QStringLiteral("1"), "icoon"));
+    // An icon for application 1 of each kind, as the maintenance module sends one; bytes that a
+    // text path would spoil.
+    const QByteArray algemeen("icoon\0met nul\xff", 14);
+    ASSERT_TRUE(ws.stuurIcoon(QStringLiteral("a"), QStringLiteral("1"), algemeen));
     ASSERT_TRUE(ws.stuurIcoon(QStringLiteral("k"), QStringLiteral("1"), "klas-icoon"));
     ASSERT_TRUE(ws.stuurIcoon(QStringLiteral("l"), QStringLiteral("1"), "leraar-icoon"));
     QDir(w.pad(QStringLiteral("Tijdelijk"))).removeRecursively();
@@ -86,15 +88,15 @@ TEST(ThemaE2ETest, ANewMachineFetchesTheIconsOfEveryKindThatTheServerHas) {
     EXPECT_TRUE(startscherm.log.last().startsWith(QStringLiteral("ontvangst ")));
     struct Verwacht {
         const char* map;
-        const char* inhoud;
+        QByteArray inhoud;
     };
-    for (const Verwacht v : {Verwacht{"Algemeen", "icoon"}, Verwacht{"Groepen", "klas-icoon"},
-                             Verwacht{"Leerkrachten", "leraar-icoon"}}) {
+    for (const Verwacht& v : {Verwacht{"Algemeen", algemeen}, Verwacht{"Groepen", "klas-icoon"},
+                              Verwacht{"Leerkrachten", "leraar-icoon"}}) {
         SCOPED_TRACE(v.map);
         QFile icoon(w.pad(QStringLiteral("Afbeeldingen/Pictogrammen/Applicaties/%1/1.pic")
                               .arg(QLatin1String(v.map))));
         ASSERT_TRUE(icoon.open(QIODevice::ReadOnly));
-        EXPECT_EQ(icoon.readAll(), QByteArray(v.inhoud));
+        EXPECT_EQ(icoon.readAll(), v.inhoud);
     }
     const QString reg = QStringLiteral("\\Data\\Pictogrammen.ini");
     // The group that changed on the server has the server's moment now.
