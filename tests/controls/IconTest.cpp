@@ -114,6 +114,83 @@ TEST(IconLibraryTest, IcoFileWithSeveralSizesGivesOneIconAtEachSize) {
     EXPECT_EQ(QColor(30, 200, 30), colourAt(IconLibrary::render(r.icons.first(), 24), 20, 20));
 }
 
+TEST(IconLibraryTest, APeFileBuiltFromTheFormatGivesItsGroupsImagesInTheGroupsOrder) {
+    // One .rsrc section at file offset 0x200 and address 0x2000: the resource tree (type, name,
+    // language, data entry) holds icons 1 and 2 and a group that lists icon 2 first.
+    QByteArray f(0x200 + 0x120, '\0');
+    auto u16 = [&](int at, quint16 v) { qToLittleEndian(v, f.data() + at); };
+    auto u32 = [&](int at, quint32 v) { qToLittleEndian(v, f.data() + at); };
+    f.replace(0, 2, "MZ");
+    u32(0x3c, 0x80);
+    f.replace(0x80, 4, QByteArray("PE\0\0", 4));
+    u16(0x84, 0x14c);               // i386
+    u16(0x86, 1);                   // sections
+    u16(0x94, 0xe0);                // optional header size
+    u16(0x98, 0x10b);               // PE32
+    u32(0x98 + 92, 16);             // data directories
+    u32(0x98 + 96 + 2 * 8, 0x2000); // resources
+    u32(0x98 + 96 + 2 * 8 + 4, 0x120);
+    const int sectie = 0x98 + 0xe0;
+    f.replace(sectie, 5, ".rsrc");
+    u32(sectie + 8, 0x120);   // virtual size
+    u32(sectie + 12, 0x2000); // address
+    u32(sectie + 16, 0x120);  // raw size
+    u32(sectie + 20, 0x200);  // file offset
+    const int rsrc = 0x200;
+    const quint32 map = 0x80000000u;
+    auto directory = [&](int at, std::initializer_list<std::pair<quint32, quint32>> entries) {
+        u16(rsrc + at + 14, quint16(entries.size()));
+        int i = 0;
+        for (const auto& [id, target] : entries) {
+            u32(rsrc + at + 16 + 8 * i, id);
+            u32(rsrc + at + 20 + 8 * i++, target);
+        }
+    };
+    directory(0x00, {{3, map | 0x20}, {14, map | 0x40}});
+    directory(0x20, {{1, map | 0x58}, {2, map | 0x70}});
+    directory(0x40, {{1, map | 0x88}});
+    directory(0x58, {{0x413, 0xa0}});
+    directory(0x70, {{0x413, 0xb0}});
+    directory(0x88, {{0x413, 0xc0}});
+    const QByteArray een("\x89PNG-een", 9), twee("BM-twee-beeld", 13);
+    auto data = [&](int entry, int at, const QByteArray& bytes) {
+        u32(rsrc + entry, 0x2000 + quint32(at));
+        u32(rsrc + entry + 4, quint32(bytes.size()));
+        f.replace(rsrc + at, bytes.size(), bytes);
+    };
+    data(0xa0, 0xd0, een);
+    data(0xb0, 0xe0, twee);
+    QByteArray groep(6 + 2 * 14, '\0');
+    qToLittleEndian(quint16(1), groep.data() + 2);
+    qToLittleEndian(quint16(2), groep.data() + 4);
+    const struct {
+        quint8 breedte, hoogte;
+        quint16 bits, id;
+    } rijen[] = {{48, 48, 8, 2}, {0, 0, 32, 1}};
+    for (int i = 0; i < 2; ++i) {
+        char* e = groep.data() + 6 + 14 * i;
+        e[0] = char(rijen[i].breedte);
+        e[1] = char(rijen[i].hoogte);
+        qToLittleEndian(quint16(1), e + 4);
+        qToLittleEndian(rijen[i].bits, e + 6);
+        qToLittleEndian(rijen[i].id, e + 12);
+    }
+    data(0xc0, 0xf0, groep);
+
+    const IconLibrary::Result r = IconLibrary::parse(f);
+    ASSERT_TRUE(r.error.isEmpty()) << r.error.toStdString();
+    EXPECT_EQ(r.kind, IconLibrary::Kind::PeLibrary);
+    ASSERT_EQ(r.icons.size(), 1);
+    const QList<IconLibrary::Image>& beelden = r.icons[0].images;
+    ASSERT_EQ(beelden.size(), 2);
+    EXPECT_EQ(beelden[0].size, QSize(48, 48));
+    EXPECT_EQ(beelden[0].bitCount, 8);
+    EXPECT_EQ(beelden[0].data, twee);
+    EXPECT_EQ(beelden[1].size, QSize(256, 256));
+    EXPECT_EQ(beelden[1].bitCount, 32);
+    EXPECT_EQ(beelden[1].data, een);
+}
+
 TEST(IconLibraryTest, PeLibraryKeepsTheOrderOfItsGroups) {
     const QList<QColor> colours = {Qt::red, Qt::green, Qt::blue};
     QList<QList<QImage>> icons;
