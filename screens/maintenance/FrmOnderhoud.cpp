@@ -131,17 +131,21 @@ void FrmOnderhoud::Form_Load() {
     });
 }
 
+void FrmOnderhoud::toonMenu() {
+    Tekenmenu();
+    BewerkModus = false;
+    MenuItemsBoxenNietWeergeven(-1);
+    lblLaden.clear();
+    Zichtbaar = true;
+    hertekenen();
+}
+
 void FrmOnderhoud::Openen() {
     Procedure(p, "frmOnderhoud.Openen", [&] {
         Beperkt = false;
         LaadVormgeving();
         LaadMenu();
-        Tekenmenu();
-        BewerkModus = false;
-        MenuItemsBoxenNietWeergeven(-1);
-        lblLaden.clear();
-        Zichtbaar = true;
-        hertekenen();
+        toonMenu();
     });
 }
 
@@ -153,12 +157,7 @@ void FrmOnderhoud::Aangepast(const QString& klassen, bool applicaties, bool lera
         LeraarLeraren = leraren;
         LaadVormgeving();
         LaadAangepastMenu();
-        Tekenmenu();
-        BewerkModus = false;
-        MenuItemsBoxenNietWeergeven(-1);
-        lblLaden.clear();
-        Zichtbaar = true;
-        hertekenen();
+        toonMenu();
     });
 }
 

@@ -148,6 +148,8 @@ public:
     std::function<int(const QString&, int)> tekstBreedte;
 
 private:
+    // The loaded menu on the screen, nothing being edited.
+    void toonMenu();
     void zetRij(int groep, int rij, const QString& tekst, bool kop, int paneel = -1);
     void leegMenu();
     void hertekenen();

@@ -177,7 +177,8 @@ TEST(ServerSaveTest, SavedRecordsComeBackInTheirColumns) {
                                QString()};
     EXPECT_EQ(expected, classes[8]);
 
-    // A change of an existing class, and a copy that takes the original's favourites.
+    // A change of an existing class, and a copied class that takes over the favourites of the
+    // class it was copied from.
     QString changed = newClass(QStringLiteral("Hernoemd"));
     changed.replace(0, 1, id);
     EXPECT_EQ(QStringLiteral("OPSKLZ") + id, c.ask(QStringLiteral("OPSKLZ") + changed));
