@@ -6,6 +6,7 @@
 #include "core/Procedure.h"
 #include "core/Programma.h"
 #include "platform/Environment.h"
+#include "platform/Processes.h"
 #include "platform/RegFile.h"
 #include "platform/RegistryStore.h"
 #include "platform/SystemActions.h"
@@ -416,16 +417,23 @@ void ModMainSessie::ZetProxy(bool aan) {
             bewaard.contains(QStringLiteral("Tafelkrater internetfilter"), Qt::CaseInsensitive);
         schrijfGetal(cu, Internetinstellingen, "ProxyEnable",
                      aan || Ansi::hoofdletters(oud("Proxy")) == u"JA" ? 1 : 0);
+        // On Linux the proxy lives in the environment: of the programs the desktop starts from
+        // now on (the processes), and of the sessions to come (the system action).
+        QString linux;
         if (aan) {
             schrijf(cu, Internetinstellingen, "ProxyServer", latin(Filterproxy));
-            actie(QStringLiteral("proxy-set"), {latin(LinuxFilterproxy)});
+            linux = latin(LinuxFilterproxy);
         } else if (!bewaard.trimmed().isEmpty() && !eigen) {
             schrijf(cu, Internetinstellingen, "ProxyServer", bewaard);
-            actie(QStringLiteral("proxy-set"), {bewaard.trimmed()});
+            linux = bewaard.trimmed();
         } else {
             verwijder(cu, Internetinstellingen, "ProxyServer");
-            actie(QStringLiteral("proxy-clear"));
         }
+        if (linux.isEmpty())
+            actie(QStringLiteral("proxy-clear"));
+        else
+            actie(QStringLiteral("proxy-set"), {linux});
+        p.platform.processes().setWebProxy(linux);
         p.modMain.SchrijfLogboek(
             QStringLiteral("Proxy: ") + (aan ? QStringLiteral("AAN") : QStringLiteral("UIT")),
             QStringLiteral("Tafelkrater"), QStringLiteral("modMain.ZetProxy"), QString());

@@ -28,6 +28,7 @@ public:
         running.insert(pid);
         return StartResult{42, pid};
     }
+    void setWebProxy(const QString& hostPort) override { webProxy = hostPort; }
     qint64 ownPid() override { return 100; }
     // Programs are looked for on the real PATH, so that a test can name one that is there.
     QString findExecutable(const QString& name) override {
@@ -57,6 +58,7 @@ public:
     }
 
     QStringList started;
+    QString webProxy; // the proxy of the programs started from now on
     bool succeeds = true;
     int failWith = -1; // a ShellExecute code (32 or below) that every start() answers
     qint64 nextPid = 1000;

@@ -107,7 +107,8 @@ struct Spawned {
 // in a session of its own: everything it starts stays in that session after it ends, which is
 // how a start is followed through wrappers that exit at once. Only async-signal-safe calls run
 // between fork and exec; everything they need is prepared before.
-Spawned spawnInSession(const QString& path, const QStringList& arguments, const QString& folder) {
+Spawned spawnInSession(const QString& path, const QStringList& arguments, const QString& folder,
+                       QList<QByteArray> environment) {
     const QByteArray file = QFile::encodeName(path);
     const QByteArray dir = QFile::encodeName(folder);
     std::vector<QByteArray> words{file};
@@ -117,6 +118,10 @@ Spawned spawnInSession(const QString& path, const QStringList& arguments, const 
     for (QByteArray& w : words)
         argv.push_back(w.data());
     argv.push_back(nullptr);
+    std::vector<char*> envp;
+    for (QByteArray& e : environment)
+        envp.push_back(e.data());
+    envp.push_back(nullptr);
 
     // The program reads nothing of ours: its input is empty.
     const int leeg = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
@@ -154,7 +159,7 @@ Spawned spawnInSession(const QString& path, const QStringList& arguments, const 
                 writeAll(channel[1], &error, sizeof error);
                 ::_exit(127);
             }
-            ::execve(file.constData(), argv.data(), environ);
+            ::execve(file.constData(), argv.data(), envp.data());
             const int error = errno;
             writeAll(channel[1], &error, sizeof error);
             ::_exit(127);
@@ -222,7 +227,11 @@ StartResult LinuxProcesses::start(const QString& program, const QStringList& arg
         return StartResult{2, 0};
     if (info.isDir() || !info.isExecutable())
         return StartResult{5, 0};
-    const Spawned s = spawnInSession(info.absoluteFilePath(), arguments, workingFolder);
+    QList<QByteArray> own;
+    for (char** e = environ; e && *e; ++e)
+        own.append(QByteArray(*e));
+    const Spawned s = spawnInSession(info.absoluteFilePath(), arguments, workingFolder,
+                                     programEnvironment(own, m_webProxy));
     if (s.error != 0 || s.pid <= 0) {
         // A session that was opened may hold a half-started program: nothing of it stays.
         if (s.pid > 0)
@@ -231,6 +240,37 @@ StartResult LinuxProcesses::start(const QString& program, const QStringList& arg
     }
     m_sessions.insert(s.pid, s.session);
     return StartResult{42, s.pid};
+}
+
+void LinuxProcesses::setWebProxy(const QString& hostPort) {
+    m_webProxy = hostPort.trimmed();
+}
+
+QList<QByteArray> LinuxProcesses::programEnvironment(const QList<QByteArray>& own,
+                                                     const QString& proxy) {
+    if (proxy.isEmpty())
+        return own;
+    // Programs differ in which spelling they read; a proxy of the user's own goes, so that
+    // nothing reaches the web past ours.
+    static const char* const names[] = {"http_proxy", "https_proxy", "ftp_proxy", "all_proxy",
+                                        "HTTP_PROXY", "HTTPS_PROXY", "FTP_PROXY", "ALL_PROXY",
+                                        "no_proxy",   "NO_PROXY"};
+    QList<QByteArray> uit;
+    for (const QByteArray& e : own) {
+        const QByteArray name = e.left(e.indexOf('='));
+        bool ours = false;
+        for (const char* n : names)
+            ours = ours || name == n;
+        if (!ours)
+            uit.append(e);
+    }
+    const QByteArray url = "http://" + proxy.toLocal8Bit() + '/';
+    for (int i = 0; i < 8; ++i)
+        uit.append(QByteArray(names[i]) + '=' + url);
+    // The machine's own services stay reachable: a dead proxy holds the web, not localhost.
+    uit.append("no_proxy=localhost,127.0.0.1,::1");
+    uit.append("NO_PROXY=localhost,127.0.0.1,::1");
+    return uit;
 }
 
 QString LinuxProcesses::findExecutable(const QString& name) {

@@ -3,6 +3,7 @@
 #include "tests/support/WaitUntil.h"
 
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <memory>
@@ -92,6 +93,47 @@ TEST(LinuxProcessesTest, TwoStartsAreFollowedApart) {
     EXPECT_TRUE(p.isRunning(b.pid));
     EXPECT_TRUE(p.kill(b.pid));
     EXPECT_TRUE(waitUntil([&] { return !p.isRunning(b.pid); }));
+}
+
+TEST(LinuxProcessesTest, TheWebProxyReachesTheEnvironmentOfStartedProgramsOnly) {
+    LinuxProcesses p;
+    QTemporaryDir map;
+    // The user's own proxy and another value of ours, as the session gave them.
+    for (const char* naam : {"https_proxy", "ftp_proxy", "all_proxy", "HTTP_PROXY", "HTTPS_PROXY",
+                             "FTP_PROXY", "ALL_PROXY", "no_proxy", "NO_PROXY"})
+        qunsetenv(naam);
+    qputenv("http_proxy", "http://eigen:1/");
+    qputenv("TK_MERKTEKEN", "blijft");
+    const auto omgeving = [&](const char* naam) {
+        QFile::remove(map.filePath(QStringLiteral("env")));
+        const tk::StartResult r = p.start(
+            QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral("env > env")}, map.path());
+        EXPECT_TRUE(r.started());
+        QFile uit(map.filePath(QStringLiteral("env")));
+        EXPECT_TRUE(waitUntil([&] { return !p.isRunning(r.pid) && uit.size() > 0; }));
+        EXPECT_TRUE(uit.open(QIODevice::ReadOnly));
+        QStringList regels = QString::fromLocal8Bit(uit.readAll()).split(QLatin1Char('\n'));
+        regels = regels.filter(
+            QRegularExpression(QStringLiteral("^(%1)=").arg(QString::fromLatin1(naam))));
+        regels.sort();
+        return regels;
+    };
+    p.setWebProxy(QStringLiteral(" dood.invalid:8080 "));
+    const QString dood = QStringLiteral("http://dood.invalid:8080/");
+    EXPECT_EQ(
+        omgeving("http_proxy|HTTPS_PROXY|ALL_PROXY|ftp_proxy|TK_MERKTEKEN"),
+        (QStringList{QStringLiteral("ALL_PROXY=") + dood, QStringLiteral("HTTPS_PROXY=") + dood,
+                     QStringLiteral("TK_MERKTEKEN=blijft"), QStringLiteral("ftp_proxy=") + dood,
+                     QStringLiteral("http_proxy=") + dood}));
+    EXPECT_EQ(omgeving("no_proxy"),
+              QStringList{QStringLiteral("no_proxy=localhost,127.0.0.1,::1")});
+    EXPECT_EQ(qgetenv("http_proxy"), QByteArray("http://eigen:1/")) << "our own stays";
+
+    p.setWebProxy({});
+    EXPECT_EQ(omgeving("http_proxy|https_proxy|no_proxy"),
+              QStringList{QStringLiteral("http_proxy=http://eigen:1/")});
+    qunsetenv("http_proxy");
+    qunsetenv("TK_MERKTEKEN");
 }
 
 } // namespace

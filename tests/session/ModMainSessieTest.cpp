@@ -370,22 +370,26 @@ TEST(ModMainSessieTest, ProxyFollowsTheSavedStateAndNeverTakesOverTheFilter) {
         long enable;
         const char* resultaat; // nullptr: deleted
         const char* actie;
+        const char* gestart; // the proxy of the programs the desktop starts from now on
     };
     const Rij rijen[] = {
         {"on", true, "Nee", "", 1, "Tafelkrater internetfilter:8080",
-         "proxy-set tafelkrater-internetfilter.invalid:8080"},
-        {"off, saved server", false, "ja", "p:3128", 1, "p:3128", "proxy-set p:3128"},
-        {"off, nothing saved", false, "Nee", " ", 0, nullptr, "proxy-clear"},
+         "proxy-set tafelkrater-internetfilter.invalid:8080",
+         "tafelkrater-internetfilter.invalid:8080"},
+        {"off, saved server", false, "ja", "p:3128", 1, "p:3128", "proxy-set p:3128", "p:3128"},
+        {"off, nothing saved", false, "Nee", " ", 0, nullptr, "proxy-clear", ""},
         {"off, our own filter saved", false, "Ja", "Tafelkrater internetfilter:8080", 1, nullptr,
-         "proxy-clear"},
+         "proxy-clear", ""},
     };
     for (const Rij& rij : rijen) {
         SCOPED_TRACE(rij.naam);
         Werkstation w(Familie::Nt, Modus::Netwerk);
         w.zetIni("Oude opstartinstellingen", "Proxy", rij.proxy);
         w.zetIni("Oude opstartinstellingen", "ProxyServer", rij.server);
+        w.platform.fakeProcesses().webProxy = QStringLiteral("vooraf");
         w.sessie.ZetProxy(rij.aan);
         EXPECT_TRUE(w.systeem.actions.isEmpty()) << "not in use: nothing changes";
+        EXPECT_EQ(w.platform.fakeProcesses().webProxy, QStringLiteral("vooraf"));
         w.sessie.proxyInGebruik = true;
         w.sessie.ZetProxy(rij.aan);
         const QString pad = QString::fromLatin1(INET);
@@ -397,6 +401,7 @@ TEST(ModMainSessieTest, ProxyFollowsTheSavedStateAndNeverTakesOverTheFilter) {
             EXPECT_EQ(QString::fromLatin1(rij.resultaat), server->text);
         }
         EXPECT_EQ(QStringList{QString::fromLatin1(rij.actie)}, w.systeem.actions);
+        EXPECT_EQ(QString::fromLatin1(rij.gestart), w.platform.fakeProcesses().webProxy);
     }
 }
 
