@@ -12,6 +12,7 @@
 #include "screens/start/FrmAanmelden.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "screens/taskbar/FrmTaakbalk2View.h"
+#include "session/ModMainSessie.h"
 
 #include <QCoreApplication>
 
@@ -73,12 +74,20 @@ bool ClientScreenRouter::openInternet() {
         if (p.modData) {
             o.filter = PageFilter(p.modData->VerbodenWoorden, p.modData->ToegestaneSites);
             const QString eigenaar = p.frmBureaublad->favorietenEigenaar();
+            const QString standaard = p.modData->Overige.value(0);
+            o.thuispagina = standaard.trimmed();
             if (!eigenaar.isEmpty()) {
                 const BrowserFavorieten f =
-                    BrowserFavorieten::uit(p.modData->LaadFavorieten(eigenaar));
+                    BrowserFavorieten::uit(p.modData->LaadFavorieten(eigenaar), standaard);
                 o.instellingen = f.instellingen;
                 o.thuispagina = f.thuispagina;
                 o.favorieten = f.lijst;
+                // LaadFavorieten remembers the proxy switch; tmrProxy of the pane sets it.
+                if (f.proxy) {
+                    m_startscherm.sessie().proxyInGebruik = true;
+                    o.proxy = true;
+                    o.zetProxy = [this] { m_startscherm.sessie().ZetProxy(true); };
+                }
             }
         }
         o.programmaMap = p.platform.programFolder();

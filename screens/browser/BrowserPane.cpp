@@ -5,16 +5,19 @@
 #include <QBoxLayout>
 #include <QDateTime>
 #include <QDir>
+#include <QEvent>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProgressBar>
+#include <QSaveFile>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QStandardPaths>
 #include <QTabBar>
+#include <QTimer>
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QWebEngineDownloadRequest>
@@ -30,17 +33,33 @@ namespace {
 
 const QString blanco = QStringLiteral("about:blank");
 
-// The toolbar: index, name and the standard icon's text.
-struct KnopTekst {
+// Our own strings beside the table's: the new-tab button, the tab strip, the status line and a
+// tab's page.
+constexpr int TekstNieuwTabblad = 9580;
+constexpr int TekstTabbladen = 9581;
+constexpr int TekstStatus = 9582;
+constexpr int TekstPagina = 9583;
+constexpr int TekstFavorieten = 729;
+constexpr int TekstAdres = 743;
+constexpr int TekstGaNaar = 744;
+
+// The toolbar by index, each with its sign; the names come from the string table.
+struct KnopTeken {
     int index;
-    const char16_t* naam;
     const char16_t* teken;
 };
-constexpr KnopTekst knoppen[] = {
-    {0, u"Terug", u"\u2190"},      {1, u"Vooruit", u"\u2192"},     {2, u"Stoppen", u"\u2715"},
-    {3, u"Vernieuwen", u"\u21bb"}, {4, u"Startpagina", u"\u2302"}, {6, u"Favorieten", u"\u2605"},
-    {8, u"Afdrukken", u"\u25a4"},
+constexpr KnopTeken knoppen[] = {
+    {0, u"\u2190"}, {1, u"\u2192"}, {2, u"\u2715"}, {3, u"\u21bb"},
+    {4, u"\u2302"}, {6, u"\u2605"}, {8, u"\u25a4"},
 };
+
+// A label's text as a name: without the colon and the blanks around it.
+QString alsNaam(QString tekst) {
+    tekst = tekst.trimmed();
+    if (tekst.endsWith(QLatin1Char(':')))
+        tekst.chop(1);
+    return tekst.trimmed();
+}
 
 bool verbindingsFout(const QWebEngineLoadingInfo& info) {
     switch (info.errorDomain()) {
@@ -60,78 +79,89 @@ BrowserPane::BrowserPane(BrowserOmgeving omgeving, QWidget* parent)
     : QWidget(parent), m_omgeving(std::move(omgeving)),
       // A profile without a storage name keeps everything in memory.
       m_profiel(new QWebEngineProfile(this)), m_strip(new QTabBar(this)),
-      m_adres(new QLineEdit(this)), m_stapel(new QStackedWidget(this)),
-      m_favorieten(new QTreeWidget(this)), m_voortgang(new QProgressBar(this)),
+      m_adres(new QLineEdit(this)), m_pagina(new QWidget(this)),
+      m_stapel(new QStackedWidget(m_pagina)), m_favorieten(new QTreeWidget(m_pagina)),
+      m_tmrProxy(new QTimer(this)), m_voortgang(new QProgressBar(this)),
       m_status(new QLabel(this)) {
-    setAccessibleName(QStringLiteral("Internet"));
+    setAccessibleName(tekst(745));
     connect(m_profiel, &QWebEngineProfile::downloadRequested, this,
             [](QWebEngineDownloadRequest* download) { download->cancel(); });
 
+    // tlbInternet2, by index; the gaps of the index are separators.
     auto* balk = new QHBoxLayout;
-    for (const KnopTekst& k : knoppen) {
+    for (const KnopTeken& k : knoppen) {
+        if (k.index == 6 || k.index == 8)
+            balk->addSpacing(8);
         auto* knop = new QToolButton(this);
-        const QString naam = QString::fromUtf16(k.naam);
+        const QString naam = tekst(BrowserTabs::knopTekst(*BrowserTabs::knop(k.index)));
         knop->setText(QString::fromUtf16(k.teken));
         knop->setToolTip(naam);
         knop->setAccessibleName(naam);
-        knop->setObjectName(naam);
-        knop->setCheckable(k.index == 6);
+        knop->setObjectName(u"tlbInternet2_%1"_s.arg(k.index));
+        knop->setCheckable(k.index == int(BrowserTabs::Knop::Favorieten));
         const int index = k.index;
         connect(knop, &QToolButton::clicked, this, [this, index] { this->knop(index); });
         balk->addWidget(knop);
     }
-    m_adres->setAccessibleName(QStringLiteral("Adres"));
+    auto* adresLabel = new QLabel(tekst(TekstAdres).trimmed(), this);
+    adresLabel->setBuddy(m_adres);
+    balk->addWidget(adresLabel);
+    m_adres->setAccessibleName(alsNaam(tekst(TekstAdres)));
     m_adres->setObjectName(QStringLiteral("txtInternet"));
+    // Favourites only: the address box is locked; the favourites lead the way.
+    m_adres->setReadOnly(m_omgeving.instellingen.Internetmodus == 1);
     connect(m_adres, &QLineEdit::returnPressed, this, [this] { ga(m_adres->text()); });
     balk->addWidget(m_adres, 1);
     auto* gaKnop = new QToolButton(this);
     gaKnop->setText(QStringLiteral("\u23ce"));
-    gaKnop->setAccessibleName(QStringLiteral("Ga naar"));
+    gaKnop->setObjectName(QStringLiteral("knopInternet"));
+    gaKnop->setAccessibleName(alsNaam(tekst(TekstGaNaar)));
+    gaKnop->setToolTip(alsNaam(tekst(TekstGaNaar)));
     connect(gaKnop, &QToolButton::clicked, this, [this] { ga(m_adres->text()); });
     balk->addWidget(gaKnop);
     auto* tabKnop = new QToolButton(this);
     tabKnop->setText(QStringLiteral("+"));
-    tabKnop->setAccessibleName(QStringLiteral("Nieuw tabblad"));
+    tabKnop->setObjectName(QStringLiteral("knopInternetTab"));
+    tabKnop->setAccessibleName(tekst(TekstNieuwTabblad));
+    tabKnop->setToolTip(tekst(TekstNieuwTabblad));
     connect(tabKnop, &QToolButton::clicked, this, [this] { NieuwTabblad(); });
     balk->addWidget(tabKnop);
 
     m_strip->setTabsClosable(true);
     m_strip->setExpanding(false);
-    m_strip->setAccessibleName(QStringLiteral("Tabbladen"));
+    m_strip->setObjectName(QStringLiteral("InternetTab"));
+    m_strip->setAccessibleName(tekst(TekstTabbladen));
     connect(m_strip, &QTabBar::tabBarClicked, this,
             [this](int index) { WijzigTab(m_strip->tabData(index).toInt()); });
     connect(m_strip, &QTabBar::tabCloseRequested, this,
             [this](int index) { SluitTab(m_strip->tabData(index).toInt()); });
 
     m_favorieten->setHeaderHidden(true);
-    m_favorieten->setAccessibleName(QStringLiteral("Favorieten"));
-    m_favorieten->setFixedWidth(214);
-    for (const QStringList& f : m_omgeving.favorieten) {
-        auto* item = new QTreeWidgetItem(m_favorieten);
-        item->setText(0, f.value(1).isEmpty() ? f.value(0) : f.value(1));
-        item->setData(0, Qt::UserRole, f.value(0));
-    }
+    m_favorieten->setObjectName(QStringLiteral("tvFavorieten"));
+    m_favorieten->setAccessibleName(tekst(TekstFavorieten));
+    TekenFavorieten();
+    // Enter and a double click activate, a single click chooses, as in the tree the pupils know.
     connect(m_favorieten, &QTreeWidget::itemActivated, this,
-            [this](QTreeWidgetItem* item) { ga(item->data(0, Qt::UserRole).toString()); });
+            [this](QTreeWidgetItem* node) { tvFavorieten_NodeClick(node); });
     connect(m_favorieten, &QTreeWidget::itemClicked, this,
-            [this](QTreeWidgetItem* item) { ga(item->data(0, Qt::UserRole).toString()); });
+            [this](QTreeWidgetItem* node) { tvFavorieten_NodeClick(node); });
     m_favorieten->hide();
+    m_pagina->installEventFilter(this);
 
     m_voortgang->setMaximumWidth(160);
     m_voortgang->setTextVisible(false);
+    m_voortgang->setObjectName(QStringLiteral("PBInternet"));
     m_voortgang->hide();
-    m_status->setAccessibleName(QStringLiteral("Status"));
+    m_status->setObjectName(QStringLiteral("SBInternet"));
+    m_status->setAccessibleName(tekst(TekstStatus));
     auto* onder = new QHBoxLayout;
     onder->addWidget(m_status, 1);
     onder->addWidget(m_voortgang);
-    auto* midden = new QHBoxLayout;
-    midden->addWidget(m_favorieten);
-    midden->addWidget(m_stapel, 1);
     auto* alles = new QVBoxLayout(this);
     alles->setContentsMargins(2, 2, 2, 2);
     alles->addLayout(balk);
     alles->addWidget(m_strip);
-    alles->addLayout(midden, 1);
+    alles->addWidget(m_pagina, 1);
     alles->addLayout(onder);
 
     const auto sneltoets = [this](QKeySequence toets, auto actie) {
@@ -147,7 +177,65 @@ BrowserPane::BrowserPane(BrowserOmgeving omgeving, QWidget* parent)
     sneltoets(QKeySequence(Qt::ALT | Qt::Key_Left), [this] { knop(0); });
     sneltoets(QKeySequence(Qt::ALT | Qt::Key_Right), [this] { knop(1); });
 
+    // The proxy comes on after the pane's own session has begun, so that the pane's first
+    // pages are not the ones it holds back.
+    m_tmrProxy->setInterval(1000);
+    m_tmrProxy->setSingleShot(false);
+    connect(m_tmrProxy, &QTimer::timeout, this, [this] { tmrProxy_Timer(); });
+    if (m_omgeving.proxy && m_omgeving.zetProxy)
+        m_tmrProxy->start();
+
     NieuwTabblad();
+}
+
+QString BrowserPane::tekst(int id) const {
+    return m_omgeving.tekst ? m_omgeving.tekst(id) : QString();
+}
+
+void BrowserPane::TekenFavorieten() {
+    m_favorieten->clear();
+    auto* root = new QTreeWidgetItem(m_favorieten);
+    root->setText(0, tekst(TekstFavorieten));
+    root->setData(0, Qt::UserRole, QStringLiteral("root"));
+    for (int rij = 0; rij < m_omgeving.favorieten.size(); ++rij) {
+        const QStringList& f = m_omgeving.favorieten[rij];
+        auto* node = new QTreeWidgetItem(root);
+        node->setText(0, f.value(1).trimmed().isEmpty() ? f.value(0) : f.value(1));
+        node->setToolTip(0, f.value(0));
+        node->setData(0, Qt::UserRole, u"index=%1"_s.arg(rij));
+    }
+    root->setExpanded(true);
+    m_favorieten->setCurrentItem(root->childCount() ? root->child(0) : root);
+}
+
+void BrowserPane::tvFavorieten_NodeClick(QTreeWidgetItem* node) {
+    if (!node)
+        return;
+    const QString sleutel = node->data(0, Qt::UserRole).toString();
+    if (!sleutel.startsWith(u"index="))
+        return;
+    bool getal = false;
+    const int rij = sleutel.mid(6).toInt(&getal);
+    if (getal && rij >= 0 && rij < m_omgeving.favorieten.size())
+        ga(m_omgeving.favorieten[rij].value(0));
+}
+
+void BrowserPane::tmrProxy_Timer() {
+    m_tmrProxy->stop();
+    if (m_omgeving.zetProxy)
+        m_omgeving.zetProxy();
+}
+
+bool BrowserPane::eventFilter(QObject* object, QEvent* event) {
+    if (object == m_pagina && event->type() == QEvent::Resize)
+        plaats();
+    return QWidget::eventFilter(object, event);
+}
+
+void BrowserPane::plaats() {
+    const bool paneel = !m_favorieten->isHidden();
+    m_favorieten->setGeometry(BrowserTabs::favorietenPaneel(m_pagina->height()));
+    m_stapel->setGeometry(BrowserTabs::weergave(paneel, m_pagina->width(), m_pagina->height()));
 }
 
 BrowserPane::~BrowserPane() {
@@ -170,7 +258,7 @@ QWebEngineView* BrowserPane::maakView(int slot) {
         auto* page = new FilterPage(m_profiel, *this, slot);
         page->setParent(v);
         v->setPage(page);
-        v->setAccessibleName(u"Pagina %1"_s.arg(slot + 1));
+        v->setAccessibleName(tekst(TekstPagina).replace(u"%nummer%"_s, QString::number(slot + 1)));
         connect(page, &QWebEnginePage::loadProgress, this, [this, slot](int procent) {
             if (m_tabs.zetVoortgang(slot, procent >= 100 ? 0 : procent))
                 toonActief();
@@ -188,13 +276,11 @@ QWebEngineView* BrowserPane::maakView(int slot) {
 }
 
 int BrowserPane::NieuwTabblad(const QString& adres) {
-    const QString titel =
-        m_omgeving.tekst ? m_omgeving.tekst(BrowserTabs::TekstGeenTitel) : QString();
+    const QString titel = tekst(BrowserTabs::TekstGeenTitel);
     const int slot = m_tabs.NieuwTabblad(titel);
     if (slot < 0) {
         if (m_omgeving.meld)
-            m_omgeving.meld(m_omgeving.tekst ? m_omgeving.tekst(BrowserTabs::TekstTeVeelTabs)
-                                             : QString());
+            m_omgeving.meld(tekst(BrowserTabs::TekstTeVeelTabs));
         return -1;
     }
     maakView(slot);
@@ -210,14 +296,12 @@ int BrowserPane::NieuwTabblad(const QString& adres) {
 }
 
 FilterPage* BrowserPane::nieuwVenster(int vrager) {
-    const int slot = m_tabs.NieuwTabblad(
-        m_omgeving.tekst ? m_omgeving.tekst(BrowserTabs::TekstGeenTitel) : QString());
+    const int slot = m_tabs.NieuwTabblad(tekst(BrowserTabs::TekstGeenTitel));
     if (slot < 0) {
         if (m_views[vrager])
             m_views[vrager]->stop();
         if (m_omgeving.meld)
-            m_omgeving.meld(m_omgeving.tekst ? m_omgeving.tekst(BrowserTabs::TekstTeVeelTabs)
-                                             : QString());
+            m_omgeving.meld(tekst(BrowserTabs::TekstTeVeelTabs));
         return nullptr;
     }
     QWebEngineView* v = maakView(slot);
@@ -277,9 +361,16 @@ void BrowserPane::knop(int index) {
     case BrowserTabs::Knop::Thuis:
         ga(m_omgeving.thuispagina.isEmpty() ? blanco : m_omgeving.thuispagina);
         break;
-    case BrowserTabs::Knop::Favorieten:
-        m_favorieten->setVisible(!m_favorieten->isVisible());
+    case BrowserTabs::Knop::Favorieten: {
+        const bool open = m_favorieten->isHidden();
+        m_favorieten->setVisible(open);
+        if (auto* k = findChild<QToolButton*>(QStringLiteral("tlbInternet2_6")))
+            k->setChecked(open);
+        plaats();
+        if (open)
+            m_favorieten->setFocus(Qt::OtherFocusReason);
         break;
+    }
     case BrowserTabs::Knop::Afdrukken:
         afdrukken();
         break;
@@ -404,12 +495,23 @@ void BrowserPane::afdrukken() {
     QWebEngineView* v = m_views[m_tabs.TabIndex()];
     if (QPrinterInfo::availablePrinters().isEmpty()) {
         // No printer: the page goes to a PDF file in the documents folder.
-        QString map = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+        QString map = m_omgeving.afdrukMap;
+        if (map.isEmpty())
+            map = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
         if (map.isEmpty())
             map = QDir::homePath();
         QDir().mkpath(map);
-        v->page()->printToPdf(QDir(map).filePath(
-            u"Internet %1.pdf"_s.arg(QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"))));
+        const QString pad = QDir(map).filePath(
+            u"Internet %1.pdf"_s.arg(QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss")));
+        // The engine's own file variant of printToPdf crashes the process offscreen (Qt 6.4);
+        // the bytes come back to us and are written whole, or not at all.
+        v->page()->printToPdf([pad](const QByteArray& pdf) {
+            if (pdf.isEmpty())
+                return;
+            QSaveFile bestand(pad);
+            if (bestand.open(QIODevice::WriteOnly) && bestand.write(pdf) == pdf.size())
+                bestand.commit();
+        });
         return;
     }
     auto* printer = new QPrinter(QPrinterInfo::defaultPrinter());

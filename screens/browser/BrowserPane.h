@@ -12,8 +12,10 @@ class QLineEdit;
 class QProgressBar;
 class QStackedWidget;
 class QTabBar;
+class QTimer;
 class QToolButton;
 class QTreeWidget;
+class QTreeWidgetItem;
 class QUrl;
 class QWebEngineLoadingInfo;
 class QWebEngineProfile;
@@ -27,7 +29,8 @@ class FilterPage;
 // when the slot is first used), the toolbar, the address box, the favourites panel and the status
 // line. Every navigation passes the filter's address check, every loaded page its page check. The
 // pane has one off-the-record profile: when the pane goes at log off, its cookies, cache and
-// history go with it, and the next pupil starts clean. Downloads are refused.
+// history go with it, and the next pupil starts clean. Downloads are refused. Every control is
+// named in the current language from the string table, and the keyboard reaches each.
 class BrowserPane : public QWidget {
 public:
     explicit BrowserPane(BrowserOmgeving omgeving, QWidget* parent = nullptr);
@@ -51,6 +54,13 @@ public:
     // The address of the filter's local page `naam` ("niet goedgekeurd.html"...).
     QUrl lokalePagina(QStringView naam) const;
 
+    // The favourites tree's node was chosen: the root does nothing, "index=<row>" loads that
+    // favourite in the active tab.
+    void tvFavorieten_NodeClick(QTreeWidgetItem* node);
+    // tmrProxy's tick: switches the filter's proxy on and stops the timer.
+    void tmrProxy_Timer();
+    const QTimer& tmrProxy() const { return *m_tmrProxy; }
+
     // From the tabs' pages.
     bool adresToets(int slot, const QUrl& url, bool mainFrame);
     FilterPage* nieuwVenster(int vrager);
@@ -63,6 +73,10 @@ private:
     void controleer(int slot);
     void afdrukken();
     void stripTitel(int slot);
+    void TekenFavorieten();
+    void plaats();
+    QString tekst(int id) const;
+    bool eventFilter(QObject* object, QEvent* event) override;
 
     BrowserOmgeving m_omgeving;
     BrowserTabs m_tabs;
@@ -72,8 +86,10 @@ private:
     std::array<QString, BrowserTabs::MaxTabs> m_filterStatus{};
     QTabBar* m_strip;
     QLineEdit* m_adres;
+    QWidget* m_pagina; // holds the favourites panel and the views, placed by BrowserTabs
     QStackedWidget* m_stapel;
     QTreeWidget* m_favorieten;
+    QTimer* m_tmrProxy;
     QProgressBar* m_voortgang;
     QLabel* m_status;
 };

@@ -23,6 +23,35 @@ std::optional<BrowserTabs::Knop> BrowserTabs::knop(int index) {
     }
 }
 
+int BrowserTabs::knopTekst(Knop k) {
+    switch (k) {
+    case Knop::Terug:
+        return 737;
+    case Knop::Vooruit:
+        return 738;
+    case Knop::Stop:
+        return 739;
+    case Knop::Vernieuwen:
+        return 740;
+    case Knop::Thuis:
+        return 741;
+    case Knop::Favorieten:
+        return 742;
+    case Knop::Afdrukken:
+        return 601;
+    }
+    return 0;
+}
+
+QRect BrowserTabs::weergave(bool paneel, int breedte, int hoogte) {
+    const int links = paneel ? LinksMetPaneel : Rand;
+    return QRect(links, Rand, qMax(0, breedte - links - Rand), qMax(0, hoogte - 2 * Rand));
+}
+
+QRect BrowserTabs::favorietenPaneel(int hoogte) {
+    return QRect(Rand, Rand, LinksMetPaneel - 2 * Rand, qMax(0, hoogte - 2 * Rand));
+}
+
 int BrowserTabs::NieuwTabblad(const QString& titel) {
     for (int slot = 0; slot < MaxTabs; ++slot) {
         Tabblad& t = m_tabs[slot];

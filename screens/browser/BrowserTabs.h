@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QRect>
 #include <QString>
 
 #include <array>
@@ -42,6 +43,16 @@ public:
         Afdrukken = 8
     };
     static std::optional<Knop> knop(int index);
+    // The string that names a button, on its face for a screen reader and in its tooltip.
+    static int knopTekst(Knop k);
+
+    // Where a tab's view stands in the pane's page area of `breedte` by `hoogte`: two pixels in
+    // from every edge, and with the favourites panel open from 216 on (the panel fills 2 to
+    // 214). The view takes the rest of the width, 1000 at the area's design width of 1004.
+    static constexpr int LinksMetPaneel = 216;
+    static constexpr int Rand = 2;
+    static QRect weergave(bool paneel, int breedte, int hoogte);
+    static QRect favorietenPaneel(int hoogte);
 
     // NieuwTabblad: the first free slot, put at the end of the strip with `titel`, made active;
     // -1 when all 40 are in use.

@@ -1,14 +1,21 @@
 #include "screens/browser/BrowserPane.h"
 #include "PaginaServer.h"
 
+#include <QDir>
+#include <QLineEdit>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
+#include <QTreeWidget>
+#include <QWebEngineDownloadRequest>
 #include <QWebEngineHistory>
 #include <QWebEngineProfile>
 #include <QWebEngineView>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 
 #include <unistd.h>
@@ -37,15 +44,22 @@ protected:
         server.pagina("/zet", "<html><head><title>Zet</title></head><body>ja</body></html>",
                       "leerling=een");
         server.pagina("/lees", "<html><head><title>Lees</title></head><body>ja</body></html>");
+        server.pagina("/bestand", "inhoud van een bestand", {},
+                      "Content-Type: application/octet-stream\r\n"
+                      "Content-Disposition: attachment; filename=\"bestand.bin\"\r\n");
     }
 
-    std::unique_ptr<BrowserPane> maakPane() {
+    std::unique_ptr<BrowserPane>
+    maakPane(const std::function<void(BrowserOmgeving&)>& aanpassen = {}) {
         BrowserOmgeving o;
         o.filter = PageFilter(QStringLiteral("krokodil|olifant"), QString());
         o.instellingen.Filteren = true;
         o.programmaMap = QStringLiteral(TK_PROGRAMMA_MAP);
         o.tekst = [](int id) { return QStringLiteral("T%1").arg(id); };
         o.meld = [this](const QString& m) { meldingen.append(m); };
+        o.afdrukMap = map.path();
+        if (aanpassen)
+            aanpassen(o);
         auto pane = std::make_unique<BrowserPane>(std::move(o));
         pane->resize(1024, 700);
         pane->show();
@@ -63,6 +77,7 @@ protected:
 
     PaginaServer server;
     QStringList meldingen;
+    QTemporaryDir map;
 };
 
 TEST_F(BrowserPaneTest, AForbiddenWordInTitleOrBodyShowsTheBlockedPageInItsOwnTabOnly) {
@@ -119,6 +134,17 @@ TEST_F(BrowserPaneTest, AScriptWindowBecomesATabClosesItselfAndTheFortyFirstIsRe
     EXPECT_EQ(pane->view(1)->url().toString(), server.adres("/schoon"));
     EXPECT_EQ(pane->tabs().TabIndex(), 1);
 
+    // The page a script opened may ask to be moved and resized; the pane stays as it is.
+    const QRect paneVooraf = pane->geometry();
+    const QRect viewVooraf = pane->view(1)->geometry();
+    QSignalSpy verzoek(pane->view(1)->page(), &QWebEnginePage::geometryChangeRequested);
+    pane->view(1)->page()->runJavaScript(
+        QStringLiteral("window.resizeTo(300, 200); window.moveTo(40, 50)"));
+    ASSERT_TRUE(verzoek.wait(20000));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pane->geometry(), paneVooraf);
+    EXPECT_EQ(pane->view(1)->geometry(), viewVooraf);
+
     // window.close() of the page the script opened closes its tab.
     pane->view(1)->page()->runJavaScript(QStringLiteral("window.close()"));
     ASSERT_TRUE(QTest::qWaitFor([&] { return pane->tabs().aantal() == 1; }, 20000));
@@ -159,7 +185,7 @@ TEST_F(BrowserPaneTest, ASecondPupilAfterLogOffFindsNoCookieOfTheFirst) {
 namespace tk {
 namespace {
 
-TEST_F(BrowserPaneTest, KeysOpenAndCloseTabsAndButtonsHaveNames) {
+TEST_F(BrowserPaneTest, KeysWorkTheTabsAndHistoryAndEveryControlIsNamedFromTheStringTable) {
     auto pane = maakPane();
     pane->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(pane.get()));
@@ -172,12 +198,114 @@ TEST_F(BrowserPaneTest, KeysOpenAndCloseTabsAndButtonsHaveNames) {
     pane->view(0)->setFocus();
     QTest::keyClick(pane.get(), Qt::Key_L, Qt::ControlModifier);
     EXPECT_TRUE(adres->hasFocus());
-    QStringList namen;
-    for (const QToolButton* k : pane->findChildren<QToolButton*>())
-        namen << k->accessibleName();
-    for (const char* naam : {"Terug", "Vooruit", "Stoppen", "Vernieuwen", "Startpagina",
-                             "Favorieten", "Afdrukken", "Nieuw tabblad"})
-        EXPECT_TRUE(namen.contains(QString::fromLatin1(naam))) << naam;
+
+    // Back and forward from inside the page, where the keys reach the engine first.
+    for (const char* pad : {"/schoon", "/lees"}) {
+        pane->ga(server.adres(pad));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return gecontroleerd(*pane, 0); }, 20000)) << pad;
+        ASSERT_TRUE(QTest::qWaitFor([&] { return eindigtOp(*pane, 0, QString::fromLatin1(pad)); }));
+    }
+    QWidget* pagina = pane->view(0)->focusProxy() ? pane->view(0)->focusProxy() : pane->view(0);
+    pagina->setFocus();
+    QTest::keyClick(pagina, Qt::Key_Left, Qt::AltModifier);
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return eindigtOp(*pane, 0, QStringLiteral("/schoon")); }, 20000));
+    QTest::keyClick(pagina, Qt::Key_Right, Qt::AltModifier);
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return eindigtOp(*pane, 0, QStringLiteral("/lees")); }, 20000));
+
+    struct Naam {
+        const char* object;
+        const char* naam;
+    };
+    const Naam namen[] = {
+        {"tlbInternet2_0", "T737"}, {"tlbInternet2_1", "T738"}, {"tlbInternet2_2", "T739"},
+        {"tlbInternet2_3", "T740"}, {"tlbInternet2_4", "T741"}, {"tlbInternet2_6", "T742"},
+        {"tlbInternet2_8", "T601"}, {"knopInternet", "T744"},   {"knopInternetTab", "T9580"},
+        {"txtInternet", "T743"},    {"tvFavorieten", "T729"},   {"InternetTab", "T9581"},
+    };
+    for (const Naam& n : namen) {
+        const QWidget* w = pane->findChild<QWidget*>(QString::fromLatin1(n.object));
+        ASSERT_NE(w, nullptr) << n.object;
+        EXPECT_EQ(w->accessibleName(), QString::fromLatin1(n.naam)) << n.object;
+        if (qobject_cast<const QToolButton*>(w)) {
+            EXPECT_EQ(w->toolTip(), QString::fromLatin1(n.naam)) << n.object;
+        }
+    }
+}
+
+TEST_F(BrowserPaneTest, APaneRefusesDownloadsAndPrintsToAFileWithoutAPrinter) {
+    auto pane = maakPane();
+    pane->profiel()->setDownloadPath(map.filePath(QStringLiteral("downloads")));
+    pane->ga(server.adres("/schoon"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return gecontroleerd(*pane, 0); }, 20000));
+
+    QSignalSpy download(pane->profiel(), &QWebEngineProfile::downloadRequested);
+    pane->ga(server.adres("/bestand"));
+    ASSERT_TRUE(download.wait(20000));
+    auto* verzoek = download.first().first().value<QWebEngineDownloadRequest*>();
+    ASSERT_NE(verzoek, nullptr);
+    EXPECT_EQ(verzoek->state(), QWebEngineDownloadRequest::DownloadCancelled);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(QDir(map.filePath(QStringLiteral("downloads"))).exists());
+    EXPECT_EQ(pane->view(0)->url().toString(), server.adres("/schoon"));
+
+    pane->knop(int(BrowserTabs::Knop::Afdrukken));
+    const auto pdf = [&] {
+        const QStringList f = QDir(map.path()).entryList({QStringLiteral("*.pdf")}, QDir::Files);
+        if (f.isEmpty())
+            return QByteArray();
+        QFile bestand(map.filePath(f.first()));
+        return bestand.open(QIODevice::ReadOnly) ? bestand.read(5) : QByteArray();
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pdf() == "%PDF-"; }, 20000));
+}
+
+TEST_F(BrowserPaneTest, FavouritesOnlyLocksTheAddressAndTheTreeLeadsToTheFavourites) {
+    int proxy = 0;
+    auto pane = maakPane([&](BrowserOmgeving& o) {
+        o.instellingen.Internetmodus = 1;
+        o.instellingen.Favorieten = {server.adres("/schoon")};
+        o.favorieten = {{server.adres("/schoon"), QStringLiteral("Schoon")},
+                        {server.adres("/tekst"), QString()}};
+        o.proxy = true;
+        o.zetProxy = [&] { ++proxy; };
+    });
+    auto* adres = pane->findChild<QLineEdit*>(QStringLiteral("txtInternet"));
+    ASSERT_NE(adres, nullptr);
+    EXPECT_TRUE(adres->isReadOnly());
+    pane->ga(server.adres("/lees"));
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return eindigtOp(*pane, 0, QStringLiteral("niet goedgekeurd.html")); }, 20000));
+    EXPECT_EQ(server.verzoeken("/lees"), 0);
+
+    // The tree: the root and one node per favourite, a name or else the address.
+    auto* boom = pane->findChild<QTreeWidget*>(QStringLiteral("tvFavorieten"));
+    ASSERT_NE(boom, nullptr);
+    ASSERT_EQ(boom->topLevelItemCount(), 1);
+    QTreeWidgetItem* root = boom->topLevelItem(0);
+    EXPECT_EQ(root->text(0), QStringLiteral("T729"));
+    ASSERT_EQ(root->childCount(), 2);
+    EXPECT_EQ(root->child(0)->text(0), QStringLiteral("Schoon"));
+    EXPECT_EQ(root->child(1)->text(0), server.adres("/tekst"));
+    EXPECT_TRUE(boom->isHidden());
+    const int links = pane->view(0)->mapTo(pane.get(), QPoint()).x();
+    pane->knop(int(BrowserTabs::Knop::Favorieten));
+    EXPECT_FALSE(boom->isHidden());
+    EXPECT_EQ(pane->view(0)->mapTo(pane.get(), QPoint()).x() - links,
+              BrowserTabs::LinksMetPaneel - BrowserTabs::Rand);
+    EXPECT_TRUE(boom->hasFocus());
+    pane->tvFavorieten_NodeClick(root);
+    // The keyboard chooses the first favourite.
+    EXPECT_EQ(boom->currentItem(), root->child(0));
+    QTest::keyClick(boom, Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return gecontroleerd(*pane, 0); }, 20000));
+    EXPECT_EQ(pane->view(0)->url().toString(), server.adres("/schoon"));
+
+    // tmrProxy switched the proxy on once and stopped.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return proxy == 1; }, 20000));
+    EXPECT_FALSE(pane->tmrProxy().isActive());
+    EXPECT_EQ(proxy, 1);
 }
 
 } // namespace

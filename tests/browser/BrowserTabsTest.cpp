@@ -125,42 +125,76 @@ TEST(BrowserTabs, ToolbarButtonsByIndex) {
         EXPECT_EQ(BrowserTabs::knop(index), knop) << index;
 }
 
+TEST(BrowserTabs, TheViewStandsBesideTheFavouritesPanelOrTakesTheWholeWidth) {
+    struct Geval {
+        bool paneel;
+        int breedte, hoogte;
+        QRect weergave;
+    };
+    const Geval gevallen[] = {
+        {false, 1004, 600, {2, 2, 1000, 596}}, // the design width: 1000 wide
+        {true, 1004, 600, {216, 2, 786, 596}},
+        {true, 1920, 1000, {216, 2, 1702, 996}},
+        {true, 100, 3, {216, 2, 0, 0}}, // too small: nothing, never less
+    };
+    for (const Geval& g : gevallen) {
+        EXPECT_EQ(BrowserTabs::weergave(g.paneel, g.breedte, g.hoogte), g.weergave)
+            << g.paneel << " " << g.breedte;
+    }
+    EXPECT_EQ(BrowserTabs::favorietenPaneel(600), QRect(2, 2, 212, 596));
+}
+
 } // namespace
 } // namespace tk
 
 namespace tk {
 namespace {
 
-TEST(BrowserFavorieten, TheHeaderSetsTheFilterAndTheActiveFavouritesTheListAndHomePage) {
+TEST(BrowserFavorieten, TheHeaderSetsTheFilterTheProxyAndTheActiveFavouritesTheTreeAndHomePage) {
     struct Geval {
         const char* antwoord;
         bool filteren;
         int modus;
         QStringList adressen;
         QString thuis;
+        bool proxy;
     };
+    const QString standaard = QStringLiteral(" http://school/ ");
     const Geval gevallen[] = {
         {"1|Ja|ja|Nee;<>;http://a/|A||Ja><http://b/|B||Nee><http://c/|C||JA",
          true,
          1,
          {"http://a/", "http://c/"},
-         "http://a/"},
-        {"0|Nee|Nee|Nee;<>;http://a/|A||Ja", false, 0, {"http://a/"}, ""},
-        {"0|Ja|Nee|Nee;<>;http://b/|B||Nee", false, 0, {}, ""},
-        {" 1 |Ja| Ja |Nee;<>;", true, 1, {}, ""},
+         "http://a/",
+         false},
+        // The favourite marked as start page wins; an inactive mark counts for nothing.
+        {"0|Ja|Nee|Ja;<>;http://a/|A||Ja><http://b/|B|Ja|Nee><http://c/|C| ja |Ja",
+         false,
+         0,
+         {"http://a/", "http://c/"},
+         "http://c/",
+         true},
+        // Without the flag, or without a favourite, the school's default start page.
+        {"0|Nee|Nee|nee;<>;http://a/|A|Ja|Ja", false, 0, {"http://a/"}, "http://school/", false},
+        {"0|Ja|Nee|Nee;<>;http://b/|B||Nee", false, 0, {}, "http://school/", false},
+        {" 1 |Ja| Ja | JA ;<>;", true, 1, {}, "http://school/", true},
     };
     for (const Geval& g : gevallen) {
-        const BrowserFavorieten b =
-            BrowserFavorieten::uit(Favorieten::uitAntwoord(QString::fromLatin1(g.antwoord)));
-        EXPECT_EQ(b.instellingen.Filteren, g.filteren) << g.antwoord;
-        EXPECT_EQ(b.instellingen.Internetmodus, g.modus) << g.antwoord;
-        EXPECT_EQ(b.instellingen.Favorieten, g.adressen) << g.antwoord;
-        EXPECT_EQ(b.thuispagina, g.thuis) << g.antwoord;
+        SCOPED_TRACE(g.antwoord);
+        const BrowserFavorieten b = BrowserFavorieten::uit(
+            Favorieten::uitAntwoord(QString::fromLatin1(g.antwoord)), standaard);
+        EXPECT_EQ(b.instellingen.Filteren, g.filteren);
+        EXPECT_EQ(b.instellingen.Internetmodus, g.modus);
+        EXPECT_EQ(b.instellingen.Favorieten, g.adressen);
+        EXPECT_EQ(b.thuispagina, g.thuis);
+        EXPECT_EQ(b.proxy, g.proxy);
         ASSERT_EQ(b.lijst.size(), g.adressen.size());
         if (!b.lijst.isEmpty()) {
             EXPECT_EQ(b.lijst.first().value(1), QStringLiteral("A"));
         }
     }
+    EXPECT_TRUE(BrowserFavorieten::uit(Favorieten::uitAntwoord(QStringLiteral("0|Nee|Nee|Nee;<>;")))
+                    .thuispagina.isEmpty());
 }
 
 } // namespace

@@ -14,8 +14,9 @@ PaginaServer::PaginaServer() {
     });
 }
 
-void PaginaServer::pagina(const QByteArray& pad, const QByteArray& html, const QByteArray& koekje) {
-    m_paginas.insert(pad, {html, koekje});
+void PaginaServer::pagina(const QByteArray& pad, const QByteArray& html, const QByteArray& koekje,
+                          const QByteArray& koppen) {
+    m_paginas.insert(pad, {html, koekje, koppen});
 }
 
 QString PaginaServer::adres(const QByteArray& pad) const {
@@ -40,7 +41,9 @@ void PaginaServer::antwoord(QTcpSocket* s) {
     if (p == m_paginas.cend()) {
         uit = "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n";
     } else {
-        uit = "HTTP/1.1 200 OK\r\nContent-Type: text/html; charset=utf-8\r\nConnection: close\r\n";
+        uit = "HTTP/1.1 200 OK\r\nConnection: close\r\n" +
+              (p->koppen.isEmpty() ? QByteArray("Content-Type: text/html; charset=utf-8\r\n")
+                                   : p->koppen);
         if (!p->koekje.isEmpty())
             uit += "Set-Cookie: " + p->koekje + "; Path=/\r\n";
         uit += "Content-Length: " + QByteArray::number(p->html.size()) + "\r\n\r\n" + p->html;

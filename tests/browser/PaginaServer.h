@@ -7,11 +7,13 @@
 namespace tk {
 
 // A small HTTP server on loopback (a free port) serving fixed pages by path. It remembers the
-// Cookie header of the last request of each path, and a page may set a cookie.
+// Cookie header of the last request of each path; a page may set a cookie and carry headers of
+// its own (a file to save, for example).
 class PaginaServer : public QTcpServer {
 public:
     PaginaServer();
-    void pagina(const QByteArray& pad, const QByteArray& html, const QByteArray& koekje = {});
+    void pagina(const QByteArray& pad, const QByteArray& html, const QByteArray& koekje = {},
+                const QByteArray& koppen = {});
     QString adres(const QByteArray& pad) const;
     QByteArray koekjeVan(const QByteArray& pad) const { return m_koekjes.value(pad); }
     int verzoeken(const QByteArray& pad) const { return m_verzoeken.value(pad); }
@@ -20,6 +22,7 @@ private:
     struct Pagina {
         QByteArray html;
         QByteArray koekje;
+        QByteArray koppen;
     };
     void antwoord(class QTcpSocket* s);
     QHash<QByteArray, Pagina> m_paginas;
