@@ -9,6 +9,10 @@
 #include "screens/desktop/FrmBureaubladView.h"
 #include "screens/maintenance/FrmOnderhoud.h"
 #include "screens/maintenance/FrmOnderhoudView.h"
+#include "screens/maintenance/OnderhoudInstellingen.h"
+#include "screens/maintenance/OnderhoudInstellingenView.h"
+#include "screens/maintenance/OnderhoudServer.h"
+#include "screens/maintenance/OnderhoudServerView.h"
 #include "screens/start/FrmAanmelden.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "screens/taskbar/FrmTaakbalk2View.h"
@@ -113,6 +117,14 @@ bool ClientScreenRouter::openOnderhoudsmodule(int leraar, const QList<int>& klas
     maakOnderhoud();
     if (!m_onderhoud) {
         m_onderhoud = std::make_unique<FrmOnderhoudView>(*p.frmOnderhoud);
+        // The panels' views, owned by the module's window.
+        FrmOnderhoud& f = *p.frmOnderhoud;
+        if (auto* instellingen =
+                dynamic_cast<OnderhoudInstellingen*>(f.paneel(FrmOnderhoud::PInstellingen)))
+            m_onderhoud->plaatsPaneelView(FrmOnderhoud::PInstellingen,
+                                          new OnderhoudInstellingenView(*instellingen));
+        if (auto* server = dynamic_cast<OnderhoudServer*>(f.paneel(FrmOnderhoud::PServer)))
+            m_onderhoud->plaatsPaneelView(FrmOnderhoud::PServer, new OnderhoudServerView(*server));
         p.frmOnderhoud->verlaten = [this] {
             m_onderhoud->hide();
             // A teacher's desktop stayed behind the module; the start screen comes back.

@@ -5,6 +5,8 @@
 #include "screens/desktop/FrmBureaublad.h"
 #include "screens/maintenance/FrmOnderhoud.h"
 #include "screens/maintenance/ModMainOnderhoud.h"
+#include "screens/maintenance/OnderhoudInstellingen.h"
+#include "screens/maintenance/OnderhoudServer.h"
 #include "screens/start/FrmMain.h"
 #include "theme/ModThema.h"
 
@@ -33,6 +35,11 @@ void ScreenRouter::maakOnderhoud() {
         return;
     p.maak(p.frmOnderhoud, p);
     p.frmOnderhoud->Form_Load();
+    // The panels, owned by the program beside the module and made after it, so gone before it.
+    OnderhoudInstellingen* instellingen = nullptr;
+    p.frmOnderhoud->plaatsPaneel(FrmOnderhoud::PInstellingen, &p.maak(instellingen, p));
+    OnderhoudServer* server = nullptr;
+    p.frmOnderhoud->plaatsPaneel(FrmOnderhoud::PServer, &p.maak(server, p));
 }
 
 bool ScreenRouter::openOnderhoudsmodule(int leraar, const QList<int>& klassen) {
