@@ -256,8 +256,9 @@ void OnderhoudInstellingen::opslaan() {
                 if (f->onChanged)
                     f->onChanged();
             }
-            LaadTalen();
         }
+        // The list again, with the language in use chosen (a row without data changed none).
+        LaadTalen();
         WijzigingInstellingen();
     });
 }

@@ -1,0 +1,151 @@
+// The settings and server panels against the real server: a new language reaches the server and
+// every caption of the module, and a backup made, followed by a change, brings the data back
+// when it is imported.
+#include "data/ModData.h"
+#include "link/FrmMainLink.h"
+#include "screens/ScreenRouter.h"
+#include "screens/maintenance/FrmOnderhoud.h"
+#include "screens/maintenance/OnderhoudInstellingen.h"
+#include "screens/maintenance/OnderhoudServer.h"
+#include "screens/start/FrmMain.h"
+#include "tests/e2e/ServerProces.h"
+#include "tests/e2e/Werkstation.h"
+#include "theme/ModThema.h"
+
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::ServerProces;
+using tk::test::Werkstation;
+
+namespace {
+
+// An administrator's workstation, connected, with the settings loaded and the module open.
+struct Beheerder {
+    explicit Beheerder(quint16 poort) : ws(poort), router(p()) {
+        Programma& p = this->p();
+        ws.w.kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/1/"));
+        p.maak(p.modData, p);
+        p.maak(p.modThema, p);
+        p.modThema->LaadThema();
+        p.maak(p.startScreen, p, *p.frmMain);
+        p.startScreenEvents = p.startScreen;
+        p.schermen = &router;
+    }
+    bool binnen() {
+        if (!ws.verbind())
+            return false;
+        p().modData->LaadWachtwoorden();
+        p().modData->LaadOverigeInstellingen();
+        return router.openOnderhoudsmodule(-1, {});
+    }
+    Programma& p() { return ws.w.p; }
+    FrmOnderhoud& f() { return *p().frmOnderhoud; }
+    OnderhoudInstellingen& inst() {
+        return dynamic_cast<OnderhoudInstellingen&>(*f().paneel(FrmOnderhoud::PInstellingen));
+    }
+    OnderhoudServer& server() {
+        return dynamic_cast<OnderhoudServer&>(*f().paneel(FrmOnderhoud::PServer));
+    }
+    Werkstation ws;
+    ScreenRouter router;
+};
+
+class InstellingenE2ETest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
+        beheerder = std::make_unique<Beheerder>(server.poort());
+        ASSERT_TRUE(beheerder->binnen());
+    }
+    // What a second workstation reads of the server now.
+    QString leesVanServer(const QString& bericht) {
+        Werkstation ander(server.poort());
+        return ander.verbind() ? ander.vraag(bericht) : QStringLiteral("(no link)");
+    }
+    ServerProces server;
+    std::unique_ptr<Beheerder> beheerder;
+};
+
+} // namespace
+
+TEST_F(InstellingenE2ETest, ANewLanguageReachesTheServerAndEveryCaption) {
+    Beheerder& b = *beheerder;
+    // The demo school speaks Dutch; the administrator switches to English.
+    b.p().modMain.LaadTaal();
+    ASSERT_EQ(b.p().modTaal.Taal, 1043);
+    b.f().Kies(400); // the settings heading
+    OnderhoudInstellingen& m = b.inst();
+    int engels = -1;
+    for (int i = 0; i < m.cmbInstellingen_Taal.size(); ++i)
+        if (m.cmbInstellingen_Taal[i].data == "1033")
+            engels = i;
+    ASSERT_GE(engels, 0);
+    m.cmbInstellingen_Taal_Click(engels);
+    m.cmdInstellingen_Click(0);
+    EXPECT_TRUE(b.ws.w.meldingen().isEmpty()) << b.ws.w.meldingen().join("\n").toStdString();
+    EXPECT_EQ(b.p().modTaal.Taal, 1033);
+    EXPECT_EQ(leesVanServer("LDNTAA"), "1033");
+
+    // Every row of the menu, and the captions of both panels, in English.
+    const ModTaal& t = b.p().modTaal;
+    int rijen = 0;
+    for (int g = 0; g < FrmOnderhoud::Groepen; ++g)
+        for (int r = 0; r < FrmOnderhoud::Rijen; ++r) {
+            const QString id = b.f().cel(g, r, FrmOnderhoud::TekstId);
+            if (id.isEmpty())
+                continue;
+            ++rijen;
+            EXPECT_EQ(b.f().cel(g, r, FrmOnderhoud::Tekst), t.LaadTekst(id.toInt(), 1033));
+        }
+    EXPECT_EQ(rijen, 21);
+    EXPECT_EQ(b.f().lblKop, t.LaadTekst(3359, 1033));
+    EXPECT_EQ(b.f().lblMenuHelp, t.LaadTekst(3360, 1033));
+    const QStringList instellingen{m.fraWachtwoorden,   m.lblWachtwoord[0], m.lblWachtwoord[1],
+                                   m.lblInternet,       m.fraEmail,         m.lblEmail[2],
+                                   m.lblThema,          m.lblTaal,          m.cmdInstellingen[0],
+                                   m.cmdInstellingen[1]};
+    const QStringList verwacht{t.LaadTekst(3266, 1033).trimmed(), t.LaadTekst(3267, 1033),
+                               t.LaadTekst(3268, 1033),           t.LaadTekst(3270, 1033),
+                               t.LaadTekst(3271, 1033).trimmed(), t.LaadTekst(3275, 1033),
+                               t.LaadTekst(3276, 1033),           t.LaadTekst(3439, 1033),
+                               t.LaadTekst(3277, 1033),           t.LaadTekst(3278, 1033)};
+    EXPECT_EQ(instellingen, verwacht);
+    const OnderhoudServer& s = b.server();
+    EXPECT_EQ(QStringList({s.lblServerlocatie, s.fraBackup, s.cmdServer[2], s.cmdBackup[0]}),
+              QStringList({t.LaadTekst(3181, 1033), t.LaadTekst(3192, 1033).trimmed(),
+                           t.LaadTekst(3190, 1033), t.LaadTekst(3193, 1033)}));
+}
+
+TEST_F(InstellingenE2ETest, AnExportedBackupBringsTheDataBackWhenImported) {
+    Beheerder& b = *beheerder;
+    b.f().Kies(400);
+    b.f().Kies(401); // Settings > Server
+    OnderhoudServer& s = b.server();
+    const int voor = s.fraBackupEnabled ? int(s.cmbBackup.size()) : 0;
+    const QString startpagina = b.inst().txtInstellingen_Internet.tag;
+    s.cmdBackup_Click(1);
+    ASSERT_EQ(b.ws.w.meldingen(), QStringList(b.p().modTaal.LaadTekst(3327)))
+        << server.uitvoer().toStdString();
+    ASSERT_EQ(s.cmbBackup.size(), voor + 1) << "the new backup is listed at once";
+    const QString gemaakt = s.cmbBackup[s.backupIndex];
+
+    // A change after the backup.
+    b.f().Kies(400);
+    b.inst().txtInstellingen_Internet_Change("http://na-de-backup.example");
+    b.inst().cmdInstellingen_Click(0);
+    ASSERT_TRUE(leesVanServer("LDNOVR").startsWith("http://na-de-backup.example"));
+
+    b.f().Kies(400);
+    b.f().Kies(401);
+    const int index = int(s.cmbBackup.indexOf(gemaakt));
+    ASSERT_GE(index, 0);
+    s.cmbBackup_Click(index);
+    b.ws.w.dialogen.antwoorden << "ja";
+    s.cmdBackup_Click(0);
+    EXPECT_EQ(b.ws.w.meldingen().mid(1),
+              QStringList({b.p().modTaal.LaadTekst(3324), b.p().modTaal.LaadTekst(3325)}));
+    EXPECT_TRUE(b.p().beeindigd) << "the client restarts after an import";
+    const QString overige = leesVanServer("LDNOVR");
+    EXPECT_TRUE(overige.startsWith(startpagina + ";<>;")) << overige.toStdString();
+}

@@ -1,0 +1,609 @@
+// The settings and server panels of the maintenance module: the texts they read from outside,
+// the live change tests, the saves and the backup box against a scripted server on loopback,
+// the restarts through the launcher's words, and pictures of both panels.
+#include "core/Form.h"
+#include "link/FrmMainLink.h"
+#include "link/ModMainVerbinding.h"
+#include "screens/ScreenRouter.h"
+#include "screens/maintenance/FrmOnderhoud.h"
+#include "screens/maintenance/InstellingenTeksten.h"
+#include "screens/maintenance/OnderhoudInstellingen.h"
+#include "screens/maintenance/OnderhoudInstellingenView.h"
+#include "screens/maintenance/OnderhoudServer.h"
+#include "screens/maintenance/OnderhoudServerView.h"
+#include "tests/screens/PngBewaren.h"
+#include "tests/screens/ScreenWerkplek.h"
+#include "tests/support/ScriptedPeer.h"
+#include "tests/support/WaitUntil.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::ScreenWerkplek;
+using tk::test::ScriptedPeer;
+using tk::test::waitUntil;
+using Levering = ScriptedPeer::Levering;
+using Keuze = InstellingenTeksten::Keuze;
+
+namespace {
+
+const QString ini = QString::fromLatin1(ModMain::Instellingen);
+
+// A form that notes when its captions are loaded and in which language.
+struct OpnameForm : Form {
+    OpnameForm(Programma& p, QStringList& log, const QString& naam) : p(p), log(log), naam(naam) {
+        p.formulieren.append(this);
+    }
+    ~OpnameForm() override { p.formulieren.removeAll(this); }
+    QString formNaam() const override { return naam; }
+    void LaadTaal() override { log << naam + QString::number(p.modTaal.Taal); }
+    Programma& p;
+    QStringList& log;
+    QString naam;
+};
+
+// The launcher of the workstation's program folder: the words the client tells it.
+struct Launcher {
+    explicit Launcher(const QString& map) {
+        server.listen(ModMainVerbinding::launcherNaam(map));
+        QObject::connect(&server, &QLocalServer::newConnection, [this] {
+            QLocalSocket* s = server.nextPendingConnection();
+            QObject::connect(s, &QLocalSocket::readyRead,
+                             [this, s] { woord += QString::fromUtf8(s->readAll()); });
+        });
+    }
+    QLocalServer server;
+    QString woord;
+};
+
+// A workstation in the maintenance module, its link pointed at a scripted server, with a second
+// theme installed besides the default one.
+struct Plek {
+    explicit Plek(ScriptedPeer* peer = nullptr) : router(w.p) {
+        Programma& p = w.p;
+        p.schermen = &router;
+        p.maak(p.modMainVerbinding, p);
+        p.modMain.MaakMappen(QStringLiteral("\\Data"));
+        p.modMain.SchrijfIni(QStringLiteral("1033"), QStringLiteral("Instellingen"),
+                             QStringLiteral("Language"), ini);
+        w.kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/2/"));
+        p.modMain.SchrijfIni(QStringLiteral("Blauw"), QStringLiteral("Algemeen"),
+                             QStringLiteral("Naam"),
+                             QStringLiteral("\\Afbeeldingen\\Skins\\2\\Instellingen.ini"));
+        p.modData->Wachtwoorden = QStringList{QStringLiteral("leraar"), QStringLiteral("beheer")};
+        p.modData->Overige = QStringList{QStringLiteral("http://school.example"),
+                                         QStringLiteral("aan@school.example"),
+                                         QStringLiteral("De Klimop"),
+                                         QStringLiteral("van@school.example"),
+                                         QStringLiteral("1"),
+                                         QStringLiteral("1033")};
+        if (peer) {
+            p.modMain.SchrijfIni(QStringLiteral("127.0.0.1:%1").arg(peer->poort()),
+                                 QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
+                                 ini);
+            p.modMainVerbinding->BepaalServerlocatie();
+            p.frmMain->ServerVerbinden(true);
+        }
+        router.openOnderhoudsmodule(-1, {});
+    }
+    FrmOnderhoud& f() { return *w.p.frmOnderhoud; }
+    OnderhoudInstellingen& inst() {
+        return dynamic_cast<OnderhoudInstellingen&>(*f().paneel(FrmOnderhoud::PInstellingen));
+    }
+    OnderhoudServer& server() {
+        return dynamic_cast<OnderhoudServer&>(*f().paneel(FrmOnderhoud::PServer));
+    }
+    // The settings heading, or the Server entry under it, as the user clicks it.
+    void kies(int rij) {
+        f().Kies(400);
+        if (rij)
+            f().Kies(400 + rij);
+    }
+    QString leesIni(const char* sleutel) {
+        return w.p.modMain.LeesIni(QStringLiteral("Instellingen"), QLatin1String(sleutel), ini);
+    }
+    QString tekst(int id) { return w.p.modTaal.LaadTekst(id); }
+
+    ScreenWerkplek w;
+    ScreenRouter router;
+};
+
+ScriptedPeer& begin(ScriptedPeer& peer) {
+    return peer.op(QStringLiteral("TST"), QStringLiteral("TST"));
+}
+
+} // namespace
+
+TEST(InstellingenTekstenTest, TheTextsFromOutsideAreReadAsThePanelsShowThem) {
+    struct TaalCase {
+        QStringList rijen;
+        QList<Keuze> lijst;
+    };
+    const TaalCase talen[] = {
+        {{"1043|Nederlands", "1033|English"}, {{"Nederlands", "1043"}, {"English", "1033"}}},
+        {{"Frysk|1049"}, {{"Frysk", "1049"}}}, // the id may stand second
+        {{"Deutsch", "1033|English"}, {{"Deutsch", ""}, {"English", "1033"}}}, // no "|": no data
+        {{"1043|Nederlands", "  ", "1033|English"}, {{"Nederlands", "1043"}}}, // a blank row ends
+        {{"", "1033|English"}, {}},
+        {{"a|b|c"}, {{"a", "b|c"}}},
+    };
+    for (const TaalCase& c : talen) {
+        SCOPED_TRACE(c.rijen.join("/").toStdString());
+        EXPECT_EQ(InstellingenTeksten::taalLijst(c.rijen), c.lijst);
+    }
+
+    struct ServerCase {
+        const char* antwoord;
+        const char* versie;
+        bool automatisch, beta;
+        const char* module;
+    };
+    const ServerCase servers[] = {
+        {"2.0.1;<>;JA;<>;NEE;<>;SQLite", "2.0.1", true, false, "sqlite"},
+        {"2.0.1;<>;nee;<>;ja", "2.0.1", false, true, ""}, // an older server has three fields
+        {"3;<>;Ja;<>;JA;<>;x;<>;PostgreSQL", "3", true, true, "postgresql"},
+        {"", "", false, false, ""},
+        {";<>;;<>;;<>;", "", false, false, ""},
+    };
+    for (const ServerCase& c : servers) {
+        SCOPED_TRACE(c.antwoord);
+        const auto s = InstellingenTeksten::serverInstellingen(c.antwoord);
+        EXPECT_EQ(s.versie, c.versie);
+        EXPECT_EQ(s.automatisch, c.automatisch);
+        EXPECT_EQ(s.beta, c.beta);
+        EXPECT_EQ(s.module, c.module);
+    }
+    EXPECT_EQ(InstellingenTeksten::opslaanServer(true, false), "6;<>;Ja;<>;Nee;<>;Nee");
+    EXPECT_EQ(InstellingenTeksten::opslaanServer(false, true), "6;<>;Nee;<>;Ja;<>;Nee");
+
+    // Backup names, the odd ones included; what is shown goes back to the server's name.
+    EXPECT_EQ(InstellingenTeksten::backups(
+                  "5-3-2024 14.07.09.backup||  |zonder extensie|x.BACKUP|a:b.backup|"),
+              QStringList({"5-3-2024 14:07:09", "zonder extensie", "x", "a:b"}));
+    EXPECT_TRUE(InstellingenTeksten::backups("").isEmpty());
+    EXPECT_EQ(InstellingenTeksten::bestandsnaam("5-3-2024 14:07:09"), "5-3-2024 14.07.09.backup");
+
+    struct LocatieCase {
+        const char* tekst;
+        const char* host;
+        long poort;
+    };
+    const LocatieCase locaties[] = {
+        {"server", "server", 34487},
+        {"server:4000", "server", 4000},
+        {" server : 80 ", "server", 80},
+        {"server:abc", "server", 34487},
+        {"server:0", "server", 34487},
+        {"server:70000", "server", 34487},
+        {":5", "", 5},
+    };
+    for (const LocatieCase& c : locaties) {
+        SCOPED_TRACE(c.tekst);
+        const auto l = InstellingenTeksten::locatie(c.tekst);
+        EXPECT_EQ(l.host, c.host);
+        EXPECT_EQ(l.poort, c.poort);
+    }
+}
+
+TEST(InstellingenTest, EveryFieldIsComparedWithItsStoredValue) {
+    Plek plek;
+    plek.kies(0);
+    ASSERT_EQ(plek.f().ZichtbaarPaneel, FrmOnderhoud::PInstellingen);
+    OnderhoudInstellingen& m = plek.inst();
+    EXPECT_EQ(m.txtInstellingen_wachtwoord[1].tekst, "beheer");
+    EXPECT_EQ(m.txtInstellingen_Internet.tekst, "http://school.example");
+    EXPECT_EQ(m.txtInstellingen_Email[2].tag, "van@school.example");
+    EXPECT_EQ(m.cmbInstellingen_Thema, QList<Keuze>({{"Standaard", "1"}, {"Blauw", "2"}}));
+    EXPECT_EQ(m.cmbInstellingen_Taal, QList<Keuze>({{"Nederlands", "1043"}, {"English", "1033"}}));
+    EXPECT_EQ(m.taalIndex, 1);
+    EXPECT_EQ(m.themaIndex, 0);
+    EXPECT_EQ(m.cmdInstellingenEnabled, (std::array<bool, 2>{false, false}));
+
+    struct Case {
+        const char* wat;
+        std::function<void(bool)> zet; // true: change it, false: put it back by hand
+    };
+    const Case cases[] = {
+        {"teachers' password",
+         [&](bool aan) { m.txtInstellingen_wachtwoord_Change(0, aan ? "x" : "leraar"); }},
+        {"maintenance password",
+         [&](bool aan) { m.txtInstellingen_wachtwoord_Change(1, aan ? "x" : "beheer"); }},
+        {"start page",
+         [&](bool aan) { m.txtInstellingen_Internet_Change(aan ? "x" : "http://school.example"); }},
+        {"e-mail to",
+         [&](bool aan) { m.txtInstellingen_Email_Change(0, aan ? "x" : "aan@school.example"); }},
+        {"school", [&](bool aan) { m.txtInstellingen_Email_Change(1, aan ? "x" : "De Klimop"); }},
+        {"sender",
+         [&](bool aan) { m.txtInstellingen_Email_Change(2, aan ? "x" : "van@school.example"); }},
+        {"theme", [&](bool aan) { m.cmbInstellingen_Thema_Click(aan ? 1 : 0); }},
+        {"language", [&](bool aan) { m.cmbInstellingen_Taal_Click(aan ? 0 : 1); }},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.wat);
+        c.zet(true);
+        EXPECT_EQ(m.cmdInstellingenEnabled, (std::array<bool, 2>{true, true}));
+        c.zet(false);
+        EXPECT_EQ(m.cmdInstellingenEnabled, (std::array<bool, 2>{false, false}));
+        c.zet(true);
+        m.cmdInstellingen_Click(1); // Restore changes
+        EXPECT_EQ(m.cmdInstellingenEnabled, (std::array<bool, 2>{false, false}));
+    }
+    EXPECT_EQ(m.txtInstellingen_Email[1].tekst, "De Klimop");
+    EXPECT_EQ(m.taalIndex, 1);
+    // Out-of-range events and presses of disabled buttons change nothing.
+    m.txtInstellingen_wachtwoord_Change(2, "x");
+    m.cmbInstellingen_Taal_Click(9);
+    m.cmdInstellingen_Click(0);
+    EXPECT_EQ(m.cmdInstellingenEnabled, (std::array<bool, 2>{false, false}));
+    EXPECT_TRUE(plek.w.meldingen().isEmpty());
+}
+
+TEST(InstellingenTest, SaveStoresTheSettingsAndAChangedLanguageRecaptionsEveryForm) {
+    struct Case {
+        const char* wat;
+        int thema, taal;      // indexes chosen; -1: an added row without data
+        const char* antwoord; // the server's reply to OPSINS
+        const char* bericht;  // what goes to the server after OPSINS
+        const char* iniTaal;
+        long taalNa;
+        bool mislukt;
+    };
+    const Case cases[] = {
+        {"theme alone", 1, 1, "OPSINSOK",
+         "leraar;<>;nieuw;<>;http://school.example;<>;aan@school.example;<>;De Klimop;<>;"
+         "van@school.example;<>;2;<>;1033",
+         "1033", 1033, false},
+        {"language", 0, 0, "OPSINSOK",
+         "leraar;<>;nieuw;<>;http://school.example;<>;aan@school.example;<>;De Klimop;<>;"
+         "van@school.example;<>;1;<>;1043",
+         "1043", 1043, false},
+        {"a language row without data", 0, -1, "OPSINSOK",
+         "leraar;<>;nieuw;<>;http://school.example;<>;aan@school.example;<>;De Klimop;<>;"
+         "van@school.example;<>;1;<>;1033",
+         "1033", 1033, false},
+        {"the server refuses", 0, 0, "OPSINSFOUT",
+         "leraar;<>;nieuw;<>;http://school.example;<>;aan@school.example;<>;De Klimop;<>;"
+         "van@school.example;<>;1;<>;1043",
+         "1043", 1033, true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.wat);
+        ScriptedPeer peer;
+        begin(peer).op("OPSINS*", c.antwoord);
+        Plek plek(&peer);
+        QStringList log;
+        OpnameForm eerste(plek.w.p, log, "eerste"), laatste(plek.w.p, log, "laatste");
+        plek.kies(0);
+        OnderhoudInstellingen& m = plek.inst();
+        m.txtInstellingen_wachtwoord_Change(1, "nieuw");
+        m.cmbInstellingen_Thema_Click(c.thema);
+        if (c.taal < 0) {
+            m.cmbInstellingen_Taal.append(Keuze{"Klingon", ""});
+            m.cmbInstellingen_Taal_Click(2);
+        } else {
+            m.cmbInstellingen_Taal_Click(c.taal);
+        }
+        log.clear();
+        m.cmdInstellingen_Click(0);
+        ASSERT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
+        EXPECT_EQ(peer.ontvangen.value(1), QString("OPSINS") + c.bericht);
+        EXPECT_EQ(plek.leesIni("Thema"), QString::number(c.thema + 1));
+        EXPECT_EQ(plek.leesIni("Language"), c.iniTaal);
+        EXPECT_EQ(plek.w.p.modTaal.Taal, c.taalNa);
+        EXPECT_EQ(plek.w.p.modData->Wachtwoorden.value(1), "nieuw");
+        EXPECT_EQ(plek.w.meldingen(), c.mislukt ? QStringList(plek.tekst(3332)) : QStringList());
+        // A refused save keeps the edit, so that Save can be pressed again.
+        EXPECT_EQ(m.cmdInstellingenEnabled, (std::array<bool, 2>{c.mislukt, c.mislukt}));
+        const bool nieuweTaal = c.taalNa != 1033;
+        EXPECT_EQ(log, nieuweTaal ? QStringList({"laatste1043", "eerste1043"}) : QStringList());
+        // The module's menu and both panels speak the language now.
+        EXPECT_EQ(plek.f().cel(4, 0, FrmOnderhoud::Tekst),
+                  plek.w.p.modTaal.LaadTekst(3372, int(c.taalNa)));
+        EXPECT_EQ(m.lblTaal, plek.w.p.modTaal.LaadTekst(3439, int(c.taalNa)));
+        EXPECT_EQ(plek.server().cmdBackup[1], plek.w.p.modTaal.LaadTekst(3194, int(c.taalNa)));
+        EXPECT_EQ(plek.f().ZichtbaarPaneel, FrmOnderhoud::PInstellingen);
+    }
+}
+
+TEST(InstellingenTest, TheServerPanelReadsTheSettingsAndAsksTheBetaPasswordOnlyWhenSwitchedOn) {
+    struct Case {
+        const char* wat;
+        bool automatisch, beta; // chosen before Save
+        const char* wachtwoord; // typed at the question, nullptr: no question
+        bool verstuurd;
+        int melding;
+    };
+    const Case cases[] = {
+        {"beta unchanged", false, false, nullptr, true, 0},
+        {"beta on, no password typed", true, true, "", false, 0},
+        {"beta on, a wrong password", true, true, "toetsvee", false, 3341},
+        {"beta on, the password", true, true, "toetsveer", true, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.wat);
+        ScriptedPeer peer;
+        begin(peer).op("LDNSIN", "LDNSIN2.0.1;<>;NEE;<>;NEE;<>;SQLite").op("BCKLST", "BCK");
+        if (c.verstuurd)
+            peer.op("OPSSIN*", "OPSSIN");
+        Plek plek(&peer);
+        plek.kies(1);
+        OnderhoudServer& s = plek.server();
+        EXPECT_EQ(s.lblServerversieWaarde, "2.0.1 (sqlite)");
+        EXPECT_EQ(s.lblClientversieWaarde, ModMain::ProgrammaVersie());
+        EXPECT_EQ(s.txtServerlocatie, QString("127.0.0.1:%1").arg(peer.poort()));
+        EXPECT_FALSE(s.cmdServerEnabled[3]);
+        EXPECT_TRUE(s.ingeschakeld);
+        EXPECT_FALSE(plek.f().BewerkModus) << "the menu lives again after the question";
+        s.cmbServer_Click(1, true);
+        s.cmbServer_Click(1, c.automatisch);
+        s.cmbServer_Click(2, c.beta);
+        if (!c.automatisch && !c.beta)
+            s.cmbServer_Click(1, true); // something must differ for Save
+        ASSERT_TRUE(s.cmdServerEnabled[3]);
+        if (c.wachtwoord)
+            plek.w.dialogen.antwoorden << c.wachtwoord;
+        plek.w.dialogen.gesteld.clear();
+        s.cmdServer_Click(3);
+        ASSERT_TRUE(waitUntil([&] { return peer.klaar(); }));
+        EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
+        QStringList gevraagd;
+        for (const auto& v : plek.w.dialogen.gesteld)
+            gevraagd << v.tekst;
+        QStringList verwacht;
+        if (c.wachtwoord)
+            verwacht << plek.tekst(3340);
+        if (c.melding)
+            verwacht << plek.tekst(c.melding);
+        EXPECT_EQ(gevraagd, verwacht);
+        EXPECT_EQ(peer.ontvangen.last(), c.verstuurd
+                                             ? "OPSSIN" + InstellingenTeksten::opslaanServer(
+                                                              c.automatisch || !c.beta, c.beta)
+                                             : QString("BCKLST"));
+        // Once stored, nothing differs; a stopped save keeps the choice for another try.
+        EXPECT_EQ(s.cmdServerEnabled[3], !c.verstuurd);
+        EXPECT_FALSE(plek.w.p.beeindigd);
+    }
+}
+
+TEST(InstellingenTest, UpdatesAndAMovedServerRestartTheClientThroughTheLauncher) {
+    struct Case {
+        const char* wat;
+        std::function<void(Plek&, ScriptedPeer&)> doe;
+        const char* woord; // told to the launcher, "" none
+        int melding;
+    };
+    const Case cases[] = {
+        {"no newer version",
+         [](Plek& plek, ScriptedPeer& peer) {
+             peer.op("UPDCON", "UPDCON" + ModMain::ProgrammaVersie());
+             plek.server().cmdServer_Click(2);
+         },
+         "", 3339},
+        {"another version on offer",
+         [](Plek& plek, ScriptedPeer& peer) {
+             peer.op("UPDCON", "UPDCON99.0.0");
+             plek.server().cmdServer_Click(2);
+         },
+         "UPDATE", 0},
+        {"a new location",
+         [](Plek& plek, ScriptedPeer& peer) {
+             peer.op("OPSSIN*", "OPSSIN");
+             plek.w.dialogen.opModaal = [&](Form& f) {
+                 if (auto* n = dynamic_cast<FrmNetwerk*>(&f)) {
+                     n->txtNaam_Change("elders:4000");
+                     n->cmdOK_Click();
+                 }
+             };
+             plek.server().cmdServer_Click(1);
+             plek.server().cmdServer_Click(3);
+             EXPECT_EQ(plek.leesIni("Serverlocatie"), "elders:4000");
+         },
+         "resolutie", 3342},
+        {"Browse, then Cancel",
+         [](Plek& plek, ScriptedPeer&) {
+             plek.w.dialogen.opModaal = [](Form& f) {
+                 if (auto* n = dynamic_cast<FrmNetwerk*>(&f))
+                     n->cmdAnnuleren_Click();
+             };
+             plek.server().cmdServer_Click(1);
+             EXPECT_FALSE(plek.server().cmdServerEnabled[3]);
+         },
+         "", 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.wat);
+        ScriptedPeer peer;
+        begin(peer).op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE").op("BCKLST", "BCK");
+        Plek plek(&peer);
+        Launcher launcher(plek.w.map());
+        plek.kies(1);
+        c.doe(plek, peer);
+        EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
+        EXPECT_EQ(plek.w.meldingen(),
+                  c.melding ? QStringList(plek.tekst(c.melding)) : QStringList());
+        EXPECT_EQ(plek.w.p.beeindigd, *c.woord != 0);
+        if (*c.woord) {
+            EXPECT_TRUE(waitUntil([&] { return launcher.woord == c.woord; }))
+                << launcher.woord.toStdString();
+        }
+    }
+}
+
+TEST(InstellingenTest, TheBackupBoxListsExportsAndImportsTheServersBackups) {
+    const QString oud = "BCK5-3-2024 14.07.09.backup|6-3-2024 9.00.00.backup";
+    struct Case {
+        const char* wat;
+        const char* lijst; // the first BCKLST answer, after "BCK"
+        std::function<void(Plek&, ScriptedPeer&)> doe;
+        QStringList getoond;         // the list afterwards
+        std::array<bool, 2> knoppen; // Import, Export enabled afterwards
+        QStringList meldingen;       // string ids, as text
+        const char* woord;
+    };
+    auto knop = [](int i) {
+        return [i](Plek& plek, ScriptedPeer&) { plek.server().cmdBackup_Click(i); };
+    };
+    const Case cases[] = {
+        {"no backups", "", knop(0), {"No backups available"}, {false, true}, {}, ""},
+        {"export",
+         "5-3-2024 14.07.09.backup",
+         [](Plek& plek, ScriptedPeer& peer) {
+             peer.op("BCKMKB", "BCK7-3-2024 8.15.00.backup")
+                 .op("BCKLST", "BCK5-3-2024 14.07.09.backup|7-3-2024 8.15.00.backup");
+             plek.server().cmdBackup_Click(1);
+             EXPECT_EQ(plek.server().backupIndex, 1) << "the new one stands chosen";
+         },
+         {"5-3-2024 14:07:09", "7-3-2024 8:15:00"},
+         {true, true},
+         {"3327"},
+         ""},
+        {"export refused",
+         "",
+         [](Plek& plek, ScriptedPeer& peer) {
+             peer.op("BCKMKB", "BCKFOUT");
+             plek.server().cmdBackup_Click(1);
+         },
+         {"No backups available"},
+         {false, true},
+         {"3328"},
+         ""},
+        {"import",
+         "5-3-2024 14.07.09.backup|6-3-2024 9.00.00.backup",
+         [](Plek& plek, ScriptedPeer& peer) {
+             peer.op("BCKRST5-3-2024 14.07.09.backup", "BCKOK", Levering::Samengevoegd).zelf("PIN");
+             plek.w.dialogen.antwoorden << "ja";
+             plek.server().cmbBackup_Click(0);
+             plek.server().cmdBackup_Click(0);
+         },
+         {"5-3-2024 14:07:09", "6-3-2024 9:00:00"},
+         {false, false},
+         {"3324", "3325"},
+         "resolutie"},
+        {"import refused",
+         "5-3-2024 14.07.09.backup",
+         [](Plek& plek, ScriptedPeer& peer) {
+             peer.op("BCKRST5-3-2024 14.07.09.backup", "BCKFOUT");
+             plek.w.dialogen.antwoorden << "ja";
+             plek.server().cmdBackup_Click(0);
+         },
+         {"5-3-2024 14:07:09"},
+         {true, true},
+         {"3324", "3326"},
+         ""},
+        {"import not wanted",
+         "5-3-2024 14.07.09.backup",
+         [](Plek& plek, ScriptedPeer&) {
+             plek.w.dialogen.antwoorden << "nee";
+             plek.server().cmdBackup_Click(0);
+         },
+         {"5-3-2024 14:07:09"},
+         {true, true},
+         {"3324"},
+         ""},
+        {"odd names",
+         "||x.backup|  |a.b|",
+         [](Plek&, ScriptedPeer&) {},
+         {"x", "a:b"},
+         {true, true},
+         {},
+         ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.wat);
+        ScriptedPeer peer;
+        begin(peer).op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE").op("BCKLST", QString("BCK") + c.lijst);
+        Plek plek(&peer);
+        Launcher launcher(plek.w.map());
+        plek.kies(1);
+        c.doe(plek, peer);
+        EXPECT_TRUE(peer.klaar());
+        EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
+        OnderhoudServer& s = plek.server();
+        EXPECT_EQ(s.cmbBackup, c.getoond);
+        EXPECT_EQ(s.fraBackupEnabled, c.getoond.value(0) != "No backups available");
+        EXPECT_EQ(s.cmdBackupEnabled, c.knoppen);
+        QStringList meldingen;
+        for (const QString& id : c.meldingen)
+            meldingen << plek.tekst(id.toInt());
+        EXPECT_EQ(plek.w.meldingen(), meldingen);
+        if (*c.woord) {
+            EXPECT_TRUE(waitUntil([&] { return launcher.woord == c.woord; }));
+        }
+        EXPECT_EQ(plek.w.p.beeindigd, *c.woord != 0);
+    }
+
+    // A long list arrives in two reads and is read whole.
+    QStringList namen, leesbaar;
+    for (int i = 1; i <= 150; ++i) {
+        namen << QString("%1-3-2024 14.07.09.backup").arg(i);
+        leesbaar << QString("%1-3-2024 14:07:09").arg(i);
+    }
+    ScriptedPeer peer;
+    begin(peer)
+        .op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE")
+        .op("BCKLST", "BCK" + namen.join('|'), Levering::Gesplitst);
+    Plek plek(&peer);
+    // The halves come 50 ms apart; the pieces of a long read may be that far apart.
+    plek.w.p.frmMain->Berichten.setQuietMs(500);
+    plek.kies(1);
+    EXPECT_EQ(plek.server().cmbBackup, leesbaar);
+}
+
+TEST(InstellingenTest, ThePanelsPaintTheirFieldsAndNameEveryControl) {
+    ScriptedPeer peer;
+    begin(peer)
+        .op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE;<>;SQLite")
+        .op("BCKLST", "BCK5-3-2024 14.07.09.backup|6-3-2024 9.00.00.backup");
+    Plek plek(&peer);
+    plek.kies(0);
+    OnderhoudInstellingenView inst(plek.inst());
+    inst.resize(plek.f().paneelVak().size());
+    plek.inst().txtInstellingen_Internet_Change("http://elders.example");
+    EXPECT_EQ(inst.txtInternet->text(), "http://elders.example");
+    EXPECT_TRUE(inst.cmdInstellingen[0]->isEnabled());
+    EXPECT_EQ(inst.txtWachtwoord[0]->echoMode(), QLineEdit::Password);
+    inst.chckWachtwoord->click();
+    EXPECT_EQ(inst.txtWachtwoord[0]->echoMode(), QLineEdit::Normal);
+    // Typing reaches the model through the control's own event.
+    inst.txtEmail[1]->setFocus();
+    inst.txtEmail[1]->selectAll();
+    QTest::keyClicks(inst.txtEmail[1], "Het Anker");
+    EXPECT_EQ(plek.inst().txtInstellingen_Email[1].tekst, "Het Anker");
+    EXPECT_EQ(inst.cmbTaal->currentText(), "English");
+    tk::test::bewaarPng(inst.grab().toImage(), "instellingen");
+
+    plek.kies(1);
+    OnderhoudServerView server(plek.server());
+    server.resize(plek.f().paneelVak().size());
+    EXPECT_EQ(server.cmbServer[1]->currentText(), "Yes");
+    EXPECT_EQ(server.cmbServer[2]->currentText(), "No");
+    EXPECT_EQ(server.cmbBackup->currentText(), "6-3-2024 9:00:00");
+    EXPECT_FALSE(server.cmdServer[3]->isEnabled());
+    server.cmbServer[2]->setCurrentIndex(0);
+    Q_EMIT server.cmbServer[2]->activated(0);
+    EXPECT_TRUE(plek.server().beta);
+    EXPECT_TRUE(server.cmdServer[3]->isEnabled());
+    tk::test::bewaarPng(server.grab().toImage(), "server");
+
+    // Every control a user can reach carries a name, and no two share one.
+    for (QWidget* paneel : {static_cast<QWidget*>(&inst), static_cast<QWidget*>(&server)}) {
+        QStringList namen;
+        for (QWidget* w : paneel->findChildren<QWidget*>()) {
+            if (!qobject_cast<QLineEdit*>(w) && !qobject_cast<QComboBox*>(w) &&
+                !qobject_cast<QAbstractButton*>(w))
+                continue;
+            SCOPED_TRACE(w->metaObject()->className());
+            EXPECT_FALSE(w->accessibleName().isEmpty());
+            EXPECT_FALSE(namen.contains(w->accessibleName())) << w->accessibleName().toStdString();
+            namen << w->accessibleName();
+        }
+        EXPECT_GE(namen.size(), 8);
+    }
+}
