@@ -224,8 +224,14 @@ void OnderhoudInstellingen::opslaan() {
         // The theme path follows the file, with its fall-backs.
         if (p.modThema)
             p.modThema->LaadThema();
+        // The menu is dead while the server is asked, as the panel is.
+        FrmOnderhoud* f = p.frmOnderhoud;
+        if (f)
+            f->ZetBewerkModus(true);
         const bool opgeslagen = p.modData && p.modData->Opslaan_Instellingen(
                                                  (wachtwoorden + overige).join(wire::fieldSep));
+        if (f)
+            f->ZetBewerkModus(false);
         bezig = false;
         if (!opgeslagen) {
             // The fields keep what was typed, so that Save can be pressed again.
@@ -249,7 +255,7 @@ void OnderhoudInstellingen::opslaan() {
             for (auto it = formulieren.crbegin(); it != formulieren.crend(); ++it)
                 if (p.formulieren.contains(*it))
                     (*it)->LaadTaal();
-            if (FrmOnderhoud* f = p.frmOnderhoud) {
+            if (f) {
                 f->LaadMenu();
                 f->LaadVormgeving();
                 f->Tekenmenu();

@@ -23,6 +23,7 @@
 #include <QLocalSocket>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 using namespace tk;
@@ -291,7 +292,12 @@ TEST(InstellingenTest, SaveStoresTheSettingsAndAChangedLanguageRecaptionsEveryFo
             m.cmbInstellingen_Taal_Click(c.taal);
         }
         log.clear();
+        // A moment into the wait for the server, the menu is dead.
+        bool menuDood = false;
+        QTimer::singleShot(0, [&] { menuDood = plek.f().BewerkModus; });
         m.cmdInstellingen_Click(0);
+        EXPECT_TRUE(menuDood);
+        EXPECT_FALSE(plek.f().BewerkModus);
         ASSERT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
         EXPECT_EQ(peer.ontvangen.value(1), QString("OPSINS") + c.bericht);
         EXPECT_EQ(plek.leesIni("Thema"), QString::number(c.thema + 1));
