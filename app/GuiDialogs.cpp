@@ -4,6 +4,8 @@
 #include "core/FrmVersie.h"
 #include "core/Programma.h"
 #include "link/FrmNetwerk.h"
+#include "screens/maintenance/FrmInternetFilter.h"
+#include "screens/maintenance/FrmInternetFilterView.h"
 #include "screens/start/FrmFoutrapportageView.h"
 #include "screens/start/FrmNetwerkView.h"
 #include "screens/start/FrmVersieView.h"
@@ -34,6 +36,8 @@ void GuiDialogs::toonModaal(Form& form) {
         FrmUitschakelenView(*uitschakelen).exec();
     } else if (auto* netwerk = dynamic_cast<FrmNetwerk*>(&form)) {
         FrmNetwerkView(*netwerk).exec();
+    } else if (auto* filter = dynamic_cast<FrmInternetFilter*>(&form)) {
+        FrmInternetFilterView(*filter).exec();
     } else {
         // A form without a view answers as if closed; say so rather than hang or guess.
         QTextStream(stderr) << "tafelkrater: no window for " << form.formNaam() << Qt::endl;

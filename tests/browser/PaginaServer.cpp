@@ -15,8 +15,8 @@ PaginaServer::PaginaServer() {
 }
 
 void PaginaServer::pagina(const QByteArray& pad, const QByteArray& html, const QByteArray& koekje,
-                          const QByteArray& koppen) {
-    m_paginas.insert(pad, {html, koekje, koppen});
+                          const QByteArray& koppen, bool metLengte) {
+    m_paginas.insert(pad, {html, koekje, koppen, metLengte});
 }
 
 QString PaginaServer::adres(const QByteArray& pad) const {
@@ -46,7 +46,9 @@ void PaginaServer::antwoord(QTcpSocket* s) {
                                    : p->koppen);
         if (!p->koekje.isEmpty())
             uit += "Set-Cookie: " + p->koekje + "; Path=/\r\n";
-        uit += "Content-Length: " + QByteArray::number(p->html.size()) + "\r\n\r\n" + p->html;
+        if (p->metLengte)
+            uit += "Content-Length: " + QByteArray::number(p->html.size()) + "\r\n";
+        uit += "\r\n" + p->html;
     }
     s->write(uit);
     s->disconnectFromHost();

@@ -12,8 +12,10 @@ namespace tk {
 class PaginaServer : public QTcpServer {
 public:
     PaginaServer();
+    // Without `metLengte` the body ends where the connection closes, as an answer of unknown
+    // length does.
     void pagina(const QByteArray& pad, const QByteArray& html, const QByteArray& koekje = {},
-                const QByteArray& koppen = {});
+                const QByteArray& koppen = {}, bool metLengte = true);
     QString adres(const QByteArray& pad) const;
     QByteArray koekjeVan(const QByteArray& pad) const { return m_koekjes.value(pad); }
     int verzoeken(const QByteArray& pad) const { return m_verzoeken.value(pad); }
@@ -23,6 +25,7 @@ private:
         QByteArray html;
         QByteArray koekje;
         QByteArray koppen;
+        bool metLengte = true;
     };
     void antwoord(class QTcpSocket* s);
     QHash<QByteArray, Pagina> m_paginas;
