@@ -31,14 +31,14 @@ bool FilterLists::isAnsiTekst(const QString& tekst) {
 
 FilterLists FilterLists::uit(const QString& verbodenWoorden, const QString& toegestaneSites) {
     FilterLists uit;
+    // Items are trimmed as a typed one is, so that every item in a list passes keur as it stands.
     auto neem = [&](Lijst l, const QString& item) {
-        if (uit.keur(l, item) == Keuring::Goed)
-            uit.voegToe(l, item);
-        else
+        if (uit.toevoegen(l, item) != Keuring::Goed)
             ++uit.m_overgeslagen;
     };
     if (!verbodenWoorden.isEmpty())
-        for (const QString& item : verbodenWoorden.split(QLatin1Char('|'))) {
+        for (const QString& deel : verbodenWoorden.split(QLatin1Char('|'))) {
+            const QString item = deel.trimmed();
             if (item.left(4).compare(url, Qt::CaseInsensitive) == 0)
                 neem(GSites, item.mid(4));
             else
@@ -71,6 +71,8 @@ FilterLists::Keuring FilterLists::keur(Lijst l, const QString& tekst) const {
     // first word "+x" would append the whole list to the stored one. So no word begins so.
     if (l == Woorden && tekst.startsWith(QLatin1Char('+')))
         return Keuring::Plus;
+    if (l == Woorden && tekst.left(4).compare(url, Qt::CaseInsensitive) == 0)
+        return Keuring::Adres;
     if (tekst.size() + (l == GSites ? url.size() : 0) > LangsteItem)
         return Keuring::TeLang;
     if (!isAnsiTekst(tekst))

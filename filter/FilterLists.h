@@ -23,6 +23,7 @@ public:
         Dubbel,          // the list holds it already (case aside)
         Scheidingsteken, // holds "|", which would split it into two items
         Plus,            // a word that begins with "+" (see keur)
+        Adres,           // a word that begins with "url>": stored so, it reads back as a site
         TeLang,          // longer than LangsteItem as the list stores it
         GeenTekst        // a control character, or one that Windows-1252 cannot hold
     };
@@ -32,9 +33,9 @@ public:
     // must fit in one piece, or no cut can keep the pieces under that size.
     static constexpr int LangsteItem = 1998;
 
-    // Splits the two strings into the three lists. An item that does not pass keur (an empty
-    // one from a doubled "|", a doubled item, one too long to save) is left out and counted:
-    // saving then writes the lists without it.
+    // Splits the two strings into the three lists, each item trimmed. An item that does not
+    // pass keur (an empty one from a doubled "|", a doubled item, one too long to save) is left
+    // out and counted: saving then writes the lists without it.
     static FilterLists uit(const QString& verbodenWoorden, const QString& toegestaneSites);
 
     // The words, then every blocked site as "url>" plus the site, joined by "|"; empty lists

@@ -219,6 +219,13 @@ void filterSeeds() {
     seed("PageFilterFuzz", "titel", "kat|hond|url>slecht.nl\nEen kat\nDe tekst van de pagina.");
     seed("PageFilterFuzz", "tekst", "seks|haha||  |caf\xe9\nDieren\nAkatA, Bhahaha haha CAF\xc9.");
     seed("PageFilterFuzz", "leeg", "|url>|\n\n");
+    // The lists: a Content-Type, the words, the allowed sites, a downloaded list.
+    seed("FilterListsFuzz", "crlf", "text/plain\nkat|url>slecht.nl\nschool.nl\nKAT\r\nhond\r\n");
+    seed("FilterListsFuzz", "lf", "\n|kat||Kat|url>|\n||a.nl||\nurl>x.nl\nURL>y.nl|z.nl\n\n");
+    seed("FilterListsFuzz", "utf8",
+         "text/plain; charset=utf-8\ncaf\xe9\n\n\xef\xbb\xbf"
+         "caf\xc3\xa9\r+18\r\x81x");
+    seed("FilterListsFuzz", "html", "text/html\nkat\n\n<html>kat</html>");
 }
 
 int main(int argc, char** argv) {

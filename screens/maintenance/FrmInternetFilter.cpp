@@ -12,10 +12,10 @@ namespace tk {
 
 namespace {
 
-constexpr int TekstAantal = 9570, TekstDubbel = 9571, TekstScheidingsteken = 9572, TekstPlus = 9573,
-              TekstTeLang = 9574, TekstGeenTekst = 9575, TekstGeenWebadres = 9576,
-              TekstNietOpgehaald = 9577, TekstGeenLijst = 9578, TekstTeGroot = 9579,
-              TekstOvergeslagen = 9580;
+constexpr int TekstAantal = 9600, TekstDubbel = 9601, TekstScheidingsteken = 9602,
+              TekstPlus = 9603, TekstTeLang = 9604, TekstGeenTekst = 9605, TekstGeenWebadres = 9606,
+              TekstNietOpgehaald = 9607, TekstGeenLijst = 9608, TekstTeGroot = 9609,
+              TekstOvergeslagen = 9610, TekstAdres = 9611;
 
 } // namespace
 
@@ -147,6 +147,9 @@ void FrmInternetFilter::cmdKnop_Click(int index) {
             break;
         case FilterLists::Keuring::Plus:
             lblStatus = tekst(TekstPlus);
+            break;
+        case FilterLists::Keuring::Adres:
+            lblStatus = tekst(TekstAdres).replace(QStringLiteral("%tab%"), tabCaption[2]);
             break;
         case FilterLists::Keuring::TeLang:
             lblStatus = tekst(TekstTeLang)

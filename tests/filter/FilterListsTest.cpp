@@ -87,6 +87,8 @@ TEST(FilterLists, AnItemEntersAListOnceWhateverItsCase) {
         {FilterLists::Woorden, s("a|b"), K::Scheidingsteken},
         {FilterLists::Woorden, s("+18"), K::Plus},
         {FilterLists::GSites, s("+18.nl"), K::Goed},
+        {FilterLists::Woorden, s("URL>kat"), K::Adres}, // it would read back as a site
+        {FilterLists::GSites, s("url>kat"), K::Goed},
         {FilterLists::Woorden, s("€uro"), K::Goed},
         {FilterLists::Woorden, s("łódź"), K::GeenTekst},
         {FilterLists::Woorden, s("a\tb"), K::GeenTekst},

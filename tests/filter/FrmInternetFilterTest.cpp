@@ -71,10 +71,13 @@ TEST_F(FilterEditor, AddingAndRemovingFollowTheButtonRules) {
     };
     const Case refusals[] = {
         {0, "HOND", "“HOND” is already in the list."},
-        {0, "+18", tekst(9573)},
-        {2, "a|b", tekst(9572)},
+        {0, "+18", tekst(9603)},
+        {0, "url>x.nl",
+         "A word that begins with “url>” is a blocked site: add it under “Blocked "
+         "sites” without “url>”."},
+        {2, "a|b", tekst(9602)},
         {2, QString(FilterLists::LangsteItem, 's'), "An item can be at most 1994 characters long."},
-        {1, "łódź.pl", tekst(9575)},
+        {1, "łódź.pl", tekst(9605)},
     };
     for (const Case& c : refusals) {
         SCOPED_TRACE(c.tekst.left(20).toStdString());
@@ -170,7 +173,7 @@ TEST_F(FilterEditor, UpdateFromTheWebAddressCountsNewItemsAndNamesEveryFailure) 
         QString melding;
     };
     const Fout fouten[] = {
-        {"", 0, tekst(9576)},
+        {"", 0, tekst(9606)},
         {web.adres("/"), 11003, tekst(2933)},
         {web.adres("/elders"), 0,
          "The list could not be fetched from " + web.adres("/elders") +
