@@ -12,8 +12,8 @@ namespace tk {
 
 namespace {
 
-constexpr int TekstAantal = 9600, TekstDubbel = 9601, TekstScheidingsteken = 9602,
-              TekstPlus = 9603, TekstTeLang = 9604, TekstGeenTekst = 9605, TekstGeenWebadres = 9606,
+constexpr int TekstAantal = 9600, TekstDubbel = 9601, TekstScheidingsteken = 9602, TekstPlus = 9603,
+              TekstTeLang = 9604, TekstGeenTekst = 9605, TekstGeenWebadres = 9606,
               TekstNietOpgehaald = 9607, TekstGeenLijst = 9608, TekstTeGroot = 9609,
               TekstOvergeslagen = 9610, TekstAdres = 9611;
 
