@@ -177,7 +177,10 @@ void FrmMainLink::VerbindingVerbroken() {
             return;
         sluitZelf();
         ModMain& m = p.modMain;
-        if (m.ModusStandalone || m.Locatie.toLower() == u"onderhoudsmodule") {
+        // In the module the client restarts: its location is the module's in any language.
+        const bool inModule = m.Locatie.toLower() == u"onderhoudsmodule" ||
+                              (p.modMainVerbinding && p.modMainVerbinding->InOnderhoudsmodule());
+        if (m.ModusStandalone || inModule) {
             m.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(1619), QStringLiteral("-"));
             if (p.modMainVerbinding)
                 p.modMainVerbinding->StuurOpstartCommando(QStringLiteral("resolutie"));

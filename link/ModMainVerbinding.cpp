@@ -70,6 +70,7 @@ void ModMainVerbinding::GeefLocatieDoor(const QString& plaats) {
     Procedure(p, "modMain.GeefLocatieDoor", [&] {
         if (p.modMain.Verbonden())
             p.frmMain->WS_Versturen(wire::LOC + plaats, true);
+        m_plaats = plaats;
         const QStringList velden = plaats.split(wire::valueSep);
         const QString eerste = Ansi::hoofdletters(velden[0]);
         auto tekst = [&](int id) { return p.modTaal.LaadTekst(id); };
@@ -102,6 +103,11 @@ void ModMainVerbinding::GeefLocatieDoor(const QString& plaats) {
         }
         p.modMain.Locatie = lokaal;
     });
+}
+
+bool ModMainVerbinding::InOnderhoudsmodule() const {
+    const QString eerste = Ansi::hoofdletters(m_plaats.section(wire::valueSep, 0, 0));
+    return eerste == u"ONDERHOUD" || eerste == u"ONDERHOUDSMODULE";
 }
 
 int ModMainVerbinding::LeesServerstatus() {

@@ -25,6 +25,10 @@ public:
     void IdentificeerClient();
     // Sends "LOC" + plaats (waited for) when connected, and sets the location text of reports.
     void GeefLocatieDoor(const QString& plaats);
+    // Whether the location last reported is the maintenance module of an administrator
+    // ("ONDERHOUD", or the word "Onderhoudsmodule" the start screen reports), whatever the
+    // language of its text.
+    bool InOnderhoudsmodule() const;
     // "Status server" of the local store: -1 when empty.
     int LeesServerstatus();
     // Sends one word to the launcher; false when no launcher listens.
@@ -48,6 +52,7 @@ public:
     FrmNetwerk frmNetwerk;
 
 private:
+    QString m_plaats; // the location as last reported, before it became text
     Programma& p;
 };
 

@@ -440,6 +440,29 @@ void FrmOnderhoud::ZetBewerkModus(bool aan) {
     hertekenen();
 }
 
+void FrmOnderhoud::NaOpslaan() {
+    Procedure(p, "frmOnderhoud.NaOpslaan", [&] {
+        int groep = -1, rij = -1;
+        for (int g = 0; g < Groepen; ++g)
+            for (int r = 0; r < Rijen; ++r)
+                if (cel(g, r, Geselecteerd) == ja) {
+                    groep = g;
+                    rij = r;
+                }
+        BewerkModus = false;
+        if (Beperkt)
+            LaadAangepastMenu();
+        else
+            LaadMenu();
+        if (groep >= 0 && !cel(groep, rij, Tekst).isEmpty()) {
+            OpenGroep(groep);
+            cel(groep, rij, Geselecteerd) = ja;
+            cel(groep, rij, Kleur) = kleurTekst(kleurGeselecteerd);
+        }
+        hertekenen();
+    });
+}
+
 bool FrmOnderhoud::toonPaneel(int nummer, int rij) {
     OnderhoudPaneel* gekozen = paneel(nummer);
     if (!gekozen) {

@@ -91,6 +91,9 @@ public:
     void OpenGroep(int groep);
     // Edit mode of a record panel: the menu is dead and grey while it holds.
     void ZetBewerkModus(bool aan);
+    // A record panel saved: the menu is loaded anew for this stay, the group of the selected
+    // row open and the row still selected, the menu alive again.
+    void NaOpslaan();
 
     // The menu rows, the log-off and the info strip as accessibility sees them; a row's focus
     // stop is group * 100 + row, the log-off's 999.

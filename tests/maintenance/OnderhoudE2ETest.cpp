@@ -2,68 +2,10 @@
 // or stays silent and is logged off after 30 seconds of its clock while the newcomer enters at
 // its next poll. The question windows' timers tick on every turn of the event loop; what they
 // decide follows from each workstation's injected clock.
-#include "data/ModData.h"
-#include "link/FrmMainLink.h"
-#include "link/ModMainVerbinding.h"
-#include "screens/ScreenRouter.h"
-#include "screens/maintenance/FrmOnderhoud.h"
-#include "screens/maintenance/FrmOnderhoudVraag.h"
-#include "screens/start/FrmMain.h"
-#include "tests/e2e/ServerProces.h"
-#include "tests/e2e/Werkstation.h"
-#include "theme/ModThema.h"
-
-#include <gtest/gtest.h>
+#include "tests/maintenance/OnderhoudWerkplek.h"
 
 using namespace tk;
-using tk::test::ServerProces;
-using tk::test::Werkstation;
-
-namespace {
-
-// A connected workstation with the start screen, the router and the question made.
-struct Plek {
-    explicit Plek(quint16 poort) : ws(poort), router(p()) {
-        Programma& p = this->p();
-        ws.w.kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/1/"));
-        p.maak(p.modData, p);
-        p.maak(p.modThema, p);
-        p.modThema->LaadThema();
-        p.maak(p.startScreen, p, *p.frmMain);
-        p.startScreenEvents = p.startScreen;
-        p.schermen = &router;
-        p.maak(p.frmOnderhoudVraag, p);
-        vraag().tmrAuto.setInterval(0);
-    }
-    Programma& p() { return ws.w.p; }
-    FrmOnderhoudVraag& vraag() { return *p().frmOnderhoudVraag; }
-    FakeClock& klok() { return ws.w.platform.fakeClock(); }
-    Werkstation ws;
-    ScreenRouter router;
-};
-
-class OnderhoudE2ETest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
-        binnen = std::make_unique<Plek>(server.poort());
-        nieuw = std::make_unique<Plek>(server.poort());
-        ASSERT_TRUE(binnen->ws.verbind());
-        ASSERT_TRUE(nieuw->ws.verbind());
-        // The administrator enters on the first workstation, as the start screen does it.
-        ASSERT_FALSE(binnen->router.ControleerAanwezigOnderhoudsmodule(false));
-        binnen->p().modMainVerbinding->GeefLocatieDoor(QStringLiteral("ONDERHOUD"));
-        ASSERT_TRUE(binnen->router.openOnderhoudsmodule(-1, {}));
-        ASSERT_EQ(nieuw->ws.vraag(QStringLiteral("INFOND")), QStringLiteral("JA"));
-        // Time moves only when the test moves it, at the moments a test names.
-        binnen->klok().setStepPerRead(0);
-        nieuw->klok().setStepPerRead(0);
-    }
-    ServerProces server;
-    std::unique_ptr<Plek> binnen, nieuw;
-};
-
-} // namespace
+using OnderhoudE2ETest = tk::test::OnderhoudServerTest;
 
 TEST_F(OnderhoudE2ETest, ARefusalShowsItsNoteAndTheNewcomerStaysOutside) {
     bool gevraagd = false;

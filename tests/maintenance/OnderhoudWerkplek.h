@@ -1,0 +1,82 @@
+#pragma once
+
+// The fixture of every maintenance test that talks to a peer: one workstation pointed at a
+// scripted peer, or two workstations and the real server.
+#include "data/ModData.h"
+#include "link/FrmMainLink.h"
+#include "link/ModMainVerbinding.h"
+#include "screens/ScreenRouter.h"
+#include "screens/maintenance/FrmOnderhoud.h"
+#include "screens/maintenance/FrmOnderhoudVraag.h"
+#include "screens/start/FrmMain.h"
+#include "tests/e2e/Werkstation.h"
+#include "theme/ModThema.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+
+#ifdef TK_SERVER_PAD
+#include "tests/e2e/ServerProces.h"
+#endif
+
+namespace tk::test {
+
+// A Beheer workstation pointed at `poort`, with the default theme, the data tables, the start
+// screen, the router and the exclusive-access question (its timer ticks on every turn of the
+// event loop; what it decides follows from the injected clock).
+struct OnderhoudPlek {
+    explicit OnderhoudPlek(quint16 poort) : ws(poort), router(p()) {
+        Programma& p = this->p();
+        ws.w.kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/1/"));
+        p.maak(p.modData, p);
+        p.modMainVerbinding->namen = p.modData;
+        p.maak(p.modThema, p);
+        p.modThema->LaadThema();
+        p.maak(p.startScreen, p, *p.frmMain);
+        p.startScreenEvents = p.startScreen;
+        p.schermen = &router;
+        p.maak(p.frmOnderhoudVraag, p);
+        vraag().tmrAuto.setInterval(0);
+    }
+    Programma& p() { return ws.w.p; }
+    FrmOnderhoud& f() { return *p().frmOnderhoud; }
+    FrmOnderhoudVraag& vraag() { return *p().frmOnderhoudVraag; }
+    FakeClock& klok() { return ws.w.platform.fakeClock(); }
+    // Connects without the identification a scripted peer would have to expect.
+    bool verbindKaal() {
+        return p().modMainVerbinding->BepaalServerlocatie() && p().frmMain->ServerVerbinden(true);
+    }
+    // The administrator enters as the start screen lets him: the check, the location, the menu.
+    // Without a link (port 0) the check is skipped, since it would keep him out.
+    bool betreed() {
+        if (p().modMain.Verbonden() && router.ControleerAanwezigOnderhoudsmodule(false))
+            return false;
+        p().modMainVerbinding->GeefLocatieDoor(QStringLiteral("ONDERHOUD"));
+        return router.openOnderhoudsmodule(-1, {});
+    }
+    Werkstation ws;
+    ScreenRouter router;
+};
+
+#ifdef TK_SERVER_PAD
+// Two workstations and the real server on free ports. After SetUp `binnen` is inside the module
+// and `nieuw` waits at its start screen; both clocks move only when a test moves them.
+class OnderhoudServerTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
+        binnen = std::make_unique<OnderhoudPlek>(server.poort());
+        nieuw = std::make_unique<OnderhoudPlek>(server.poort());
+        ASSERT_TRUE(binnen->ws.verbind());
+        ASSERT_TRUE(nieuw->ws.verbind());
+        ASSERT_TRUE(binnen->betreed());
+        ASSERT_EQ(nieuw->ws.vraag(QStringLiteral("INFOND")), QStringLiteral("JA"));
+        binnen->klok().setStepPerRead(0);
+        nieuw->klok().setStepPerRead(0);
+    }
+    ServerProces server;
+    std::unique_ptr<OnderhoudPlek> binnen, nieuw;
+};
+#endif
+
+} // namespace tk::test
