@@ -140,7 +140,7 @@ BrowserPane::BrowserPane(BrowserOmgeving omgeving, QWidget* parent)
     m_favorieten->setObjectName(QStringLiteral("tvFavorieten"));
     m_favorieten->setAccessibleName(tekst(TekstFavorieten));
     TekenFavorieten();
-    // Enter and a double click activate, a single click chooses, as in the tree the pupils know.
+    // A click on a node opens it, and so do Enter and a double click from the keyboard's place.
     connect(m_favorieten, &QTreeWidget::itemActivated, this,
             [this](QTreeWidgetItem* node) { tvFavorieten_NodeClick(node); });
     connect(m_favorieten, &QTreeWidget::itemClicked, this,
