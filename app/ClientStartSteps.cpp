@@ -6,6 +6,8 @@
 #include "link/ModMainVerbinding.h"
 #include "platform/ContainedSystemActions.h"
 #include "platform/linux/PrivilegedSystemActions.h"
+#include "screens/start/FrmActiveren.h"
+#include "screens/start/FrmActiveren2View.h"
 #include "screens/start/FrmMain.h"
 #include "screens/start/FrmMainView.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
@@ -141,6 +143,14 @@ ModMainSessie& ClientStartSteps::sessie() {
         m_sessie = std::make_unique<ModMainSessie>(p, *m_systeem);
     }
     return *m_sessie;
+}
+
+bool ClientStartSteps::frmActiveren(bool rechten, bool resolutie, bool shellIngesteld,
+                                    FrmInitialiseren* voortgang) {
+    FrmActiveren wizard(p, sessie());
+    // The wait window of the carrying out stands on its own, also on the silent path.
+    FrmActiveren2View wacht(wizard.frmActiveren2);
+    return wizard.Openen(rechten, resolutie, shellIngesteld, voortgang);
 }
 
 void ClientStartSteps::WijzigOpstarten() {

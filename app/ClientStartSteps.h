@@ -37,6 +37,8 @@ public:
     void OpenFout(const QString& tekst) override;
 
     // The take-over and hand-back, the session's policies and its end (session layer).
+    bool frmActiveren(bool rechten, bool resolutie, bool shellIngesteld,
+                      FrmInitialiseren* voortgang) override;
     void WijzigOpstarten() override;
     void BewaarOpstartinstellingen() override;
     void TafelkraterAccountVerwijderen() override;

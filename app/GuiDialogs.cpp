@@ -6,6 +6,8 @@
 #include "link/FrmNetwerk.h"
 #include "screens/maintenance/FrmInternetFilter.h"
 #include "screens/maintenance/FrmInternetFilterView.h"
+#include "screens/start/FrmActiveren.h"
+#include "screens/start/FrmActiverenView.h"
 #include "screens/start/FrmFoutrapportageView.h"
 #include "screens/start/FrmNetwerkView.h"
 #include "screens/start/FrmVersieView.h"
@@ -34,6 +36,8 @@ void GuiDialogs::toonModaal(Form& form) {
         FrmVersieView(*versie).exec();
     } else if (auto* uitschakelen = dynamic_cast<FrmUitschakelen*>(&form)) {
         FrmUitschakelenView(*uitschakelen).exec();
+    } else if (auto* wizard = dynamic_cast<FrmActiveren*>(&form)) {
+        FrmActiverenView(*wizard).exec();
     } else if (auto* netwerk = dynamic_cast<FrmNetwerk*>(&form)) {
         FrmNetwerkView(*netwerk).exec();
     } else if (auto* filter = dynamic_cast<FrmInternetFilter*>(&form)) {

@@ -358,7 +358,8 @@ void ModMainOpstart::Main(const QString& opdrachtregel) {
                 frmInitialiseren.Instelling(2, true);
                 stappen.BewaarOpstartinstellingen();
             }
-            const bool verder = stappen.frmActiveren();
+            const bool verder =
+                stappen.frmActiveren(RegisterOK, ResolutieOK, ShellOK, &frmInitialiseren);
             // A take-over that cannot go on tells the user why and logs off.
             if (!verder) {
                 if (!ShellOK || RegisterOK) {

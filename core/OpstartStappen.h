@@ -6,6 +6,8 @@
 
 namespace tk {
 
+class FrmInitialiseren;
+
 // The steps of the start-up (and of the close options) that belong to the layers above the core:
 // the take-over of the shell, the display, the theme, the taskbar, the connection and the
 // session. Main calls them in its order. Every step is pure: the client's composition root
@@ -33,7 +35,9 @@ public:
     virtual void LaadThema() = 0;
 
     // The take-over and hand-back of the machine (session layer).
-    virtual bool frmActiveren() = 0;
+    // The take-over wizard with the start-up's checks; `voortgang` is its progress window.
+    virtual bool frmActiveren(bool rechten, bool resolutie, bool shellIngesteld,
+                              FrmInitialiseren* voortgang) = 0;
     virtual void WijzigOpstarten() = 0;
     virtual void BewaarOpstartinstellingen() = 0;
     virtual void TafelkraterAccountVerwijderen() = 0;

@@ -36,7 +36,7 @@ void UnbuiltStartSteps::ComputerHerstarten() {
     nietGebouwd("ComputerHerstarten", QStringLiteral("the machine is not restarted"));
 }
 
-bool UnbuiltStartSteps::frmActiveren() {
+bool UnbuiltStartSteps::frmActiveren(bool, bool, bool, FrmInitialiseren*) {
     nietGebouwd("frmActiveren", QStringLiteral("the workstation goes on without the take-over"));
     return true;
 }

@@ -26,7 +26,8 @@ public:
     void HaalHulpbestand(const QString& naam) override;
     void ControleerUpdate(bool forceer) override;
     void LaadThema() override;
-    bool frmActiveren() override;
+    bool frmActiveren(bool rechten, bool resolutie, bool shellIngesteld,
+                      FrmInitialiseren* voortgang) override;
     void WijzigOpstarten() override;
     void BewaarOpstartinstellingen() override;
     void TafelkraterAccountVerwijderen() override;

@@ -2,6 +2,7 @@
 
 #include "core/Ansi.h"
 #include "core/ModMain.h"
+#include "core/OpstartStappen.h"
 #include "core/Programma.h"
 #include "platform/Environment.h"
 #include "session/ModMainSessie.h"
@@ -96,20 +97,11 @@ int Uitrol::Activeren(const QStringList& opties) {
     m.StilActiveren = true;
     m_sessie.sessieBeeindigen = false;
     m_sessie.BewaarOpstartinstellingen();
-    if (!m_sessie.TafelkraterAccountAanmaken())
-        return klaar(AccountMislukt, p.modTaal.LaadTekst(503));
-    m.SchrijfIni(QStringLiteral("Ja"), QStringLiteral("Algemeen"), QStringLiteral("Geactiveerd"),
-                 instellingen());
-    if (m.ModusStandalone) {
-        m.SchrijfIni(QStringLiteral("Tafelkrater"), QStringLiteral("Standalone"),
-                     QStringLiteral("Gebruikersnaam"), instellingen());
-        m.SchrijfIni(ModMain::IngebouwdWachtwoord(), QStringLiteral("Standalone"),
-                     QStringLiteral("Wachtwoord"), instellingen());
-    } else {
-        m.SchrijfIni(p.platform.environment().variable(QStringLiteral("USERDOMAIN")),
-                     QStringLiteral("Netwerk"), QStringLiteral("Domein"), instellingen());
-    }
-    m_sessie.ZetBureaubladachtergrond(true, true);
+    // The wizard's silent path: the firewall test against the server, the accounts, the
+    // settings. The display is not judged here: the client checks it at every start.
+    if (!p.opstartStappen->frmActiveren(true, true, false, nullptr))
+        return klaar(Geweigerd, QStringLiteral("the take-over was refused (see above); nothing "
+                                               "of the logon was changed"));
     m_sessie.WijzigOpstarten();
     return klaar(Gelukt, QStringLiteral("the workstation is taken over; it applies from the next "
                                         "log on (restart it now)"));

@@ -12,8 +12,9 @@ class Programma;
 // The roll-out from a script: "tafelkrater --activeren" takes the workstation over without
 // questions (the silent path of the wizard), "tafelkrater --deactiveren" hands it back. The mode
 // and the server location come from "--modus standalone|netwerk" and "--server LOCATION" or from
-// the settings already there. Each ends with an exit code and a line saying what came of it; the
-// session is left running, so that the administrator chooses when to restart.
+// the settings already there; the take-over goes through the wizard's silent path
+// (OpstartStappen::frmActiveren with StilActiveren). Each ends with an exit code and a line saying
+// what came of it; the session is left running, so that the administrator chooses when to restart.
 class Uitrol {
 public:
     enum Code {
@@ -21,7 +22,7 @@ public:
         FouteOpdracht = 2,
         GeenModus = 3,
         RegisterNietSchrijfbaar = 4,
-        AccountMislukt = 5
+        Geweigerd = 5
     };
 
     Uitrol(Programma& p, ModMainSessie& sessie, QTextStream& uit);

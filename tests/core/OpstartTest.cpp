@@ -30,7 +30,7 @@ public:
     }
     void ControleerUpdate(bool f) override { log << QStringLiteral("ControleerUpdate(%1)").arg(f); }
     void LaadThema() override { log << QStringLiteral("LaadThema"); }
-    bool frmActiveren() override {
+    bool frmActiveren(bool, bool, bool, FrmInitialiseren*) override {
         log << QStringLiteral("frmActiveren");
         return activerenVerder;
     }

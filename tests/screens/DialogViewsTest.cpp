@@ -5,11 +5,15 @@
 #include "core/FrmInitialiseren.h"
 #include "core/FrmVersie.h"
 #include "link/FrmNetwerk.h"
+#include "platform/fake/FakeSystemActions.h"
+#include "screens/start/FrmActiveren.h"
+#include "screens/start/FrmActiverenView.h"
 #include "screens/start/FrmFoutrapportageView.h"
 #include "screens/start/FrmInitialiserenView.h"
 #include "screens/start/FrmNetwerkView.h"
 #include "screens/start/FrmVersieView.h"
 #include "screens/taskbar/FrmUitschakelenView.h"
+#include "session/ModMainSessie.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -228,4 +232,52 @@ TEST(DialogViewsTest, CheckWindowShowsItsRowsWithTheirMarksWhileTheModelIsShown)
     EXPECT_GT(donker(beeld, FrmInitialiserenView::rijVak(1).adjusted(0, 0, -30, 0)), 20);
     f.Verbergen();
     EXPECT_FALSE(view.isVisible());
+}
+
+TEST(DialogViewsTest, TakeOverWizardShowsTheTestedRowsAndTheKeysReachItsLiveButtons) {
+    ScreenWerkplek w;
+    FakeSystemActions systeem;
+    ModMainSessie sessie(w.p, systeem);
+    FrmActiveren f(w.p, sessie);
+    f.LaadTaal();
+    f.optRegister.opt = FrmActiveren::Keuze::Ja;
+    f.optResolutie.opt = FrmActiveren::Keuze::Ja;
+    f.optFirewall.opt = FrmActiveren::Keuze::Nee;
+    f.tmrFirewall_Timer();
+    FrmActiverenView view(f);
+    const QImage beeld = view.grab().toImage();
+    bewaarPng(beeld, "frmActiveren");
+    // The chosen button of a row has its dot: Yes for the registry, No for the firewall. The
+    // dot sits in the centre of the 13-pixel circle at the left of the option's area.
+    auto punt = [](int rij, bool ja) { return QPoint(ja ? 356 : 434, 14 + rij * 74 + 10); };
+    auto gevuld = [&](int rij, bool ja) { return qGray(pixel(beeld, punt(rij, ja))) < 200; };
+    EXPECT_TRUE(gevuld(0, true));
+    EXPECT_FALSE(gevuld(0, false));
+    EXPECT_TRUE(gevuld(2, false));
+    EXPECT_FALSE(gevuld(2, true));
+    EXPECT_GT(donker(beeld, QRect(18, 14 + 2 * 74, 300, 20)), 40); // the firewall's question
+    // A screen reader hears each row's answer and the four buttons, the live ones pressable.
+    QStringList namen, drukbaar;
+    for (const PaintedControl& c : view.geschilderd()) {
+        if (c.aangevinkt)
+            namen << c.naam;
+        if (c.drukbaar && !c.uitgeschakeld)
+            drukbaar << c.naam;
+    }
+    EXPECT_EQ(namen, (QStringList{f.optRegister.lblTekst + u' ' + f.lblJa,
+                                  f.optResolutie.lblTekst + u' ' + f.lblJa,
+                                  f.optFirewall.lblTekst + u' ' + f.lblNee}));
+    QStringList knoppen;
+    for (const QString& c : {f.cmdFirewallCaption, f.cmdServerlocatieCaption, f.cmdActiverenCaption,
+                             f.cmdSluitenCaption})
+        knoppen << AccessibleName::maak(c);
+    EXPECT_EQ(drukbaar, knoppen);
+    // Tab walks the live buttons; Space presses the one with the focus: here Close.
+    const int eerste = view.focusVlak();
+    for (int i = 0; i < 3; ++i)
+        toets(view, Qt::Key_Tab);
+    EXPECT_NE(eerste, view.focusVlak());
+    toets(view, Qt::Key_Space);
+    EXPECT_TRUE(f.Klaar);
+    EXPECT_FALSE(f.Antwoord);
 }

@@ -1,7 +1,12 @@
 #include "session/Uitrol.h"
 
+#include "core/UnbuiltStartSteps.h"
+#include "link/FrmMainLink.h"
+#include "link/ModMainVerbinding.h"
 #include "platform/fake/FakeSystemActions.h"
+#include "screens/start/FrmActiveren.h"
 #include "session/ModMainSessie.h"
+#include "tests/support/ScriptedPeer.h"
 #include "tests/support/Werkplek.h"
 
 #include <gtest/gtest.h>
@@ -10,6 +15,17 @@ using namespace tk;
 using tk::test::Werkplek;
 
 namespace {
+
+// The client's wizard on its silent path, as the composition root gives it.
+class WizardStappen : public UnbuiltStartSteps {
+public:
+    WizardStappen(Programma& p, ModMainSessie& sessie) : UnbuiltStartSteps(p), p(p), s(sessie) {}
+    bool frmActiveren(bool rechten, bool resolutie, bool shell, FrmInitialiseren* v) override {
+        return FrmActiveren(p, s).Openen(rechten, resolutie, shell, v);
+    }
+    Programma& p;
+    ModMainSessie& s;
+};
 
 TEST(UitrolTest, ScriptedTakeOverAndHandBackEndWithACodeAndLeaveTheSessionRunning) {
     struct Rij {
@@ -26,8 +42,7 @@ TEST(UitrolTest, ScriptedTakeOverAndHandBackEndWithACodeAndLeaveTheSessionRunnin
     const Rij rijen[] = {
         {"standalone", {a, modus, QStringLiteral("standalone")}, true, false, 0, "Ja", true},
         {"network",
-         {a, modus, QStringLiteral("Netwerk"), QStringLiteral("--server"),
-          QStringLiteral("srv:34487")},
+         {a, modus, QStringLiteral("Netwerk"), QStringLiteral("--server"), QStringLiteral("@")},
          true,
          false,
          0,
@@ -49,15 +64,27 @@ TEST(UitrolTest, ScriptedTakeOverAndHandBackEndWithACodeAndLeaveTheSessionRunnin
     for (const Rij& rij : rijen) {
         SCOPED_TRACE(rij.naam);
         Werkplek w;
+        w.platform.fakeClock().setStepPerRead(10);
+        w.p.maak(w.p.frmMain, w.p);
+        w.p.maak(w.p.modMainVerbinding, w.p);
+        test::ScriptedPeer server;
+        server.op(QStringLiteral("FIR"), QStringLiteral("FIR"));
+        const QString locatie = QStringLiteral("127.0.0.1:%1").arg(server.poort());
+        QStringList argumenten = rij.argumenten;
+        argumenten.replaceInStrings(QStringLiteral("@"), locatie);
+        if (!argumenten.contains(u"--server"))
+            argumenten << QStringLiteral("--server") << locatie;
         FakeSystemActions systeem;
         if (!rij.netGeweigerd)
             systeem.outputs.insert(QStringLiteral("net"),
                                    QStringLiteral("The command completed successfully.\n"));
         ModMainSessie sessie(w.p, systeem);
+        WizardStappen stappen(w.p, sessie);
+        w.p.opstartStappen = &stappen;
         w.platform.fakeRegistry().setWritable(rij.schrijfbaar);
         QString tekst;
         QTextStream uit(&tekst);
-        const int code = Uitrol(w.p, sessie, uit).Uitvoeren(rij.argumenten);
+        const int code = Uitrol(w.p, sessie, uit).Uitvoeren(argumenten);
         EXPECT_EQ(rij.code, code) << tekst.toStdString();
         EXPECT_TRUE(tekst.contains(u"tafelkrater: "));
         EXPECT_EQ(QString::fromLatin1(rij.geactiveerd),

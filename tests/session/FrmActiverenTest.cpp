@@ -1,0 +1,181 @@
+// The take-over wizard: its tests in their order with the message of the first that fails, the
+// firewall test over the wire, the pauses of the silent path, and what the carrying out writes.
+#include "screens/start/FrmActiveren.h"
+
+#include "core/FrmInitialiseren.h"
+#include "core/UnbuiltStartSteps.h"
+#include "link/FrmMainLink.h"
+#include "link/ModMainVerbinding.h"
+#include "platform/fake/FakeSystemActions.h"
+#include "session/ModMainSessie.h"
+#include "tests/support/ScriptedPeer.h"
+#include "tests/support/Werkplek.h"
+
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::ScriptedPeer;
+using tk::test::Werkplek;
+
+namespace {
+
+using Keuze = FrmActiveren::Keuze;
+
+// A workstation with a link whose firewall test reaches a scripted server that answers "FIR"
+// (or keeps silent), and a session whose net verb succeeds (or is refused).
+struct Wizard {
+    explicit Wizard(bool standalone, bool firewall = true, bool netGeweigerd = false)
+        : sessie(w.p, systeem) {
+        w.p.maak(w.p.frmMain, w.p);
+        w.p.maak(w.p.modMainVerbinding, w.p);
+        w.platform.fakeClock().setStepPerRead(10);
+        w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
+        w.p.modMain.ModusStandalone = standalone;
+        w.p.modMain.ModusNetwerk = !standalone;
+        peer.op(QStringLiteral("FIR"), QStringLiteral("FIRschool.local"),
+                firewall ? ScriptedPeer::Levering::Heel : ScriptedPeer::Levering::Stil);
+        // The local server a standalone workstation starts for the test is the scripted one.
+        w.p.modRegistry.SchrijfWaarde(
+            RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
+            QStringLiteral("Locatie server"), QStringLiteral("\\tafelkrater-server"));
+        ini("Instellingen", "Serverlocatie", QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
+        if (!netGeweigerd)
+            systeem.outputs.insert(QStringLiteral("net"),
+                                   QStringLiteral("The command completed successfully.\n"));
+    }
+    void ini(const char* sectie, const char* sleutel, const QString& waarde) {
+        w.p.modMain.SchrijfIni(waarde, QString::fromLatin1(sectie), QString::fromLatin1(sleutel),
+                               QStringLiteral("\\Data\\Instellingen.ini"));
+    }
+    QString ini(const char* sectie, const char* sleutel) {
+        return w.p.modMain.LeesIni(QString::fromLatin1(sectie), QString::fromLatin1(sleutel),
+                                   QStringLiteral("\\Data\\Instellingen.ini"));
+    }
+    bool accountsGemaakt() const { return systeem.actions.join(u'\n').contains(u"net "); }
+
+    Werkplek w;
+    ScriptedPeer peer;
+    FakeSystemActions systeem;
+    ModMainSessie sessie;
+};
+
+TEST(FrmActiverenTest, ActivatingRunsItsTestsInOrderAndTheFirstFailureSaysWhy) {
+    struct Rij {
+        const char* naam;
+        bool standalone, rechten, resolutie, shell, firewall, netGeweigerd;
+        const char* gebruiker;
+        int melding; // 0: none
+        bool antwoord;
+    };
+    const Rij rijen[] = {
+        {"all pass, standalone", true, true, true, false, true, false, "jan", 0, true},
+        {"all pass, network", false, true, true, false, true, false, "jan", 0, true},
+        {"the registry is tested first", false, false, false, false, false, false, "jan", 415,
+         false},
+        {"firewall, network: the server", false, true, false, false, false, false, "jan", 416,
+         false},
+        {"firewall, standalone", true, true, false, false, false, false, "jan", 417, false},
+        {"resolution", true, true, false, false, true, false, "jan", 418, false},
+        {"standalone under its own account", true, true, true, false, true, false, "Tafelkrater",
+         419, false},
+        {"network under that name is allowed", false, true, true, false, true, false, "TAFELKRATER",
+         0, true},
+        {"accounts refused", true, true, true, false, true, true, "jan", 503, false},
+        {"shell set and writable: no test at all", true, true, false, true, false, false, "jan", 0,
+         true},
+    };
+    for (const Rij& r : rijen) {
+        SCOPED_TRACE(r.naam);
+        Wizard z(r.standalone, r.firewall, r.netGeweigerd);
+        z.w.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
+                                                   QString::fromLatin1(r.gebruiker));
+        z.w.p.modMain.StilActiveren = true; // activate as if clicked
+        FrmInitialiseren voortgang(z.w.p);
+        FrmActiveren f(z.w.p, z.sessie);
+        EXPECT_EQ(r.antwoord, f.Openen(r.rechten, r.resolutie, r.shell, &voortgang));
+        const QStringList meldingen = z.w.meldingen();
+        if (r.melding) {
+            EXPECT_EQ(meldingen, QStringList{z.w.p.modTaal.LaadTekst(r.melding)});
+        } else {
+            EXPECT_TRUE(meldingen.isEmpty()) << meldingen.join(u'|').toStdString();
+        }
+        // A refusal before the accounts leaves the buttons live and nothing made or written.
+        const bool voorAccounts = r.melding && r.melding != 503;
+        if (!r.shell) {
+            EXPECT_EQ(voorAccounts, f.cmdActiverenEnabled && f.cmdSluitenEnabled);
+        }
+        EXPECT_EQ(z.accountsGemaakt(), !r.shell && !voorAccounts);
+        EXPECT_EQ(z.ini("Algemeen", "Geactiveerd"),
+                  r.antwoord && !r.shell ? QStringLiteral("Ja") : QString());
+        EXPECT_EQ(z.peer.ontvangen.contains(u"FIR"), !r.shell);
+        if (!r.shell) {
+            EXPECT_EQ(voortgang.lblItem.value(3).lblCheck,
+                      r.firewall ? QStringLiteral("a") : QStringLiteral("r"));
+        }
+    }
+}
+
+TEST(FrmActiverenTest, CarryingOutWritesTheAccountOfTheModeAndKeepsTheWallpaper) {
+    for (bool standalone : {true, false}) {
+        SCOPED_TRACE(standalone);
+        Wizard z(standalone);
+        z.w.p.modMain.StilActiveren = true;
+        z.w.platform.fakeEnvironment().setVariable(QStringLiteral("USERDOMAIN"),
+                                                   QStringLiteral("WERKPLEK"));
+        z.w.platform.registry().write(
+            RegistryRoot::Users, QString::fromLatin1(ModMainSessie::StandaardBureaublad),
+            QStringLiteral("Wallpaper"), RegistryValue::string(QStringLiteral("oud.bmp")));
+        FrmActiveren f(z.w.p, z.sessie);
+        ASSERT_TRUE(f.Openen(true, true, false));
+        EXPECT_EQ(z.ini("Standalone", "Gebruikersnaam"),
+                  standalone ? QStringLiteral("Tafelkrater") : QString());
+        EXPECT_EQ(z.ini("Standalone", "Wachtwoord"),
+                  standalone ? QStringLiteral("Sleutelwrk42") : QString());
+        // The domain the server told in its answer to the firewall test.
+        EXPECT_EQ(z.ini("Netwerk", "Domein"),
+                  standalone ? QString() : QStringLiteral("school.local"));
+        EXPECT_EQ(z.ini("Wallpaper", "Achtergrond"), QStringLiteral("oud.bmp"));
+        EXPECT_FALSE(f.frmActiveren2.Zichtbaar);
+    }
+}
+
+TEST(FrmActiverenTest, TheFormWaitsLongerThanTheSilentPathAndItsTimerFreesTheRetestButtons) {
+    qint64 duur[2] = {0, 0};
+    for (bool stil : {true, false}) {
+        SCOPED_TRACE(stil);
+        Wizard z(false, /*firewall*/ false);
+        z.w.p.modMain.StilActiveren = stil;
+        FrmActiveren f(z.w.p, z.sessie);
+        int getoond = 0;
+        z.w.dialogen.opModaal = [&](Form& form) {
+            if (&form != &f)
+                return; // the choice of another location is left unanswered
+            ++getoond;
+            EXPECT_EQ(f.optRegister.opt, Keuze::Ja);
+            EXPECT_EQ(f.optResolutie.opt, Keuze::Nee);
+            EXPECT_EQ(f.optFirewall.opt, Keuze::Nee);
+            EXPECT_TRUE(f.tmrFirewall.isActive());
+            EXPECT_FALSE(f.cmdFirewallEnabled || f.cmdServerlocatieEnabled);
+            f.tmrFirewall_Timer();
+            EXPECT_TRUE(f.cmdFirewallEnabled && f.cmdServerlocatieEnabled);
+            EXPECT_FALSE(f.tmrFirewall.isActive());
+            // Testing again against a server that now answers turns the row to Yes.
+            z.peer.op(QStringLiteral("FIR"), QStringLiteral("FIR"));
+            f.cmdFirewall_Click();
+            EXPECT_EQ(f.optFirewall.opt, Keuze::Ja);
+            EXPECT_FALSE(f.cmdFirewallEnabled);
+            f.cmdSluiten_Click();
+        };
+        const qint64 begin = z.w.platform.fakeClock().msecsSinceStart();
+        FrmInitialiseren voortgang(z.w.p);
+        EXPECT_FALSE(f.Openen(true, false, false, &voortgang));
+        duur[stil ? 0 : 1] = z.w.platform.fakeClock().msecsSinceStart() - begin;
+        EXPECT_EQ(getoond, stil ? 0 : 1);
+        EXPECT_FALSE(z.accountsGemaakt());
+    }
+    // Two row pauses of 500 instead of 100 and a last pause of 1000 instead of 500.
+    EXPECT_GE(duur[1] - duur[0], 1300);
+    EXPECT_LT(duur[1] - duur[0], 1400);
+}
+
+} // namespace
