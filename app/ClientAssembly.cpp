@@ -16,6 +16,7 @@
 #include "screens/taskbar/FrmAfmelden.h"
 #include "screens/taskbar/FrmAfmeldenView.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
+#include "screens/taskbar/FrmWindowsView.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
 #include "theme/ModDataPictogrammen.h"
 #include "theme/ModDataThemas.h"
@@ -48,6 +49,7 @@ ClientAssembly::ClientAssembly(Programma& p)
     m_wachten = std::make_unique<FrmWachtenView>(*p.frmWachten);
     m_aanmelden = std::make_unique<FrmAanmeldenView>(*p.frmAanmelden);
     m_afmelden = std::make_unique<FrmAfmeldenView>(*p.frmAfmelden);
+    m_windows = std::make_unique<FrmWindowsView>(p.modMainAfsluiten->frmWindows);
     // The maintenance module's exclusive access: the check, and its question with its window.
     p.maak(p.modMainOnderhoud, p);
     p.maak(p.frmOnderhoudVraag, p);

@@ -13,6 +13,7 @@ class FrmAanmeldenView;
 class FrmAfmeldenView;
 class FrmOnderhoudVraagView;
 class FrmWachtenView;
+class FrmWindowsView;
 class Programma;
 
 // The client's composition root: makes every module and form of the client in Programma, with
@@ -37,6 +38,7 @@ private:
     std::unique_ptr<FrmWachtenView> m_wachten;
     std::unique_ptr<FrmAanmeldenView> m_aanmelden;
     std::unique_ptr<FrmAfmeldenView> m_afmelden;
+    std::unique_ptr<FrmWindowsView> m_windows;
     std::unique_ptr<FrmOnderhoudVraagView> m_onderhoudVraag;
 };
 

@@ -16,8 +16,10 @@
 #include "screens/start/FrmAanmelden.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "screens/taskbar/FrmTaakbalk2View.h"
+#include "screens/taskbar/FrmWindowsView.h"
 #include "session/ModMainSessie.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 
 namespace tk {
@@ -26,6 +28,22 @@ ClientScreenRouter::ClientScreenRouter(Programma& p, ClientStartSteps& startsche
     : ScreenRouter(p), m_startscherm(startscherm) {}
 
 ClientScreenRouter::~ClientScreenRouter() = default;
+
+void ClientScreenRouter::vensters(bool zichtbaar) {
+    if (zichtbaar) {
+        for (const QPointer<QWidget>& venster : std::as_const(m_verborgen))
+            if (venster)
+                venster->show();
+        m_verborgen.clear();
+        return;
+    }
+    for (QWidget* venster : QApplication::topLevelWidgets()) {
+        if (!venster->isVisible() || qobject_cast<FrmWindowsView*>(venster))
+            continue;
+        m_verborgen << venster;
+        venster->hide();
+    }
+}
 
 void ClientScreenRouter::maakVensters() {
     if (m_view)

@@ -2,6 +2,8 @@
 
 #include "screens/ScreenRouter.h"
 
+#include <QPointer>
+#include <QWidget>
 #include <memory>
 
 namespace tk {
@@ -29,8 +31,11 @@ public:
     bool openInternet() override;
     void internetVerbergen() override;
     bool openOnderhoudsmodule(int leraar, const QList<int>& klassen) override;
+    // Hides the client's visible top-level windows but frmWindows, or shows those again.
+    void vensters(bool zichtbaar) override;
 
 private:
+    QList<QPointer<QWidget>> m_verborgen;
     void maakVensters();
     ClientStartSteps& m_startscherm;
     std::unique_ptr<FrmBureaubladView> m_view;

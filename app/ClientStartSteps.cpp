@@ -198,6 +198,18 @@ void ClientStartSteps::ControleerLerarenRechten() {
     sessie().ControleerLerarenRechten();
 }
 
+void ClientStartSteps::StartVerkenner() {
+    sessie().StartVerkenner();
+}
+
+void ClientStartSteps::ZetProxy(bool aan) {
+    sessie().ZetProxy(aan);
+}
+
+void ClientStartSteps::NaarSysteembureaublad() {
+    sessie().NaarSysteembureaublad();
+}
+
 bool ClientStartSteps::SessieActie(const QString& actie) {
     return sessie().SessieActie(actie) || UnbuiltStartSteps::SessieActie(actie);
 }

@@ -51,6 +51,9 @@ public:
     void ZetAutomatischeAanmelding(const QString& account, const QString& wachtwoord,
                                    const QString& domein, bool afmelden) override;
     void ControleerLerarenRechten() override;
+    void StartVerkenner() override;
+    void ZetProxy(bool aan) override;
+    void NaarSysteembureaublad() override;
     bool SessieActie(const QString& actie) override;
     // The session module, made at its first use in the setting of \Data\Instellingen.ini.
     ModMainSessie& sessie();

@@ -47,6 +47,11 @@ public:
     virtual void ZetBureaubladachtergrond(bool herstel, bool opslaan) = 0;
     virtual void ZetBrowserbeperkingen(bool aan) = 0;
     virtual void SchermbeveiligingUit() = 0;
+    // The filter's proxy on (aan) or in its normal state.
+    virtual void ZetProxy(bool aan) = 0;
+    // The system's own desktop for a while: the shell setting names it while it starts, then
+    // names the program again, so that the take-over holds for the next logon.
+    virtual void NaarSysteembureaublad() = 0;
 
     // The display.
     virtual QSize Schermgrootte() = 0;

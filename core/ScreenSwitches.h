@@ -30,6 +30,9 @@ public:
     virtual void internetVerbergen() {}
     // A taskbar button whose screen belongs to another part ("help", "onderhoud_bureaublad"...).
     virtual bool openElders(const QString& woord) = 0;
+    // The stay on the system's desktop: every window of the client hides (false), or the hidden
+    // ones come back (true).
+    virtual void vensters(bool zichtbaar) { (void)zichtbaar; }
 };
 
 } // namespace tk

@@ -73,6 +73,14 @@ void UnbuiltStartSteps::ZetBrowserbeperkingen(bool) {
     nietGebouwd("ZetBrowserbeperkingen", QStringLiteral("no browser limits are set"));
 }
 
+void UnbuiltStartSteps::ZetProxy(bool) {
+    nietGebouwd("ZetProxy", QStringLiteral("the proxy of the machine is left as it is"));
+}
+
+void UnbuiltStartSteps::NaarSysteembureaublad() {
+    nietGebouwd("NaarSysteembureaublad", QStringLiteral("the system's desktop is not started"));
+}
+
 void UnbuiltStartSteps::SchermbeveiligingUit() {
     nietGebouwd("SchermbeveiligingUit", QStringLiteral("the screen saver is left as it is"));
 }

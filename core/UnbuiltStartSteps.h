@@ -37,6 +37,8 @@ public:
     void ZetBureaubladachtergrond(bool herstel, bool opslaan) override;
     void ZetBrowserbeperkingen(bool aan) override;
     void SchermbeveiligingUit() override;
+    void ZetProxy(bool aan) override;
+    void NaarSysteembureaublad() override;
     QSize Schermgrootte() override;
     int Kleurdiepte() override;
     bool ControleerResolutieOndersteuning(int breedte, int hoogte, int diepte) override;

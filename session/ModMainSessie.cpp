@@ -16,6 +16,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
+#include <QProcess>
 
 namespace tk {
 
@@ -117,6 +118,44 @@ bool ModMainSessie::ControleerRegisterSchrijfbaar() {
         if (gelukt)
             p.modRegistry.VerwijderWaarde(RegistryRoot::LocalMachine, pad, naam);
         return gelukt;
+    });
+}
+
+QString ModMainSessie::SysteembureaubladOpdracht() {
+    const QString opdracht = p.modMain
+                                 .LeesIni(QStringLiteral("Instellingen"),
+                                          QStringLiteral("Systeembureaublad"), instellingen())
+                                 .trimmed();
+    return opdracht.isEmpty() ? QStringLiteral("x-session-manager") : opdracht;
+}
+
+void ModMainSessie::StartVerkenner() {
+    Procedure(p, "modMain.StartVerkenner", [&] {
+        const QStringList delen = QProcess::splitCommand(SysteembureaubladOpdracht());
+        if (delen.isEmpty() ||
+            !p.platform.processes().startDetached(delen.first(), delen.mid(1),
+                                                  p.platform.environment().homeFolder()))
+            p.modMain.SchrijfLogboek(QStringLiteral("The system's desktop '%1' did not start")
+                                         .arg(SysteembureaubladOpdracht()),
+                                     QStringLiteral("Tafelkrater"),
+                                     QStringLiteral("modMain.StartVerkenner"), QString());
+    });
+}
+
+void ModMainSessie::NaarSysteembureaublad() {
+    Procedure(p, "modMain.NaarWindowsOmgeving", [&] {
+        ModMain& m = p.modMain;
+        if (m.IsWindows98) {
+            const QString backup = m.Pad(QStringLiteral("\\backup.ini"));
+            QFile::remove(backup);
+            QFile::copy(m.Pad(systeemIni()), backup);
+            schrijfShell(QStringLiteral("Explorer.exe"));
+        } else {
+            schrijfShell(QStringLiteral("explorer.exe"));
+        }
+        StartVerkenner();
+        m.Wacht(1000);
+        schrijfShell(p.platform.programFile());
     });
 }
 

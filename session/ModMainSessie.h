@@ -31,6 +31,13 @@ public:
     // shell comes back and the program's own account goes, with its home folder.
     void TafelkraterAccountVerwijderen();
     bool IsShellIngesteld();
+    // Starts the machine's normal desktop inside our X server: the command of Systeembureaublad
+    // in [Instellingen] (x-session-manager when absent).
+    void StartVerkenner();
+    // The shell setting names the system's desktop while it starts, then the program again.
+    void NaarSysteembureaublad();
+    // The command StartVerkenner runs.
+    QString SysteembureaubladOpdracht();
     bool ControleerRegisterSchrijfbaar();
     // The logon policies; the start-up's ZetSessiebeperkingen is this routine too.
     void ZetSysteembeperkingen(bool opheffen, bool metTaakbeheer);

@@ -4,6 +4,7 @@
 #include "core/OpstartStappen.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/ScreenSwitches.h"
 #include "core/StartScreenEvents.h"
 #include "data/ModData.h"
 #include "screens/taskbar/Takenlijst.h"
@@ -48,7 +49,12 @@ bool ModMainAfsluiten::programmasGesloten() {
 
 void ModMainAfsluiten::NaarWindowsOmgeving(const QString& account, const QString& wachtwoord) {
     Procedure(p, "modMain.NaarWindowsOmgeving", [&] {
-        sessieActie(QStringLiteral("sluiten|") + account + QLatin1Char('|') + wachtwoord);
+        uitgevoerd << QStringLiteral("sluiten|") + account + QLatin1Char('|') + wachtwoord;
+        p.opstartStappen->ZetProxy(false);
+        frmWindows.Laden(account, wachtwoord);
+        if (p.schermen)
+            p.schermen->vensters(false);
+        p.opstartStappen->NaarSysteembureaublad();
     });
 }
 

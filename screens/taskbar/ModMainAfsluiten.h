@@ -1,6 +1,7 @@
 #pragma once
 
 #include "screens/taskbar/FrmUitschakelen.h"
+#include "screens/taskbar/FrmWindows.h"
 
 #include <QString>
 #include <functional>
@@ -16,7 +17,7 @@ class Programma;
 // with a line that says what would have happened.
 class ModMainAfsluiten {
 public:
-    explicit ModMainAfsluiten(Programma& p) : frmUitschakelen(p), p(p) {}
+    explicit ModMainAfsluiten(Programma& p) : frmUitschakelen(p), frmWindows(p), p(p) {}
 
     void VerwerkAfsluitkeuze();
     // Carries out one answer of frmUitschakelen (the part after the question).
@@ -33,6 +34,7 @@ public:
     QStringList uitgevoerd;
 
     FrmUitschakelen frmUitschakelen;
+    FrmWindows frmWindows;
 
 private:
     void sessieActie(const QString& actie);

@@ -10,7 +10,8 @@
 namespace tk::test {
 
 // The ways between the screens, recorded: "bureaublad <soort>:<id>", "verlaten",
-// "onderhoud <leraar>:<klassen>", "internet", "internet verbergen", "open <woord>". The maintenance
+// "onderhoud <leraar>:<klassen>", "internet", "internet verbergen", "open <woord>",
+// "vensters <0|1>". The maintenance
 // module, the browser and the other screens are there when `elders` says so.
 struct OpnameSchermen : ScreenSwitches {
     void openBureaublad(int soort, const QString& id) override {
@@ -30,6 +31,9 @@ struct OpnameSchermen : ScreenSwitches {
         return elders;
     }
     void internetVerbergen() override { log << QStringLiteral("internet verbergen"); }
+    void vensters(bool zichtbaar) override {
+        log << QStringLiteral("vensters %1").arg(int(zichtbaar));
+    }
     bool openElders(const QString& woord) override {
         log << QStringLiteral("open ") + woord;
         return elders;

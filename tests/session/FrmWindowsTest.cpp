@@ -1,0 +1,141 @@
+// The stay on the system's desktop: what the way there changes and starts, and what each button
+// of frmWindows does per mode and answer.
+#include "core/UnbuiltStartSteps.h"
+#include "platform/fake/FakeSystemActions.h"
+#include "screens/taskbar/ModMainAfsluiten.h"
+#include "session/ModMainSessie.h"
+#include "tests/support/OpnameSchermen.h"
+#include "tests/support/Werkplek.h"
+
+#include <gtest/gtest.h>
+
+using namespace tk;
+using tk::test::Werkplek;
+
+namespace {
+
+// The client's steps as far as this way out uses them: straight to the session.
+class SessieStappen : public UnbuiltStartSteps {
+public:
+    SessieStappen(Programma& p, ModMainSessie& s) : UnbuiltStartSteps(p), s(s) {}
+    void ZetProxy(bool aan) override { s.ZetProxy(aan); }
+    void NaarSysteembureaublad() override { s.NaarSysteembureaublad(); }
+    void ZetAutomatischeAanmelding(const QString& a, const QString& w, const QString& d,
+                                   bool af) override {
+        s.AanmeldenAlsAccount(a, w, d, af);
+    }
+    bool StuurOpstartCommando(const QString&) override { return true; }
+    ModMainSessie& s;
+};
+
+struct Omgeving : Werkplek {
+    explicit Omgeving(bool w98 = false) : sessie(p, systeem), stappen(p, sessie) {
+        platform.fakeClock().setStepPerRead(50);
+        p.opstartStappen = &stappen;
+        p.schermen = &schermen;
+        p.maak(p.modMainAfsluiten, p);
+        p.modMain.MaakMappen(QStringLiteral("\\Data"));
+        p.modMain.IsWindows98 = w98;
+        platform.fakeEnvironment().setVariable(QStringLiteral("WINDIR"), QStringLiteral("\\W"));
+        schrijf(QStringLiteral("W/system.ini"), "[boot]\r\nshell=/PROG/tafelkrater\r\n");
+    }
+    QString shell() {
+        if (p.modMain.IsWindows98)
+            return p.modMain.LeesIni(QStringLiteral("boot"), QStringLiteral("shell"),
+                                     QStringLiteral("\\W\\system.ini"));
+        return p.modRegistry.LeesWaarde(RegistryRoot::LocalMachine,
+                                        QString::fromLatin1(ModMainSessie::WinlogonNT),
+                                        QStringLiteral("Shell"));
+    }
+    FakeSystemActions systeem;
+    ModMainSessie sessie;
+    SessieStappen stappen;
+    test::OpnameSchermen schermen;
+};
+
+TEST(FrmWindowsTest, TheSystemsDesktopStartsFromItsSettingWhileTheShellStaysTheClients) {
+    for (bool w98 : {false, true}) {
+        SCOPED_TRACE(w98);
+        Omgeving o(w98);
+        o.p.modMain.ModusNetwerk = true;
+        o.sessie.proxyInGebruik = true;
+        o.p.modMain.SchrijfIni(QStringLiteral("startxfce4 --replace"),
+                               QStringLiteral("Instellingen"), QStringLiteral("Systeembureaublad"),
+                               QStringLiteral("\\Data\\Instellingen.ini"));
+        o.p.modMainAfsluiten->NaarWindowsOmgeving(QStringLiteral("GLOBAL"), QStringLiteral("pw"));
+        EXPECT_EQ(o.platform.fakeProcesses().started.size(), 1);
+        EXPECT_TRUE(
+            o.platform.fakeProcesses().started.value(0).startsWith(u"startxfce4 --replace (in "));
+        EXPECT_EQ(o.shell(), o.platform.programFile());
+        EXPECT_EQ(o.systeem.actions.value(0), QStringLiteral("proxy-clear"));
+        EXPECT_EQ(o.schermen.log, QStringList{QStringLiteral("vensters 0")});
+        const FrmWindows& f = o.p.modMainAfsluiten->frmWindows;
+        EXPECT_TRUE(f.Zichtbaar && f.Timer1.isActive());
+        EXPECT_EQ(f.account, QStringLiteral("GLOBAL"));
+        // The 98 family keeps the system file as it was before the shell was switched.
+        EXPECT_EQ(w98, o.lees(QStringLiteral("backup.ini")).contains("shell=/PROG/tafelkrater"));
+        EXPECT_FALSE(o.p.beeindigd);
+    }
+}
+
+TEST(FrmWindowsTest, EachButtonLogsOnAgainAsTheModesAccountOrAsksFirst) {
+    enum Modus { Standalone, Netwerk, Beheer };
+    struct Rij {
+        const char* naam;
+        Modus modus;
+        bool w98;
+        int knop;
+        const char* antwoord;
+        int vraag;             // 0: nobody is asked
+        const char* aanmelden; // the account logged on automatically, "" none
+        bool vensters;         // the client's windows came back
+    };
+    const Rij rijen[] = {
+        {"back, network: the stored account", Netwerk, false, 0, "", 0, "klas3", false},
+        {"back, standalone: its own account", Standalone, false, 0, "", 0, "tafelkrater", false},
+        {"close, answered no: nothing", Netwerk, false, 1, "nee", 2802, "", false},
+        {"close, network", Netwerk, false, 1, "ja", 2802, "global", false},
+        {"close, 98 asks to restart", Standalone, true, 1, "ja", 2803, "tafelkrater", false},
+        {"close, management: the windows come back", Beheer, false, 1, "ja", 2802, "", true},
+    };
+    for (const Rij& r : rijen) {
+        SCOPED_TRACE(r.naam);
+        Omgeving o(r.w98);
+        o.p.modMain.ModusStandalone = r.modus == Standalone;
+        o.p.modMain.ModusNetwerk = r.modus == Netwerk;
+        o.p.modMain.ModusBeheer = r.modus == Beheer;
+        FrmWindows& f = o.p.modMainAfsluiten->frmWindows;
+        f.Laden(QStringLiteral("KLAS3"), QStringLiteral("geheim"));
+        o.dialogen.antwoorden << QString::fromLatin1(r.antwoord);
+        f.cmdKnop_Click(r.knop);
+        EXPECT_EQ(o.meldingen(),
+                  r.vraag ? QStringList{o.p.modTaal.LaadTekst(r.vraag)} : QStringList());
+        const QString account = QString::fromLatin1(r.aanmelden);
+        EXPECT_EQ(o.systeem.actions.contains(QStringLiteral("autologon-set ") + account),
+                  !account.isEmpty())
+            << o.systeem.actions.join(u',').toStdString();
+        EXPECT_EQ(o.systeem.actions.contains(u"logoff"), !account.isEmpty());
+        EXPECT_EQ(o.schermen.log.contains(u"vensters 1"), r.vensters);
+        // The window stays and drifts on while the user stays on the system's desktop.
+        const bool blijft = account.isEmpty() && !r.vensters;
+        EXPECT_EQ(blijft, f.Timer1.isActive());
+    }
+}
+
+TEST(FrmWindowsTest, TheWindowDriftsAndTurnsAtTheEdgesOfTheScreen) {
+    Omgeving o;
+    FrmWindows& f = o.p.modMainAfsluiten->frmWindows;
+    f.scherm = QRect(0, 0, 300, 120);
+    const QPoint begin = f.positie;
+    QRect gezien;
+    for (int i = 0; i < 500; ++i) {
+        f.Timer1_Timer();
+        const QRect vak(f.positie, QSize(FrmWindows::Breedte, FrmWindows::Hoogte));
+        ASSERT_TRUE(f.scherm.contains(vak)) << i;
+        gezien |= vak;
+    }
+    EXPECT_NE(begin, f.positie);
+    EXPECT_EQ(gezien, f.scherm); // it reached every edge
+}
+
+} // namespace
