@@ -167,11 +167,12 @@ TEST(BrowserFavorieten, TheHeaderSetsTheFilterTheProxyAndTheActiveFavouritesTheT
          {"http://a/", "http://c/"},
          "http://a/",
          false},
-        // The favourite marked as start page wins; an inactive mark counts for nothing.
-        {"0|Ja|Nee|Ja;<>;http://a/|A||Ja><http://b/|B|Ja|Nee><http://c/|C| ja |Ja",
+        // The first favourite marked as start page wins; an inactive mark counts for nothing.
+        {"0|Ja|Nee|Ja;<>;http://a/|A||Ja><http://b/|B|Ja|Nee><http://c/|C| ja "
+         "|Ja><http://d/|D|Ja|Ja",
          false,
          0,
-         {"http://a/", "http://c/"},
+         {"http://a/", "http://c/", "http://d/"},
          "http://c/",
          true},
         // Without the flag, or without a favourite, the school's default start page.
