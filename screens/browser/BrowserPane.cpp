@@ -405,6 +405,9 @@ bool BrowserPane::adresToets(int slot, const QUrl& url, bool mainFrame) {
         // been answered, since a load cannot start inside the check of another.
         m_tabs.nieuweNavigatie(slot);
         m_tabs.zetAdres(slot, PageFilter::GeblokkeerdAdres.toString());
+        // The status says what the blocked page shows, not what the page before it was.
+        m_filterStatus[slot] = tekst(PageFilter::TekstNietGoedgekeurd);
+        m_tabs.zetStatus(slot, m_filterStatus[slot]);
         QMetaObject::invokeMethod(
             this, [this, slot] { laden(slot, lokalePagina(u"niet goedgekeurd.html")); },
             Qt::QueuedConnection);

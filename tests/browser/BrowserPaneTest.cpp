@@ -1,5 +1,6 @@
 #include "screens/browser/BrowserPane.h"
 #include "PaginaServer.h"
+#include "tests/support/QtPrinters.h"
 
 #include <QDir>
 #include <QLineEdit>
@@ -278,6 +279,7 @@ TEST_F(BrowserPaneTest, FavouritesOnlyLocksTheAddressAndTheTreeLeadsToTheFavouri
     ASSERT_TRUE(QTest::qWaitFor(
         [&] { return eindigtOp(*pane, 0, QStringLiteral("niet goedgekeurd.html")); }, 20000));
     EXPECT_EQ(server.verzoeken("/lees"), 0);
+    EXPECT_EQ(pane->tabs().tab(0).Status, QStringLiteral("T731"));
 
     // The tree: the root and one node per favourite, a name or else the address.
     auto* boom = pane->findChild<QTreeWidget*>(QStringLiteral("tvFavorieten"));
@@ -299,7 +301,8 @@ TEST_F(BrowserPaneTest, FavouritesOnlyLocksTheAddressAndTheTreeLeadsToTheFavouri
     // The keyboard chooses the first favourite.
     EXPECT_EQ(boom->currentItem(), root->child(0));
     QTest::keyClick(boom, Qt::Key_Return);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return gecontroleerd(*pane, 0); }, 20000));
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return pane->tabs().tab(0).Status == QStringLiteral("T732"); }, 20000));
     EXPECT_EQ(pane->view(0)->url().toString(), server.adres("/schoon"));
 
     // tmrProxy switched the proxy on once and stopped.
