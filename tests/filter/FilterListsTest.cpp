@@ -79,6 +79,7 @@ TEST(FilterLists, AnItemEntersAListOnceWhateverItsCase) {
         {FilterLists::Woorden, s("ÉÉN"), K::Dubbel}, // Windows-1252 letters have a case too
         {FilterLists::Woorden, s("ŠKODA"), K::Dubbel},
         {FilterLists::Woorden, s("katten"), K::Goed},
+        {FilterLists::Woorden, s("twee woorden"), K::Goed},
         {FilterLists::GSites, s("kat"), K::Goed}, // a site is not a word
         {FilterLists::GSites, s("SLECHT.nl"), K::Dubbel},
         {FilterLists::Sites, s("slecht.nl"), K::Goed},
