@@ -19,27 +19,19 @@ QByteArray charset(const QByteArray& contentType) {
 }
 
 // The bytes as text. A charset that the answer names is believed for UTF-8; otherwise bytes that
-// are valid UTF-8 with at least one byte above 0x7F are read as UTF-8 (a list written in a
-// present-day editor), and any other bytes as Windows-1252, the code page of the lists.
-QString alsTekst(QByteArray inhoud, const QByteArray& contentType) {
+// are valid UTF-8 are read as UTF-8 (a list written in a present-day editor; plain ASCII reads the
+// same either way), and any other bytes as Windows-1252, the code page of the lists.
+QString alsTekst(const QByteArray& inhoud, const QByteArray& contentType) {
     if (inhoud.startsWith("\xEF\xBB\xBF"))
         return QString::fromUtf8(inhoud.mid(3));
     const QByteArray set = charset(contentType);
-    if (set == "utf-8" || set == "utf8")
+    if (set == "utf-8")
         return QString::fromUtf8(inhoud);
     if (set.isEmpty()) {
-        bool hoog = false;
-        for (const char c : inhoud)
-            if (uchar(c) >= 0x80) {
-                hoog = true;
-                break;
-            }
-        if (hoog) {
-            QStringDecoder utf8(QStringDecoder::Utf8);
-            const QString tekst = utf8.decode(inhoud);
-            if (!utf8.hasError())
-                return tekst;
-        }
+        QStringDecoder utf8(QStringDecoder::Utf8);
+        const QString tekst = utf8.decode(inhoud);
+        if (!utf8.hasError())
+            return tekst;
     }
     return Ansi::naarTekst(inhoud);
 }
