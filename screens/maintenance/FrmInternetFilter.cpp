@@ -108,8 +108,7 @@ void FrmInternetFilter::txt_Change(int lijst, const QString& tekst) {
 }
 
 void FrmInternetFilter::txt_Enter(int lijst) {
-    if (lijst >= 0 && lijst < FilterLists::Aantal && cmdKnopEnabled[size_t(2 * lijst)])
-        cmdKnop_Click(2 * lijst);
+    cmdKnop_Click(2 * lijst); // which tests its range and whether it is enabled
 }
 
 void FrmInternetFilter::lst_Click(int lijst, int index) {

@@ -31,6 +31,9 @@ protected:
         w.p.modData->ToegestaneSites = "school.nl";
         webadres(web.adres("/"), 0);
         f.Form_Load();
+        f.onChanged = [this] {
+            staten << Staat{f.lblStatus, f.picStatusZichtbaar, f.Bezig, f.cmdUpdatenEnabled};
+        };
     }
     // The web address of the settings, and what the test of the connection answers for it.
     void webadres(const QString& adres, int ping) {
@@ -42,9 +45,17 @@ protected:
     }
     QString tekst(int id) { return w.p.modTaal.LaadTekst(id); }
 
+    // What the window was told to show, change by change.
+    struct Staat {
+        QString status;
+        bool voortgang, bezig, updaten;
+        bool operator==(const Staat&) const = default;
+    };
+
     Werkplek w;
     PaginaServer web;
     FrmInternetFilter f{w.p};
+    QList<Staat> staten;
 };
 
 } // namespace
@@ -77,6 +88,8 @@ TEST_F(FilterEditor, AddingAndRemovingFollowTheButtonRules) {
          "sites” without “url>”."},
         {2, "a|b", tekst(9602)},
         {2, QString(FilterLists::LangsteItem, 's'), "An item can be at most 1994 characters long."},
+        {0, QString(FilterLists::LangsteItem + 1, 'w'),
+         "An item can be at most 1998 characters long."},
         {1, "łódź.pl", tekst(9605)},
     };
     for (const Case& c : refusals) {
@@ -87,6 +100,8 @@ TEST_F(FilterEditor, AddingAndRemovingFollowTheButtonRules) {
         EXPECT_EQ(f.txt[size_t(c.lijst)], c.tekst);
     }
     EXPECT_EQ(f.lijsten.verbodenWoorden(), "kat|Hond|url>slecht.nl");
+    for (int l : {0, 1, 2})
+        f.txt_Change(l, "");
     // Selecting enables Remove; an entry outside the list selects nothing.
     EXPECT_FALSE(f.cmdKnopEnabled[1]);
     f.lst_Click(0, 2);
@@ -96,13 +111,21 @@ TEST_F(FilterEditor, AddingAndRemovingFollowTheButtonRules) {
     f.cmdKnop_Click(1);
     EXPECT_EQ(f.lijsten.lijst(FilterLists::Woorden), QStringList{"Hond"});
     EXPECT_FALSE(f.cmdKnopEnabled[1]);
+    f.lst_Click(2, 0);
+    EXPECT_EQ(f.cmdKnopEnabled, (std::array<bool, 6>{false, false, false, false, false, true}));
+    f.cmdKnop_Click(5);
+    EXPECT_TRUE(f.lijsten.lijst(FilterLists::GSites).isEmpty());
     // The web has words and blocked sites, not the school's allowed sites.
     for (int tab : {0, 1, 2}) {
         f.Tabstrip_Click(tab);
         EXPECT_EQ(f.cmdUpdatenEnabled, tab != 1);
     }
-    // Saving without a link fails with the message and keeps what the program had.
+    // Saving without a link fails with the message and keeps what the program had; while it
+    // waits for the server nothing else can be pressed.
+    staten.clear();
     f.cmdOpslaan_Click();
+    EXPECT_EQ(staten.first().bezig, true);
+    EXPECT_EQ(staten.last().bezig, false);
     EXPECT_EQ(w.meldingen(), QStringList{tekst(3311)});
     EXPECT_FALSE(f.Opgeslagen);
     EXPECT_EQ(w.p.modData->VerbodenWoorden, "kat|url>slecht.nl");
@@ -158,7 +181,14 @@ TEST_F(FilterEditor, UpdateFromTheWebAddressCountsNewItemsAndNamesEveryFailure) 
         f.Form_Load();
         w.dialogen.gesteld.clear();
         f.Tabstrip_Click(c.sites ? 2 : 0);
+        staten.clear();
         EXPECT_EQ(f.VerbodenWoordenUpdaten(c.sites), c.nieuw);
+        // While the list comes in, the status names it, the progress shows and nothing else can
+        // be pressed.
+        ASSERT_GE(staten.size(), 3);
+        EXPECT_EQ(staten[0], (Staat{"", false, true, false}));
+        EXPECT_EQ(staten[1], (Staat{tekst(c.sites ? 2935 : 2934), true, true, false}));
+        EXPECT_EQ(staten.last(), (Staat{f.lblStatus, false, false, true}));
         EXPECT_EQ(w.meldingen(), QStringList{c.melding});
         EXPECT_EQ(f.lijsten.verbodenWoorden(), QString(c.woordenNa));
         EXPECT_FALSE(f.Bezig);
