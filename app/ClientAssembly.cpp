@@ -18,9 +18,12 @@
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "screens/taskbar/FrmWindowsView.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
+#include "screens/taskbar/TaakbalkToetsen.h"
 #include "theme/ModDataPictogrammen.h"
 #include "theme/ModDataThemas.h"
 #include "theme/ModThema.h"
+
+#include <QCoreApplication>
 
 namespace tk {
 
@@ -50,6 +53,9 @@ ClientAssembly::ClientAssembly(Programma& p)
     m_aanmelden = std::make_unique<FrmAanmeldenView>(*p.frmAanmelden);
     m_afmelden = std::make_unique<FrmAfmeldenView>(*p.frmAfmelden);
     m_windows = std::make_unique<FrmWindowsView>(p.modMainAfsluiten->frmWindows);
+    m_toetsen = std::make_unique<TaakbalkToetsen>(p);
+    if (QCoreApplication::instance())
+        QCoreApplication::instance()->installEventFilter(m_toetsen.get());
     // The maintenance module's exclusive access: the check, and its question with its window.
     p.maak(p.modMainOnderhoud, p);
     p.maak(p.frmOnderhoudVraag, p);

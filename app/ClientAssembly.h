@@ -14,6 +14,7 @@ class FrmAfmeldenView;
 class FrmOnderhoudVraagView;
 class FrmWachtenView;
 class FrmWindowsView;
+class TaakbalkToetsen;
 class Programma;
 
 // The client's composition root: makes every module and form of the client in Programma, with
@@ -39,6 +40,7 @@ private:
     std::unique_ptr<FrmAanmeldenView> m_aanmelden;
     std::unique_ptr<FrmAfmeldenView> m_afmelden;
     std::unique_ptr<FrmWindowsView> m_windows;
+    std::unique_ptr<TaakbalkToetsen> m_toetsen;
     std::unique_ptr<FrmOnderhoudVraagView> m_onderhoudVraag;
 };
 

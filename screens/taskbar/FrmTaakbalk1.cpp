@@ -303,4 +303,8 @@ QList<PaintedControl> FrmTaakbalk1::bedieningen() const {
     return lijst;
 }
 
+bool FrmTaakbalk1::Form_KeyDown(int KeyCode, bool vast) {
+    return vast && p.modMainAfsluiten && p.modMainAfsluiten->FunctieToets(KeyCode);
+}
+
 } // namespace tk

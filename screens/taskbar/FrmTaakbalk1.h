@@ -34,6 +34,9 @@ public:
     // Draws the buttons anew; with a name, that button with the hover state given.
     void TekenKnop(const QString& naam = QString(), bool hover = false);
     void KnopActie(const QString& naam);
+    // A key pressed anywhere in the client while this bar stands; the escapes of the function
+    // keys act only while the keys are held (`vast`). True when the key was used.
+    bool Form_KeyDown(int KeyCode, bool vast);
     // The account buttons: shown, hidden, and their state with and without a connection.
     void ToonAccounts();
     void VerbergAccounts();

@@ -645,4 +645,8 @@ QList<PaintedControl> FrmTaakbalk2::bedieningen() const {
     return lijst;
 }
 
+bool FrmTaakbalk2::Form_KeyDown(int KeyCode, bool vast) {
+    return vast && p.modMainAfsluiten && p.modMainAfsluiten->FunctieToets(KeyCode);
+}
+
 } // namespace tk

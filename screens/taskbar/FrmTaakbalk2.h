@@ -77,6 +77,9 @@ public:
     // The fixed buttons by action word: "afmelden" (asks first while programs are open),
     // "help", "bureaubladpictogrammen_onderhoud", "onderhoud" and "bureaublad".
     void KnopActie(const QString& naam);
+    // A key pressed anywhere in the client while this bar stands; the escapes of the function
+    // keys act only while the keys are held (`vast`). True when the key was used.
+    bool Form_KeyDown(int KeyCode, bool vast);
     // The mouse over the bar, in the bar's pixels; outside the bar clears every hover.
     void Form_MouseMove(QPoint punt);
     void Form_MouseDown(QPoint punt);

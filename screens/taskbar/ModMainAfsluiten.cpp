@@ -7,7 +7,11 @@
 #include "core/ScreenSwitches.h"
 #include "core/StartScreenEvents.h"
 #include "data/ModData.h"
+#include "platform/Environment.h"
+#include "platform/Processes.h"
 #include "screens/taskbar/Takenlijst.h"
+
+#include <QProcess>
 
 namespace tk {
 
@@ -55,6 +59,58 @@ void ModMainAfsluiten::NaarWindowsOmgeving(const QString& account, const QString
         if (p.schermen)
             p.schermen->vensters(false);
         p.opstartStappen->NaarSysteembureaublad();
+    });
+}
+
+QString ModMainAfsluiten::Opdrachtprompt() {
+    const QString opdracht =
+        p.modMain
+            .LeesIni(QStringLiteral("Instellingen"), QStringLiteral("Opdrachtprompt"),
+                     QString::fromLatin1(ModMain::Instellingen))
+            .trimmed();
+    return opdracht.isEmpty() ? QStringLiteral("x-terminal-emulator") : opdracht;
+}
+
+bool ModMainAfsluiten::FunctieToets(int toets) {
+    return Procedure(p, "frmTaakbalk.Form_KeyDown", false, [&] {
+        auto prompt = [&] {
+            const QStringList delen = QProcess::splitCommand(Opdrachtprompt());
+            if (!delen.isEmpty())
+                p.platform.processes().startDetached(delen.first(), delen.mid(1),
+                                                     p.platform.environment().homeFolder());
+        };
+        auto aanmelden = [&](const char* account) {
+            if (p.modMain.ModusNetwerk)
+                p.opstartStappen->ZetAutomatischeAanmelding(
+                    QString::fromLatin1(account), ModMain::IngebouwdWachtwoord(), QString(), true);
+        };
+        switch (toets) {
+        case 119:
+            p.opstartStappen->TafelkraterDeactiveren();
+            break;
+        case 120:
+            prompt();
+            break;
+        case 121:
+            p.opstartStappen->StartVerkenner();
+            break;
+        case 122:
+            p.opstartStappen->ZetProxy(false);
+            prompt();
+            p.opstartStappen->StuurOpstartCommando(QStringLiteral("afsluiten"));
+            p.Einde();
+            break;
+        case 83:
+            aanmelden("Global");
+            break;
+        case 79:
+            aanmelden("Onderhoud");
+            break;
+        default:
+            return false;
+        }
+        uitgevoerd << QStringLiteral("toets %1").arg(toets);
+        return true;
     });
 }
 

@@ -23,6 +23,14 @@ public:
     // Carries out one answer of frmUitschakelen (the part after the question).
     void VoerUit(const QString& antwoord);
     void NaarWindowsOmgeving(const QString& account, const QString& wachtwoord);
+    // The escapes of the taskbars' held keys, by key code: 119 (F8) the hand-back, 120 (F9) a
+    // command prompt, 121 (F10) the system's desktop, 122 (F11) a command prompt and the client
+    // ends; on a network workstation 83 (S) and 79 (O) log on as Global or Onderhoud. True when
+    // the key is one of them.
+    bool FunctieToets(int toets);
+    // The command prompt F9 and F11 start: Opdrachtprompt in [Instellingen], else the system's
+    // terminal.
+    QString Opdrachtprompt();
 
     // The text of string `tekst` for `aantal` open programs: %aantal% the number, %programma%
     // "program" (713) for one and "programs" (714) for more.

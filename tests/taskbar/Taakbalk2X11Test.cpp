@@ -1,6 +1,8 @@
 #include "core/Programma.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "screens/taskbar/FrmTaakbalk2View.h"
+#include "screens/taskbar/ModMainAfsluiten.h"
+#include "screens/taskbar/TaakbalkToetsen.h"
 #include "tests/platform/X11TestSessie.h"
 #include "tests/platform/X11VenstersPlatform.h"
 #include "tests/support/ScriptedDialogs.h"
@@ -11,6 +13,7 @@
 #include <QProcess>
 #include <QScreen>
 #include <QTemporaryDir>
+#include <QWidget>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -209,3 +212,36 @@ TEST_F(Taakbalk2X11Test, AWindowWithATenThousandCharacterTitleIsCutNotFatal) {
 }
 
 } // namespace
+
+TEST_F(Taakbalk2X11Test, HeldCtrlAndShiftWithAFunctionKeyReachTheBarFromAnyWindowOfTheClient) {
+    p->maak(p->modMainAfsluiten, *p);
+    TaakbalkToetsen toetsen(*p);
+    qApp->installEventFilter(&toetsen);
+    // A window of the client with the keyboard, as the desktop has it.
+    QWidget venster;
+    venster.setGeometry(100, 100, 300, 200);
+    venster.show();
+    ASSERT_TRUE(totDat([&] { return venster.isVisible(); }));
+    auto druk = [&](const char* toets) {
+        QProcess xdotool;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("DISPLAY"), QString::fromLatin1(x->display()));
+        xdotool.setProcessEnvironment(env);
+        xdotool.start(QStringLiteral("xdotool"),
+                      {QStringLiteral("windowactivate"), QStringLiteral("--sync"),
+                       QString::number(venster.winId()), QStringLiteral("key"),
+                       QStringLiteral("--clearmodifiers"), QString::fromLatin1(toets)});
+        return xdotool.waitForFinished(5000) && xdotool.exitCode() == 0;
+    };
+    const QStringList& gestart = platform->fakeProcesses().started;
+    // F9 alone, and with Ctrl alone, is a key like any other.
+    ASSERT_TRUE(druk("F9"));
+    ASSERT_TRUE(druk("ctrl+F9"));
+    ASSERT_TRUE(druk("ctrl+shift+F9"));
+    ASSERT_TRUE(totDat([&] { return !gestart.isEmpty(); }));
+    EXPECT_EQ(1, gestart.size());
+    EXPECT_TRUE(gestart.value(0).startsWith(u"x-terminal-emulator"))
+        << gestart.value(0).toStdString();
+    EXPECT_EQ(p->modMainAfsluiten->uitgevoerd, QStringList{QStringLiteral("toets 120")});
+    qApp->removeEventFilter(&toetsen);
+}

@@ -1,7 +1,9 @@
-// The stay on the system's desktop: what the way there changes and starts, and what each button
-// of frmWindows does per mode and answer.
+// The ways out of a running client: the stay on the system's desktop (what the way there changes
+// and starts, what each button of frmWindows does) and the escapes of the held function keys.
 #include "core/UnbuiltStartSteps.h"
 #include "platform/fake/FakeSystemActions.h"
+#include "screens/taskbar/FrmTaakbalk1.h"
+#include "screens/taskbar/FrmTaakbalk2.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
 #include "session/ModMainSessie.h"
 #include "tests/support/OpnameSchermen.h"
@@ -20,12 +22,18 @@ public:
     SessieStappen(Programma& p, ModMainSessie& s) : UnbuiltStartSteps(p), s(s) {}
     void ZetProxy(bool aan) override { s.ZetProxy(aan); }
     void NaarSysteembureaublad() override { s.NaarSysteembureaublad(); }
+    void StartVerkenner() override { s.StartVerkenner(); }
+    void TafelkraterDeactiveren() override { s.TafelkraterDeactiveren(true); }
     void ZetAutomatischeAanmelding(const QString& a, const QString& w, const QString& d,
                                    bool af) override {
         s.AanmeldenAlsAccount(a, w, d, af);
     }
-    bool StuurOpstartCommando(const QString&) override { return true; }
+    bool StuurOpstartCommando(const QString& woord) override {
+        woorden << woord;
+        return true;
+    }
     ModMainSessie& s;
+    QStringList woorden;
 };
 
 struct Omgeving : Werkplek {
@@ -53,7 +61,7 @@ struct Omgeving : Werkplek {
     test::OpnameSchermen schermen;
 };
 
-TEST(FrmWindowsTest, TheSystemsDesktopStartsFromItsSettingWhileTheShellStaysTheClients) {
+TEST(UitwegenTest, TheSystemsDesktopStartsFromItsSettingWhileTheShellStaysTheClients) {
     for (bool w98 : {false, true}) {
         SCOPED_TRACE(w98);
         Omgeving o(w98);
@@ -78,7 +86,7 @@ TEST(FrmWindowsTest, TheSystemsDesktopStartsFromItsSettingWhileTheShellStaysTheC
     }
 }
 
-TEST(FrmWindowsTest, EachButtonLogsOnAgainAsTheModesAccountOrAsksFirst) {
+TEST(UitwegenTest, EachButtonLogsOnAgainAsTheModesAccountOrAsksFirst) {
     enum Modus { Standalone, Netwerk, Beheer };
     struct Rij {
         const char* naam;
@@ -122,7 +130,7 @@ TEST(FrmWindowsTest, EachButtonLogsOnAgainAsTheModesAccountOrAsksFirst) {
     }
 }
 
-TEST(FrmWindowsTest, TheWindowDriftsAndTurnsAtTheEdgesOfTheScreen) {
+TEST(UitwegenTest, TheWindowDriftsAndTurnsAtTheEdgesOfTheScreen) {
     Omgeving o;
     FrmWindows& f = o.p.modMainAfsluiten->frmWindows;
     f.scherm = QRect(0, 0, 300, 120);
@@ -136,6 +144,61 @@ TEST(FrmWindowsTest, TheWindowDriftsAndTurnsAtTheEdgesOfTheScreen) {
     }
     EXPECT_NE(begin, f.positie);
     EXPECT_EQ(gezien, f.scherm); // it reached every edge
+}
+
+TEST(UitwegenTest, TheHeldFunctionKeysOfBothBarsLeaveTheClientTheirOwnWay) {
+    struct Rij {
+        const char* naam;
+        int toets;
+        bool vast;
+        bool netwerk;
+        const char* gestart;  // the program started, "" none
+        const char* systeem;  // the machine's actions joined by ",", as far as they go
+        const char* launcher; // the launcher's words
+        bool einde;
+    };
+    const Rij rijen[] = {
+        {"F8 hands back", 119, true, false, "", "autologon-remove", "Afsluiten", true},
+        {"F9 a prompt", 120, true, false, "x-terminal-emulator", "", "", false},
+        {"F10 the system's desktop", 121, true, false, "x-session-manager", "", "", false},
+        {"F11 a prompt, the client ends", 122, true, false, "x-terminal-emulator", "", "afsluiten",
+         true},
+        {"S on a network workstation", 83, true, true, "", "autologon-set global,logoff",
+         "Afsluiten", true},
+        {"O on a network workstation", 79, true, true, "", "autologon-set onderhoud,logoff",
+         "Afsluiten", true},
+        {"S elsewhere does nothing", 83, true, false, "", "", "", false},
+        {"F10 without the held keys", 121, false, false, "", "", "", false},
+        {"another key", 118, true, false, "", "", "", false},
+    };
+    for (const Rij& r : rijen) {
+        SCOPED_TRACE(r.naam);
+        for (bool bureaublad : {false, true}) {
+            Omgeving o;
+            o.p.modMain.ModusNetwerk = r.netwerk;
+            o.p.modMain.ModusStandalone = !r.netwerk;
+            bool gebruikt;
+            if (bureaublad) {
+                o.p.maak(o.p.frmTaakbalk2, o.p);
+                gebruikt = o.p.frmTaakbalk2->Form_KeyDown(r.toets, r.vast);
+            } else {
+                o.p.maak(o.p.frmTaakbalk1, o.p);
+                gebruikt = o.p.frmTaakbalk1->Form_KeyDown(r.toets, r.vast);
+            }
+            const QStringList& gestart = o.platform.fakeProcesses().started;
+            EXPECT_EQ(gebruikt, r.vast && r.toets != 118);
+            EXPECT_EQ(gestart.isEmpty() ? QString() : gestart.value(0).section(u' ', 0, 0),
+                      QString::fromLatin1(r.gestart));
+            const QString systeem = o.systeem.actions.join(u',');
+            if (*r.systeem) {
+                EXPECT_TRUE(systeem.contains(QString::fromLatin1(r.systeem)))
+                    << systeem.toStdString();
+            }
+            EXPECT_EQ(*r.systeem == 0, systeem.isEmpty()) << systeem.toStdString();
+            EXPECT_EQ(o.stappen.woorden.join(u','), QString::fromLatin1(r.launcher));
+            EXPECT_EQ(o.p.beeindigd, r.einde);
+        }
+    }
 }
 
 } // namespace
