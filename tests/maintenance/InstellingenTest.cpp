@@ -133,7 +133,7 @@ TEST(InstellingenTekstenTest, TheTextsFromOutsideAreReadAsThePanelsShowThem) {
         {{"Deutsch", "1033|English"}, {{"Deutsch", ""}, {"English", "1033"}}}, // no "|": no data
         {{"1043|Nederlands", "  ", "1033|English"}, {{"Nederlands", "1043"}}}, // a blank row ends
         {{"", "1033|English"}, {}},
-        {{"a|b|c"}, {{"a", "b|c"}}},
+        {{"a|b|c", "|1033"}, {{"a", "b|c"}, {"", "1033"}}},
     };
     for (const TaalCase& c : talen) {
         SCOPED_TRACE(c.rijen.join("/").toStdString());
@@ -249,35 +249,24 @@ TEST(InstellingenTest, EveryFieldIsComparedWithItsStoredValue) {
 TEST(InstellingenTest, SaveStoresTheSettingsAndAChangedLanguageRecaptionsEveryForm) {
     struct Case {
         const char* wat;
-        int thema, taal;      // indexes chosen; -1: an added row without data
-        const char* antwoord; // the server's reply to OPSINS
-        const char* bericht;  // what goes to the server after OPSINS
-        const char* iniTaal;
-        long taalNa;
-        bool mislukt;
+        int thema, taal;       // indexes chosen; -1: an added row without data
+        const char* antwoord;  // the server's reply to OPSINS
+        const char* themaTaal; // the last two fields sent
+        int iniTaal, taalNa;   // Language in the file, and the language in use, afterwards
     };
     const Case cases[] = {
-        {"theme alone", 1, 1, "OPSINSOK",
-         "leraar;<>;nieuw;<>;http://school.example;<>;aan@school.example;<>;De Klimop;<>;"
-         "van@school.example;<>;2;<>;1033",
-         "1033", 1033, false},
-        {"language", 0, 0, "OPSINSOK",
-         "leraar;<>;nieuw;<>;http://school.example;<>;aan@school.example;<>;De Klimop;<>;"
-         "van@school.example;<>;1;<>;1043",
-         "1043", 1043, false},
-        {"a language row without data", 0, -1, "OPSINSOK",
-         "leraar;<>;nieuw;<>;http://school.example;<>;aan@school.example;<>;De Klimop;<>;"
-         "van@school.example;<>;1;<>;1033",
-         "1033", 1033, false},
-        {"the server refuses", 0, 0, "OPSINSFOUT",
-         "leraar;<>;nieuw;<>;http://school.example;<>;aan@school.example;<>;De Klimop;<>;"
-         "van@school.example;<>;1;<>;1043",
-         "1043", 1033, true},
+        {"theme alone", 1, 1, "OK", "2;<>;1033", 1033, 1033},
+        {"language", 0, 0, "OK", "1;<>;1043", 1043, 1043},
+        {"a language row without data", 0, -1, "OK", "1;<>;1033", 1033, 1033},
+        {"the server refuses", 0, 0, "FOUT", "1;<>;1043", 1043, 1033},
     };
+    const QString vast = "OPSINSleraar;<>;nieuw;<>;http://school.example;<>;aan@school.example;<>;"
+                         "De Klimop;<>;van@school.example;<>;";
     for (const Case& c : cases) {
         SCOPED_TRACE(c.wat);
         ScriptedPeer peer;
-        begin(peer).op("OPSINS*", c.antwoord);
+        begin(peer).op("OPSINS*", QString("OPSINS") + c.antwoord);
+        const bool mislukt = QString(c.antwoord) == "FOUT";
         Plek plek(&peer);
         QStringList log;
         OpnameForm eerste(plek.w.p, log, "eerste"), laatste(plek.w.p, log, "laatste");
@@ -294,26 +283,27 @@ TEST(InstellingenTest, SaveStoresTheSettingsAndAChangedLanguageRecaptionsEveryFo
         log.clear();
         // A moment into the wait for the server, the menu is dead.
         bool menuDood = false;
-        QTimer::singleShot(0, [&] { menuDood = plek.f().BewerkModus; });
+        QObject peiler; // goes before the workstation it looks at
+        QTimer::singleShot(0, &peiler, [&] { menuDood = plek.f().BewerkModus; });
         m.cmdInstellingen_Click(0);
         EXPECT_TRUE(menuDood);
         EXPECT_FALSE(plek.f().BewerkModus);
         ASSERT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
-        EXPECT_EQ(peer.ontvangen.value(1), QString("OPSINS") + c.bericht);
+        EXPECT_EQ(peer.ontvangen.value(1), vast + c.themaTaal);
         EXPECT_EQ(plek.leesIni("Thema"), QString::number(c.thema + 1));
-        EXPECT_EQ(plek.leesIni("Language"), c.iniTaal);
+        EXPECT_EQ(plek.leesIni("Language"), QString::number(c.iniTaal));
         EXPECT_EQ(plek.w.p.modTaal.Taal, c.taalNa);
         EXPECT_EQ(plek.w.p.modData->Wachtwoorden.value(1), "nieuw");
-        EXPECT_EQ(plek.w.meldingen(), c.mislukt ? QStringList(plek.tekst(3332)) : QStringList());
+        EXPECT_EQ(plek.w.meldingen(), mislukt ? QStringList(plek.tekst(3332)) : QStringList());
         // A refused save keeps the edit, so that Save can be pressed again.
-        EXPECT_EQ(m.cmdInstellingenEnabled, (std::array<bool, 2>{c.mislukt, c.mislukt}));
+        EXPECT_EQ(m.cmdInstellingenEnabled, (std::array<bool, 2>{mislukt, mislukt}));
         const bool nieuweTaal = c.taalNa != 1033;
         EXPECT_EQ(log, nieuweTaal ? QStringList({"laatste1043", "eerste1043"}) : QStringList());
         // The module's menu and both panels speak the language now.
         EXPECT_EQ(plek.f().cel(4, 0, FrmOnderhoud::Tekst),
-                  plek.w.p.modTaal.LaadTekst(3372, int(c.taalNa)));
-        EXPECT_EQ(m.lblTaal, plek.w.p.modTaal.LaadTekst(3439, int(c.taalNa)));
-        EXPECT_EQ(plek.server().cmdBackup[1], plek.w.p.modTaal.LaadTekst(3194, int(c.taalNa)));
+                  plek.w.p.modTaal.LaadTekst(3372, c.taalNa));
+        EXPECT_EQ(m.lblTaal, plek.w.p.modTaal.LaadTekst(3439, c.taalNa));
+        EXPECT_EQ(plek.server().cmdBackup[1], plek.w.p.modTaal.LaadTekst(3194, c.taalNa));
         EXPECT_EQ(plek.f().ZichtbaarPaneel, FrmOnderhoud::PInstellingen);
     }
 }
@@ -412,6 +402,18 @@ TEST(InstellingenTest, UpdatesAndAMovedServerRestartTheClientThroughTheLauncher)
              EXPECT_EQ(plek.leesIni("Serverlocatie"), "elders:4000");
          },
          "resolutie", 3342},
+        {"change log without a web site",
+         [](Plek& plek, ScriptedPeer&) { plek.server().cmdServer_Click(5); }, "", 9549},
+        {"change log",
+         [](Plek& plek, ScriptedPeer&) {
+             plek.w.p.modMain.SchrijfIni("http://web.example/", "Instellingen", "Webadres", ini);
+             QString adres;
+             plek.server().toonChangelog = [&](const QString& a) { adres = a; };
+             plek.server().cmdServer_Click(5);
+             EXPECT_EQ(adres, "http://web.example/applicatie/download_changelog.php4?versie=" +
+                                  ModMain::ProgrammaVersie());
+         },
+         "", 0},
         {"Browse, then Cancel",
          [](Plek& plek, ScriptedPeer&) {
              plek.w.dialogen.opModaal = [](Form& f) {
@@ -443,101 +445,109 @@ TEST(InstellingenTest, UpdatesAndAMovedServerRestartTheClientThroughTheLauncher)
 }
 
 TEST(InstellingenTest, TheBackupBoxListsExportsAndImportsTheServersBackups) {
-    const QString oud = "BCK5-3-2024 14.07.09.backup|6-3-2024 9.00.00.backup";
+    using Stappen = QList<std::pair<QString, QString>>; // after LDNSIN and BCKLST
     struct Case {
         const char* wat;
-        const char* lijst; // the first BCKLST answer, after "BCK"
-        std::function<void(Plek&, ScriptedPeer&)> doe;
+        const char* lijst;           // the first BCKLST answer, after "BCK"
+        int gekozen, knop;           // the backup chosen (-1 as shown) and the button pressed
+        const char* vraag;           // the answer to the import question
+        Stappen stappen;             // the server's part after the press
         QStringList getoond;         // the list afterwards
         std::array<bool, 2> knoppen; // Import, Export enabled afterwards
-        QStringList meldingen;       // string ids, as text
-        const char* woord;
+        QList<int> meldingen;
+        const char* woord; // told to the launcher
     };
-    auto knop = [](int i) {
-        return [i](Plek& plek, ScriptedPeer&) { plek.server().cmdBackup_Click(i); };
-    };
+    const QString eerste = "5-3-2024 14.07.09.backup", nieuwe = "7-3-2024 8.15.00.backup";
     const Case cases[] = {
-        {"no backups", "", knop(0), {"No backups available"}, {false, true}, {}, ""},
+        {"no backups", "", -1, 0, "ja", {}, {"No backups available"}, {false, true}, {}, ""},
         {"export",
          "5-3-2024 14.07.09.backup",
-         [](Plek& plek, ScriptedPeer& peer) {
-             peer.op("BCKMKB", "BCK7-3-2024 8.15.00.backup")
-                 .op("BCKLST", "BCK5-3-2024 14.07.09.backup|7-3-2024 8.15.00.backup");
-             plek.server().cmdBackup_Click(1);
-             EXPECT_EQ(plek.server().backupIndex, 1) << "the new one stands chosen";
-         },
+         -1,
+         1,
+         "",
+         {{"BCKMKB", "BCK" + nieuwe}, {"BCKLST", "BCK" + eerste + "|" + nieuwe}},
          {"5-3-2024 14:07:09", "7-3-2024 8:15:00"},
          {true, true},
-         {"3327"},
+         {3327},
          ""},
         {"export refused",
          "",
-         [](Plek& plek, ScriptedPeer& peer) {
-             peer.op("BCKMKB", "BCKFOUT");
-             plek.server().cmdBackup_Click(1);
-         },
+         -1,
+         1,
+         "",
+         {{"BCKMKB", "BCKFOUT"}},
          {"No backups available"},
          {false, true},
-         {"3328"},
+         {3328},
          ""},
+        // The keep-alive merged into the answer leaves it no "FOUT".
         {"import",
          "5-3-2024 14.07.09.backup|6-3-2024 9.00.00.backup",
-         [](Plek& plek, ScriptedPeer& peer) {
-             peer.op("BCKRST5-3-2024 14.07.09.backup", "BCKOK", Levering::Samengevoegd).zelf("PIN");
-             plek.w.dialogen.antwoorden << "ja";
-             plek.server().cmbBackup_Click(0);
-             plek.server().cmdBackup_Click(0);
-         },
+         0,
+         0,
+         "ja",
+         {{"BCKRST" + eerste, "BCKOK"}, {"", "PIN"}},
          {"5-3-2024 14:07:09", "6-3-2024 9:00:00"},
          {false, false},
-         {"3324", "3325"},
+         {3324, 3325},
          "resolutie"},
         {"import refused",
          "5-3-2024 14.07.09.backup",
-         [](Plek& plek, ScriptedPeer& peer) {
-             peer.op("BCKRST5-3-2024 14.07.09.backup", "BCKFOUT");
-             plek.w.dialogen.antwoorden << "ja";
-             plek.server().cmdBackup_Click(0);
-         },
+         -1,
+         0,
+         "ja",
+         {{"BCKRST" + eerste, "BCKFOUT"}},
          {"5-3-2024 14:07:09"},
          {true, true},
-         {"3324", "3326"},
+         {3324, 3326},
          ""},
         {"import not wanted",
          "5-3-2024 14.07.09.backup",
-         [](Plek& plek, ScriptedPeer&) {
-             plek.w.dialogen.antwoorden << "nee";
-             plek.server().cmdBackup_Click(0);
-         },
+         -1,
+         0,
+         "nee",
+         {},
          {"5-3-2024 14:07:09"},
          {true, true},
-         {"3324"},
+         {3324},
          ""},
-        {"odd names",
-         "||x.backup|  |a.b|",
-         [](Plek&, ScriptedPeer&) {},
-         {"x", "a:b"},
-         {true, true},
-         {},
-         ""},
+        {"odd names", "||x.backup|  |a.b|", -1, -1, "", {}, {"x", "a:b"}, {true, true}, {}, ""},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.wat);
         ScriptedPeer peer;
         begin(peer).op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE").op("BCKLST", QString("BCK") + c.lijst);
+        for (const auto& [verwacht, antwoord] : c.stappen) {
+            if (verwacht.isEmpty())
+                peer.zelf(antwoord);
+            else
+                peer.op(verwacht, antwoord,
+                        c.stappen.size() > 1 && c.stappen.last().first.isEmpty()
+                            ? Levering::Samengevoegd
+                            : Levering::Heel);
+        }
         Plek plek(&peer);
         Launcher launcher(plek.w.map());
         plek.kies(1);
-        c.doe(plek, peer);
+        OnderhoudServer& s = plek.server();
+        s.cmbBackup_Click(c.gekozen);
+        plek.w.dialogen.antwoorden << c.vraag;
+        // A moment into a wait for the server, the menu is dead.
+        bool menuDood = false;
+        QObject peiler; // goes before the workstation it looks at
+        QTimer::singleShot(0, &peiler, [&] { menuDood = plek.f().BewerkModus; });
+        s.cmdBackup_Click(c.knop);
+        EXPECT_EQ(menuDood, !c.stappen.isEmpty());
         EXPECT_TRUE(peer.klaar());
         EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
-        OnderhoudServer& s = plek.server();
         EXPECT_EQ(s.cmbBackup, c.getoond);
+        EXPECT_EQ(s.backupIndex, c.gekozen >= 0 ? c.gekozen : c.getoond.size() - 1)
+            << "the newest stands chosen";
         EXPECT_EQ(s.fraBackupEnabled, c.getoond.value(0) != "No backups available");
         EXPECT_EQ(s.cmdBackupEnabled, c.knoppen);
         QStringList meldingen;
-        for (const QString& id : c.meldingen)
-            meldingen << plek.tekst(id.toInt());
+        for (int id : c.meldingen)
+            meldingen << plek.tekst(id);
         EXPECT_EQ(plek.w.meldingen(), meldingen);
         if (*c.woord) {
             EXPECT_TRUE(waitUntil([&] { return launcher.woord == c.woord; }));
