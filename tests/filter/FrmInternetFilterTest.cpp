@@ -149,15 +149,16 @@ TEST_F(FilterEditor, UpdateFromTheWebAddressCountsNewItemsAndNamesEveryFailure) 
         const char* woordenNa;
     };
     const Case cases[] = {
-        {"CR LF", false, "KAT\r\nhond\r\n\r\nvis\r\n", "text/plain", true, 2,
+        {"CR LF", false, "KAT\r\nhond\r\n\r\nHond\r\nvis\r\n", "text/plain", true, 2,
          "Forbidden words list is updated successfully!\r\nNew forbidden words: 2",
          "kat|hond|vis|url>slecht.nl"},
         {"bare LF, sites", true, "url>slecht.nl\nspel.nl\n", "", false, 1,
          "Forbidden words list is updated successfully!\r\nNew forbidden words: 1",
          "kat|url>slecht.nl|url>spel.nl"},
-        {"nothing new, skipped lines", false, "kat\n+18\n\x81x\n", "text/plain", true, 0,
+        {"nothing new, skipped lines", false, "kat\n+18\n\x81x\n" + QByteArray(10'000, 'w'),
+         "text/plain", true, 0,
          "Forbidden words list is updated successfully!\r\nNew forbidden words: 0\r\n"
-         "Lines skipped: 2",
+         "Lines skipped: 3",
          "kat|url>slecht.nl"},
         {"a web page", false, "<html><body>kat</body></html>", "text/html; charset=utf-8", true, -1,
          "The web server did not send a text list (text/html; charset=utf-8). The lists are "
