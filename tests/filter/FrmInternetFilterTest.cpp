@@ -10,6 +10,7 @@
 #include "tests/support/Werkplek.h"
 
 #include <QAccessible>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -247,6 +248,10 @@ TEST_F(FilterEditor, TheWindowNamesEveryControlAndWorksByKeyboard) {
     EXPECT_EQ(f.lijsten.lijst(FilterLists::Woorden), QStringList({"kat", "hond"}));
     EXPECT_EQ(v.lijst(0)->count(), 2);
     EXPECT_TRUE(v.isVisible()); // Enter belongs to the field, not to a default button
+    QTest::keyClicks(v.veld(0), "HOND");
+    QTest::keyClick(v.veld(0), Qt::Key_Enter);
+    EXPECT_EQ(v.findChild<QLabel*>("lblStatus")->text(), "“HOND” is already in the list.");
+    EXPECT_EQ(v.veld(0)->text(), "HOND");
     tk::test::bewaarPng(v.grab().toImage(), "FrmInternetFilterView");
     v.lijst(0)->setFocus();
     v.lijst(0)->setCurrentRow(0);
