@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QtMath>
 
+#include <array>
+
 namespace tk {
 
 namespace {
@@ -10,11 +12,28 @@ double lineair(int kanaal) {
     const double c = kanaal / 255.0;
     return c <= 0.04045 ? c / 12.92 : qPow((c + 0.055) / 1.055, 2.4);
 }
+
+// The linear value of each of the 256 channel values, worked out once: the worst pixel under a
+// caption is looked for on every paint of a button, over thousands of pixels.
+const std::array<double, 256>& lineaireWaarden() {
+    static const std::array<double, 256> tabel = [] {
+        std::array<double, 256> t{};
+        for (int i = 0; i < 256; ++i)
+            t[size_t(i)] = lineair(i);
+        return t;
+    }();
+    return tabel;
+}
+
+double luminantieVan(QRgb px) {
+    const std::array<double, 256>& l = lineaireWaarden();
+    return 0.2126 * l[size_t(qRed(px))] + 0.7152 * l[size_t(qGreen(px))] +
+           0.0722 * l[size_t(qBlue(px))];
+}
 } // namespace
 
 double Contrast::luminantie(const QColor& kleur) {
-    const QColor c = kleur.toRgb();
-    return 0.2126 * lineair(c.red()) + 0.7152 * lineair(c.green()) + 0.0722 * lineair(c.blue());
+    return luminantieVan(kleur.toRgb().rgb());
 }
 
 double Contrast::verhouding(const QColor& a, const QColor& b) {
@@ -31,12 +50,16 @@ double Contrast::slechtste(const QColor& tekst, const QImage& achter, const QRec
     const QRect binnen = vak.intersected(achter.rect());
     if (binnen.isEmpty())
         return 21.0;
+    const bool direct = achter.format() == QImage::Format_RGB32 ||
+                        achter.format() == QImage::Format_ARGB32 ||
+                        achter.format() == QImage::Format_ARGB32_Premultiplied;
     double laag = 2.0, hoog = -1.0;
     QRgb donker = 0, licht = 0;
-    for (int y = binnen.top(); y <= binnen.bottom(); ++y)
+    for (int y = binnen.top(); y <= binnen.bottom(); ++y) {
+        const auto* rij = reinterpret_cast<const QRgb*>(achter.constScanLine(y));
         for (int x = binnen.left(); x <= binnen.right(); ++x) {
-            const QRgb px = achter.pixel(x, y);
-            const double l = luminantie(QColor(px));
+            const QRgb px = direct ? rij[x] : achter.pixel(x, y);
+            const double l = luminantieVan(px);
             if (l < laag) {
                 laag = l;
                 donker = px;
@@ -46,6 +69,7 @@ double Contrast::slechtste(const QColor& tekst, const QImage& achter, const QRec
                 licht = px;
             }
         }
+    }
     return qMin(verhouding(tekst, QColor(donker)), verhouding(tekst, QColor(licht)));
 }
 

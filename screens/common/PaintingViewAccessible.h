@@ -2,6 +2,7 @@
 
 #include <QAccessibleWidget>
 #include <QList>
+#include <QObject>
 
 namespace tk {
 
@@ -28,8 +29,15 @@ public:
     static void meldFocus(QWidget* view, PaintedControls& bron, int& gemeld);
 
 private:
+    // The view's widget children as accessibility counts them, kept while the view's children
+    // stay the same: a screen reader asks for the count and each child in turn, and counting them
+    // anew for every question made reading a view of many buttons quadratic.
+    const QList<QWidget*>& widgets() const;
     PaintedControls* m_bron;
     mutable QList<QAccessible::Id> m_kinderen;
+    mutable QObjectList m_stand;
+    mutable QList<QWidget*> m_widgets;
+    mutable bool m_widgetsGelezen = false;
 };
 
 } // namespace tk

@@ -96,6 +96,15 @@ TEST(AccessibilityTest, StartScreenGivesEveryPaintedControlItsRoleNameAndPress) 
     w.f().AccountKlik(0);
     controleer(w.wortel, {{"account button", QAccessible::Button, "Leerkrachten", true},
                           {"class without a name", QAccessible::Button, "Groep 2", true}});
+
+    // A class taken away takes its button out of the tree that was read before.
+    const int objecten = A11yTree::tel(w.wortel);
+    w.klas(3, "", "");
+    w.f().WeergevenKlassen(true);
+    w.f().AccountKlik(0);
+    EXPECT_EQ(objecten - 1, A11yTree::tel(w.wortel));
+    EXPECT_EQ(nullptr, A11yTree::zoek(w.wortel, QAccessible::Button, QString::fromUtf8("مدرسة")));
+    controleer(w.wortel, {{"class button", QAccessible::Button, "Groep 1A", true}});
 }
 
 TEST(AccessibilityTest, PressingAClassByItsNameOpensItsDesktopAndTheFocusIsItsState) {

@@ -1,5 +1,5 @@
-#include "controls/AccessibleName.h"
 #include "controls/Contrast.h"
+#include "controls/AccessibleName.h"
 #include "controls/Knop2.h"
 #include "controls/TextScale.h"
 #include "tests/desktop/BureaubladWerkplek.h"
@@ -7,8 +7,8 @@
 
 #include <QFontMetrics>
 #include <QImage>
-#include <iostream>
 #include <gtest/gtest.h>
+#include <iostream>
 
 using namespace tk;
 using namespace tk::test;
@@ -40,6 +40,10 @@ TEST(ContrastTest, RatiosAsTheGuidelinesMeasureThem) {
     EXPECT_NEAR(1.0, Contrast::slechtste(Qt::white, beeld, QRect(0, 0, 10, 2)), 0.01);
     EXPECT_NEAR(21.0, Contrast::slechtste(Qt::white, beeld, QRect(0, 0, 5, 1)), 0.01);
     EXPECT_NEAR(21.0, Contrast::slechtste(Qt::white, beeld, QRect(20, 20, 5, 5)), 0.01);
+    // A picture in another pixel format is measured the same.
+    const QImage smal = beeld.convertToFormat(QImage::Format_RGB888);
+    EXPECT_NEAR(1.0, Contrast::slechtste(Qt::white, smal, QRect(0, 0, 10, 2)), 0.01);
+    EXPECT_NEAR(21.0, Contrast::slechtste(Qt::white, smal, QRect(0, 0, 5, 1)), 0.01);
 }
 
 TEST(ContrastTest, AccessibleNamesOfBadInput) {
