@@ -97,4 +97,17 @@ int FocusOrder::volgende(const QList<QRect>& plekken, int huidig, Stap stap) {
     return beste;
 }
 
+int FocusOrder::volgendeStop(const QList<PaintedControl>& lijst, int huidig, Stap stap) {
+    QList<QRect> plekken;
+    int van = -1;
+    for (const PaintedControl& c : lijst) {
+        const bool neemt = c.drukbaar && !c.uitgeschakeld;
+        if (neemt && c.stop == huidig && huidig >= 0)
+            van = int(plekken.size());
+        plekken.append(neemt ? c.plek : QRect());
+    }
+    const int naar = volgende(plekken, van, stap);
+    return naar < 0 ? -1 : lijst[naar].stop;
+}
+
 } // namespace tk

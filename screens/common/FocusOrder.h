@@ -1,5 +1,7 @@
 #pragma once
 
+#include "screens/common/PaintedControl.h"
+
 #include <QList>
 #include <QRect>
 #include <optional>
@@ -24,6 +26,10 @@ public:
     static int volgende(const QList<QRect>& plekken, int huidig, Stap stap);
     // The indices of the shown places in reading order.
     static QList<int> leesvolgorde(const QList<QRect>& plekken);
+    // The same step among the painted controls a screen offers (PaintedControl::stop): only the
+    // ones that can be pressed and are not disabled take the focus. `huidig` is a stop, -1 (or a
+    // stop no longer in the list) for none; the answer is a stop or -1 as in volgende().
+    static int volgendeStop(const QList<PaintedControl>& lijst, int huidig, Stap stap);
 };
 
 } // namespace tk

@@ -19,7 +19,7 @@
 namespace tk {
 
 FrmBureaubladView::FrmBureaubladView(FrmBureaublad& model, QWidget* ouder)
-    : QWidget(ouder), m(model) {
+    : KeyboardView(ouder), m(model) {
     setWindowTitle(QStringLiteral("Tafelkrater"));
     setFocusPolicy(Qt::StrongFocus);
     m_canvas = new FrmBureaubladCanvas(model, this);
@@ -63,19 +63,8 @@ void FrmBureaubladView::paintEvent(QPaintEvent*) {
     QPainter(this).fillRect(rect(), Qt::black);
 }
 
-void FrmBureaubladView::keyPressEvent(QKeyEvent* e) {
-    if (!m.Toets(e->key(), e->modifiers() & Qt::ShiftModifier))
-        QWidget::keyPressEvent(e);
-}
-
-bool FrmBureaubladView::event(QEvent* e) {
-    if (e->type() == QEvent::KeyPress) {
-        auto* toets = static_cast<QKeyEvent*>(e);
-        if ((toets->key() == Qt::Key_Tab || toets->key() == Qt::Key_Backtab) &&
-            m.Toets(toets->key(), toets->modifiers() & Qt::ShiftModifier))
-            return true;
-    }
-    return QWidget::event(e);
+bool FrmBureaubladView::toets(int toets, bool shift) {
+    return m.Toets(toets, shift);
 }
 
 } // namespace tk

@@ -1,15 +1,14 @@
 #pragma once
 
+#include "screens/common/KeyboardView.h"
 #include "screens/desktop/FrmBureaubladCanvas.h"
-
-#include <QWidget>
 
 namespace tk {
 
 class FrmBureaublad;
 
 // frmBureaublad on the screen: the canvas unscaled and centred on a black window of any size.
-class FrmBureaubladView : public QWidget {
+class FrmBureaubladView : public KeyboardView {
     Q_OBJECT
 public:
     explicit FrmBureaubladView(FrmBureaublad& model, QWidget* ouder = nullptr);
@@ -22,9 +21,7 @@ public:
 protected:
     void resizeEvent(QResizeEvent*) override;
     void paintEvent(QPaintEvent*) override;
-    void keyPressEvent(QKeyEvent*) override;
-    // Tab and Shift+Tab move the model's focus instead of Qt's.
-    bool event(QEvent*) override;
+    bool toets(int toets, bool shift) override;
 
 private:
     FrmBureaublad& m;

@@ -2,6 +2,8 @@
 
 #include "FrmOnderhoud.h"
 #include "OnderhoudPaneel.h"
+#include "controls/FocusRing.h"
+#include "screens/common/FocusOrder.h"
 #include "screens/common/PaintingViewAccessible.h"
 
 #include <QMouseEvent>
@@ -24,9 +26,11 @@ QFont menuFont(int grootte, bool kop) {
 
 } // namespace
 
-FrmOnderhoudView::FrmOnderhoudView(FrmOnderhoud& model, QWidget* ouder) : QWidget(ouder), m(model) {
+FrmOnderhoudView::FrmOnderhoudView(FrmOnderhoud& model, QWidget* ouder)
+    : KeyboardView(ouder), m(model) {
     setFixedSize(FrmOnderhoud::Breedte, FrmOnderhoud::Hoogte);
     setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
     setWindowTitle(m.Caption);
     // The hit boxes are measured with the font the rows are painted in.
     m.tekstBreedte = [](const QString& tekst, int grootte) {
@@ -72,6 +76,9 @@ void FrmOnderhoudView::bijwerken() {
     for (const auto& [nummer, view] : m_panelen)
         view->setVisible(m.Zichtbaar && nummer == m.ZichtbaarPaneel);
     laatsteHertekening << m.infoVak() << m.afmeldenVak();
+    // The ring goes with its row when the menu moves, and away with a row folded away.
+    if (m_focusStop >= 0)
+        laatsteHertekening << focusVak(m_focusStop).adjusted(-1, -1, 1, 1);
     for (const QRect& vak : laatsteHertekening)
         update(vak);
     gewijzigd();
@@ -79,7 +86,80 @@ void FrmOnderhoudView::bijwerken() {
 }
 
 QList<PaintedControl> FrmOnderhoudView::maakGeschilderd() const {
-    return m.bedieningen();
+    QList<PaintedControl> lijst = m.bedieningen();
+    for (PaintedControl& c : lijst)
+        c.focus = m_focusStop >= 0 && c.stop == m_focusStop;
+    return lijst;
+}
+
+QRect FrmOnderhoudView::focusVak(int stop) const {
+    if (stop == 999)
+        return m.afmeldenVak().adjusted(-4, -3, 4, 3);
+    const int g = stop / 100, r = stop % 100;
+    if (stop < 0 || g >= FrmOnderhoud::Groepen || r >= FrmOnderhoud::Rijen ||
+        m.cel(g, r, FrmOnderhoud::Getoond) != u"ja")
+        return {};
+    // Around the caption as painted: a heading is bold, wider than the row's hit box.
+    QRect vak = m.rijVak(g, r);
+    const QString& tekst = m.cel(g, r, FrmOnderhoud::Tekst);
+    const int breedte = QFontMetrics(menuFont(m.cel(g, r, FrmOnderhoud::Grootte).toInt(), r == 0))
+                            .horizontalAdvance(tekst);
+    vak.setRight(qMax(vak.right(), vak.left() + breedte));
+    return vak.adjusted(-7, -3, 7, 3);
+}
+
+void FrmOnderhoudView::zetFocus(int stop) {
+    if (stop == m_focusStop)
+        return;
+    update(focusVak(m_focusStop).adjusted(-1, -1, 1, 1));
+    m_focusStop = stop;
+    update(focusVak(m_focusStop).adjusted(-1, -1, 1, 1));
+    gewijzigd();
+    PaintingViewAccessible::meldFocus(this, *this, m_focusGemeld);
+}
+
+bool FrmOnderhoudView::toets(int toets, bool shift) {
+    // A panel's field keeps its own keys; the menu is dead while a record is edited.
+    QWidget* veld = window()->focusWidget();
+    if ((veld && veld != this && isAncestorOf(veld)) || m.BewerkModus || !m.Zichtbaar)
+        return false;
+    if (toets == Qt::Key_Escape) {
+        m.lblAfmelden_Click();
+        return true;
+    }
+    if (FocusOrder::isDrukken(toets)) {
+        if (m_focusStop < 0)
+            return false;
+        m.Kies(m_focusStop);
+        return true;
+    }
+    const auto stap = FocusOrder::stapVoor(toets, shift);
+    if (!stap)
+        return false;
+    const QList<PaintedControl> lijst = geschilderd();
+    int naar = FocusOrder::volgendeStop(lijst, m_focusStop, *stap);
+    if (naar < 0) {
+        // Past either end the shown panel's fields come next; without any, round to the other
+        // end of the menu.
+        zetFocus(-1);
+        focusNextPrevChild(*stap == FocusOrder::Stap::Volgende);
+        QWidget* nu = window()->focusWidget();
+        if (nu && nu != this && isAncestorOf(nu))
+            return true;
+        naar = FocusOrder::volgendeStop(lijst, -1, *stap);
+    }
+    zetFocus(naar);
+    return true;
+}
+
+void FrmOnderhoudView::focusInEvent(QFocusEvent* e) {
+    KeyboardView::focusInEvent(e);
+    if (m_focusStop >= 0 || m.BewerkModus)
+        return;
+    if (e->reason() == Qt::TabFocusReason)
+        zetFocus(FocusOrder::volgendeStop(geschilderd(), -1, FocusOrder::Stap::Volgende));
+    else if (e->reason() == Qt::BacktabFocusReason)
+        zetFocus(FocusOrder::volgendeStop(geschilderd(), -1, FocusOrder::Stap::Vorige));
 }
 
 void FrmOnderhoudView::druk(const PaintedControl& control) {
@@ -141,6 +221,9 @@ void FrmOnderhoudView::paintEvent(QPaintEvent* e) {
     g.drawLine(290, 100, 290, 640);
 
     tekenMenu(g, vak);
+    const QRect ring = focusVak(m_focusStop);
+    if (!ring.isEmpty())
+        FocusRing::teken(g, ring, kleur(m.kleurMenu));
 
     QFont klein(QStringLiteral("Verdana"));
     klein.setPixelSize(12);

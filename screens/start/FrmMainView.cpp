@@ -1,20 +1,12 @@
 #include "FrmMainView.h"
 
 #include "FrmMain.h"
-#include "controls/SkinnedButtonView.h"
-#include "screens/common/LoadingBarPainter.h"
-#include "screens/common/LogonFields.h"
-#include "screens/common/PaintingViewAccessible.h"
-#include "screens/taskbar/FrmTaakbalk1View.h"
 
-#include <QKeyEvent>
-#include <QLineEdit>
 #include <QPainter>
-#include <QPushButton>
 
 namespace tk {
 
-FrmMainView::FrmMainView(FrmMain& model, QWidget* ouder) : QWidget(ouder), m(model) {
+FrmMainView::FrmMainView(FrmMain& model, QWidget* ouder) : KeyboardView(ouder), m(model) {
     setWindowTitle(QStringLiteral("Tafelkrater"));
     setFocusPolicy(Qt::StrongFocus);
     m_canvas = new FrmMainCanvas(model, this);
@@ -36,22 +28,10 @@ void FrmMainView::paintEvent(QPaintEvent*) {
     QPainter(this).fillRect(rect(), Qt::black);
 }
 
-void FrmMainView::keyPressEvent(QKeyEvent* e) {
-    if (e->key() == Qt::Key_Shift)
+bool FrmMainView::toets(int toets, bool shift) {
+    if (toets == Qt::Key_Shift)
         m.link.ShiftIngedrukt = true;
-    if (m.Toets(e->key(), e->modifiers() & Qt::ShiftModifier))
-        return;
-    QWidget::keyPressEvent(e);
-}
-
-bool FrmMainView::event(QEvent* e) {
-    if (e->type() == QEvent::KeyPress) {
-        auto* toets = static_cast<QKeyEvent*>(e);
-        if ((toets->key() == Qt::Key_Tab || toets->key() == Qt::Key_Backtab) &&
-            m.Toets(toets->key(), toets->modifiers() & Qt::ShiftModifier))
-            return true;
-    }
-    return QWidget::event(e);
+    return m.Toets(toets, shift);
 }
 
 } // namespace tk

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "screens/common/KeyboardView.h"
 #include "screens/start/FrmMainCanvas.h"
-
-#include <QWidget>
 
 namespace tk {
 
@@ -10,7 +9,7 @@ class FrmMain;
 
 // frmMain on the screen: the canvas unscaled and centred on a black window of any size; Shift
 // held sets ShiftIngedrukt (start without the cache).
-class FrmMainView : public QWidget {
+class FrmMainView : public KeyboardView {
     Q_OBJECT
 public:
     explicit FrmMainView(FrmMain& model, QWidget* ouder = nullptr);
@@ -21,9 +20,7 @@ public:
 protected:
     void resizeEvent(QResizeEvent*) override;
     void paintEvent(QPaintEvent*) override;
-    void keyPressEvent(QKeyEvent*) override;
-    // Tab and Shift+Tab move the model's focus instead of Qt's.
-    bool event(QEvent*) override;
+    bool toets(int toets, bool shift) override;
 
 private:
     FrmMain& m;

@@ -1,10 +1,18 @@
 // The screens with the keyboard alone, at the level of their models: Tab and the arrows move the
 // focus in reading order through the controls, Enter or Space presses, Escape closes a panel.
+#include "screens/ScreenRouter.h"
 #include "screens/common/FocusOrder.h"
+#include "screens/maintenance/FrmOnderhoud.h"
+#include "screens/maintenance/FrmOnderhoudView.h"
+#include "screens/maintenance/OnderhoudPaneel.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "tests/desktop/BureaubladWerkplek.h"
+#include "tests/screens/PngBewaren.h"
 #include "tests/screens/ScreenWerkplek.h"
 
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <gtest/gtest.h>
 
 using namespace tk;
@@ -194,4 +202,140 @@ TEST(KeyboardTest, DesktopItemsThenTheTaskbarAndBackWithTheKeyboardAlone) {
     // Space starts the program of the item in focus.
     b.Toets(Qt::Key_Space);
     EXPECT_EQ(1, w.platform.fakeProcesses().started.size());
+}
+
+namespace {
+// A panel that records that it was shown.
+struct ProefPaneel : OnderhoudPaneel {
+    QString titel() const override { return "proef"; }
+    void Tonen(int rij) override { getoond << rij; }
+    QList<int> getoond;
+};
+} // namespace
+
+TEST(KeyboardTest, MaintenanceMenuWithTheKeyboardAloneAndItsFocusRing) {
+    ScreenWerkplek w;
+    w.p.modTaal.Taal = 1033;
+    ScreenRouter router(w.p);
+    w.p.schermen = &router;
+    ASSERT_TRUE(router.openOnderhoudsmodule(-1, {}));
+    FrmOnderhoud& f = *w.p.frmOnderhoud;
+    ProefPaneel klassen;
+    f.plaatsPaneel(FrmOnderhoud::PKlassen, &klassen);
+    FrmOnderhoudView view(f);
+    auto* veld = new QLineEdit; // a field of the classes' panel
+    view.plaatsPaneelView(FrmOnderhoud::PKlassen, veld);
+    view.bijwerken();
+    view.show();
+    QApplication::setActiveWindow(&view);
+    view.setFocus();
+    // A key as the window gets it: to the widget with the focus, on to its parents.
+    auto druk = [&](int toets, Qt::KeyboardModifiers shift = Qt::NoModifier) {
+        QWidget* doel = view.focusWidget() ? view.focusWidget() : &view;
+        QKeyEvent e(QEvent::KeyPress, toets, shift);
+        QApplication::sendEvent(doel, &e);
+    };
+    auto inFocus = [&] {
+        QString naam;
+        for (const PaintedControl& c : view.geschilderd())
+            if (c.focus) {
+                EXPECT_TRUE(naam.isEmpty()) << "two controls with the focus";
+                naam = c.naam;
+            }
+        return naam;
+    };
+    const QString afmelden = f.lblAfmelden;
+
+    // Reading order: the log-off at the top, then the menu from its first heading down.
+    druk(Qt::Key_Tab);
+    EXPECT_EQ(afmelden, inFocus());
+    druk(Qt::Key_Tab);
+    EXPECT_EQ("Manage accounts", inFocus());
+    // The ring is painted around the row in the menu's colour.
+    const QImage beeld = view.grab().toImage();
+    bewaarPng(beeld, "onderhoud-focus");
+    const QRect rij = f.rijVak(0, 0);
+    const QColor menu(int(f.kleurMenu & 0xff), int(f.kleurMenu >> 8 & 0xff),
+                      int(f.kleurMenu >> 16 & 0xff));
+    EXPECT_EQ(menu, beeld.pixelColor(rij.left() - 6, rij.center().y()));
+    // Its right side stands past the end of the bold caption: nothing of the caption outside.
+    int rechts = FrmOnderhoudView::menuVak().right();
+    while (rechts > rij.left() && beeld.pixelColor(rechts, rij.center().y()) != menu)
+        --rechts;
+    ASSERT_GT(rechts, rij.left() + 20);
+    for (int y = rij.top(); y <= rij.bottom(); ++y)
+        for (int x = rechts + 1; x < 240; ++x)
+            ASSERT_GT(beeld.pixelColor(x, y).lightness(), 200) << x << "," << y;
+    // Enter opens the group; the arrow goes down into it, Enter shows the panel.
+    druk(Qt::Key_Return);
+    druk(Qt::Key_Down);
+    EXPECT_EQ("Classes", inFocus());
+    druk(Qt::Key_Space);
+    EXPECT_EQ(FrmOnderhoud::PKlassen, f.ZichtbaarPaneel);
+    EXPECT_EQ(1, klassen.getoond.size());
+    druk(Qt::Key_Up);
+    EXPECT_EQ("Manage accounts", inFocus());
+    druk(Qt::Key_Up); // above the menu only the log-off
+    EXPECT_EQ(afmelden, inFocus());
+    druk(Qt::Key_Tab);
+    EXPECT_EQ("Manage accounts", inFocus());
+
+    // Past the last row the panel's field takes the keyboard; its Escape is its own, and
+    // Shift+Tab comes back to the last row.
+    int stappen = 0;
+    while (view.focusWidget() != veld && stappen++ < 60)
+        druk(Qt::Key_Tab);
+    ASSERT_EQ(veld, view.focusWidget());
+    EXPECT_EQ(-1, view.focusStop());
+    druk(Qt::Key_Escape);
+    EXPECT_TRUE(f.Zichtbaar);
+    druk(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(&view, view.focusWidget());
+    const QList<PaintedControl> lijst = view.geschilderd();
+    EXPECT_EQ(FocusOrder::volgendeStop(lijst, -1, FocusOrder::Stap::Vorige), view.focusStop());
+
+    // While a record is edited the menu is dead to the keyboard too.
+    const int voor = view.focusStop();
+    f.ZetBewerkModus(true);
+    druk(Qt::Key_Down);
+    druk(Qt::Key_Escape);
+    EXPECT_EQ(voor, view.focusStop());
+    EXPECT_TRUE(f.Zichtbaar);
+    f.ZetBewerkModus(false);
+    // Escape logs off, as the log-off does.
+    view.setFocus();
+    druk(Qt::Key_Escape);
+    EXPECT_FALSE(f.Zichtbaar);
+}
+
+TEST(KeyboardTest, FocusAmongPaintedControlsSkipsWhatCannotBePressed) {
+    auto control = [](int stop, QRect plek, bool drukbaar = true, bool uit = false) {
+        PaintedControl c;
+        c.stop = stop;
+        c.plek = plek;
+        c.drukbaar = drukbaar;
+        c.uitgeschakeld = uit;
+        return c;
+    };
+    // Four in a column; the second is text, the third disabled.
+    const QList<PaintedControl> lijst = {
+        control(10, QRect(0, 0, 50, 10)), control(20, QRect(0, 20, 50, 10), false),
+        control(30, QRect(0, 40, 50, 10), true, true), control(40, QRect(0, 60, 50, 10))};
+    struct Case {
+        int van;
+        Stap stap;
+        int naar;
+    };
+    const Case cases[] = {
+        {-1, Stap::Volgende, 10}, {10, Stap::Volgende, 40}, {40, Stap::Volgende, -1},
+        {-1, Stap::Vorige, 40},   {40, Stap::Omhoog, 10},   {10, Stap::Omhoog, 10},
+        {20, Stap::Volgende, 10}, // a stop that takes no focus counts as none
+        {77, Stap::Omlaag, 10},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.van << " step " << int(c.stap));
+        EXPECT_EQ(c.naar, FocusOrder::volgendeStop(lijst, c.van, c.stap));
+    }
+    EXPECT_EQ(-1,
+              FocusOrder::volgendeStop({control(5, QRect(0, 0, 9, 9), false)}, -1, Stap::Volgende));
 }
