@@ -399,8 +399,20 @@ QImage FrmBureaublad::geenPictogram(int soort, const QString& id) {
 void FrmBureaublad::zetNaam(int rij, const QString& naam, QPoint icoon) {
     const QString gebroken =
         ModMain::WordWrapped_String(naam, NaamBreedte, QString::fromLatin1(Eol), true);
-    const QStringList regels = gebroken.split(QString::fromLatin1(Eol));
+    QStringList regels = gebroken.split(QString::fromLatin1(Eol));
     const QFontMetrics fm(icoonFont);
+    const QChar puntjes(0x2026);
+    const int passen = qMax(1, NaamRuimteHoogte / qMax(1, fm.height()));
+    if (regels.size() > passen) {
+        regels.resize(passen);
+        QString& laatste = regels.last();
+        while (!laatste.isEmpty() && fm.horizontalAdvance(laatste + puntjes) > NaamRuimteBreedte)
+            laatste.chop(laatste.size() > 1 && laatste.back().isLowSurrogate() ? 2 : 1);
+        laatste += puntjes;
+    }
+    for (QString& r : regels)
+        if (fm.horizontalAdvance(r) > NaamRuimteBreedte)
+            r = fm.elidedText(r, Qt::ElideRight, NaamRuimteBreedte);
     int breedste = 0;
     for (const QString& r : regels)
         breedste = qMax(breedste, fm.horizontalAdvance(r));

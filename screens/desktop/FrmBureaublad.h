@@ -41,6 +41,10 @@ public:
     static constexpr int IcoonMaat = 32;
     // Names under the icons break at this many characters.
     static constexpr int NaamBreedte = 12;
+    // The room a name has under its icon before the next column (98 apart) and the next row (78
+    // apart, the name starting 36 below the icon's top): a larger text size gets fewer lines,
+    // the last one cut with an ellipsis, and no line wider than the column.
+    static constexpr int NaamRuimteBreedte = 92, NaamRuimteHoogte = 42;
     // The header band over the background.
     static constexpr int KopHoogte = 40;
     // The internet icon and its text.

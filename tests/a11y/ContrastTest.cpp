@@ -2,7 +2,9 @@
 #include "controls/AccessibleName.h"
 #include "controls/Knop2.h"
 #include "controls/TextScale.h"
+#include "screens/desktop/FrmBureaubladView.h"
 #include "tests/desktop/BureaubladWerkplek.h"
+#include "tests/screens/PngBewaren.h"
 #include "tests/screens/ScreenWerkplek.h"
 
 #include <QFontMetrics>
@@ -160,4 +162,49 @@ TEST(ContrastTest, TextScaleFromTheEnvironmentGrowsThePaintedCaptions) {
     groot.f().Form_Load();
     groot.f().WeergevenKlassen(true);
     EXPECT_EQ(groot.f().knop(0)->Grootte(), groot.f().knop(0)->Teken().size());
+}
+
+TEST(ContrastTest, DesktopNamesAtTextScaleTwoStayAboveTheNextRow) {
+    BureaubladWerkplek w;
+    w.platform.fakeEnvironment().setVariable("TK_TEKSTSCHAAL", "2");
+    w.p.maak(w.p.frmBureaublad, w.p);
+    w.b().Form_Load();
+    const QString naam = "Programma voor rekenen en taal in groep drie";
+    w.applicatie(0, 0, "1", naam);
+    w.applicatie(0, 1, "2", "WWWWWWWWWWWW"); // one line wider than its column
+    w.klas(0, "Groep 3", "100", "1|2", "Nee");
+    const QPoint tweede = FrmBureaublad::RasterPlek(6); // the top of the next column
+    w.posities("K100", QString("2|k|%1x%2").arg(tweede.x() + 15).arg(tweede.y()));
+    FrmBureaubladView view(w.b());
+    w.b().Openen(0, "100");
+    ASSERT_EQ(tweede, w.plek(1));
+    const QImage beeld = view.canvas()->grab().toImage();
+    bewaarPng(beeld, "bureaublad-tekstschaal-2");
+
+    // Under the first name, where the next row's item would stand (the place is free), and
+    // right of the second, in the free column beside it, the background shows untouched.
+    const QPoint onder = FrmBureaublad::RasterPlek(1);
+    const int midden = tweede.x() + 16, regel = tweede.y() + 36;
+    const QRect vrij[] = {QRect(onder.x() - 30, onder.y() - 2, 92, 34),
+                          QRect(midden + 47, regel, 14, 24)};
+    for (const QRect& vak : vrij) {
+        int beschreven = 0;
+        for (int y = vak.top(); y <= vak.bottom(); ++y)
+            for (int x = vak.left(); x <= vak.right(); ++x) {
+                const QRgb a = beeld.pixel(x, y), b = w.b().achtergrond.pixel(x, y);
+                beschreven += qAbs(qRed(a) - qRed(b)) + qAbs(qGreen(a) - qGreen(b)) +
+                                  qAbs(qBlue(a) - qBlue(b)) >
+                              60;
+            }
+        EXPECT_EQ(0, beschreven) << vak.x() << "," << vak.y();
+    }
+    // The name shown is cut, the name a screen reader hears is whole.
+    const FrmBureaublad::Icoon& eerste = w.b().zichtbareIconen.at(0);
+    EXPECT_LT(eerste.tekst.bottom(), onder.y());
+    for (const FrmBureaublad::Icoon& i : w.b().zichtbareIconen)
+        EXPECT_LE(i.tekst.width(), FrmBureaublad::NaamRuimteBreedte) << i.naam.toStdString();
+    EXPECT_TRUE(eerste.regels.last().endsWith(QChar(0x2026)));
+    const QList<PaintedControl> lijst = w.b().bedieningen();
+    EXPECT_TRUE(std::any_of(lijst.begin(), lijst.end(),
+                            [&](const PaintedControl& c) { return c.naam == naam; }));
 }
