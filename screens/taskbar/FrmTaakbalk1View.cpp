@@ -2,6 +2,7 @@
 
 #include "FrmTaakbalk1.h"
 #include "TaakbalkKnopView.h"
+#include "controls/Ondergrond.h"
 #include "controls/SkinnedButtonView.h"
 #include "screens/common/PaintingViewAccessible.h"
 
@@ -46,7 +47,9 @@ void FrmTaakbalk1View::paintEvent(QPaintEvent*) {
     if (!m.achtergrond.isNull())
         p.drawImage(0, 0, m.achtergrond);
     for (const FrmTaakbalk1::Knop& k : m.knoppen)
-        TaakbalkKnopView::teken(p, k, m.knopFont, 40);
+        TaakbalkKnopView::teken(
+            p, k, m.knopFont, 40,
+            Ondergrond{m.achtergrond, m.achtergrond.size(), m.achtergrondKleur});
 }
 
 void FrmTaakbalk1View::mouseMoveEvent(QMouseEvent* e) {

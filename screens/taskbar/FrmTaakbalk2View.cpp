@@ -2,7 +2,9 @@
 
 #include "FrmTaakbalk2.h"
 #include "TaakbalkKnopView.h"
+#include "controls/Contrast.h"
 #include "controls/FocusRing.h"
+#include "controls/Ondergrond.h"
 #include "screens/common/PaintingViewAccessible.h"
 
 #include <QCursor>
@@ -78,12 +80,13 @@ void FrmTaakbalk2View::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), m.achtergrondKleur);
     if (!m.achtergrond.isNull())
         painter.drawImage(QRect(0, 0, width(), m.Hoogte), m.achtergrond);
+    const Ondergrond balk{m.achtergrond, QSize(width(), m.Hoogte), m.achtergrondKleur};
     for (const TaakbalkKnop& k : m.vasteKnoppen)
-        TaakbalkKnopView::teken(painter, k, m.knopFont, FrmTaakbalk2::BeeldMaat);
-    tekenTaken(painter);
+        TaakbalkKnopView::teken(painter, k, m.knopFont, FrmTaakbalk2::BeeldMaat, balk);
+    tekenTaken(painter, balk);
 }
 
-void FrmTaakbalk2View::tekenTaken(QPainter& painter) {
+void FrmTaakbalk2View::tekenTaken(QPainter& painter, const Ondergrond& balk) {
     painter.save();
     // Buttons that would run into the fixed buttons on the right are cut off there.
     painter.setClipRect(QRect(0, 0, m.takenGrens(), height()));
@@ -124,12 +127,18 @@ void FrmTaakbalk2View::tekenTaken(QPainter& painter) {
         const int tekstLinks = internet ? links + 2 : links + FrmTaakbalk2::TitelInspringing;
         const int tekstBreedte = internet ? rechts - links : rechts - links - 4;
         const QString tekst = FrmTaakbalk2::Tekentekst(m.Knoppen(i, K::Titel), fm, tekstBreedte);
-        painter.setPen(ingedrukt ? m.takenTekstGeselecteerd
-                                 : (hover ? m.takenTekstHover : m.takenTekst));
+        const QColor kleur =
+            ingedrukt ? m.takenTekstGeselecteerd : (hover ? m.takenTekstHover : m.takenTekst);
         // A pressed title sits one pixel lower, as on a pressed button.
         const int basis =
             kaderTop + (kaderHoogte - fm.height()) / 2 + fm.ascent() + (ingedrukt ? 1 : 0);
-        painter.drawText(tekstLinks, basis, tekst);
+        // Under the title lies the button's fill when pressed or under the mouse, else the bar.
+        const Ondergrond onder = ingedrukt ? Ondergrond{{}, {}, m.takenGeselecteerd}
+                                 : hover   ? Ondergrond{{}, {}, m.takenHover}
+                                           : balk;
+        const QRect vak(tekstLinks, basis - fm.ascent(), fm.horizontalAdvance(tekst), fm.height());
+        Contrast::schrijf(painter, QPoint(tekstLinks, basis), tekst, kleur,
+                          onder.randNodig(kleur, vak));
         if (i == m.focusPlek)
             FocusRing::teken(painter, kader.adjusted(-1, -2, 1, 2), m.takenGeselecteerd);
     }

@@ -7,6 +7,7 @@
 namespace tk {
 
 class FrmTaakbalk2;
+struct Ondergrond;
 
 // The desktop's taskbar on the screen: a borderless bar window along the bottom of the screen,
 // marked as a dock for the window manager, above all other windows and never taking the focus
@@ -34,7 +35,7 @@ protected:
     void leaveEvent(QEvent*) override;
 
 private:
-    void tekenTaken(QPainter& painter);
+    void tekenTaken(QPainter& painter, const Ondergrond& balk);
     FrmTaakbalk2& m;
     int m_focusGemeld = -1;
 };

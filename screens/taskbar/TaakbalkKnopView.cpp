@@ -1,15 +1,25 @@
 #include "TaakbalkKnopView.h"
 
 #include "TaakbalkKnop.h"
+#include "controls/Contrast.h"
 #include "controls/FocusRing.h"
+#include "controls/Ondergrond.h"
 
 #include <QFontMetrics>
 #include <QPainter>
 
 namespace tk {
 
+QRect TaakbalkKnopView::tekstVak(const TaakbalkKnop& knop, const QFont& font, int beeldMaat) {
+    const QFontMetrics fm(font);
+    const QRect& plek = knop.plek;
+    return QRect(plek.left() + beeldMaat + TaakbalkKnop::Tussenruimte,
+                 plek.top() + (plek.height() - fm.height()) / 2, fm.horizontalAdvance(knop.tekst),
+                 fm.height());
+}
+
 void TaakbalkKnopView::teken(QPainter& painter, const TaakbalkKnop& knop, const QFont& font,
-                             int beeldMaat) {
+                             int beeldMaat, const Ondergrond& onder) {
     if (knop.plek.isNull())
         return;
     const QRect& plek = knop.plek;
@@ -22,9 +32,10 @@ void TaakbalkKnopView::teken(QPainter& painter, const TaakbalkKnop& knop, const 
         return;
     const QFontMetrics fm(font);
     painter.setFont(font);
-    painter.setPen(knop.hover ? knop.hoverKleur : knop.tekstKleur);
-    painter.drawText(plek.left() + beeldMaat + TaakbalkKnop::Tussenruimte,
-                     plek.top() + (plek.height() - fm.height()) / 2 + fm.ascent(), knop.tekst);
+    const QColor kleur = knop.hover ? knop.hoverKleur : knop.tekstKleur;
+    const QRect vak = tekstVak(knop, font, beeldMaat);
+    Contrast::schrijf(painter, QPoint(vak.left(), vak.top() + fm.ascent()), knop.tekst, kleur,
+                      onder.randNodig(kleur, vak));
 }
 
 } // namespace tk

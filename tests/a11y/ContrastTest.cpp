@@ -1,8 +1,13 @@
 #include "controls/Contrast.h"
 #include "controls/AccessibleName.h"
 #include "controls/Knop2.h"
+#include "controls/Ondergrond.h"
 #include "controls/TextScale.h"
 #include "screens/desktop/FrmBureaubladView.h"
+#include "screens/taskbar/FrmTaakbalk1.h"
+#include "screens/taskbar/FrmTaakbalk2.h"
+#include "screens/taskbar/FrmTaakbalk2View.h"
+#include "screens/taskbar/TaakbalkKnopView.h"
 #include "tests/desktop/BureaubladWerkplek.h"
 #include "tests/screens/PngBewaren.h"
 #include "tests/screens/ScreenWerkplek.h"
@@ -80,11 +85,23 @@ struct Gemeten {
     double direct;
     double zichtbaar;
 };
-Gemeten meet(const QColor& tekst, const QImage& onder, const QRect& vak) {
-    const double direct = Contrast::slechtste(tekst, onder, vak);
+Gemeten meet(const QColor& tekst, double direct) {
     return {direct, direct >= Contrast::Minimum
                         ? direct
                         : Contrast::verhouding(tekst, Contrast::tegenkleur(tekst))};
+}
+Gemeten meet(const QColor& tekst, const QImage& onder, const QRect& vak) {
+    return meet(tekst, Contrast::slechtste(tekst, onder, vak));
+}
+// Pixels of the outline colour inside `vak` that the picture without the caption lacks.
+int randPixels(const QImage& getekend, const QImage& kaal, const QRect& vak, const QColor& tekst) {
+    const QRgb rand = Contrast::tegenkleur(tekst).rgb() & 0xffffff;
+    int gevonden = 0;
+    for (int y = vak.top(); y <= vak.bottom(); ++y)
+        for (int x = vak.left(); x <= vak.right(); ++x)
+            gevonden +=
+                (getekend.pixel(x, y) & 0xffffff) == rand && (kaal.pixel(x, y) & 0xffffff) != rand;
+    return gevonden;
 }
 } // namespace
 
@@ -207,4 +224,129 @@ TEST(ContrastTest, DesktopNamesAtTextScaleTwoStayAboveTheNextRow) {
     const QList<PaintedControl> lijst = w.b().bedieningen();
     EXPECT_TRUE(std::any_of(lijst.begin(), lijst.end(),
                             [&](const PaintedControl& c) { return c.naam == naam; }));
+}
+
+TEST(ContrastTest, TaskbarCaptionsReadOnTheBar) {
+    // The ground of a bar as the captions meet it: a picture stretched, or its colour alone.
+    QImage streep(10, 4, QImage::Format_RGB32);
+    streep.fill(Qt::white);
+    for (int y = 0; y < 4; ++y)
+        streep.setPixel(9, y, qRgb(0, 0, 0));
+    struct Grond {
+        const char* wat;
+        Ondergrond onder;
+        QRect vak;
+        double verhouding; // of black text
+    };
+    const Grond gronden[] = {
+        {"no picture: the colour", {{}, {}, QColor(Qt::white)}, QRect(0, 0, 5, 5), 21.0},
+        {"white part, stretched five times", {streep, QSize(50, 4)}, QRect(0, 0, 40, 4), 21.0},
+        {"the black column stretched", {streep, QSize(50, 4)}, QRect(44, 0, 6, 4), 1.0},
+        {"past the picture the colour", {streep, QSize(50, 4), Qt::black}, QRect(0, 2, 10, 4), 1.0},
+        {"off the picture", {streep, QSize(50, 4), Qt::white}, QRect(60, 0, 5, 5), 21.0},
+    };
+    for (const Grond& g : gronden)
+        EXPECT_NEAR(g.verhouding, g.onder.slechtste(Qt::black, g.vak), 0.01) << g.wat;
+
+    // The default theme: the fixed buttons' captions, normal and under the mouse, and a task's
+    // title in each of its states, on the desktop's bar.
+    BureaubladWerkplek w;
+    w.p.modTaal.Taal = 1033;
+    w.applicatie(0, 0, "1", "Rekenen");
+    w.klas(0, "Groep 1", "100", "1", "Ja");
+    w.p.maak(w.p.frmTaakbalk2, w.p);
+    FrmTaakbalk2& balk = *w.p.frmTaakbalk2;
+    balk.VensterHandle = [] { return quint64(5); };
+    balk.KoppelBureaublad(w.b());
+    FrmTaakbalk2View view(balk);
+    w.b().Openen(0, "100");
+    balk.tmrTaken.stop();
+    balk.tmrMuis.stop();
+    w.platform.fakeWindows().windows.append(WindowInfo{8, true, 0, 0, false, false, "Tekenen", 0});
+    balk.tmrTaken_Timer();
+    ASSERT_EQ(1, balk.AantalKnoppen);
+    const Ondergrond grond{balk.achtergrond, QSize(view.width(), balk.Hoogte),
+                           balk.achtergrondKleur};
+    ScreenWerkplek start;
+    start.p.modTaal.Taal = 1033;
+    start.balk().Zichtbaar = true;
+    start.balk().LadenVormgeving();
+    start.balk().Form_Activate();
+    const FrmTaakbalk1& balk1 = start.balk();
+    const struct {
+        const char* wat;
+        const QList<TaakbalkKnop>& knoppen;
+        QFont font;
+        int beeldMaat;
+        Ondergrond onder;
+    } balken[] = {
+        {"start screen's bar",
+         balk1.knoppen,
+         balk1.knopFont,
+         40,
+         {balk1.achtergrond, balk1.achtergrond.size(), balk1.achtergrondKleur}},
+        {"desktop's bar", balk.vasteKnoppen, balk.knopFont, FrmTaakbalk2::BeeldMaat, grond}};
+    for (const auto& b : balken) {
+        int bijschriften = 0;
+        for (const TaakbalkKnop& k : b.knoppen) {
+            if (k.plek.isNull() || k.tekst.isEmpty())
+                continue;
+            const QRect vak = TaakbalkKnopView::tekstVak(k, b.font, b.beeldMaat);
+            for (const QColor& kleur : {k.tekstKleur, k.hoverKleur}) {
+                const Gemeten g = meet(kleur, b.onder.slechtste(kleur, vak));
+                std::cout << b.wat << " " << k.tekst.toStdString() << " in "
+                          << kleur.name().toStdString() << ": " << g.direct << " on the bar, "
+                          << g.zichtbaar << " as shown\n";
+                EXPECT_GE(g.zichtbaar, Contrast::Minimum) << b.wat << " " << k.tekst.toStdString();
+                ++bijschriften;
+            }
+        }
+        EXPECT_GT(bijschriften, 0) << b.wat;
+    }
+    using K = FrmTaakbalk2::Kolom;
+    const QRect knop(balk.Knoppen(0, K::KaderLinks).toInt(), 4,
+                     balk.Knoppen(0, K::KaderRechts).toInt() -
+                         balk.Knoppen(0, K::KaderLinks).toInt(),
+                     balk.Hoogte - 8);
+    const struct {
+        const char* toestand;
+        QColor tekst;
+        Ondergrond onder;
+    } taken[] = {{"task", balk.takenTekst, grond},
+                 {"task under the mouse", balk.takenTekstHover, {{}, {}, balk.takenHover}},
+                 {"task in front", balk.takenTekstGeselecteerd, {{}, {}, balk.takenGeselecteerd}}};
+    for (const auto& t : taken) {
+        const Gemeten g = meet(t.tekst, t.onder.slechtste(t.tekst, knop));
+        std::cout << t.toestand << ": " << g.direct << " on its ground, " << g.zichtbaar
+                  << " as shown\n";
+        EXPECT_GE(g.zichtbaar, Contrast::Minimum) << t.toestand;
+    }
+
+    // A title or a caption in a colour that does not stand out from the bar is painted with an
+    // outline, and one that does, without.
+    balk.ActieveKnop = -1;
+    auto vast = std::find_if(balk.vasteKnoppen.begin(), balk.vasteKnoppen.end(),
+                             [](const TaakbalkKnop& k) { return !k.tekst.isEmpty(); });
+    ASSERT_NE(balk.vasteKnoppen.end(), vast);
+    const QString bijschrift = vast->tekst;
+    const QImage kaal = [&] {
+        balk.Knoppen(0, K::Titel) = "";
+        vast->tekst.clear();
+        return view.grab().toImage();
+    }();
+    balk.Knoppen(0, K::Titel) = "Tekenen";
+    vast->tekst = bijschrift;
+    const QRect vastVak = TaakbalkKnopView::tekstVak(*vast, balk.knopFont, FrmTaakbalk2::BeeldMaat);
+    for (const QColor& kleur : {grond.kleur, Contrast::tegenkleur(grond.kleur)}) {
+        balk.takenTekst = kleur;
+        vast->tekstKleur = kleur;
+        const QImage getekend = view.grab().toImage();
+        const bool rand = grond.randNodig(kleur, knop);
+        std::cout << "title in " << kleur.name().toStdString() << (rand ? " with" : " without")
+                  << " an outline\n";
+        EXPECT_EQ(rand, randPixels(getekend, kaal, knop, kleur) > 10) << kleur.name().toStdString();
+        EXPECT_EQ(grond.randNodig(kleur, vastVak),
+                  randPixels(getekend, kaal, vastVak.adjusted(-1, -1, 1, 1), kleur) > 10)
+            << bijschrift.toStdString() << " in " << kleur.name().toStdString();
+    }
 }
