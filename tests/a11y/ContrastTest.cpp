@@ -240,8 +240,11 @@ TEST(ContrastTest, TaskbarCaptionsReadOnTheBar) {
     };
     const Grond gronden[] = {
         {"no picture: the colour", {{}, {}, QColor(Qt::white)}, QRect(0, 0, 5, 5), 21.0},
-        {"white part, stretched five times", {streep, QSize(50, 4)}, QRect(0, 0, 40, 4), 21.0},
-        {"the black column stretched", {streep, QSize(50, 4)}, QRect(44, 0, 6, 4), 1.0},
+        {"white part, stretched five times",
+         {streep, QSize(50, 4), Qt::black},
+         QRect(0, 0, 40, 4),
+         21.0},
+        {"the black column stretched", {streep, QSize(50, 4), Qt::white}, QRect(44, 0, 6, 4), 1.0},
         {"past the picture the colour", {streep, QSize(50, 4), Qt::black}, QRect(0, 2, 10, 4), 1.0},
         {"off the picture", {streep, QSize(50, 4), Qt::white}, QRect(60, 0, 5, 5), 21.0},
     };
