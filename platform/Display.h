@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QString>
 
 namespace tk {
 
@@ -19,6 +20,10 @@ public:
     virtual DisplayMode current() = 0;
     // Sets width by height; false when the screen cannot show that size.
     virtual bool setMode(int width, int height, int depth) = 0;
+    // The picture of a file stretched over the whole screen behind every window, for the session
+    // that runs now; an empty name clears it. False when the file is no picture or there is no
+    // screen.
+    virtual bool setWallpaper(const QString& file) = 0;
 };
 
 } // namespace tk

@@ -25,6 +25,25 @@ public:
     virtual bool keyExists(RegistryRoot root, const QString& key) = 0;
     // Applies a whole REGEDIT4 text, the counterpart of a silent registry import.
     virtual bool import(const RegFile::Parsed& parsed) = 0;
+
+    // A batch of writes that reach the disk together when it ends: a take-over writes some forty
+    // values, and each file is then rewritten once instead of once per value. Reads inside the
+    // batch see its writes. Batches nest; the outermost end writes. False when a file of the
+    // batch could not be written (that file is then as it was before the batch).
+    virtual void beginBatch() {}
+    virtual bool endBatch() { return true; }
+};
+
+// Holds a batch of the store for the length of a scope.
+class RegistryBatch {
+public:
+    explicit RegistryBatch(RegistryStore& store) : m_store(store) { m_store.beginBatch(); }
+    ~RegistryBatch() { m_store.endBatch(); }
+    RegistryBatch(const RegistryBatch&) = delete;
+    RegistryBatch& operator=(const RegistryBatch&) = delete;
+
+private:
+    RegistryStore& m_store;
 };
 
 } // namespace tk

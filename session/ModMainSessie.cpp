@@ -5,6 +5,7 @@
 #include "core/OpstartStappen.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "platform/Display.h"
 #include "platform/Environment.h"
 #include "platform/Processes.h"
 #include "platform/RegFile.h"
@@ -17,6 +18,7 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QProcess>
+#include <optional>
 
 namespace tk {
 
@@ -273,6 +275,7 @@ void ModMainSessie::WijzigOpstarten() {
         const QString wachtwoordVan =
             m.ModusStandalone ? wachtwoord : ModMain::IngebouwdWachtwoord();
         const auto lm = RegistryRoot::LocalMachine;
+        std::optional<RegistryBatch> batch(std::in_place, p.platform.registry());
         if (m.IsWindows98) {
             const QString backup = m.Pad(QStringLiteral("\\backup.ini"));
             QFile::remove(backup);
@@ -315,6 +318,7 @@ void ModMainSessie::WijzigOpstarten() {
                 }
             }
         }
+        batch.reset(); // the logon values reach the disk before anything of the session
         // On Linux: our X session, and the account LightDM logs on by itself.
         actie(QStringLiteral("session-install"));
         if (automatisch && m.ModusStandalone) // a network logon goes through AanmeldenAlsAccount
@@ -335,8 +339,26 @@ void ModMainSessie::WijzigOpstarten() {
 
 // --- the hand-back
 
+void ModMainSessie::HerstelResolutie() {
+    // Kept as width x height x depth by the start-up when it found another display mode.
+    const QStringList delen =
+        p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Resolutie"), instellingen())
+            .split(QLatin1Char('x'));
+    bool ok[3] = {false, false, false};
+    const int breedte = delen.value(0).trimmed().toInt(&ok[0]);
+    const int hoogte = delen.value(1).trimmed().toInt(&ok[1]);
+    const int diepte = delen.value(2).trimmed().toInt(&ok[2]);
+    if (delen.size() != 3 || !ok[0] || !ok[1] || !ok[2] || breedte <= 0 || hoogte <= 0)
+        return;
+    if (!p.platform.display().setMode(breedte, hoogte, diepte))
+        p.modMain.SchrijfLogboek(
+            QStringLiteral("The display mode %1 x %2 did not come back").arg(breedte).arg(hoogte),
+            QStringLiteral("Tafelkrater"), QStringLiteral("modMain.Resolutie"), QString());
+}
+
 void ModMainSessie::zetTerug(bool achtergrond) {
     ModMain& m = p.modMain;
+    RegistryBatch batch(p.platform.registry());
     if (m.IsWindows98) {
         schrijfShell(QStringLiteral("explorer.exe"));
         verwijder(RegistryRoot::LocalMachine, RealModeNet, "Autologon");
@@ -350,6 +372,7 @@ void ModMainSessie::zetTerug(bool achtergrond) {
     // On Linux the display manager's own logon and session come back.
     actie(QStringLiteral("autologon-remove"));
     HerstelOpstartinstellingen();
+    HerstelResolutie();
     ZetSysteembeperkingen(true, false);
     ZetBrowserbeperkingen(false);
     if (achtergrond)
@@ -394,6 +417,7 @@ void ModMainSessie::ZetSysteembeperkingen(bool opheffen, bool metTaakbeheer) {
     Procedure(p, "modMain.ZetSysteembeperkingen", [&] {
         if (p.modMain.ModusBeheer)
             return;
+        RegistryBatch batch(p.platform.registry());
         const auto cu = RegistryRoot::CurrentUser;
         struct Beleid {
             const char* pad;
@@ -434,6 +458,7 @@ void ModMainSessie::ZetBrowserbeperkingen(bool aan) {
     Procedure(p, "modMain.ZetBrowserbeperkingen", [&] {
         if (p.modMain.ModusBeheer)
             return;
+        RegistryBatch batch(p.platform.registry());
         const auto cu = RegistryRoot::CurrentUser;
         for (const char* naam :
              {"NoFileOpen", "NoFileNew", "NoBrowserOptions", "NoTheaterMode", "NoFindFiles"})
@@ -494,6 +519,7 @@ void ModMainSessie::ZetBureaubladachtergrond(bool aan, bool opslaan) {
         const auto users = RegistryRoot::Users;
         const QString sectie = QStringLiteral("Wallpaper");
         const QString huidig = lees(users, StandaardBureaublad, "Wallpaper");
+        RegistryBatch batch(p.platform.registry());
         auto zet = [&](const QString& achtergrond, const QString& stijl, const QString& tegel) {
             for (auto [root, pad] :
                  {std::pair{cu, Bureaublad}, std::pair{users, StandaardBureaublad}}) {
@@ -502,6 +528,8 @@ void ModMainSessie::ZetBureaubladachtergrond(bool aan, bool opslaan) {
                 schrijf(root, pad, "TileWallpaper", tegel);
             }
             hersteldeAchtergrond(achtergrond, huidig);
+            // The running session shows it at once; the system action keeps it for the next.
+            p.platform.display().setWallpaper(achtergrond);
         };
         if (!aan) {
             zet(p.modMain.LeesIni(sectie, QStringLiteral("Achtergrond"), instellingen()),
@@ -538,6 +566,7 @@ void ModMainSessie::AanmeldenAlsAccount(const QString& account, const QString& w
         const QString domein =
             m.LeesIni(QStringLiteral("Netwerk"), QStringLiteral("Domein"), instellingen());
         const auto lm = RegistryRoot::LocalMachine;
+        std::optional<RegistryBatch> batch(std::in_place, p.platform.registry());
         if (m.IsWindows98) {
             schrijf(lm, Winlogon98, "DefaultUserName", account);
             schrijf(lm, Winlogon98, "DefaultPassword", wachtwoord);
@@ -559,6 +588,7 @@ void ModMainSessie::AanmeldenAlsAccount(const QString& account, const QString& w
             schrijf(lm, WinlogonNT, "DefaultDomain", domein);
             schrijf(lm, WinlogonNT, "DefaultDomainName", domein);
         }
+        batch.reset();
         actie(QStringLiteral("autologon-set"), {LinuxAccount(account)});
         if (nu)
             Afmelden();

@@ -21,6 +21,8 @@ public:
 
     void BewaarOpstartinstellingen();
     void HerstelOpstartinstellingen();
+    // The display mode the start-up kept in Resolutie of [Algemeen], when there is one.
+    void HerstelResolutie();
     // The take-over itself; ends the session so that it applies.
     void WijzigOpstarten();
     // The full hand-back; ends the session.

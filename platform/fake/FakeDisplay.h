@@ -24,7 +24,13 @@ public:
         return true;
     }
 
+    bool setWallpaper(const QString& file) override {
+        wallpaper = file;
+        return true;
+    }
+
     DisplayMode mode{1024, 768, 32};
+    QString wallpaper;
     QList<DisplayMode> modes;
     QList<DisplayMode> asked;
     bool fails = false;

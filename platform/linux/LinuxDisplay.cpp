@@ -2,6 +2,8 @@
 
 #include "XConnection.h"
 
+#include <QImage>
+
 #include <xcb/randr.h>
 
 #include <algorithm>
@@ -223,6 +225,50 @@ bool LinuxDisplay::setMode(int width, int height, int /*depth*/) {
     if (finalW != growW || finalH != growH)
         resize(finalW, finalH);
     return m_x->flush();
+}
+
+bool LinuxDisplay::setWallpaper(const QString& file) {
+    xcb_connection_t* c = m_x->connection();
+    if (!c)
+        return false;
+    const xcb_screen_t* screen = m_x->screen();
+    const xcb_window_t root = m_x->root();
+    if (file.isEmpty()) {
+        const uint32_t zwart = screen->black_pixel;
+        xcb_change_window_attributes(c, root, XCB_CW_BACK_PIXEL, &zwart);
+        xcb_clear_area(c, 0, root, 0, 0, 0, 0);
+        std::free(xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
+        return true;
+    }
+    const QImage bron(file);
+    if (bron.isNull() || screen->root_depth != 24 || m_x->rootBitsPerPixel() != 32)
+        return false;
+    // Stretched as the wallpaper style of the workstation asks, in the server's byte order.
+    const QImage beeld = bron.scaled(screen->width_in_pixels, screen->height_in_pixels,
+                                     Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                             .convertToFormat(QImage::Format_RGB32);
+    const xcb_pixmap_t pixmap = xcb_generate_id(c);
+    xcb_create_pixmap(c, 24, pixmap, root, uint16_t(beeld.width()), uint16_t(beeld.height()));
+    const xcb_gcontext_t gc = xcb_generate_id(c);
+    xcb_create_gc(c, gc, pixmap, 0, nullptr);
+    // One request carries at most the server's maximum length: send the picture in strips.
+    const qsizetype regel = beeld.bytesPerLine();
+    const int perStrook =
+        std::max(1, int((qsizetype(xcb_get_maximum_request_length(c)) * 4 - 64) / regel));
+    for (int y = 0; y < beeld.height(); y += perStrook) {
+        const int rijen = std::min(perStrook, beeld.height() - y);
+        xcb_put_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, gc, uint16_t(beeld.width()),
+                      uint16_t(rijen), 0, int16_t(y), 0, 24, uint32_t(regel * rijen),
+                      beeld.constScanLine(y));
+    }
+    xcb_change_window_attributes(c, root, XCB_CW_BACK_PIXMAP, &pixmap);
+    xcb_clear_area(c, 0, root, 0, 0, 0, 0);
+    xcb_free_gc(c, gc);
+    // The server keeps the picture while it is the background.
+    xcb_free_pixmap(c, pixmap);
+    // A round trip: the screen shows it before this returns.
+    std::free(xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
+    return true;
 }
 
 } // namespace tk

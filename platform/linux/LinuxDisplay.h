@@ -24,6 +24,8 @@ public:
     // Without a display: the 1024 by 768 at 32 bits the screens are laid out for.
     DisplayMode current() override;
     bool setMode(int width, int height, int depth) override;
+    // The root window's background pixmap (24-bit screens, the usual kind).
+    bool setWallpaper(const QString& file) override;
 
 private:
     std::unique_ptr<XConnection> m_x;

@@ -45,20 +45,35 @@ RegistryFileStore::Loaded& RegistryFileStore::load(RegistryRoot root) {
 bool RegistryFileStore::modify(RegistryRoot root,
                                const std::function<void(RegistryHive&)>& change) {
     const QString path = fileFor(root);
+    if (m_batchDepth > 0 && m_batchLocks.count(root)) {
+        // The file is ours until the batch ends: change the hive, write at the end.
+        change(load(root).hive);
+        return true;
+    }
     if (!QDir().mkpath(QFileInfo(path).path()))
         return false;
-    QLockFile lock(path + QStringLiteral(".lock"));
-    lock.setStaleLockTime(5000);
-    if (!lock.tryLock(5000))
+    auto lock = std::make_unique<QLockFile>(path + QStringLiteral(".lock"));
+    lock->setStaleLockTime(5000);
+    if (!lock->tryLock(5000))
         return false;
     Loaded& loaded = load(root);
+    if (m_batchDepth > 0) {
+        change(loaded.hive);
+        m_batchLocks[root] = std::move(lock);
+        return true;
+    }
+    RegistryHive updated = loaded.hive;
+    change(updated);
+    return store(root, loaded, updated);
+}
+
+bool RegistryFileStore::store(RegistryRoot root, Loaded& loaded, const RegistryHive& updated) {
+    const QString path = fileFor(root);
     if (loaded.foreign) {
         const QString backup = path + QStringLiteral(".bak");
         QFile::remove(backup);
         QFile::copy(path, backup);
     }
-    RegistryHive updated = loaded.hive;
-    change(updated);
     QSaveFile out(path);
     if (!out.open(QIODevice::WriteOnly))
         return false;
@@ -71,6 +86,26 @@ bool RegistryFileStore::modify(RegistryRoot root,
     loaded.size = info.size();
     loaded.modified = info.lastModified();
     return true;
+}
+
+void RegistryFileStore::beginBatch() {
+    ++m_batchDepth;
+}
+
+bool RegistryFileStore::endBatch() {
+    if (m_batchDepth == 0 || --m_batchDepth > 0)
+        return true;
+    bool ok = true;
+    for (auto& [root, lock] : m_batchLocks) {
+        Loaded& loaded = m_loaded[root];
+        const RegistryHive hive = loaded.hive;
+        if (!store(root, loaded, hive)) {
+            ok = false;
+            loaded = Loaded(); // read the file as it is again
+        }
+    }
+    m_batchLocks.clear();
+    return ok;
 }
 
 std::optional<RegistryValue> RegistryFileStore::read(RegistryRoot root, const QString& key,

@@ -4,8 +4,11 @@
 #include "platform/RegistryStore.h"
 
 #include <QDateTime>
+#include <QLockFile>
 #include <functional>
 #include <map>
+#include <memory>
+
 
 namespace tk {
 
@@ -26,6 +29,8 @@ public:
     bool createKey(RegistryRoot root, const QString& key) override;
     bool keyExists(RegistryRoot root, const QString& key) override;
     bool import(const RegFile::Parsed& parsed) override;
+    void beginBatch() override;
+    bool endBatch() override;
 
     QString fileFor(RegistryRoot root) const;
 
@@ -38,10 +43,14 @@ private:
     };
     Loaded& load(RegistryRoot root);
     bool modify(RegistryRoot root, const std::function<void(RegistryHive&)>& change);
+    bool store(RegistryRoot root, Loaded& loaded, const RegistryHive& updated);
 
     QString m_folder;
     QString m_account;
     std::map<RegistryRoot, Loaded> m_loaded;
+    // Inside a batch: the lock of each file the batch changed, held until it ends, and its depth.
+    std::map<RegistryRoot, std::unique_ptr<QLockFile>> m_batchLocks;
+    int m_batchDepth = 0;
 };
 
 } // namespace tk

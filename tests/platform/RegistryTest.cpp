@@ -160,6 +160,36 @@ TEST(RegistryFileStoreTest, KeepsEachRootInItsOwnFileAndTheCurrentUserPerAccount
                             QStringLiteral("Modus")));
 }
 
+TEST(RegistryFileStoreTest, ABatchReachesTheDiskWholeWhenItEndsAndReadsSeeItBefore) {
+    QTemporaryDir dir;
+    RegistryFileStore store(dir.path(), QStringLiteral("a"));
+    const QString key = QStringLiteral("SOFTWARE\\Tafelkrater");
+    const auto lm = RegistryRoot::LocalMachine;
+    auto tekst = [](const char* t) { return RegistryValue::string(QString::fromLatin1(t)); };
+    ASSERT_TRUE(store.write(lm, key, QStringLiteral("Oud"), tekst("1")));
+    const QByteArray voor = readAll(store.fileFor(lm));
+    {
+        RegistryBatch buiten(store);
+        ASSERT_TRUE(store.write(lm, key, QStringLiteral("Shell"), tekst("tk")));
+        {
+            RegistryBatch binnen(store); // a nested batch does not write at its end
+            ASSERT_TRUE(store.write(RegistryRoot::Users, key, QStringLiteral("U"), tekst("2")));
+            ASSERT_TRUE(store.deleteValue(lm, key, QStringLiteral("Oud")));
+        }
+        EXPECT_EQ(store.read(lm, key, QStringLiteral("Shell"))->text, QStringLiteral("tk"));
+        EXPECT_FALSE(store.read(lm, key, QStringLiteral("Oud")));
+        EXPECT_EQ(voor, readAll(store.fileFor(lm)));
+        EXPECT_FALSE(QFile::exists(store.fileFor(RegistryRoot::Users)));
+    }
+    RegistryFileStore ander(dir.path(), QStringLiteral("a"));
+    EXPECT_EQ(ander.read(lm, key, QStringLiteral("Shell"))->text, QStringLiteral("tk"));
+    EXPECT_FALSE(ander.read(lm, key, QStringLiteral("Oud")));
+    EXPECT_EQ(ander.read(RegistryRoot::Users, key, QStringLiteral("U"))->text, QStringLiteral("2"));
+    // After the batch every write goes to the disk at once again.
+    ASSERT_TRUE(store.write(lm, key, QStringLiteral("Na"), tekst("3")));
+    EXPECT_EQ(ander.read(lm, key, QStringLiteral("Na"))->text, QStringLiteral("3"));
+}
+
 TEST(RegistryFileStoreTest, SeesChangesMadeByAnotherWriterAndMergesItsOwn) {
     QTemporaryDir dir;
     RegistryFileStore client(dir.path(), QStringLiteral("a"));

@@ -2,6 +2,9 @@
 #include "XrandrTestModes.h"
 #include "platform/linux/LinuxDisplay.h"
 
+#include <QImage>
+#include <QTemporaryDir>
+
 #include <xcb/randr.h>
 
 #include <cstring>
@@ -18,6 +21,38 @@ protected:
             LinuxDisplay(x().display()).setMode(1280, 1024, 32);
     }
 };
+
+TEST_F(X11DisplayTest, AWallpaperFillsTheScreenBehindTheWindowsAndGoesAgain) {
+    // The colour of one pixel of the root window as the server shows it.
+    auto kleur = [&](int px, int py) -> QRgb {
+        xcb_get_image_reply_t* r =
+            xcb_get_image_reply(c(),
+                                xcb_get_image(c(), XCB_IMAGE_FORMAT_Z_PIXMAP, x().root(),
+                                              int16_t(px), int16_t(py), 1, 1, ~0u),
+                                nullptr);
+        if (!r)
+            return 0;
+        uint32_t waarde = 0;
+        std::memcpy(&waarde, xcb_get_image_data(r), 4);
+        std::free(r);
+        return waarde & 0xffffff;
+    };
+    QTemporaryDir map;
+    QImage beeld(4, 2, QImage::Format_RGB32); // left half red, right half blue
+    beeld.fill(qRgb(200, 0, 0));
+    for (int y = 0; y < 2; ++y)
+        for (int px = 2; px < 4; ++px)
+            beeld.setPixel(px, y, qRgb(0, 0, 200));
+    const QString bestand = map.filePath(QStringLiteral("achtergrond.png"));
+    ASSERT_TRUE(beeld.save(bestand));
+    LinuxDisplay display(x().display());
+    ASSERT_TRUE(display.setWallpaper(bestand));
+    EXPECT_EQ(kleur(5, 5), qRgb(200, 0, 0) & 0xffffff); // stretched over the whole screen
+    EXPECT_EQ(kleur(1275, 1019), qRgb(0, 0, 200) & 0xffffff);
+    EXPECT_FALSE(display.setWallpaper(map.filePath(QStringLiteral("geen.png"))));
+    ASSERT_TRUE(display.setWallpaper(QString()));
+    EXPECT_EQ(kleur(5, 5), 0u);
+}
 
 TEST_F(X11DisplayTest, ModesOfferedByTheOutputCanBeSetAndRestored) {
     ASSERT_TRUE(addMode(x(), 800, 600));

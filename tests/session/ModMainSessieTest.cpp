@@ -405,6 +405,27 @@ TEST(ModMainSessieTest, ProxyFollowsTheSavedStateAndNeverTakesOverTheFilter) {
     }
 }
 
+TEST(ModMainSessieTest, TheHandBackGivesTheDisplayModeTheStartUpKeptBack) {
+    struct Rij {
+        const char* resolutie;
+        QList<DisplayMode> gevraagd;
+    };
+    const Rij rijen[] = {
+        {"800x600x16", {{800, 600, 16}}},
+        {"", {}},
+        {"800x600", {}},      // too few parts
+        {"800xbreedx32", {}}, // no number
+        {"0x600x32", {}},     // no size
+    };
+    for (const Rij& r : rijen) {
+        SCOPED_TRACE(r.resolutie);
+        Werkstation w(Familie::Nt, Modus::Netwerk);
+        w.zetIni("Algemeen", "Resolutie", r.resolutie);
+        w.sessie.TafelkraterDeactiveren(true);
+        EXPECT_EQ(r.gevraagd, w.platform.fakeDisplay().asked);
+    }
+}
+
 TEST(ModMainSessieTest, RegistryWriteTestLeavesNothingBehindAndFailsOnAReadOnlyStore) {
     Werkstation w(Familie::Nt, Modus::Netwerk);
     EXPECT_TRUE(w.sessie.ControleerRegisterSchrijfbaar());
