@@ -93,13 +93,24 @@ void ModMainSessie::schrijfShell(const QString& waarde) {
         schrijf(RegistryRoot::LocalMachine, WinlogonNT, "Shell", waarde);
 }
 
-void ModMainSessie::actie(const QString& verb, const QStringList& argumenten,
+bool ModMainSessie::actie(const QString& verb, const QStringList& argumenten,
                           const QString& invoer) {
     QString uitvoer;
-    if (!m_systeem.run(verb, argumenten, invoer, &uitvoer))
-        p.modMain.SchrijfLogboek(
-            QStringLiteral("The machine refused '%1': %2").arg(verb, uitvoer.trimmed()),
-            QStringLiteral("Tafelkrater"), QStringLiteral("modMain.Sessie"), QString());
+    if (m_systeem.run(verb, argumenten, invoer, &uitvoer))
+        return true;
+    p.modMain.SchrijfLogboek(
+        QStringLiteral("The machine refused '%1': %2").arg(verb, uitvoer.trimmed()),
+        QStringLiteral("Tafelkrater"), QStringLiteral("modMain.Sessie"), QString());
+    m_geweigerd = QStringList{verb} + argumenten;
+    m_weigering = uitvoer.trimmed();
+    return false;
+}
+
+void ModMainSessie::meldWeigering() {
+    QString tekst = p.modTaal.LaadTekst(9620);
+    tekst.replace(QStringLiteral("%actie%"), m_geweigerd.join(QLatin1Char(' ')));
+    tekst.replace(QStringLiteral("%fout%"), m_weigering);
+    p.modMain.ToonVraag(p.modTaal.LaadTekst(3), tekst, QStringLiteral("-"));
 }
 
 // --- the machine's state
@@ -257,8 +268,8 @@ void ModMainSessie::HerstelOpstartinstellingen() {
 
 // --- the take-over
 
-void ModMainSessie::WijzigOpstarten() {
-    Procedure(p, "modMain.WijzigOpstarten", [&] {
+bool ModMainSessie::WijzigOpstarten() {
+    return Procedure(p, "modMain.WijzigOpstarten", false, [&] {
         ModMain& m = p.modMain;
         const QString exe = p.platform.programFile();
         QString gebruikersnaam, wachtwoord, domein;
@@ -274,6 +285,17 @@ void ModMainSessie::WijzigOpstarten() {
         const QString account = m.ModusStandalone ? gebruikersnaam : QStringLiteral("Global");
         const QString wachtwoordVan =
             m.ModusStandalone ? wachtwoord : ModMain::IngebouwdWachtwoord();
+        // On Linux first: our X session, and the account LightDM logs on by itself. When the
+        // machine refuses, the logon values are left as they were and the session goes on.
+        if (!actie(QStringLiteral("session-install")) ||
+            (automatisch && m.ModusStandalone && // a network logon goes through AanmeldenAlsAccount
+             !actie(QStringLiteral("autologon-set"), {LinuxAccount(account)}))) {
+            meldWeigering();
+            actie(QStringLiteral("session-remove"));
+            m.SchrijfIni(QStringLiteral("Nee"), QStringLiteral("Algemeen"),
+                         QStringLiteral("Geactiveerd"), instellingen());
+            return false;
+        }
         const auto lm = RegistryRoot::LocalMachine;
         std::optional<RegistryBatch> batch(std::in_place, p.platform.registry());
         if (m.IsWindows98) {
@@ -318,11 +340,7 @@ void ModMainSessie::WijzigOpstarten() {
                 }
             }
         }
-        batch.reset(); // the logon values reach the disk before anything of the session
-        // On Linux: our X session, and the account LightDM logs on by itself.
-        actie(QStringLiteral("session-install"));
-        if (automatisch && m.ModusStandalone) // a network logon goes through AanmeldenAlsAccount
-            actie(QStringLiteral("autologon-set"), {LinuxAccount(account)});
+        batch.reset(); // the logon values reach the disk before the session ends
         // The session ends so that the settings apply.
         const QString titel = p.modTaal.LaadTekst(3);
         if (m.ModusStandalone) {
@@ -334,6 +352,7 @@ void ModMainSessie::WijzigOpstarten() {
             AanmeldenAlsAccount(QStringLiteral("GLOBAL"), ModMain::IngebouwdWachtwoord(), domein,
                                 true);
         }
+        return true;
     });
 }
 
@@ -589,7 +608,11 @@ void ModMainSessie::AanmeldenAlsAccount(const QString& account, const QString& w
             schrijf(lm, WinlogonNT, "DefaultDomainName", domein);
         }
         batch.reset();
-        actie(QStringLiteral("autologon-set"), {LinuxAccount(account)});
+        // A logon the machine refused would leave a session nobody can enter: stay.
+        if (!actie(QStringLiteral("autologon-set"), {LinuxAccount(account)})) {
+            meldWeigering();
+            return;
+        }
         if (nu)
             Afmelden();
     });

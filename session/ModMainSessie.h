@@ -23,8 +23,9 @@ public:
     void HerstelOpstartinstellingen();
     // The display mode the start-up kept in Resolutie of [Algemeen], when there is one.
     void HerstelResolutie();
-    // The take-over itself; ends the session so that it applies.
-    void WijzigOpstarten();
+    // The take-over itself; ends the session so that it applies. False, after a message, when the
+    // machine refused our session or its logon: then nothing of the logon was changed.
+    bool WijzigOpstarten();
     // The full hand-back; ends the session.
     void TafelkraterDeactiveren(bool stil);
     // The hand-back without message, wallpaper or log-off (safe mode).
@@ -119,11 +120,16 @@ private:
     void zetTerug(bool achtergrond);
     // Tells the launcher and ends the client, after the machine was asked.
     bool beeindig(bool gelukt);
-    void actie(const QString& verb, const QStringList& argumenten = {},
+    // Carries one action out; false, logged and kept for meldWeigering, when refused.
+    bool actie(const QString& verb, const QStringList& argumenten = {},
                const QString& invoer = QString());
+    // Tells the user which action the machine refused and why (string 9620).
+    void meldWeigering();
 
     Programma& p;
     SystemActions& m_systeem;
+    QStringList m_geweigerd;
+    QString m_weigering;
 };
 
 } // namespace tk

@@ -102,7 +102,9 @@ int Uitrol::Activeren(const QStringList& opties) {
     if (!p.opstartStappen->frmActiveren(true, true, false, nullptr))
         return klaar(Geweigerd, QStringLiteral("the take-over was refused (see above); nothing "
                                                "of the logon was changed"));
-    m_sessie.WijzigOpstarten();
+    if (!m_sessie.WijzigOpstarten())
+        return klaar(MachineWeigert, QStringLiteral("the machine refused our session or its "
+                                                    "logon (see above); the logon is as it was"));
     return klaar(Gelukt, QStringLiteral("the workstation is taken over; it applies from the next "
                                         "log on (restart it now)"));
 }

@@ -22,7 +22,8 @@ public:
         FouteOpdracht = 2,
         GeenModus = 3,
         RegisterNietSchrijfbaar = 4,
-        Geweigerd = 5
+        Geweigerd = 5,
+        MachineWeigert = 6
     };
 
     Uitrol(Programma& p, ModMainSessie& sessie, QTextStream& uit);

@@ -1,12 +1,15 @@
 #include "PrivilegedSystemActions.h"
 
+#include <QEventLoop>
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <QTimer>
 
 namespace tk {
 
-PrivilegedSystemActions::PrivilegedSystemActions(const QString& programFolder)
-    : m_programFolder(programFolder) {}
+PrivilegedSystemActions::PrivilegedSystemActions(const QString& programFolder, int timeoutMs,
+                                                 QStringList elevate)
+    : m_programFolder(programFolder), m_timeoutMs(timeoutMs), m_elevate(std::move(elevate)) {}
 
 QStringList PrivilegedSystemActions::commandLine(const QString& verb,
                                                  const QStringList& arguments) const {
@@ -22,8 +25,7 @@ QStringList PrivilegedSystemActions::commandLine(const QString& verb,
     }
     if (verb == u"reboot" || verb == u"poweroff")
         return {QStringLiteral("systemctl"), verb};
-    return QStringList{QStringLiteral("sudo"), QStringLiteral("-n"),
-                       m_programFolder + QStringLiteral("/tafelkrater-systeem"), verb} +
+    return m_elevate + QStringList{m_programFolder + QStringLiteral("/tafelkrater-systeem"), verb} +
            arguments;
 }
 
@@ -34,15 +36,34 @@ bool PrivilegedSystemActions::run(const QString& verb, const QStringList& argume
         return true;
     QProcess proces;
     proces.setProcessChannelMode(QProcess::MergedChannels);
+    // The wait runs the event loop, so that the windows stay drawn and live while an account is
+    // made; it ends with the process or after the time allowed.
+    QEventLoop wacht;
+    bool klaar = false;
+    QObject::connect(&proces, &QProcess::finished, &wacht, [&] {
+        klaar = true;
+        wacht.quit();
+    });
+    QObject::connect(&proces, &QProcess::errorOccurred, &wacht, [&](QProcess::ProcessError fout) {
+        if (fout == QProcess::FailedToStart)
+            wacht.quit();
+    });
+    QTimer::singleShot(m_timeoutMs, &wacht, &QEventLoop::quit);
     proces.start(regel.first(), regel.mid(1));
-    if (!proces.waitForStarted(5000))
-        return false;
     proces.write(input.toUtf8());
     proces.closeWriteChannel();
-    const bool klaar = proces.waitForFinished(60000);
+    if (proces.state() != QProcess::NotRunning || proces.error() != QProcess::FailedToStart)
+        wacht.exec();
+    const bool opTijd = klaar;
+    if (!opTijd) {
+        proces.kill();
+        proces.waitForFinished(1000);
+    }
     if (output)
-        *output = QString::fromLocal8Bit(proces.readAll());
-    return klaar && proces.exitStatus() == QProcess::NormalExit && proces.exitCode() == 0;
+        *output =
+            QString::fromLocal8Bit(proces.readAll()) +
+            (opTijd ? QString() : QStringLiteral("(%1 did not end in time)").arg(regel.first()));
+    return opTijd && proces.exitStatus() == QProcess::NormalExit && proces.exitCode() == 0;
 }
 
 } // namespace tk

@@ -7,10 +7,15 @@ namespace tk {
 // The system setting: the machine's verbs go to our privileged program through
 // "sudo -n <program folder>/tafelkrater-systeem VERB ARGS", so the client never runs as root; a
 // missing sudo right fails at once instead of asking for a password. The end of the session goes
-// to logind and systemd, which let the user of a seat log off, restart and shut down.
+// to logind and systemd, which let the user of a seat log off, restart and shut down. An action
+// is waited for with the event loop running, so the client's windows stay live.
 class PrivilegedSystemActions : public SystemActions {
 public:
-    explicit PrivilegedSystemActions(const QString& programFolder);
+    // `timeoutMs`: how long one action may take before it is stopped and counts as failed.
+    // `elevate` comes before the privileged program's path ("sudo -n"; a test runs it directly).
+    explicit PrivilegedSystemActions(const QString& programFolder, int timeoutMs = 60000,
+                                     QStringList elevate = {QStringLiteral("sudo"),
+                                                            QStringLiteral("-n")});
     bool run(const QString& verb, const QStringList& arguments, const QString& input,
              QString* output) override;
 
@@ -19,6 +24,8 @@ public:
 
 private:
     QString m_programFolder;
+    int m_timeoutMs;
+    QStringList m_elevate;
 };
 
 } // namespace tk

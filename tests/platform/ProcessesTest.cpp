@@ -1,10 +1,12 @@
 #include "platform/linux/LinuxProcesses.h"
+#include "platform/linux/PrivilegedSystemActions.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/WaitUntil.h"
 
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -147,4 +149,50 @@ TEST(LinuxProcessesTest, OneClientHoldsTheProgramFolderUntilItEnds) {
     EXPECT_FALSE(tweede.claimSingleInstance(map.path()));
     eerste.reset();
     EXPECT_TRUE(tweede.claimSingleInstance(map.path()));
+}
+
+TEST(PrivilegedSystemActionsTest, AnActionIsWaitedForWithTheEventsRunningAndStoppedWhenItHangs) {
+    // The privileged program of a program folder, run without sudo: it prints its arguments
+    // and its input, fails for "weiger", and hangs for "hang".
+    QTemporaryDir map;
+    QFile script(map.filePath(QStringLiteral("tafelkrater-systeem")));
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\n"
+                 "case \"$1\" in hang) exec sleep 30;; weiger) echo refused; exit 2;; esac\n"
+                 "echo \"$@\"; cat\n");
+    script.close();
+    script.setPermissions(script.permissions() | QFileDevice::ExeOwner);
+    tk::PrivilegedSystemActions acties(map.path(), 300, {});
+    EXPECT_EQ(acties.commandLine(QStringLiteral("admin-add"), {QStringLiteral("jan")}),
+              (QStringList{map.filePath(QStringLiteral("tafelkrater-systeem")),
+                           QStringLiteral("admin-add"), QStringLiteral("jan")}));
+    struct Rij {
+        const char* verb;
+        bool gelukt;
+        const char* uitvoer; // the start of what it printed
+    };
+    const Rij rijen[] = {
+        {"account-create", true, "account-create jan\ngeheim \"x\""},
+        {"weiger", false, "refused"},
+        {"hang", false, "("},
+    };
+    for (const Rij& r : rijen) {
+        SCOPED_TRACE(r.verb);
+        // A timer of the client ticks while the action runs.
+        int tikken = 0;
+        QTimer tik;
+        QObject::connect(&tik, &QTimer::timeout, [&] { ++tikken; });
+        tik.start(20);
+        QString uitvoer;
+        EXPECT_EQ(r.gelukt, acties.run(QString::fromLatin1(r.verb), {QStringLiteral("jan")},
+                                       QStringLiteral("geheim \"x\""), &uitvoer));
+        EXPECT_TRUE(uitvoer.startsWith(QString::fromUtf8(r.uitvoer))) << uitvoer.toStdString();
+        if (qstrcmp(r.verb, "hang") == 0) {
+            EXPECT_GT(tikken, 3);
+            EXPECT_TRUE(uitvoer.contains(u"did not end in time"));
+        }
+    }
+    // Without the program the action fails (rather than waiting out its time).
+    tk::PrivilegedSystemActions zonder(map.filePath(QStringLiteral("leeg")), 60000, {});
+    EXPECT_FALSE(zonder.run(QStringLiteral("autologon-remove"), {}, QString(), nullptr));
 }

@@ -32,34 +32,49 @@ TEST(UitrolTest, ScriptedTakeOverAndHandBackEndWithACodeAndLeaveTheSessionRunnin
         const char* naam;
         QStringList argumenten;
         bool schrijfbaar;
-        bool netGeweigerd;
+        const char* geweigerd; // the verb the machine refuses, "" none
         int code;
         const char* geactiveerd;
         bool shellIsOns;
     };
     const QString a = QStringLiteral("--activeren"), d = QStringLiteral("--deactiveren"),
                   modus = QStringLiteral("--modus");
+    const QString twee = QStringLiteral("2");
     const Rij rijen[] = {
-        {"standalone", {a, modus, QStringLiteral("standalone")}, true, false, 0, "Ja", true},
+        {"standalone", {a, modus, QStringLiteral("standalone")}, true, "", 0, "Ja", true},
         {"network",
          {a, modus, QStringLiteral("Netwerk"), QStringLiteral("--server"), QStringLiteral("@")},
          true,
-         false,
+         "",
          0,
          "Ja",
          true},
-        {"no mode given or stored", {a}, true, false, 3, "", false},
-        {"an unknown option", {a, QStringLiteral("--stil")}, true, false, 2, "", false},
-        {"both at once", {a, d}, true, false, 2, "", false},
-        {"a read-only store", {a, modus, QStringLiteral("2")}, false, false, 4, "", false},
+        {"no mode given or stored", {a}, true, "", 3, "", false},
+        {"an unknown option", {a, QStringLiteral("--stil")}, true, "", 2, "", false},
+        {"both at once", {a, d}, true, "", 2, "", false},
+        {"a read-only store", {a, modus, twee}, false, "", 4, "", false},
         {"net refused: no account, no change of the shell",
-         {a, modus, QStringLiteral("2")},
+         {a, modus, twee},
          true,
-         true,
+         "net",
          5,
          "",
          false},
-        {"hand-back", {d, modus, QStringLiteral("netwerk")}, true, false, 0, "Nee", false},
+        {"no sudo right for the session: nothing of the logon",
+         {a, modus, twee},
+         true,
+         "session-install",
+         6,
+         "Nee",
+         false},
+        {"no sudo right for the logon",
+         {a, modus, QStringLiteral("1")},
+         true,
+         "autologon-set",
+         6,
+         "Nee",
+         false},
+        {"hand-back", {d, modus, QStringLiteral("netwerk")}, true, "", 0, "Nee", false},
     };
     for (const Rij& rij : rijen) {
         SCOPED_TRACE(rij.naam);
@@ -75,7 +90,8 @@ TEST(UitrolTest, ScriptedTakeOverAndHandBackEndWithACodeAndLeaveTheSessionRunnin
         if (!argumenten.contains(u"--server"))
             argumenten << QStringLiteral("--server") << locatie;
         FakeSystemActions systeem;
-        if (!rij.netGeweigerd)
+        systeem.refused << QString::fromLatin1(rij.geweigerd);
+        if (qstrcmp(rij.geweigerd, "net") != 0)
             systeem.outputs.insert(QStringLiteral("net"),
                                    QStringLiteral("The command completed successfully.\n"));
         ModMainSessie sessie(w.p, systeem);
