@@ -2,11 +2,18 @@
 // what is not is named.
 #include "app/ClientAssembly.h"
 #include "link/ModMainVerbinding.h"
+#include "platform/RegistryStore.h"
+#include "screens/browser/BrowserPane.h"
+#include "session/ModMainSessie.h"
+#include "tests/desktop/BureaubladWerkplek.h"
 #include "tests/support/Werkplek.h"
 
+#include <QApplication>
 #include <QDir>
 #include <functional>
 #include <gtest/gtest.h>
+
+#include <unistd.h>
 
 using namespace tk;
 using tk::test::Werkplek;
@@ -64,4 +71,42 @@ TEST(ClientAssemblyTest, SessionStepsOfTheClientAreContainedUnlessTheSettingSays
     EXPECT_TRUE(regels[0].endsWith(u" autologon-set global"));
     EXPECT_TRUE(regels[1].endsWith(u" logoff"));
     EXPECT_TRUE(w.p.beeindigd);
+}
+
+// The internet pane of a desktop whose favourites hold the other programs behind the filter:
+// when tmrProxy fires, the proxy's registry values are written and the programs the desktop
+// starts get the dead proxy; favourites without the switch leave both alone.
+TEST(ClientAssemblyTest, TheFavouritesProxySwitchReachesTheStartedProgramsWhenTmrProxyFires) {
+    if (::getuid() == 0) {
+        ASSERT_FALSE(qEnvironmentVariableIsEmpty("QTWEBENGINE_DISABLE_SANDBOX"))
+            << "the engine runs as root only with QTWEBENGINE_DISABLE_SANDBOX=1";
+    }
+    for (const bool proxy : {true, false}) {
+        SCOPED_TRACE(proxy);
+        test::BureaubladWerkplek w;
+        ClientAssembly client(w.p);
+        // The answering channel and the scripted dialogs, in place of the client's own.
+        w.p.kanaal = &w.kanaal;
+        w.p.dialogen = &w.dialogen;
+        w.klas(0, "Groep 8", "12", "");
+        w.kanaal.antwoorden.insert("LDNFAVGroep12", proxy ? "0|Nee|Nee|Ja;<>;http://a/|A||Ja"
+                                                          : "0|Nee|Nee|Nee;<>;http://a/|A||Ja");
+        w.p.schermen->openBureaublad(0, "12");
+        ASSERT_TRUE(w.p.schermen->openInternet());
+        BrowserPane* pane = nullptr;
+        for (QWidget* widget : QApplication::allWidgets())
+            if (auto* b = dynamic_cast<BrowserPane*>(widget))
+                pane = b;
+        ASSERT_NE(pane, nullptr);
+        EXPECT_EQ(pane->tmrProxy().isActive(), proxy);
+        EXPECT_TRUE(w.platform.fakeProcesses().webProxy.isEmpty());
+        pane->tmrProxy_Timer();
+        const auto enable = w.platform.registry().read(
+            RegistryRoot::CurrentUser, ModMainSessie::Internetinstellingen, "ProxyEnable");
+        EXPECT_EQ(enable.has_value(), proxy);
+        EXPECT_EQ(w.platform.fakeProcesses().webProxy,
+                  proxy ? QString::fromLatin1(ModMainSessie::LinuxFilterproxy) : QString());
+        w.p.schermen->bureaubladVerlaten();
+        EXPECT_EQ(w.meldingen(), QStringList());
+    }
 }
