@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -185,6 +186,92 @@ TEST_F(SystemToolTest, NetMakesGroupsAndRemovesAccountsWithTheRealToolsUnderTheP
                .code);
     hostPasswd.seek(0);
     EXPECT_EQ(host, hostPasswd.readAll()) << "the machine's own accounts are untouched";
+}
+
+} // namespace
+
+namespace {
+
+// A program of the system with its output; code -1 when it could not be started.
+Uitkomst draai(const QString& programma, const QStringList& args,
+               const QProcessEnvironment& omgeving = QProcessEnvironment::systemEnvironment()) {
+    QProcess proces;
+    proces.setProcessEnvironment(omgeving);
+    proces.setProcessChannelMode(QProcess::MergedChannels);
+    proces.start(programma, args);
+    if (!proces.waitForStarted(10000) || !proces.waitForFinished(120000))
+        return {-1, proces.errorString()};
+    return {proces.exitCode(), QString::fromUtf8(proces.readAll())};
+}
+
+TEST_F(SystemToolTest, LightdmTakesTheDropInAsTheLogonOfTheSeat) {
+    ASSERT_EQ(0, start({QStringLiteral("autologon-set"), QStringLiteral("tafelkrater")}).code);
+    schrijf("etc/lightdm/lightdm.conf", "# the main file of a bare system\n");
+    // LightDM reads the drop-in folders below its configuration and data folders: here only
+    // those of the temporary root.
+    QProcessEnvironment omgeving = QProcessEnvironment::systemEnvironment();
+    omgeving.insert(QStringLiteral("XDG_CONFIG_DIRS"), root.filePath(QStringLiteral("etc")));
+    omgeving.insert(QStringLiteral("XDG_DATA_DIRS"), root.filePath(QStringLiteral("usr/share")));
+    const Uitkomst u = draai(QStringLiteral("lightdm"),
+                             {QStringLiteral("--show-config"), QStringLiteral("-c"),
+                              root.filePath(QStringLiteral("etc/lightdm/lightdm.conf"))},
+                             omgeving);
+    ASSERT_NE(-1, u.code) << "lightdm is not installed (scripts/packages.txt lists it): "
+                          << u.uit.toStdString();
+    QStringList gezien;
+    for (const QString& regel : u.uit.split(QLatin1Char('\n')))
+        if (regel.startsWith(u"A  ") && regel.contains(u'='))
+            gezien << regel.mid(3).trimmed();
+    EXPECT_EQ(gezien, (QStringList{QStringLiteral("autologin-user=tafelkrater"),
+                                   QStringLiteral("autologin-user-timeout=0"),
+                                   QStringLiteral("autologin-session=tafelkrater"),
+                                   QStringLiteral("user-session=tafelkrater"),
+                                   QStringLiteral("greeter-session=lightdm-autologin-greeter")}))
+        << u.uit.toStdString();
+    EXPECT_TRUE(u.uit.contains(QStringLiteral("60-tafelkrater.conf")));
+}
+
+TEST(SystemInstallTest, AnInstallIntoASystemPrefixPlacesTheSudoersDropInTheSessionAndTheGroup) {
+    for (const QString& prefix :
+         {QStringLiteral("/opt/tafelkrater"), QStringLiteral("/srv/demo")}) {
+        SCOPED_TRACE(prefix.toStdString());
+        const bool systeem = prefix.startsWith(u"/opt");
+        QTemporaryDir destdir;
+        QProcessEnvironment omgeving = QProcessEnvironment::systemEnvironment();
+        omgeving.insert(QStringLiteral("DESTDIR"), destdir.path());
+        const Uitkomst u = draai(QStringLiteral(TK_CMAKE),
+                                 {QStringLiteral("--install"), QStringLiteral(TK_BUILD_DIR),
+                                  QStringLiteral("--prefix"), prefix, QStringLiteral("--component"),
+                                  QStringLiteral("systeem")},
+                                 omgeving);
+        ASSERT_EQ(0, u.code) << u.uit.toStdString();
+        auto pad = [&](const QString& onder) { return destdir.path() + onder; };
+        EXPECT_TRUE(QFileInfo(pad(prefix + QStringLiteral("/tafelkrater-systeem"))).isExecutable());
+        const QString sudoers = pad(QStringLiteral("/etc/sudoers.d/tafelkrater"));
+        ASSERT_EQ(systeem, QFile::exists(sudoers));
+        if (!systeem) {
+            EXPECT_FALSE(QFile::exists(pad(QStringLiteral("/usr"))));
+            continue;
+        }
+        // 0440: the owner's, group's and others' bits (the "user" bits depend on who asks).
+        EXPECT_EQ(QFile(sudoers).permissions() & 0x7077,
+                  QFileDevice::ReadOwner | QFileDevice::ReadGroup);
+        QFile regels(sudoers);
+        ASSERT_TRUE(regels.open(QIODevice::ReadOnly));
+        EXPECT_TRUE(regels.readAll().contains(
+            "%tafelkrater-beheer ALL=(root) NOPASSWD: /opt/tafelkrater/tafelkrater-systeem\n"));
+        const Uitkomst check =
+            draai(QStringLiteral("visudo"), {QStringLiteral("-c"), QStringLiteral("-f"), sudoers});
+        ASSERT_NE(-1, check.code) << "visudo is not installed (the sudo package): "
+                                  << check.uit.toStdString();
+        EXPECT_EQ(0, check.code) << check.uit.toStdString();
+        QFile sessie(pad(QStringLiteral("/usr/share/xsessions/tafelkrater.desktop")));
+        ASSERT_TRUE(sessie.open(QIODevice::ReadOnly));
+        EXPECT_EQ(QString::fromUtf8(sessie.readAll()), SystemTool::sessionFile(prefix));
+        QFile groep(pad(QStringLiteral("/usr/lib/sysusers.d/tafelkrater.conf")));
+        ASSERT_TRUE(groep.open(QIODevice::ReadOnly));
+        EXPECT_TRUE(groep.readAll().contains("g tafelkrater-beheer -\n"));
+    }
 }
 
 } // namespace

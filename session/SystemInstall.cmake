@@ -1,0 +1,37 @@
+# Run by "cmake --install": an install into a system prefix (/opt/..., /usr/...) also puts in place
+# what lets the client reach its privileged program and LightDM find our session: the sudoers
+# drop-in for the administrators group, the X session file, and the group itself (a sysusers.d
+# entry, and the group made at once when installing into the running system as root). An install
+# into any other folder (a demo or test copy of the program folder) leaves the system alone.
+set(prefix "${CMAKE_INSTALL_PREFIX}")
+if(NOT prefix MATCHES "^/(opt|usr)(/|$)")
+  message(STATUS "Not a system prefix (${prefix}): sudoers drop-in, X session and group skipped")
+  return()
+endif()
+set(root "$ENV{DESTDIR}")
+
+file(READ "${TK_SUDOERS_TEMPLATE}" sudoers)
+string(REPLACE "@PREFIX@" "${prefix}" sudoers "${sudoers}")
+file(MAKE_DIRECTORY "${root}/etc/sudoers.d")
+file(WRITE "${root}/etc/sudoers.d/tafelkrater" "${sudoers}")
+file(CHMOD "${root}/etc/sudoers.d/tafelkrater" PERMISSIONS OWNER_READ GROUP_READ)
+message(STATUS "Installing: ${root}/etc/sudoers.d/tafelkrater")
+
+# The same text as "tafelkrater-systeem session-install" writes (SystemTool::sessionFile).
+file(MAKE_DIRECTORY "${root}/usr/share/xsessions")
+file(WRITE "${root}/usr/share/xsessions/tafelkrater.desktop"
+  "[Desktop Entry]\nType=Application\nName=Tafelkrater\nComment=The Tafelkrater workstation\n"
+  "Exec=/bin/sh -c \"openbox & exec ${prefix}/tafelkrater-startup\"\n")
+message(STATUS "Installing: ${root}/usr/share/xsessions/tafelkrater.desktop")
+
+file(MAKE_DIRECTORY "${root}/usr/lib/sysusers.d")
+file(WRITE "${root}/usr/lib/sysusers.d/tafelkrater.conf"
+  "# The administrators of the Tafelkrater workstation: they may run tafelkrater-systeem.\n"
+  "g tafelkrater-beheer -\n")
+message(STATUS "Installing: ${root}/usr/lib/sysusers.d/tafelkrater.conf")
+if(root STREQUAL "")
+  execute_process(COMMAND groupadd -f tafelkrater-beheer RESULT_VARIABLE made)
+  if(NOT made EQUAL 0)
+    message(WARNING "The group tafelkrater-beheer could not be made (install as root)")
+  endif()
+endif()
