@@ -30,11 +30,13 @@ WebFetch::Resultaat WebFetch::haal(Wacht& wacht, const QUrl& adres, qint64 groot
             antwoord->abort();
         }
     };
-    // The announced length ends it before the body comes; the count ends one without it.
+    // The announced length ends it before the body comes; what has come in ends one without it,
+    // counted at each arrival (the progress signal comes too seldom to stop a fast answer).
     QObject::connect(antwoord, &QNetworkReply::metaDataChanged, antwoord, [&] {
         breekAfBijTeVeel(0, antwoord->header(QNetworkRequest::ContentLengthHeader).toLongLong());
     });
-    QObject::connect(antwoord, &QNetworkReply::downloadProgress, antwoord, breekAfBijTeVeel);
+    QObject::connect(antwoord, &QNetworkReply::readyRead, antwoord,
+                     [&] { breekAfBijTeVeel(antwoord->bytesAvailable(), -1); });
     const Wacht::Uitkomst klaar = wacht.Tot([&] { return antwoord->isFinished(); }, {}, false);
     uit.httpStatus = antwoord->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     uit.contentType = antwoord->header(QNetworkRequest::ContentTypeHeader).toByteArray();
