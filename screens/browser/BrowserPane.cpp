@@ -140,7 +140,7 @@ BrowserPane::BrowserPane(BrowserOmgeving omgeving, QWidget* parent)
     m_favorieten->setObjectName(QStringLiteral("tvFavorieten"));
     m_favorieten->setAccessibleName(tekst(TekstFavorieten));
     TekenFavorieten();
-    // A click on a node opens it, and so do Enter and a double click from the keyboard's place.
+    // A click on a node opens it; Enter opens the current one.
     connect(m_favorieten, &QTreeWidget::itemActivated, this,
             [this](QTreeWidgetItem* node) { tvFavorieten_NodeClick(node); });
     connect(m_favorieten, &QTreeWidget::itemClicked, this,
