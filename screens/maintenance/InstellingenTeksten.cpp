@@ -57,9 +57,10 @@ QString InstellingenTeksten::opslaanServer(bool automatisch, bool beta) {
 
 QStringList InstellingenTeksten::backups(const QString& antwoord) {
     QStringList lijst;
+    // A name that is blank, or nothing but the extension, names no backup to show.
     for (const QString& naam : antwoord.split(wire::valueSep))
-        if (!naam.trimmed().isEmpty())
-            lijst << leesbaar(naam);
+        if (const QString l = leesbaar(naam); !l.trimmed().isEmpty())
+            lijst << l;
     return lijst;
 }
 

@@ -35,7 +35,8 @@ public:
     // The payload of OPSSIN.
     static QString opslaanServer(bool automatisch, bool beta);
 
-    // The backups of a BCKLST answer in their readable form, empty names left out.
+    // The backups of a BCKLST answer in their readable form; blank names and a bare extension
+    // are left out.
     static QStringList backups(const QString& antwoord);
     // "5-3-2024 14.07.09.backup" reads "5-3-2024 14:07:09", and back.
     static QString leesbaar(const QString& bestand);

@@ -166,7 +166,7 @@ TEST(InstellingenTekstenTest, TheTextsFromOutsideAreReadAsThePanelsShowThem) {
 
     // Backup names, the odd ones included; what is shown goes back to the server's name.
     EXPECT_EQ(InstellingenTeksten::backups(
-                  "5-3-2024 14.07.09.backup||  |zonder extensie|x.BACKUP|a:b.backup|"),
+                  "5-3-2024 14.07.09.backup||  |zonder extensie|x.BACKUP|a:b.backup| .backup|"),
               QStringList({"5-3-2024 14:07:09", "zonder extensie", "x", "a:b"}));
     EXPECT_TRUE(InstellingenTeksten::backups("").isEmpty());
     EXPECT_EQ(InstellingenTeksten::bestandsnaam("5-3-2024 14:07:09"), "5-3-2024 14.07.09.backup");
@@ -240,10 +240,16 @@ TEST(InstellingenTest, EveryFieldIsComparedWithItsStoredValue) {
     EXPECT_EQ(m.taalIndex, 1);
     // Out-of-range events and presses of disabled buttons change nothing.
     m.txtInstellingen_wachtwoord_Change(2, "x");
-    m.cmbInstellingen_Taal_Click(9);
+    m.cmbInstellingen_Taal_Click(2);
     m.cmdInstellingen_Click(0);
     EXPECT_EQ(m.cmdInstellingenEnabled, (std::array<bool, 2>{false, false}));
     EXPECT_TRUE(plek.w.meldingen().isEmpty());
+    // Shown again, the lists are read anew; the theme in use is the one of the settings file.
+    plek.w.p.modMain.SchrijfIni("2", "Instellingen", "Thema", ini);
+    m.Tonen(0);
+    EXPECT_EQ(m.cmbInstellingen_Thema.size(), 2);
+    EXPECT_EQ(m.themaIndex, 1);
+    EXPECT_EQ(m.cmbInstellingen_Taal.size(), 2);
 }
 
 TEST(InstellingenTest, SaveStoresTheSettingsAndAChangedLanguageRecaptionsEveryForm) {
