@@ -1,5 +1,7 @@
 #include "PrivilegedSystemActions.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -38,31 +40,41 @@ bool PrivilegedSystemActions::run(const QString& verb, const QStringList& argume
     proces.setProcessChannelMode(QProcess::MergedChannels);
     // The wait runs the event loop, so that the windows stay drawn and live while an account is
     // made; it ends with the process or after the time allowed.
-    QEventLoop wacht;
-    bool klaar = false;
-    QObject::connect(&proces, &QProcess::finished, &wacht, [&] {
-        klaar = true;
-        wacht.quit();
+    // The wait runs the events itself rather than a nested loop, which would end at once once
+    // the program has been asked to quit; a timer wakes it to look at the deadline.
+    bool klaar = false, mislukt = false;
+    QObject::connect(&proces, &QProcess::finished, [&] { klaar = true; });
+    QObject::connect(&proces, &QProcess::errorOccurred, [&](QProcess::ProcessError fout) {
+        mislukt = mislukt || fout == QProcess::FailedToStart;
     });
-    QObject::connect(&proces, &QProcess::errorOccurred, &wacht, [&](QProcess::ProcessError fout) {
-        if (fout == QProcess::FailedToStart)
-            wacht.quit();
-    });
-    QTimer::singleShot(m_timeoutMs, &wacht, &QEventLoop::quit);
     proces.start(regel.first(), regel.mid(1));
     proces.write(input.toUtf8());
     proces.closeWriteChannel();
-    if (proces.state() != QProcess::NotRunning || proces.error() != QProcess::FailedToStart)
-        wacht.exec();
+    const QDeadlineTimer deadline(m_timeoutMs);
+    if (QCoreApplication::instance()) {
+        QTimer wekker;
+        wekker.start(50);
+        while (!klaar && !mislukt && proces.state() != QProcess::NotRunning &&
+               !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        // The end may have been seen by the state before its signal came.
+        if (!klaar && proces.state() == QProcess::NotRunning && !mislukt)
+            QCoreApplication::processEvents();
+        klaar = klaar || (proces.state() == QProcess::NotRunning && !mislukt &&
+                          proces.error() != QProcess::FailedToStart);
+    } else {
+        klaar = proces.waitForFinished(m_timeoutMs);
+    }
     const bool opTijd = klaar;
     if (!opTijd) {
         proces.kill();
         proces.waitForFinished(1000);
     }
     if (output)
-        *output =
-            QString::fromLocal8Bit(proces.readAll()) +
-            (opTijd ? QString() : QStringLiteral("(%1 did not end in time)").arg(regel.first()));
+        *output = QString::fromLocal8Bit(proces.readAll()) +
+                  (mislukt  ? proces.errorString()
+                   : opTijd ? QString()
+                            : QStringLiteral("(%1 did not end in time)").arg(regel.first()));
     return opTijd && proces.exitStatus() == QProcess::NormalExit && proces.exitCode() == 0;
 }
 
