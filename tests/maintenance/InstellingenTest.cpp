@@ -6,6 +6,7 @@
 #include "link/ModMainVerbinding.h"
 #include "screens/ScreenRouter.h"
 #include "screens/maintenance/FrmOnderhoud.h"
+#include "screens/maintenance/FrmOnderhoudView.h"
 #include "screens/maintenance/InstellingenTeksten.h"
 #include "screens/maintenance/OnderhoudInstellingen.h"
 #include "screens/maintenance/OnderhoudInstellingenView.h"
@@ -628,4 +629,13 @@ TEST(InstellingenTest, ThePanelsPaintTheirFieldsAndNameEveryControl) {
         }
         EXPECT_GE(namen.size(), 8);
     }
+
+    // In the module's window the panel stands on the right, over the theme's background.
+    FrmOnderhoudView venster(plek.f());
+    auto* inVenster = new OnderhoudServerView(plek.server());
+    venster.plaatsPaneelView(FrmOnderhoud::PServer, inVenster);
+    venster.bijwerken();
+    EXPECT_TRUE(inVenster->isVisibleTo(&venster));
+    EXPECT_EQ(inVenster->geometry(), plek.f().paneelVak());
+    tk::test::bewaarPng(venster.grab().toImage(), "onderhoud-server");
 }
