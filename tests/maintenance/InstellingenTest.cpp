@@ -2,6 +2,7 @@
 // the live change tests, the saves and the backup box against a scripted server on loopback,
 // the restarts through the launcher's words, and pictures of both panels.
 #include "core/Form.h"
+#include "core/UnbuiltStartSteps.h"
 #include "link/FrmMainLink.h"
 #include "link/ModMainVerbinding.h"
 #include "screens/ScreenRouter.h"
@@ -421,6 +422,31 @@ TEST(InstellingenTest, UpdatesAndAMovedServerRestartTheClientThroughTheLauncher)
                                   ModMain::ProgrammaVersie());
          },
          "", 0},
+        {"a new location on a Network workstation",
+         [](Plek& plek, ScriptedPeer& peer) {
+             struct Stappen : UnbuiltStartSteps {
+                 using UnbuiltStartSteps::UnbuiltStartSteps;
+                 void ZetAutomatischeAanmelding(const QString& a, const QString& w, const QString&,
+                                                bool afmelden) override {
+                     aanmelding = a + "/" + w + (afmelden ? "/afmelden" : "");
+                 }
+                 QString aanmelding;
+             } stappen(plek.w.p);
+             plek.w.p.opstartStappen = &stappen;
+             plek.w.p.modMain.ModusNetwerk = true;
+             peer.op("OPSSIN*", "OPSSIN");
+             plek.w.dialogen.opModaal = [](Form& f) {
+                 if (auto* n = dynamic_cast<FrmNetwerk*>(&f)) {
+                     n->txtNaam_Change("elders");
+                     n->cmdOK_Click();
+                 }
+             };
+             plek.server().cmdServer_Click(1);
+             plek.server().cmdServer_Click(3);
+             plek.w.p.opstartStappen = &plek.w.p.unbuiltSteps;
+             EXPECT_EQ(stappen.aanmelding, "ONDERHOUD/Sleutelwrk42/afmelden");
+         },
+         "", 3342},
         {"Browse, then Cancel",
          [](Plek& plek, ScriptedPeer&) {
              plek.w.dialogen.opModaal = [](Form& f) {
