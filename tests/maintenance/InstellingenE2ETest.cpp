@@ -1,16 +1,9 @@
 // The settings and server panels against the real server: a new language reaches the server and
 // every caption of the module, and a backup made, followed by a change, brings the data back
 // when it is imported.
-#include "data/ModData.h"
-#include "link/FrmMainLink.h"
-#include "screens/ScreenRouter.h"
-#include "screens/maintenance/FrmOnderhoud.h"
 #include "screens/maintenance/OnderhoudInstellingen.h"
 #include "screens/maintenance/OnderhoudServer.h"
-#include "screens/start/FrmMain.h"
-#include "tests/e2e/ServerProces.h"
-#include "tests/e2e/Werkstation.h"
-#include "theme/ModThema.h"
+#include "tests/maintenance/OnderhoudWerkplek.h"
 
 #include <gtest/gtest.h>
 
@@ -21,17 +14,8 @@ using tk::test::Werkstation;
 namespace {
 
 // An administrator's workstation, connected, with the settings loaded and the module open.
-struct Beheerder {
-    explicit Beheerder(quint16 poort) : ws(poort), router(p()) {
-        Programma& p = this->p();
-        ws.w.kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/1/"));
-        p.maak(p.modData, p);
-        p.maak(p.modThema, p);
-        p.modThema->LaadThema();
-        p.maak(p.startScreen, p, *p.frmMain);
-        p.startScreenEvents = p.startScreen;
-        p.schermen = &router;
-    }
+struct Beheerder : tk::test::OnderhoudPlek {
+    using OnderhoudPlek::OnderhoudPlek;
     bool binnen() {
         if (!ws.verbind())
             return false;
@@ -39,16 +23,12 @@ struct Beheerder {
         p().modData->LaadOverigeInstellingen();
         return router.openOnderhoudsmodule(-1, {});
     }
-    Programma& p() { return ws.w.p; }
-    FrmOnderhoud& f() { return *p().frmOnderhoud; }
     OnderhoudInstellingen& inst() {
         return dynamic_cast<OnderhoudInstellingen&>(*f().paneel(FrmOnderhoud::PInstellingen));
     }
     OnderhoudServer& server() {
         return dynamic_cast<OnderhoudServer&>(*f().paneel(FrmOnderhoud::PServer));
     }
-    Werkstation ws;
-    ScreenRouter router;
 };
 
 class InstellingenE2ETest : public ::testing::Test {
