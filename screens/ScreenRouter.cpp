@@ -34,12 +34,13 @@ void ScreenRouter::maakOnderhoud() {
     if (p.frmOnderhoud)
         return;
     p.maak(p.frmOnderhoud, p);
-    p.frmOnderhoud->Form_Load();
     // The panels, owned by the program beside the module and made after it, so gone before it.
+    // They stand before Form_Load, which reads the server panel's backups.
     OnderhoudInstellingen* instellingen = nullptr;
     p.frmOnderhoud->plaatsPaneel(FrmOnderhoud::PInstellingen, &p.maak(instellingen, p));
     OnderhoudServer* server = nullptr;
     p.frmOnderhoud->plaatsPaneel(FrmOnderhoud::PServer, &p.maak(server, p));
+    p.frmOnderhoud->Form_Load();
 }
 
 bool ScreenRouter::openOnderhoudsmodule(int leraar, const QList<int>& klassen) {

@@ -246,7 +246,7 @@ void BewerkPaneel::cmd_Click(int knop) {
     });
 }
 
-std::optional<QString> BewerkPaneel::VraagA(const QString& bericht) {
+std::optional<QString> BewerkPaneel::wachtA(Programma& p, const QString& bericht) {
     ModMain& m = p.modMain;
     if (!p.kanaal || !m.Verbonden())
         return std::nullopt;
@@ -257,7 +257,7 @@ std::optional<QString> BewerkPaneel::VraagA(const QString& bericht) {
     return m.Antwoord;
 }
 
-std::optional<QString> BewerkPaneel::VraagB(const QString& bericht) {
+std::optional<QString> BewerkPaneel::wachtB(Programma& p, const QString& bericht) {
     ModMain& m = p.modMain;
     if (!p.kanaal || !m.Verbonden())
         return std::nullopt;

@@ -92,8 +92,11 @@ public:
     bool bewerkbaar() const { return vorm == Live || bewerken; }
 
     // --- the waits and the questions
-    std::optional<QString> VraagA(const QString& bericht);
-    std::optional<QString> VraagB(const QString& bericht);
+    std::optional<QString> VraagA(const QString& bericht) { return wachtA(p, bericht); }
+    std::optional<QString> VraagB(const QString& bericht) { return wachtB(p, bericht); }
+    // The same for code outside a panel (the shell's loaders).
+    static std::optional<QString> wachtA(Programma& p, const QString& bericht);
+    static std::optional<QString> wachtB(Programma& p, const QString& bericht);
     QString ToonVraag(const QString& tekst, const QString& soort);
 
     // --- state the view shows

@@ -1,16 +1,24 @@
 #include "FrmOnderhoud.h"
 
+#include "BewerkPaneel.h"
 #include "OnderhoudPaneel.h"
+#include "OnderhoudServer.h"
 #include "controls/AccessibleName.h"
+#include "controls/ModPictogrammen.h"
+#include "core/Ansi.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "core/Wire.h"
 #include "data/ModData.h"
 #include "link/ModMainVerbinding.h"
 #include "platform/Clock.h"
+#include "platform/Display.h"
+#include "platform/Platform.h"
 #include "screens/desktop/FrmBureaublad.h"
 #include "screens/start/FrmMain.h"
 #include "theme/ModThema.h"
 
+#include <QDir>
 #include <QFont>
 #include <QFontMetrics>
 
@@ -124,6 +132,12 @@ void FrmOnderhoud::LaadTaal() {
 void FrmOnderhoud::Form_Load() {
     Procedure(p, "frmOnderhoud.Form_Load", [&] {
         LaadTaal();
+        LaadWindowsAccounts(false);
+        LaadPrinterLijst();
+        LaadAanmeldscripts();
+        if (auto* server = dynamic_cast<OnderhoudServer*>(paneel(PServer)))
+            server->LaadBackups(true);
+        LaadResolutie();
         Stationsletters.clear();
         for (char c = 'D'; c <= 'Z'; ++c)
             Stationsletters << QString(QLatin1Char(c)) + QLatin1Char(':');
@@ -144,7 +158,9 @@ void FrmOnderhoud::Openen() {
     Procedure(p, "frmOnderhoud.Openen", [&] {
         Beperkt = false;
         LaadVormgeving();
+        LaadThema();
         LaadMenu();
+        laadPictogrammen();
         toonMenu();
     });
 }
@@ -156,8 +172,167 @@ void FrmOnderhoud::Aangepast(const QString& klassen, bool applicaties, bool lera
         LeraarApplicaties = applicaties;
         LeraarLeraren = leraren;
         LaadVormgeving();
+        LaadThema();
         LaadAangepastMenu();
+        laadPictogrammen();
         toonMenu();
+    });
+}
+
+void FrmOnderhoud::laadPictogrammen() {
+    Tekenmenu();
+    if (!p.modPictogrammen)
+        p.maak(p.modPictogrammen, p);
+    p.modPictogrammen->ReadLibrary(Pictogrammen, PictogramLijst,
+                                   QString::fromLatin1(ModPictogrammen::Standaard), true);
+}
+
+// --- the lists of the record panels
+
+void FrmOnderhoud::LaadWindowsAccounts(bool alleenGroepen) {
+    Procedure(p, "frmOnderhoud.LaadWindowsAccounts", [&] {
+        if (!alleenGroepen) {
+            WindowsAccounts.clear();
+            const QString antwoord =
+                BewerkPaneel::wachtA(p, QString(wire::LDNWSA)).value_or(QString());
+            for (const QString& naam : antwoord.split(wire::valueSep))
+                if (!naam.trimmed().isEmpty())
+                    WindowsAccounts << Ansi::hoofdletters(naam.trimmed());
+        }
+        WindowsGroepen.clear();
+        for (const auto& [bericht, voor, soort] : {std::tuple{wire::LDNGRPGLB, "[GLOBAAL] ", "g"},
+                                                   {wire::LDNGRPLKL, "[LOKAAL] ", "l"}}) {
+            const QString antwoord = BewerkPaneel::wachtA(p, QString(bericht)).value_or(QString());
+            for (const QString& item : antwoord.split(wire::valueSep, Qt::SkipEmptyParts))
+                WindowsGroepen.append({QLatin1String(voor) + item.section(QLatin1Char(':'), 0, 0),
+                                       QLatin1String(soort)});
+        }
+        if (WindowsGroepen.isEmpty())
+            WindowsGroepen.append({QStringLiteral("Geen groep beschikbaar"), QString()});
+    });
+}
+
+void FrmOnderhoud::LaadPrinterLijst() {
+    Procedure(p, "frmOnderhoud.LaadPrinterLijst", [&] {
+        Printerlijst.clear();
+        if (!p.modData)
+            return;
+        for (const QString& item :
+             p.modData->Printers.split(QStringLiteral("><"), Qt::SkipEmptyParts))
+            Printerlijst.append(
+                {item.section(wire::valueSep, 0, 0), item.section(wire::valueSep, 1, 1)});
+    });
+}
+
+void FrmOnderhoud::LaadAanmeldscripts() {
+    Procedure(p, "frmOnderhoud.LaadAanmeldscripts", [&] {
+        Aanmeldscripts.clear();
+        const QString antwoord =
+            BewerkPaneel::wachtA(p, QString(wire::LDNACCLST)).value_or(QString());
+        for (const QString& pad : antwoord.split(wire::valueSep, Qt::SkipEmptyParts))
+            Aanmeldscripts << pad;
+    });
+}
+
+void FrmOnderhoud::LaadResolutie() {
+    Procedure(p, "frmOnderhoud.LaadResolutie", [&] {
+        Resoluties = {QStringLiteral("640x480"),   QStringLiteral("800x600"),
+                      QStringLiteral("1024x768"),  QStringLiteral("1152x864"),
+                      QStringLiteral("1280x1024"), QStringLiteral("1600x1200")};
+        const DisplayMode nu = p.platform.display().current();
+        const QString eigen =
+            QString::number(nu.width) + QLatin1Char('x') + QString::number(nu.height);
+        if (nu.width > 0 && !Resoluties.contains(eigen))
+            Resoluties << eigen;
+        Kleurdiepten.clear();
+        const int diepten[] = {4, 8, 16, 24, 32};
+        for (int i = 0; i < 5; ++i)
+            Kleurdiepten.append({p.modTaal.LaadTekst(3302 + i), diepten[i]});
+    });
+}
+
+void FrmOnderhoud::LaadThema() {
+    Procedure(p, "frmOnderhoud.LaadThema", [&] {
+        ThemaLijst.clear();
+        const QString skins = p.modMain.Pad(QString::fromLatin1(ModThema::Skins));
+        QStringList mappen = QDir(skins).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        std::sort(mappen.begin(), mappen.end(), [](const QString& a, const QString& b) {
+            bool ga = false, gb = false;
+            const long na = a.toLong(&ga), nb = b.toLong(&gb);
+            return ga != gb ? ga : ga ? na < nb : a < b;
+        });
+        for (const QString& map : std::as_const(mappen)) {
+            QString naam = p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Naam"),
+                                             QString::fromLatin1(ModThema::Skins) + map +
+                                                 QStringLiteral("\\Instellingen.ini"));
+            ThemaLijst.append({map, naam.isEmpty() ? map : naam});
+        }
+    });
+}
+
+// --- eight classes at once
+
+void FrmOnderhoud::picMenuItem_DblClick(int nummer) {
+    Procedure(p, "frmOnderhoud.picMenuItem_DblClick", [&] {
+        if (nummer != PKlassen || BewerkModus)
+            return;
+        if (p.modMain.ToonVraag(p.modTaal.LaadTekst(3359), p.modTaal.LaadTekst(3378),
+                                QStringLiteral("?")) != u"ja")
+            return;
+        for (int n = 1; n <= 8; ++n) {
+            const QString nr = QString::number(n);
+            OpslaanKlas(QStringLiteral("Groep ") + nr, nr, QStringLiteral("GROEP") + nr,
+                        ModMain::IngebouwdWachtwoord(), QStringLiteral("Bureaublad.jpg"),
+                        QStringLiteral("1.jpg"), nr + QStringLiteral("a.jpg"));
+        }
+        if (OnderhoudPaneel* klassen = paneel(PKlassen))
+            klassen->Tonen(1);
+    });
+}
+
+bool FrmOnderhoud::OpslaanKlas(const QString& naam, const QString& kort, const QString& account,
+                               const QString& wachtwoord, const QString& achtergrond,
+                               const QString& themaBeeld, const QString& knopBeeld) {
+    return Procedure(p, "frmOnderhoud.OpslaanKlas", false, [&] {
+        if (!p.modData)
+            return false;
+        FixedTable& k = p.modData->Klassen;
+        // The first free slot; the limit of 21 is the New button's, not this procedure's.
+        int rij = 0;
+        while (!k(rij, 0).isEmpty())
+            ++rij;
+        for (int kolom = 0; kolom < k.kolommen(); ++kolom)
+            k(rij, kolom).clear();
+        k(rij, 0) = naam;
+        k(rij, 1) = kort.left(2);
+        k(rij, 2) = knopBeeld;
+        k(rij, 3) = achtergrond;
+        k(rij, 4) = account;
+        k(rij, 5) = wachtwoord;
+        k(rij, 6) = QStringLiteral("kopie");
+        k(rij, 8) = QStringLiteral("Nee");
+        k(rij, 10) = themaBeeld;
+        k(rij, 11) = QStringLiteral("0,0");
+        k(rij, 13) = QStringLiteral("||||NEE");
+        const auto gestopt = [&] { return p.beeindigd; };
+        if (!p.modMain.ModusStandalone) {
+            const auto bestaat = BewerkPaneel::wachtA(p, wire::ACDCON + account);
+            if (gestopt())
+                return false;
+            if (bestaat != wire::ja) {
+                const QString vraag =
+                    p.modTaal.LaadTekst(3388).replace(QStringLiteral("%account%"), account);
+                if (p.modMain.ToonVraag(p.modTaal.LaadTekst(3359), vraag, QStringLiteral("?")) ==
+                    u"ja") {
+                    BewerkPaneel::wachtA(p, wire::ACDNIE + account + wire::valueSep + wachtwoord +
+                                                QStringLiteral("|1|") + naam);
+                    LaadWindowsAccounts(false);
+                }
+            }
+        }
+        BewerkPaneel::wachtB(p, wire::OPSWAG + account + QStringLiteral("><"));
+        const QString antwoord = p.modData->OpslaanKlasRecord(rij);
+        return !antwoord.isEmpty() && antwoord != u"FOUT";
     });
 }
 

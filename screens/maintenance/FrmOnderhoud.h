@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/IconListItem.h"
+#include "controls/ImageList.h"
 #include "core/Form.h"
 #include "screens/common/PaintedControl.h"
 
@@ -67,6 +69,8 @@ public:
     void LaadTaal() override;
 
     // --- entry and exit
+    // In this order: the captions, LaadWindowsAccounts, LaadPrinterLijst, LaadAanmeldscripts,
+    // the server panel's LaadBackups, LaadResolutie, the drive lists, the time less one hour.
     void Form_Load();
     void Openen();
     // A teacher's stay: `klassen` the class IDs joined by "|".
@@ -77,6 +81,22 @@ public:
 
     // --- the menu
     void LaadVormgeving();
+    // --- the lists the record panels choose from, read once by Form_Load and Openen
+    // LDNWSA (upper-cased, trimmed), then LDNGRPGLB and LDNGRPLKL as "[GLOBAAL] " / "[LOKAAL] "
+    // with the data "g" / "l"; `alleenGroepen` keeps the accounts read before.
+    void LaadWindowsAccounts(bool alleenGroepen);
+    void LaadPrinterLijst();   // the stored printers, "name|share" items joined by "><"
+    void LaadAanmeldscripts(); // LDNACCLST: the login scripts' paths
+    void LaadResolutie();      // the screen sizes and colour depths of the application panel
+    void LaadThema();          // the themes of the class and teacher panels: folder and name
+    // The double click on a panel's background; on the classes panel it offers eight classes.
+    void picMenuItem_DblClick(int paneel);
+    // Saves a class with the given values in the first free slot, as the classes panel does
+    // (the account steps unless Standalone, the groups, the record). False when the server
+    // refused the record or the link went.
+    bool OpslaanKlas(const QString& naam, const QString& kort, const QString& account,
+                     const QString& wachtwoord, const QString& achtergrond,
+                     const QString& themaBeeld, const QString& knopBeeld);
     void LaadMenu();
     void LaadAangepastMenu();
     // Lays out every row marked for painting, writes its box and clears the mark. Returns the
@@ -130,6 +150,15 @@ public:
     bool picMenuInfoZichtbaar = false;
     QString lblMenuInfo;
     QStringList Stationsletters; // "D:" to "Z:", the drive lists of the class and teacher panels
+    QStringList WindowsAccounts;
+    QList<std::pair<QString, QString>> WindowsGroepen; // caption, "g" or "l"
+    QList<std::pair<QString, QString>> Printerlijst;   // name, share
+    QStringList Aanmeldscripts;
+    QStringList Resoluties;                        // "1024x768", ...
+    QList<std::pair<QString, int>> Kleurdiepten;   // caption, bits
+    QList<std::pair<QString, QString>> ThemaLijst; // folder, name
+    ImageList Pictogrammen;                        // the standard icon library of the icon panel
+    QList<IconListItem> PictogramLijst;
     qint64 tijdMin1Uur = 0;
 
     // --- the look, from the theme's maintenance keys
@@ -153,6 +182,8 @@ public:
 private:
     // The loaded menu on the screen, nothing being edited.
     void toonMenu();
+    // The menu laid out, then the standard icon library into the icon panel's list.
+    void laadPictogrammen();
     void zetRij(int groep, int rij, const QString& tekst, bool kop, int paneel = -1);
     void leegMenu();
     void hertekenen();

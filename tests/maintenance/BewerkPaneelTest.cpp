@@ -240,10 +240,8 @@ TEST(BewerkPaneelTest, ASaveThatTheServerRefusesOrLosesKeepsTheEditOrRestarts) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.wat);
         ScriptedPeer peer;
-        peer.op("TST", "TST")
-            .op("INFOND", "INFONDNEE")
-            .op("LOCONDERHOUD", "LOC")
-            .op("OPSKLZ*", c.antwoord, c.levering);
+        tk::test::binnenkomst(peer);
+        peer.op("OPSKLZ*", c.antwoord, c.levering);
         if (c.levering == Levering::Samengevoegd)
             peer.zelf("PIN");
         if (c.sluitErna)
@@ -276,7 +274,7 @@ TEST(BewerkPaneelTest, ASaveThatTheServerRefusesOrLosesKeepsTheEditOrRestarts) {
 
 TEST(BewerkPaneelTest, ALinkLostInTheMiddleOfAnEditRestartsTheClientWithItsMessage) {
     ScriptedPeer peer;
-    peer.op("TST", "TST").op("INFOND", "INFONDNEE").op("LOCONDERHOUD", "LOC");
+    tk::test::binnenkomst(peer);
     InDeModule m(peer.poort());
     ASSERT_TRUE(m.plek.verbindKaal());
     ASSERT_TRUE(m.binnen());

@@ -13,6 +13,7 @@
 #include "screens/maintenance/OnderhoudInstellingenView.h"
 #include "screens/maintenance/OnderhoudServer.h"
 #include "screens/maintenance/OnderhoudServerView.h"
+#include "tests/maintenance/OnderhoudWerkplek.h"
 #include "tests/screens/PngBewaren.h"
 #include "tests/screens/ScreenWerkplek.h"
 #include "tests/support/ScriptedPeer.h"
@@ -118,8 +119,9 @@ struct Plek {
     ScreenRouter router;
 };
 
+// The link test and the lists the module reads when it is made.
 ScriptedPeer& begin(ScriptedPeer& peer) {
-    return peer.op(QStringLiteral("TST"), QStringLiteral("TST"));
+    return tk::test::eersteLading(peer.op(QStringLiteral("TST"), QStringLiteral("TST")));
 }
 
 } // namespace
@@ -297,7 +299,7 @@ TEST(InstellingenTest, SaveStoresTheSettingsAndAChangedLanguageRecaptionsEveryFo
         EXPECT_TRUE(menuDood);
         EXPECT_FALSE(plek.f().BewerkModus);
         ASSERT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
-        EXPECT_EQ(peer.ontvangen.value(1), vast + c.themaTaal);
+        EXPECT_EQ(peer.ontvangen.last(), vast + c.themaTaal);
         EXPECT_EQ(plek.leesIni("Thema"), QString::number(c.thema + 1));
         EXPECT_EQ(plek.leesIni("Language"), QString::number(c.iniTaal));
         EXPECT_EQ(plek.w.p.modTaal.Taal, c.taalNa);

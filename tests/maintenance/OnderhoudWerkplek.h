@@ -10,6 +10,7 @@
 #include "screens/maintenance/FrmOnderhoudVraag.h"
 #include "screens/start/FrmMain.h"
 #include "tests/e2e/Werkstation.h"
+#include "tests/support/ScriptedPeer.h"
 #include "theme/ModThema.h"
 
 #include <gtest/gtest.h>
@@ -57,6 +58,24 @@ struct OnderhoudPlek {
     Werkstation ws;
     ScreenRouter router;
 };
+
+// The lists the module reads from a scripted peer when it is first made (Form_Load).
+inline ScriptedPeer& eersteLading(ScriptedPeer& peer) {
+    return peer.op(QStringLiteral("LDNWSA"), QStringLiteral("LDNWSA groep1 ||Groep2"))
+        .op(QStringLiteral("LDNGRPGLB"), QStringLiteral("LDNGRPDomain Users:x|Leraren:y"))
+        .op(QStringLiteral("LDNGRPLKL"), QStringLiteral("LDNGRPGebruikers:z"))
+        .op(QStringLiteral("LDNACCLST"), QStringLiteral("LDNACC\\\\srv\\a.bat|b.cmd"))
+        .op(QStringLiteral("BCKLST"), QStringLiteral("BCK2024-01-02 10.00.00.backup"));
+}
+
+// What a scripted peer hears when the administrator enters (OnderhoudPlek::betreed): the link
+// test, nobody inside, the location, and the first load.
+inline void binnenkomst(ScriptedPeer& peer) {
+    peer.op(QStringLiteral("TST"), QStringLiteral("TST"))
+        .op(QStringLiteral("INFOND"), QStringLiteral("INFONDNEE"))
+        .op(QStringLiteral("LOCONDERHOUD"), QStringLiteral("LOC"));
+    eersteLading(peer);
+}
 
 #ifdef TK_SERVER_PAD
 // Two workstations and the real server on free ports. After SetUp `binnen` is inside the module
