@@ -5,6 +5,7 @@
 #include "screens/maintenance/FrmOnderhoud.h"
 #include "screens/maintenance/FrmOnderhoudView.h"
 #include "screens/maintenance/FrmOnderhoudVraag.h"
+#include "screens/maintenance/FrmOnderhoudVraagView.h"
 #include "screens/maintenance/OnderhoudPaneel.h"
 #include "tests/screens/PngBewaren.h"
 #include "tests/screens/ScreenWerkplek.h"
@@ -336,4 +337,53 @@ TEST_F(OnderhoudTest, TheWindowPaintsTheMenuAndNamesItsRows) {
     // A press by name acts as the click.
     view.druk(bedieningen[namen.indexOf("Teachers")]);
     EXPECT_EQ(f.ZichtbaarPaneel, 1);
+}
+
+TEST_F(OnderhoudTest, TheQuestionWindowShowsItsTextAndTheButtonsOfItsMode) {
+    w.platform.fakeClock().setStepPerRead(0);
+    FrmOnderhoudVraag v(w.p);
+    FrmOnderhoudVraagView view(v);
+    struct Case {
+        int modus;
+        bool notitie; // INFONC came: the closing note
+        bool afmelden;
+        const char* png;
+    };
+    const Case cases[] = {
+        {0, false, true, "onderhoudvraag-binnen"},
+        {1, false, false, "onderhoudvraag-nieuw"},
+        {1, true, false, "onderhoudvraag-geweigerd"},
+    };
+    auto donker = [](const QImage& beeld, const QRect& vak) {
+        int n = 0;
+        for (int y = vak.top(); y <= vak.bottom(); ++y)
+            for (int x = vak.left(); x <= vak.right(); ++x)
+                n += qGray(beeld.pixel(x, y)) < 100;
+        return n;
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.png);
+        v.Begin(c.modus);
+        if (c.notitie) {
+            v.geweigerd = true;
+            v.tmrAuto_Timer();
+        }
+        const QImage beeld = view.grab().toImage();
+        tk::test::bewaarPng(beeld, c.png);
+        const int kop = DialogFrame::Kop, knopBoven = v.Hoogte - 40 + kop;
+        EXPECT_EQ(beeld.height(), v.Hoogte + kop);
+        // The question in the body; the countdown under it, where the note is shorter.
+        EXPECT_GT(donker(beeld, {64, kop + 12, 300, 30}), 50);
+        if (!c.notitie) {
+            EXPECT_GT(donker(beeld, {64, kop + 86, 300, 30}), 50);
+        }
+        // Log off only for the one inside (where the note has its OK); Cancel at the right but in
+        // the note.
+        const QColor lijf = DialogFrame::lijfKleur();
+        const int breed = FrmOnderhoudVraagView::Breedte;
+        auto knopOp = [&](int x) { return beeld.pixelColor(x, knopBoven + 14) != lijf; };
+        EXPECT_EQ(knopOp(breed - 180), c.afmelden || c.notitie);
+        EXPECT_EQ(knopOp(breed - 68), !c.notitie);
+        v.cmdAnnuleren_Click();
+    }
 }
