@@ -204,6 +204,29 @@ Uitkomst draai(const QString& programma, const QStringList& args,
     return {proces.exitCode(), QString::fromUtf8(proces.readAll())};
 }
 
+TEST_F(SystemToolTest, APasswordWithQuotesAndBlanksIsStoredAsTyped) {
+    if (geteuid() != 0)
+        GTEST_SKIP() << "useradd --prefix needs root; CI runs the tests as root";
+    const QByteArray wachtwoord = "it's \"een\" $PATH `x`";
+    ASSERT_EQ(
+        0,
+        start({QStringLiteral("account-create"), QStringLiteral("jan")}, wachtwoord + '\n').code);
+    // The stored hash is the one of the very text: hashed again with its salt it is the same.
+    QString hash;
+    for (const QString& regel : lees("etc/shadow").split(QLatin1Char('\n')))
+        if (regel.startsWith(u"jan:"))
+            hash = regel.section(QLatin1Char(':'), 1, 1);
+    ASSERT_TRUE(hash.startsWith(u"$6$")) << hash.toStdString();
+    QProcess openssl;
+    openssl.start(QStringLiteral("openssl"),
+                  {QStringLiteral("passwd"), QStringLiteral("-6"), QStringLiteral("-salt"),
+                   hash.section(QLatin1Char('$'), 2, 2), QStringLiteral("-stdin")});
+    openssl.write(wachtwoord + '\n');
+    openssl.closeWriteChannel();
+    ASSERT_TRUE(openssl.waitForFinished(10000));
+    EXPECT_EQ(hash, QString::fromLatin1(openssl.readAll().trimmed()));
+}
+
 TEST_F(SystemToolTest, LightdmTakesTheDropInAsTheLogonOfTheSeat) {
     ASSERT_EQ(0, start({QStringLiteral("autologon-set"), QStringLiteral("tafelkrater")}).code);
     schrijf("etc/lightdm/lightdm.conf", "# the main file of a bare system\n");
