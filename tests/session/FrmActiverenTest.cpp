@@ -101,6 +101,7 @@ TEST(FrmActiverenTest, ActivatingRunsItsTestsInOrderAndTheFirstFailureSaysWhy) {
         }
         // A refusal before the accounts leaves the buttons live and nothing made or written.
         const bool voorAccounts = r.melding && r.melding != 503;
+        EXPECT_EQ(f.Klaar, !r.shell && !voorAccounts); // the window closes with its answer
         if (!r.shell) {
             EXPECT_EQ(voorAccounts, f.cmdActiverenEnabled && f.cmdSluitenEnabled);
         }
@@ -139,6 +140,33 @@ TEST(FrmActiverenTest, CarryingOutWritesTheAccountOfTheModeAndKeepsTheWallpaper)
     }
 }
 
+TEST(FrmActiverenTest, TheRowsAndButtonsCarryTheirTexts) {
+    Werkplek w;
+    FakeSystemActions systeem;
+    ModMainSessie sessie(w.p, systeem);
+    FrmActiveren f(w.p, sessie);
+    f.LaadTaal();
+    const std::pair<const QString*, int> teksten[] = {
+        {&f.Caption, 400},
+        {&f.lblJa, 401},
+        {&f.lblNee, 402},
+        {&f.optRegister.lblTekst, 404},
+        {&f.optRegister.lblUitleg, 405},
+        {&f.optResolutie.lblTekst, 406},
+        {&f.optResolutie.lblUitleg, 407},
+        {&f.optFirewall.lblTekst, 408},
+        {&f.optFirewall.lblUitleg, 409},
+        {&f.cmdFirewallCaption, 410},
+        {&f.cmdActiverenCaption, 411},
+        {&f.cmdSluitenCaption, 412},
+        {&f.cmdServerlocatieCaption, 421},
+    };
+    for (const auto& [tekst, id] : teksten) {
+        SCOPED_TRACE(id);
+        EXPECT_EQ(*tekst, w.p.modTaal.LaadTekst(id));
+    }
+}
+
 TEST(FrmActiverenTest, TheFormWaitsLongerThanTheSilentPathAndItsTimerFreesTheRetestButtons) {
     qint64 duur[2] = {0, 0};
     for (bool stil : {true, false}) {
@@ -165,6 +193,7 @@ TEST(FrmActiverenTest, TheFormWaitsLongerThanTheSilentPathAndItsTimerFreesTheRet
             EXPECT_EQ(f.optFirewall.opt, Keuze::Ja);
             EXPECT_FALSE(f.cmdFirewallEnabled);
             f.cmdSluiten_Click();
+            EXPECT_TRUE(f.Klaar);
         };
         const qint64 begin = z.w.platform.fakeClock().msecsSinceStart();
         FrmInitialiseren voortgang(z.w.p);
