@@ -131,6 +131,9 @@ TEST(BewerkPaneelTest, ListShowChangeRestoreCancelAndNewWithTheMenuDeadMeanwhile
     EXPECT_TRUE(f.BewerkModus);
     EXPECT_FALSE(b.lijstIngeschakeld);
     EXPECT_EQ(knoppen(b), "....c.");
+    for (const auto& knop : b.knoppen) // New, Change and Delete stand disabled
+        EXPECT_TRUE(knop.zichtbaar) << knop.tekst.toStdString();
+    EXPECT_FALSE(b.ZetVeld(3, "x")) << "no such field";
     b.Weergeven("klas 0"); // the list is dead too
     EXPECT_EQ(b.huidig, "klas 1");
     // The change test: each field against its stored value, the account without case.
@@ -184,6 +187,14 @@ TEST(BewerkPaneelTest, ListShowChangeRestoreCancelAndNewWithTheMenuDeadMeanwhile
     b.cmd_Click(BewerkPaneel::Annuleren);
     EXPECT_EQ(items(b), QStringList({"leeg"}));
     EXPECT_TRUE(m.plek.ws.w.meldingen().isEmpty());
+    // A forced log-off in the middle of an edit: the next stay shows the panel browsing.
+    b.cmd_Click(BewerkPaneel::Nieuw);
+    f.Afmelden();
+    m.plek.router.openOnderhoudsmodule(-1, {});
+    f.OpenGroep(0);
+    f.Kies(1);
+    EXPECT_FALSE(b.bewerken);
+    EXPECT_EQ(knoppen(b), ".N....");
 }
 
 TEST(BewerkPaneelTest, TheLiveFormEditsAtOnceAndSavesWithoutTheMenuGoingDead) {
