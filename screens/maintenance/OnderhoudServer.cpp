@@ -1,8 +1,8 @@
 #include "OnderhoudServer.h"
 
+#include "BewerkPaneel.h"
 #include "FrmOnderhoud.h"
 #include "InstellingenTeksten.h"
-#include "core/CommandChannel.h"
 #include "core/OpstartStappen.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
@@ -50,29 +50,16 @@ void OnderhoudServer::LaadTaal() {
 
 void OnderhoudServer::Tonen(int) {
     LaadServerInstellingen();
-    LaadBackups(true);
+    // The backups were read when the module was loaded, and anew after each export.
+    LaadBackups(false);
 }
 
 std::optional<QString> OnderhoudServer::vraag(const QString& bericht) {
-    if (!p.kanaal || !p.kanaal->isConnected())
-        return std::nullopt;
-    ModMain& m = p.modMain;
-    m.AntwoordOntvangen = false;
-    p.kanaal->WS_Versturen(bericht, false);
-    if (p.wacht.Tot([&m] { return m.AntwoordOntvangen; }) != Wacht::Uitkomst::Voldaan)
-        return std::nullopt;
-    return m.Antwoord;
+    return BewerkPaneel::wachtA(p, bericht);
 }
 
 std::optional<QString> OnderhoudServer::vraagOpslaan(const QString& bericht) {
-    if (!p.kanaal || !p.kanaal->isConnected())
-        return std::nullopt;
-    ModMain& m = p.modMain;
-    m.AntwoordOpslaanOntvangen = false;
-    p.kanaal->WS_Versturen(bericht, false);
-    if (p.wacht.Tot([&m] { return m.AntwoordOpslaanOntvangen; }) != Wacht::Uitkomst::Voldaan)
-        return std::nullopt;
-    return m.AntwoordOpslaan;
+    return BewerkPaneel::wachtB(p, bericht);
 }
 
 void OnderhoudServer::meld(int tekst) {

@@ -22,7 +22,7 @@ public:
 
     explicit OnderhoudServer(Programma& p);
     QString titel() const override;
-    // The entry was chosen: the server's settings and its backups are read.
+    // The entry was chosen: the server's settings are read; the backups stand as loaded.
     void Tonen(int rij) override;
     void LaadTaal() override;
 
@@ -63,8 +63,9 @@ public:
     std::function<void(const QString& adres)> toonChangelog;
 
 private:
-    // A question of class A or B to the server: its answer, or nothing when the link is absent
-    // or went while waiting (the link's own handling restarts the client then).
+    // A question of class A or B to the server through the module's waits: its answer, or
+    // nothing when the link is absent or went while waiting (the link's own handling restarts
+    // the client then).
     std::optional<QString> vraag(const QString& bericht);
     std::optional<QString> vraagOpslaan(const QString& bericht);
     void opslaan();

@@ -120,8 +120,8 @@ struct Plek {
 };
 
 // The link test and the lists the module reads when it is made.
-ScriptedPeer& begin(ScriptedPeer& peer) {
-    return tk::test::eersteLading(peer.op(QStringLiteral("TST"), QStringLiteral("TST")));
+ScriptedPeer& begin(ScriptedPeer& peer, const QString& backups = "BCK") {
+    return tk::test::eersteLading(peer.op(QStringLiteral("TST"), QStringLiteral("TST")), backups);
 }
 
 } // namespace
@@ -335,7 +335,7 @@ TEST(InstellingenTest, TheServerPanelReadsTheSettingsAndAsksTheBetaPasswordOnlyW
     for (const Case& c : cases) {
         SCOPED_TRACE(c.wat);
         ScriptedPeer peer;
-        begin(peer).op("LDNSIN", "LDNSIN2.0.1;<>;NEE;<>;NEE;<>;SQLite").op("BCKLST", "BCK");
+        begin(peer).op("LDNSIN", "LDNSIN2.0.1;<>;NEE;<>;NEE;<>;SQLite");
         if (c.verstuurd)
             peer.op("OPSSIN*", "OPSSIN");
         Plek plek(&peer);
@@ -371,7 +371,7 @@ TEST(InstellingenTest, TheServerPanelReadsTheSettingsAndAsksTheBetaPasswordOnlyW
         EXPECT_EQ(peer.ontvangen.last(), c.verstuurd
                                              ? "OPSSIN" + InstellingenTeksten::opslaanServer(
                                                               c.automatisch || !c.beta, c.beta)
-                                             : QString("BCKLST"));
+                                             : QString("LDNSIN"));
         // Once stored, nothing differs; a stopped save keeps the choice for another try.
         EXPECT_EQ(s.cmdServerEnabled[3], !c.verstuurd);
         EXPECT_FALSE(plek.w.p.beeindigd);
@@ -463,7 +463,7 @@ TEST(InstellingenTest, UpdatesAndAMovedServerRestartTheClientThroughTheLauncher)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.wat);
         ScriptedPeer peer;
-        begin(peer).op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE").op("BCKLST", "BCK");
+        begin(peer).op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE");
         Plek plek(&peer);
         Launcher launcher(plek.w.map());
         plek.kies(1);
@@ -480,10 +480,10 @@ TEST(InstellingenTest, UpdatesAndAMovedServerRestartTheClientThroughTheLauncher)
 }
 
 TEST(InstellingenTest, TheBackupBoxListsExportsAndImportsTheServersBackups) {
-    using Stappen = QList<std::pair<QString, QString>>; // after LDNSIN and BCKLST
+    using Stappen = QList<std::pair<QString, QString>>; // after the load and LDNSIN
     struct Case {
         const char* wat;
-        const char* lijst;           // the first BCKLST answer, after "BCK"
+        const char* lijst;           // the BCKLST answer of the module's load, after "BCK"
         int gekozen, knop;           // the backup chosen (-1 as shown) and the button pressed
         const char* vraag;           // the answer to the import question
         Stappen stappen;             // the server's part after the press
@@ -551,7 +551,7 @@ TEST(InstellingenTest, TheBackupBoxListsExportsAndImportsTheServersBackups) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.wat);
         ScriptedPeer peer;
-        begin(peer).op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE").op("BCKLST", QString("BCK") + c.lijst);
+        begin(peer, QString("BCK") + c.lijst).op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE");
         for (const auto& [verwacht, antwoord] : c.stappen) {
             if (verwacht.isEmpty())
                 peer.zelf(antwoord);
@@ -597,21 +597,18 @@ TEST(InstellingenTest, TheBackupBoxListsExportsAndImportsTheServersBackups) {
         leesbaar << QString("%1-3-2024 14:07:09").arg(i);
     }
     ScriptedPeer peer;
-    begin(peer)
-        .op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE")
-        .op("BCKLST", "BCK" + namen.join('|'), Levering::Gesplitst);
+    begin(peer).op("BCKLST", "BCK" + namen.join('|'), Levering::Gesplitst);
     Plek plek(&peer);
     // The halves come 50 ms apart; the pieces of a long read may be that far apart.
     plek.w.p.frmMain->Berichten.setQuietMs(500);
-    plek.kies(1);
+    plek.server().LaadBackups(true);
     EXPECT_EQ(plek.server().cmbBackup, leesbaar);
 }
 
 TEST(InstellingenTest, ThePanelsPaintTheirFieldsAndNameEveryControl) {
     ScriptedPeer peer;
-    begin(peer)
-        .op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE;<>;SQLite")
-        .op("BCKLST", "BCK5-3-2024 14.07.09.backup|6-3-2024 9.00.00.backup");
+    begin(peer, "BCK5-3-2024 14.07.09.backup|6-3-2024 9.00.00.backup")
+        .op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE;<>;SQLite");
     Plek plek(&peer);
     plek.kies(0);
     OnderhoudInstellingenView inst(plek.inst());

@@ -59,13 +59,16 @@ struct OnderhoudPlek {
     ScreenRouter router;
 };
 
-// The lists the module reads from a scripted peer when it is first made (Form_Load).
-inline ScriptedPeer& eersteLading(ScriptedPeer& peer) {
+// The lists the module reads from a scripted peer when it is first made (Form_Load); `backups`
+// is the answer to BCKLST.
+inline ScriptedPeer&
+eersteLading(ScriptedPeer& peer,
+             const QString& backups = QStringLiteral("BCK2024-01-02 10.00.00.backup")) {
     return peer.op(QStringLiteral("LDNWSA"), QStringLiteral("LDNWSA groep1 ||Groep2"))
         .op(QStringLiteral("LDNGRPGLB"), QStringLiteral("LDNGRPDomain Users:x|Leraren:y"))
         .op(QStringLiteral("LDNGRPLKL"), QStringLiteral("LDNGRPGebruikers:z"))
         .op(QStringLiteral("LDNACCLST"), QStringLiteral("LDNACC\\\\srv\\a.bat|b.cmd"))
-        .op(QStringLiteral("BCKLST"), QStringLiteral("BCK2024-01-02 10.00.00.backup"));
+        .op(QStringLiteral("BCKLST"), backups);
 }
 
 // What a scripted peer hears when the administrator enters (OnderhoudPlek::betreed): the link
