@@ -1,10 +1,15 @@
 // The edit pattern of the maintenance panels, proved with a classes panel in small: the steps
 // from list to save as the model walks them, and a save against a peer that answers, refuses
-// ("FOUT"), sends its answer in pieces or goes away.
+// ("FOUT"), sends its answer in pieces or goes away; and the window that shows such a panel.
 #include "screens/maintenance/BewerkPaneel.h"
+#include "screens/maintenance/BewerkPaneelView.h"
 #include "tests/maintenance/OnderhoudWerkplek.h"
 #include "tests/support/ScriptedPeer.h"
 
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
 #include <gtest/gtest.h>
 
 using namespace tk;
@@ -297,4 +302,30 @@ TEST(BewerkPaneelTest, ALinkLostInTheMiddleOfAnEditRestartsTheClientWithItsMessa
     EXPECT_TRUE(p.beeindigd);
     EXPECT_EQ(m.plek.ws.w.meldingen(), QStringList(m.plek.p().modTaal.LaadTekst(1619)));
     EXPECT_TRUE(m.paneel.k()(0, 0).isEmpty()) << "nothing of the edit was stored";
+}
+
+TEST(BewerkPaneelTest, TheWindowNamesEveryControlAndHandsEditsToThePattern) {
+    InDeModule m(0);
+    ASSERT_TRUE(m.binnen());
+    KlassenProef& b = m.paneel;
+    b.k()(0, 0) = "Groep 1", b.k()(0, 1) = "1";
+    b.LaadLijst();
+    BewerkPaneelView view(b);
+    EXPECT_EQ(view.lijst()->accessibleName(), "Classes");
+    EXPECT_EQ(view.lijst()->count(), 1);
+    auto* naam = qobject_cast<QLineEdit*>(view.veld(0));
+    ASSERT_TRUE(naam);
+    EXPECT_EQ(naam->accessibleName(), "Full name:");
+    EXPECT_EQ(naam->text(), "Groep 1");
+    EXPECT_FALSE(naam->isEnabled()) << "read-only until Change";
+    EXPECT_EQ(view.knop(BewerkPaneel::Wijzigen)->accessibleName(),
+              m.plek.p().modTaal.LaadTekst(3170));
+    view.knop(BewerkPaneel::Wijzigen)->click();
+    EXPECT_TRUE(naam->isEnabled());
+    EXPECT_FALSE(view.lijst()->isEnabled());
+    QTest::keyClicks(naam, "x");
+    EXPECT_EQ(b.velden[0].waarde, "Groep 1x");
+    EXPECT_TRUE(view.knop(BewerkPaneel::Opslaan)->isEnabled());
+    view.knop(BewerkPaneel::Annuleren)->click();
+    EXPECT_EQ(naam->text(), "Groep 1");
 }
