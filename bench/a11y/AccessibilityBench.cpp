@@ -8,8 +8,7 @@
 #include "screens/desktop/FrmBureaubladView.h"
 #include "screens/start/FrmMainView.h"
 #include "screens/taskbar/FrmTaakbalk1View.h"
-#include "tests/desktop/BureaubladWerkplek.h"
-#include "tests/screens/ScreenWerkplek.h"
+#include "tests/support/Werkplek.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -19,8 +18,7 @@
 
 namespace {
 
-using tk::test::BureaubladWerkplek;
-using tk::test::ScreenWerkplek;
+using tk::test::Werkplek;
 
 // Every object below `i` asked what a screen reader asks.
 int lees(QAccessibleInterface* i, int diepte = 0) {
@@ -39,24 +37,24 @@ int lees(QAccessibleInterface* i, int diepte = 0) {
 struct Startscherm {
     Startscherm() {
         for (int i = 0; i < 21; ++i)
-            w.klas(i, QStringLiteral("Groep %1").arg(i + 1), QString::number(i + 1),
-                   QStringLiteral("%1a.jpg").arg(i % 8 + 1));
-        w.balk().Zichtbaar = true;
-        w.balk().LadenVormgeving();
-        w.balk().Form_Activate();
-        w.balk().ToonAccounts();
+            w.startKlas(i, QStringLiteral("Groep %1").arg(i + 1), QString::number(i + 1),
+                        QStringLiteral("%1a.jpg").arg(i % 8 + 1));
+        w.balk1().Zichtbaar = true;
+        w.balk1().LadenVormgeving();
+        w.balk1().Form_Activate();
+        w.balk1().ToonAccounts();
         w.f().Form_Load();
         w.f().AccountKlik(0);
     }
     std::unique_ptr<tk::FrmMainView> maakView() {
         auto view = std::make_unique<tk::FrmMainView>(w.f());
-        auto* b = new tk::FrmTaakbalk1View(w.balk(), view->canvas());
+        auto* b = new tk::FrmTaakbalk1View(w.balk1(), view->canvas());
         b->move(0, tk::FrmMain::Hoogte);
         view->canvas()->taakbalk = b;
         view->canvas()->bijwerken();
         return view;
     }
-    ScreenWerkplek w;
+    Werkplek w{Werkplek::startscherm};
 };
 
 struct Bureaublad {
@@ -71,7 +69,7 @@ struct Bureaublad {
         w.klas(0, "Groep 8", "12", items.join('|'), "Ja");
         w.b().Openen(0, "12");
     }
-    BureaubladWerkplek w;
+    Werkplek w{Werkplek::bureaublad};
 };
 
 void StartschermBoom(benchmark::State& state) {

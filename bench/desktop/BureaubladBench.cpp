@@ -7,7 +7,7 @@
 #include "screens/ScreenRouter.h"
 #include "screens/desktop/FrmBureaubladView.h"
 #include "screens/start/FrmMain.h"
-#include "tests/desktop/BureaubladWerkplek.h"
+#include "tests/support/Werkplek.h"
 
 #include <QApplication>
 #include <benchmark/benchmark.h>
@@ -17,7 +17,7 @@
 namespace {
 
 using tk::FrmBureaublad;
-using tk::test::BureaubladWerkplek;
+using tk::test::Werkplek;
 
 // A school with one class of 45 applications, each with its own library picture and a name
 // that breaks, 20 of them on stored places; the start screen with the class's button.
@@ -52,7 +52,7 @@ struct School {
         }
         School& s;
     };
-    BureaubladWerkplek w;
+    Werkplek w{Werkplek::bureaublad};
     Schermen schermen{*this};
     std::unique_ptr<tk::FrmBureaubladView> view;
     QImage beeld;

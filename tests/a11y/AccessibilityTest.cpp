@@ -9,8 +9,7 @@
 #include "screens/taskbar/FrmTaakbalk1View.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "screens/taskbar/FrmTaakbalk2View.h"
-#include "tests/desktop/BureaubladWerkplek.h"
-#include "tests/screens/ScreenWerkplek.h"
+#include "tests/support/Werkplek.h"
 
 #include <QAccessibleActionInterface>
 #include <gtest/gtest.h>
@@ -44,23 +43,23 @@ void controleer(QAccessibleInterface* wortel, const QList<Rij>& rijen) {
     }
 }
 
-struct Startscherm : ScreenWerkplek {
-    Startscherm() {
+struct Startscherm : Werkplek {
+    Startscherm() : Werkplek(startscherm) {
         AccessibleFactory::installeren();
         p.modTaal.Taal = 1033;
         p.schermen = &schermen;
-        klas(0, "Groep 1A", "1A");
-        klas(1, " ", "");                                                  // a blank name
-        klas(2, QString(10000, QChar(u'x')), QString(10000, QChar(u'x'))); // a runaway name
-        klas(3, QString::fromUtf8("مدرسة"), QString::fromUtf8("مدرسة"));   // right to left
-        balk().Zichtbaar = true;
-        balk().LadenVormgeving();
-        balk().Form_Activate();
-        balk().ToonAccounts();
+        startKlas(0, "Groep 1A", "1A");
+        startKlas(1, " ", "");                                                  // a blank name
+        startKlas(2, QString(10000, QChar(u'x')), QString(10000, QChar(u'x'))); // a runaway name
+        startKlas(3, QString::fromUtf8("مدرسة"), QString::fromUtf8("مدرسة"));   // right to left
+        balk1().Zichtbaar = true;
+        balk1().LadenVormgeving();
+        balk1().Form_Activate();
+        balk1().ToonAccounts();
         f().Form_Load();
         f().AccountKlik(0);
         view = std::make_unique<FrmMainView>(f());
-        auto* b = new FrmTaakbalk1View(balk(), view->canvas());
+        auto* b = new FrmTaakbalk1View(balk1(), view->canvas());
         b->move(0, FrmMain::Hoogte);
         view->canvas()->taakbalk = b;
         view->show();
@@ -85,13 +84,13 @@ TEST(AccessibilityTest, StartScreenGivesEveryPaintedControlItsRoleNameAndPress) 
         {"account button", QAccessible::Button, "Children", true},
         {"account button", QAccessible::Button, "Teachers", true},
     };
-    for (const auto& k : w.balk().knoppen)
+    for (const auto& k : w.balk1().knoppen)
         rijen.append({"taskbar button", QAccessible::Button, k.toegankelijkeNaam(), true});
     controleer(w.wortel, rijen);
 
     // In the other language the names follow.
     w.p.modTaal.Taal = 1043;
-    w.balk().LadenVormgeving();
+    w.balk1().LadenVormgeving();
     w.f().WeergevenKlassen(true);
     w.f().AccountKlik(0);
     controleer(w.wortel, {{"account button", QAccessible::Button, "Leerkrachten", true},
@@ -99,7 +98,7 @@ TEST(AccessibilityTest, StartScreenGivesEveryPaintedControlItsRoleNameAndPress) 
 
     // A class taken away takes its button out of the tree that was read before.
     const int objecten = A11yTree::tel(w.wortel);
-    w.klas(3, "", "");
+    w.startKlas(3, "", "");
     w.f().WeergevenKlassen(true);
     w.f().AccountKlik(0);
     EXPECT_EQ(objecten - 1, A11yTree::tel(w.wortel));
@@ -114,7 +113,7 @@ TEST(AccessibilityTest, PressingAClassByItsNameOpensItsDesktopAndTheFocusIsItsSt
     EXPECT_FALSE(klas->state().focused);
     EXPECT_TRUE(w.f().Toets(Qt::Key_Tab));
     EXPECT_TRUE(klas->state().focused);
-    w.balk().Account[1].Enabled = false;
+    w.balk1().Account[1].Enabled = false;
     QAccessibleInterface* leraar = A11yTree::zoek(w.wortel, QAccessible::Button, "Teachers");
     ASSERT_NE(nullptr, leraar);
     EXPECT_TRUE(leraar->state().disabled);
@@ -125,7 +124,7 @@ TEST(AccessibilityTest, PressingAClassByItsNameOpensItsDesktopAndTheFocusIsItsSt
 
 TEST(AccessibilityTest, DesktopItemsAndTaskButtonsAreNamedFromTheirModels) {
     AccessibleFactory::installeren();
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.p.modTaal.Taal = 1033;
     w.applicatie(0, 0, "1", "Rekenen");
     w.applicatie(0, 1, "2", "");

@@ -8,9 +8,8 @@
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "screens/taskbar/FrmTaakbalk2View.h"
 #include "screens/taskbar/TaakbalkKnopView.h"
-#include "tests/desktop/BureaubladWerkplek.h"
 #include "tests/screens/PngBewaren.h"
-#include "tests/screens/ScreenWerkplek.h"
+#include "tests/support/Werkplek.h"
 
 #include <QFontMetrics>
 #include <QImage>
@@ -106,10 +105,10 @@ int randPixels(const QImage& getekend, const QImage& kaal, const QRect& vak, con
 } // namespace
 
 TEST(ContrastTest, DefaultThemeCaptionsReadOnTheirPictures) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     for (int i = 0; i < 8; ++i)
-        w.klas(i, QString("Groep %1").arg(i + 1), QString::number(i + 1),
-               QString("%1a.jpg").arg(i + 1));
+        w.startKlas(i, QString("Groep %1").arg(i + 1), QString::number(i + 1),
+                    QString("%1a.jpg").arg(i + 1));
     w.f().Form_Load();
     w.f().WeergevenKlassen(true);
     for (int i = 0; i < 8; ++i) {
@@ -141,7 +140,7 @@ TEST(ContrastTest, DefaultThemeCaptionsReadOnTheirPictures) {
 }
 
 TEST(ContrastTest, DesktopNamesAndBarCaptionsOfTheDefaultThemeRead) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.applicatie(0, 0, "1", "Rekenen");
     w.applicatie(0, 1, "2", "Taal");
     for (const char* achtergrond : {"Heuvels.jpg", "Ruimte.jpg"}) {
@@ -168,21 +167,21 @@ TEST(ContrastTest, TextScaleFromTheEnvironmentGrowsThePaintedCaptions) {
     for (const auto& c : cases)
         EXPECT_DOUBLE_EQ(c.factor, TextScale::factor(c.waarde)) << c.waarde;
 
-    ScreenWerkplek gewoon;
-    ScreenWerkplek groot;
+    Werkplek gewoon(Werkplek::startscherm);
+    Werkplek groot(Werkplek::startscherm);
     groot.platform.fakeEnvironment().setVariable("TK_TEKSTSCHAAL", "1.5");
     groot.p.maak(groot.p.startScreen, groot.p, *groot.p.frmMain);
     groot.p.startScreenEvents = groot.p.startScreen;
     EXPECT_DOUBLE_EQ(gewoon.f().knopFont.pointSizeF() * 1.5, groot.f().knopFont.pointSizeF());
     // A scaled caption still fits its button: cut, never wider than the picture.
-    groot.klas(0, "Groep met een lange naam", "Groep met een lange naam");
+    groot.startKlas(0, "Groep met een lange naam", "Groep met een lange naam");
     groot.f().Form_Load();
     groot.f().WeergevenKlassen(true);
     EXPECT_EQ(groot.f().knop(0)->Grootte(), groot.f().knop(0)->Teken().size());
 }
 
 TEST(ContrastTest, DesktopNamesAtTextScaleTwoStayAboveTheNextRow) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.platform.fakeEnvironment().setVariable("TK_TEKSTSCHAAL", "2");
     w.p.maak(w.p.frmBureaublad, w.p);
     w.b().Form_Load();
@@ -253,7 +252,7 @@ TEST(ContrastTest, TaskbarCaptionsReadOnTheBar) {
 
     // The default theme: the fixed buttons' captions, normal and under the mouse, and a task's
     // title in each of its states, on the desktop's bar.
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.p.modTaal.Taal = 1033;
     w.applicatie(0, 0, "1", "Rekenen");
     w.klas(0, "Groep 1", "100", "1", "Ja");
@@ -270,12 +269,12 @@ TEST(ContrastTest, TaskbarCaptionsReadOnTheBar) {
     ASSERT_EQ(1, balk.AantalKnoppen);
     const Ondergrond grond{balk.achtergrond, QSize(view.width(), balk.Hoogte),
                            balk.achtergrondKleur};
-    ScreenWerkplek start;
+    Werkplek start(Werkplek::startscherm);
     start.p.modTaal.Taal = 1033;
-    start.balk().Zichtbaar = true;
-    start.balk().LadenVormgeving();
-    start.balk().Form_Activate();
-    const FrmTaakbalk1& balk1 = start.balk();
+    start.balk1().Zichtbaar = true;
+    start.balk1().LadenVormgeving();
+    start.balk1().Form_Activate();
+    const FrmTaakbalk1& balk1 = start.balk1();
     const struct {
         const char* wat;
         const QList<TaakbalkKnop>& knoppen;

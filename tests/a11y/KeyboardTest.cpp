@@ -6,9 +6,8 @@
 #include "screens/maintenance/FrmOnderhoudView.h"
 #include "screens/maintenance/OnderhoudPaneel.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
-#include "tests/desktop/BureaubladWerkplek.h"
 #include "tests/screens/PngBewaren.h"
-#include "tests/screens/ScreenWerkplek.h"
+#include "tests/support/Werkplek.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -65,16 +64,16 @@ TEST(KeyboardTest, FocusOrderIsReadingOrderForTabAndNearestForTheArrows) {
 }
 
 TEST(KeyboardTest, StartScreenAndTeacherLogOnWithTheKeyboardAlone) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     OpnameSchermen schermen;
     w.p.schermen = &schermen;
     w.p.modTaal.Taal = 1033;
     for (int i = 0; i < 10; ++i)
-        w.klas(i, QString("Groep %1").arg(i), QString::number(i));
-    w.balk().Zichtbaar = true;
-    w.balk().LadenVormgeving();
-    w.balk().Form_Activate();
-    w.balk().ToonAccounts();
+        w.startKlas(i, QString("Groep %1").arg(i), QString::number(i));
+    w.balk1().Zichtbaar = true;
+    w.balk1().LadenVormgeving();
+    w.balk1().Form_Activate();
+    w.balk1().ToonAccounts();
     FrmMain& f = w.f();
     f.AccountKlik(0);
     auto klasMetFocus = [&] {
@@ -99,16 +98,16 @@ TEST(KeyboardTest, StartScreenAndTeacherLogOnWithTheKeyboardAlone) {
     for (int i = 1; i < 10; ++i)
         f.Toets(Qt::Key_Tab);
     EXPECT_EQ(-1, klasMetFocus());
-    EXPECT_EQ(0, w.balk().focusPlek());
-    EXPECT_TRUE(w.balk().knoppen[0].focus);
+    EXPECT_EQ(0, w.balk1().focusPlek());
+    EXPECT_TRUE(w.balk1().knoppen[0].focus);
     int stappen = 0;
-    while (!w.balk().Account[1].focus && stappen++ < 20)
+    while (!w.balk1().Account[1].focus && stappen++ < 20)
         f.Toets(Qt::Key_Tab);
-    ASSERT_TRUE(w.balk().Account[1].focus);
-    EXPECT_FALSE(w.balk().knoppen[0].focus);
+    ASSERT_TRUE(w.balk1().Account[1].focus);
+    EXPECT_FALSE(w.balk1().knoppen[0].focus);
     // Shift+Tab goes back, and Tab past the end comes round to the first class.
     f.Toets(Qt::Key_Tab, true);
-    EXPECT_TRUE(w.balk().Account[0].focus);
+    EXPECT_TRUE(w.balk1().Account[0].focus);
     f.Toets(Qt::Key_Tab);
 
     // Enter on the teachers' button opens the password panel; Escape closes it and the classes
@@ -138,7 +137,7 @@ TEST(KeyboardTest, StartScreenAndTeacherLogOnWithTheKeyboardAlone) {
 }
 
 TEST(KeyboardTest, DesktopItemsThenTheTaskbarAndBackWithTheKeyboardAlone) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.p.modTaal.Taal = 1033;
     for (int i = 0; i < 8; ++i)
         w.applicatie(0, i, QString::number(i + 1), QString("Programma %1").arg(i + 1));
@@ -214,7 +213,7 @@ struct ProefPaneel : OnderhoudPaneel {
 } // namespace
 
 TEST(KeyboardTest, MaintenanceMenuWithTheKeyboardAloneAndItsFocusRing) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     w.p.modTaal.Taal = 1033;
     ScreenRouter router(w.p);
     w.p.schermen = &router;

@@ -1,18 +1,18 @@
 // The whole load against the real tafelkrater-server with its demo school: online, then offline
 // from the sealed cache, and the cache holds the server's raw answers under their keys.
+#include "core/Ansi.h"
 #include "core/IniDocument.h"
 #include "data/SealedCache.h"
-#include "tests/data/DataWerkplek.h"
 #include "tests/e2e/ServerProces.h"
+#include "tests/support/Werkplek.h"
 
 #include <QMap>
 #include <QTcpSocket>
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::alleGegevens;
-using tk::test::DataWerkplek;
 using tk::test::ServerProces;
+using tk::test::Werkplek;
 
 namespace {
 
@@ -48,14 +48,14 @@ TEST(DataServerTest, OnlineThenOfflineFromTheCacheGivesTheSameTablesAndTheCacheH
     ServerProces server;
     ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
 
-    DataWerkplek online(server.poort());
+    Werkplek online(Werkplek::gegevens, server.poort());
     online.laadOnline();
     EXPECT_TRUE(online.rapporten.isEmpty()) << online.rapporten.join(s(", ")).toStdString();
     ModData& d = online.d();
     ASSERT_GT(d.Klassen.gebruikt(), 0);
     ASSERT_GT(d.Leraren.gebruikt(), 0);
     EXPECT_FALSE(d.Applicaties[0].vrij(0));
-    EXPECT_FALSE(QFileInfo::exists(online.w.pad(s("Data/Tijdelijk.ini"))));
+    EXPECT_FALSE(QFileInfo::exists(online.pad(s("Data/Tijdelijk.ini"))));
 
     // The sealed cache, deciphered with the fixed key, against what the server answers now.
     const QByteArray verzegeld = online.cache();
@@ -67,7 +67,7 @@ TEST(DataServerTest, OnlineThenOfflineFromTheCacheGivesTheSameTablesAndTheCacheH
         verwacht.insert(sectie + u'/' + sleutel, waarde);
     };
     ruw.vraag(s("INFDMN"));
-    zet(s("Algemeen"), s("Domein"), online.w.p.frmMain->Domein);
+    zet(s("Algemeen"), s("Domein"), online.p.frmMain->Domein);
     for (const auto& [snc, da, sectie] : {std::tuple{"LDNKLSSNC", "LDNKLSDA", "Groepen"},
                                           std::tuple{"LDNLRNSNC", "LDNLRNDA", "Leerkrachten"}}) {
         const QString info = ruw.vraag(s(snc)).mid(9);
@@ -111,11 +111,11 @@ TEST(DataServerTest, OnlineThenOfflineFromTheCacheGivesTheSameTablesAndTheCacheH
     }
 
     // Offline from that cache: the same tables.
-    DataWerkplek offline;
-    offline.w.schrijf(s("Data/data.tijdelijk"), verzegeld);
-    offline.w.p.modMainLaden->Laden();
+    Werkplek offline(Werkplek::gegevens);
+    offline.schrijf(s("Data/data.tijdelijk"), verzegeld);
+    offline.p.modMainLaden->Laden();
     EXPECT_TRUE(offline.rapporten.isEmpty()) << offline.rapporten.join(s(", ")).toStdString();
-    EXPECT_EQ(alleGegevens(offline.d()), alleGegevens(d));
+    EXPECT_EQ(Werkplek::alleGegevens(offline.d()), Werkplek::alleGegevens(d));
     EXPECT_EQ(offline.cache(), verzegeld);
-    EXPECT_FALSE(QFileInfo::exists(offline.w.pad(s("Data/Tijdelijk.ini"))));
+    EXPECT_FALSE(QFileInfo::exists(offline.pad(s("Data/Tijdelijk.ini"))));
 }

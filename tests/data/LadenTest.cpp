@@ -1,15 +1,16 @@
 // The whole load against a scripted server: the order of its messages, the sealed cache, the
 // offline start, and a link lost halfway.
+#include "core/Ansi.h"
 #include "core/IniDocument.h"
 #include "data/SealedCache.h"
-#include "tests/data/DataWerkplek.h"
+#include "tests/support/ScriptedPeer.h"
+#include "tests/support/Werkplek.h"
 
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::alleGegevens;
-using tk::test::DataWerkplek;
 using tk::test::ScriptedPeer;
+using tk::test::Werkplek;
 using Levering = ScriptedPeer::Levering;
 
 namespace {
@@ -100,15 +101,15 @@ TEST(LadenTest, AFullLoadAsksEverythingInOrderAndSealsTheRawAnswers) {
     const QList<Stap> school = schoolScript();
     speel(peer, school);
     peer.op(s("HLPOPS*"), s("HLPOPS"));
-    DataWerkplek dw(peer.poort());
-    dw.w.platform.fakeEnvironment().setComputerName(s("LOKAAL-12"));
+    Werkplek dw(Werkplek::gegevens, peer.poort());
+    dw.platform.fakeEnvironment().setComputerName(s("LOKAAL-12"));
     // A stored report that did not reach the server ("nee" in any case) goes out last; a sent
     // one does not.
-    dw.w.schrijf(s("Data/Foutrapportage.ini"),
-                 "[Foutrapportage]\r\nLaatste ID=2\r\nAantal=2\r\n"
-                 "[ID=1]\r\nDatum=1-2-2024\r\nProcedure=frmMain.X\r\nVerstuurd=Ja\r\n"
-                 "[ID=2]\r\nDatum=2-2-2024\r\nProcedure=modData.LaadKlassen\r\nLijn=9\r\n"
-                 "Omschrijving=kapot\r\nVerstuurd=nee\r\n");
+    dw.schrijf(s("Data/Foutrapportage.ini"),
+               "[Foutrapportage]\r\nLaatste ID=2\r\nAantal=2\r\n"
+               "[ID=1]\r\nDatum=1-2-2024\r\nProcedure=frmMain.X\r\nVerstuurd=Ja\r\n"
+               "[ID=2]\r\nDatum=2-2-2024\r\nProcedure=modData.LaadKlassen\r\nLijn=9\r\n"
+               "Omschrijving=kapot\r\nVerstuurd=nee\r\n");
 
     dw.laadOnline();
 
@@ -121,7 +122,7 @@ TEST(LadenTest, AFullLoadAsksEverythingInOrderAndSealsTheRawAnswers) {
     EXPECT_TRUE(peer.ontvangen.last().contains(s("modData.LaadKlassen in lijn 9|kapot")));
     EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join(s("\n")).toStdString();
     EXPECT_TRUE(dw.rapporten.isEmpty()) << dw.rapporten.join(s(", ")).toStdString();
-    EXPECT_EQ(dw.w.p.modMain.LeesIni(s("ID=2"), s("Verstuurd"), s("\\Data\\Foutrapportage.ini")),
+    EXPECT_EQ(dw.p.modMain.LeesIni(s("ID=2"), s("Verstuurd"), s("\\Data\\Foutrapportage.ini")),
               s("Ja"));
 
     // The tables as loaded.
@@ -145,7 +146,7 @@ TEST(LadenTest, AFullLoadAsksEverythingInOrderAndSealsTheRawAnswers) {
                                        s("LERAAR|Jansen|2"), s("LERAAR|Bakker|4")}));
 
     // The plain copy is gone; the sealed one holds the raw answers under their keys.
-    EXPECT_FALSE(QFileInfo::exists(dw.w.pad(s("Data/Tijdelijk.ini"))));
+    EXPECT_FALSE(QFileInfo::exists(dw.pad(s("Data/Tijdelijk.ini"))));
     const IniDocument cache = ontcijfer(dw.cache());
     struct Sleutel {
         const char* sectie;
@@ -185,8 +186,8 @@ TEST(LadenTest, TheGlobalAccountOfANetworkWorkstationLoadsNoApplicationsOrLists)
             !stap.verwacht.startsWith(s("LDNIVW")) && stap.verwacht != u"LDNITS")
             script.append(stap);
     speel(peer, script);
-    DataWerkplek dw(peer.poort());
-    dw.w.platform.fakeEnvironment().setVariable(s("USERNAME"), s("global"));
+    Werkplek dw(Werkplek::gegevens, peer.poort());
+    dw.platform.fakeEnvironment().setVariable(s("USERNAME"), s("global"));
     dw.laadOnline();
     EXPECT_TRUE(peer.klaar());
     EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join(s("\n")).toStdString();
@@ -196,7 +197,7 @@ TEST(LadenTest, TheGlobalAccountOfANetworkWorkstationLoadsNoApplicationsOrLists)
 TEST(LadenTest, AnOfflineStartLoadsTheSameTablesAsTheOnlineLoadDid) {
     ScriptedPeer peer;
     speel(peer, schoolScript());
-    DataWerkplek online(peer.poort());
+    Werkplek online(Werkplek::gegevens, peer.poort());
     online.laadOnline();
     ASSERT_TRUE(peer.klaar());
     const QByteArray verzegeld = online.cache();
@@ -206,24 +207,24 @@ TEST(LadenTest, AnOfflineStartLoadsTheSameTablesAsTheOnlineLoadDid) {
     // sets as a Network workstation does.
     for (const bool beheer : {false, true}) {
         SCOPED_TRACE(beheer ? "Management" : "Network");
-        DataWerkplek offline;
-        offline.w.p.modMain.ModusNetwerk = !beheer;
-        offline.w.p.modMain.ModusBeheer = beheer;
-        offline.w.schrijf(s("Data/data.tijdelijk"), verzegeld);
-        offline.w.p.modMainLaden->Laden();
-        EXPECT_EQ(alleGegevens(offline.d()), alleGegevens(online.d()));
-        EXPECT_EQ(offline.w.p.frmMain->Domein, s("SCHOOL"));
+        Werkplek offline(Werkplek::gegevens);
+        offline.p.modMain.ModusNetwerk = !beheer;
+        offline.p.modMain.ModusBeheer = beheer;
+        offline.schrijf(s("Data/data.tijdelijk"), verzegeld);
+        offline.p.modMainLaden->Laden();
+        EXPECT_EQ(Werkplek::alleGegevens(offline.d()), Werkplek::alleGegevens(online.d()));
+        EXPECT_EQ(offline.p.frmMain->Domein, s("SCHOOL"));
         EXPECT_TRUE(offline.rapporten.isEmpty()) << offline.rapporten.join(s(", ")).toStdString();
         // The cache is believed and left as it was; no plain copy remains.
         EXPECT_EQ(offline.cache(), verzegeld);
-        EXPECT_FALSE(QFileInfo::exists(offline.w.pad(s("Data/Tijdelijk.ini"))));
+        EXPECT_FALSE(QFileInfo::exists(offline.pad(s("Data/Tijdelijk.ini"))));
     }
 }
 
 TEST(LadenTest, ALinkLostHalfwayReadsTheRestFromTheCacheAndKeepsTheOldCache) {
     ScriptedPeer eerste;
     speel(eerste, schoolScript());
-    DataWerkplek online(eerste.poort());
+    Werkplek online(Werkplek::gegevens, eerste.poort());
     online.laadOnline();
     const QByteArray verzegeld = online.cache();
 
@@ -234,8 +235,8 @@ TEST(LadenTest, ALinkLostHalfwayReadsTheRestFromTheCacheAndKeepsTheOldCache) {
                    {s("LDNKLSSNC"), s("LDNKLSSNC1|9")},
                    {s("LDNKLSDA0"), s("LDNKLSDA0|") + klas(3, "Groep 3 nieuw")}});
     tweede.op(s("LDNKLSDA1"), QString(), Levering::Sluiten);
-    DataWerkplek dw(tweede.poort());
-    dw.w.schrijf(s("Data/data.tijdelijk"), verzegeld);
+    Werkplek dw(Werkplek::gegevens, tweede.poort());
+    dw.schrijf(s("Data/data.tijdelijk"), verzegeld);
     dw.laadOnline();
 
     EXPECT_TRUE(tweede.klaar());
@@ -245,17 +246,17 @@ TEST(LadenTest, ALinkLostHalfwayReadsTheRestFromTheCacheAndKeepsTheOldCache) {
     EXPECT_EQ(d.Klassen(1, 0), s("Groep 7"));
     EXPECT_EQ(d.LaatsteKlasID, s("9"));
     // Everything after it came from the cache as well.
-    const QStringList nu = alleGegevens(d);
-    const QStringList toen = alleGegevens(online.d());
+    const QStringList nu = Werkplek::alleGegevens(d);
+    const QStringList toen = Werkplek::alleGegevens(online.d());
     for (const QString& regel : toen) {
         if (!regel.startsWith(s("Klassen")) && !regel.startsWith(s("LaatsteKlasID")) &&
             !regel.startsWith(s("Accounts"))) {
             EXPECT_TRUE(nu.contains(regel)) << regel.toStdString();
         }
     }
-    EXPECT_TRUE(dw.w.p.frmMain->Offline);
+    EXPECT_TRUE(dw.p.frmMain->Offline);
     EXPECT_EQ(dw.cache(), verzegeld);
-    EXPECT_FALSE(QFileInfo::exists(dw.w.pad(s("Data/Tijdelijk.ini"))));
+    EXPECT_FALSE(QFileInfo::exists(dw.pad(s("Data/Tijdelijk.ini"))));
 }
 
 TEST(LadenTest, PositionsAndFavouritesOpenAndSealTheCacheThemselves) {
@@ -264,7 +265,7 @@ TEST(LadenTest, PositionsAndFavouritesOpenAndSealTheCacheThemselves) {
     peer.op(s("LDNAPPPOSK12"), s("LDNAPPPOS5|app|10x20><a4|app|30x40"))
         .op(s("LDNAPPPOSL7"), s("LDNAPPPOS"))
         .op(s("LDNFAVGroep3"), s("LDNFAV1|Ja|Nee|Nee;<>;http://a.nl|A||Ja><http://b.nl|B||Nee"));
-    DataWerkplek dw(peer.poort());
+    Werkplek dw(Werkplek::gegevens, peer.poort());
     dw.laadOnline();
     ModData& d = dw.d();
 
@@ -285,12 +286,12 @@ TEST(LadenTest, PositionsAndFavouritesOpenAndSealTheCacheThemselves) {
     EXPECT_TRUE(cache.value(s("Favorieten"), s("Groep3")).has_value());
     // The rest of the cache stayed with them.
     EXPECT_EQ(cache.value(s("Groepen"), s("Info")), s("1|7"));
-    EXPECT_FALSE(QFileInfo::exists(dw.w.pad(s("Data/Tijdelijk.ini"))));
+    EXPECT_FALSE(QFileInfo::exists(dw.pad(s("Data/Tijdelijk.ini"))));
 
     // Without the link the same answers come from the cache.
     peer.sluit();
-    dw.pompVoor(100);
-    ASSERT_FALSE(dw.w.p.modMain.Verbonden());
+    tk::test::pompVoor(100);
+    ASSERT_FALSE(dw.p.modMain.Verbonden());
     const QByteArray verzegeld = dw.cache();
     EXPECT_EQ(d.LaadApplicatiePosities(0, s("12")), s("5|app|10x20><a4|app|30x40"));
     EXPECT_EQ(d.LaadFavorieten(s("Groep3")), fav);
@@ -306,12 +307,12 @@ TEST(LadenTest, ASplitReplyIsTakenCutAndAMergedOneAsOnePayload) {
             Levering::Samengevoegd)
         .zelf(s("PIN"))
         .op(s("LDNITS"), s("LDNITSgoed.nl"));
-    DataWerkplek dw(peer.poort());
+    Werkplek dw(Werkplek::gegevens, peer.poort());
     ASSERT_TRUE(dw.verbind());
     ModData& d = dw.d();
     // One read is one message: the first half is the whole answer and the second is dropped.
     EXPECT_EQ(d.LaadApplicatiePosities(0, s("3")), s("5|app|1"));
-    dw.pompVoor(150);
+    tk::test::pompVoor(150);
     // The keep-alive that came in the same read is part of the payload and is not answered.
     const Favorieten fav = d.LaadFavorieten(s("Groep3"));
     ASSERT_EQ(fav.Lijst.size(), 1);

@@ -1,11 +1,12 @@
 // The lookups, the save payloads and the deletes of modData.
-#include "tests/data/DataWerkplek.h"
+#include "tests/support/ScriptedPeer.h"
+#include "tests/support/Werkplek.h"
 
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::DataWerkplek;
 using tk::test::ScriptedPeer;
+using tk::test::Werkplek;
 
 namespace {
 
@@ -21,7 +22,7 @@ void vulRij(FixedTable& tabel, int rij, const QString& voorvoegsel) {
 } // namespace
 
 TEST(ZoekenTest, LookupsTellRowZeroFromAMissOnlyWhereTheyCan) {
-    DataWerkplek dw;
+    Werkplek dw(Werkplek::gegevens);
     ModData& d = dw.d();
     d.Applicaties[0](0, 0) = s("5");
     d.Applicaties[0](1, 0) = s("9");
@@ -62,13 +63,13 @@ TEST(ZoekenTest, LookupsTellRowZeroFromAMissOnlyWhereTheyCan) {
     EXPECT_EQ(d.naamVan(s("LERAAR"), s("12")), s("Bakker, Piet de"));
     EXPECT_EQ(d.naamVan(s("LERAAR"), s("13")), QString());
     // The location text of a fault report names the class.
-    dw.w.p.modMainVerbinding->GeefLocatieDoor(s("GROEP|3"));
-    EXPECT_TRUE(dw.w.p.modMain.Locatie.contains(s("Groep 3")));
+    dw.p.modMainVerbinding->GeefLocatieDoor(s("GROEP|3"));
+    EXPECT_TRUE(dw.p.modMain.Locatie.contains(s("Groep 3")));
     EXPECT_TRUE(dw.rapporten.isEmpty());
 }
 
 TEST(ZoekenTest, ApplicationsAreGroupedByCategoryInOrderOfFirstUse) {
-    DataWerkplek dw;
+    Werkplek dw(Werkplek::gegevens);
     ModData& d = dw.d();
     const char* const apps[][3] = {{"1", "10", ""}, {"2", "20", ""}, {"3", "10", ""}};
     for (int i = 0; i < 3; ++i) {
@@ -95,7 +96,7 @@ TEST(ZoekenTest, ApplicationsAreGroupedByCategoryInOrderOfFirstUse) {
 }
 
 TEST(OpslaanTest, RecordsGoOutWithTheirColumnsInTheWireOrder) {
-    DataWerkplek dw;
+    Werkplek dw(Werkplek::gegevens);
     ModData& d = dw.d();
     vulRij(d.Klassen, 0, s("k"));
     vulRij(d.Leraren, 0, s("l"));
@@ -123,7 +124,7 @@ TEST(OpslaanTest, SavesAndDeletesWaitForTheirAnswersAndMoveLaterRowsUp) {
         .op(s("OPSINSx;<>;y"), s("OPSINSFOUT"))
         .op(s("OPSFAVLeraar8;<>;1|Ja|Nee|Nee;<>;http://a.nl|A||Ja><http://b.nl|B||Nee"),
             s("OPSFAVOK"));
-    DataWerkplek dw(peer.poort());
+    Werkplek dw(Werkplek::gegevens, peer.poort());
     ASSERT_TRUE(dw.verbind());
     ModData& d = dw.d();
     for (int rij = 0; rij < 3; ++rij)
@@ -169,7 +170,7 @@ TEST(OpslaanTest, SavesAndDeletesWaitForTheirAnswersAndMoveLaterRowsUp) {
 
     // Without the link nothing is saved or deleted.
     peer.sluit();
-    dw.pompVoor(100);
+    tk::test::pompVoor(100);
     EXPECT_FALSE(d.VerwijderKlas(0));
     EXPECT_FALSE(d.Klassen.vrij(0));
     EXPECT_FALSE(d.OpslaanToegestaneSites());
@@ -203,7 +204,7 @@ TEST(OpslaanTest, TheWordListGoesInPiecesUnder2000CharactersAfterTheFirstWithAPl
         peer.op(s("TST"), s("TST"));
         for (int i = 0; i < c.stukken; ++i)
             peer.op(s("OPSVBW;<*"), s("OPSVBWOK"));
-        DataWerkplek dw(peer.poort());
+        Werkplek dw(Werkplek::gegevens, peer.poort());
         ASSERT_TRUE(dw.verbind());
         dw.d().VerbodenWoorden = c.woorden;
         EXPECT_TRUE(dw.d().OpslaanVerbodenWoorden());

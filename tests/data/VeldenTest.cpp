@@ -1,16 +1,17 @@
 // The field mappings of the loaders, their edge cases, and bad input from the server and from
 // the cache.
+#include "core/Ansi.h"
 #include "data/SealedCache.h"
-#include "tests/data/DataWerkplek.h"
 #include "tests/support/OpnameSchermen.h"
+#include "tests/support/ScriptedPeer.h"
+#include "tests/support/Werkplek.h"
 
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::alleGegevens;
-using tk::test::DataWerkplek;
 using tk::test::OpnameStartscherm;
 using tk::test::ScriptedPeer;
+using tk::test::Werkplek;
 
 namespace {
 
@@ -40,7 +41,7 @@ TEST(VeldenTest, ClassAndTeacherRecordsMapTheirFieldsWithTheirEdgeCases) {
                                 velden(14, "c"))
         .op(s("LDNLRNSNC"), s("LDNLRNSNC0|3"))
         .op(s("LDNLRNDA0"), s("LDNLRNDA0|") + velden(15, "d") + s(";|;") + velden(16, "e"));
-    DataWerkplek dw(peer.poort());
+    Werkplek dw(Werkplek::gegevens, peer.poort());
     ASSERT_TRUE(dw.verbind());
     ModData& d = dw.d();
     // What stood there before: a load writes over it, column by column.
@@ -96,12 +97,12 @@ TEST(VeldenTest, EmptyCountsAndAnswersLoadNothingAndKeepTheLastIDs) {
         .op(s("LDNKLSSNC"), s("LDNKLSSNC0|"))
         .op(s("LDNKLSDA0"), s("LDNKLSDA0|"))
         .op(s("LDNIVWINF"), s("LDNIVWINF0"));
-    DataWerkplek dw(peer.poort());
+    Werkplek dw(Werkplek::gegevens, peer.poort());
     ASSERT_TRUE(dw.verbind());
     ModData& d = dw.d();
     int balk = 0;
     OpnameStartscherm startscherm;
-    dw.w.p.startScreenEvents = &startscherm;
+    dw.p.startScreenEvents = &startscherm;
     startscherm.bijLaadbalk = [&] { balk += d.laadbalk.zichtbaar; };
     d.Applicaties[0](0, 0) = s("oud");
     d.Categorien[0](0, 0) = s("oud");
@@ -138,12 +139,12 @@ TEST(VeldenTest, TheWordListShowsItsBarAboveFivePagesAndDropsThePageMarks) {
                     QStringLiteral("LDNIVWPA%1w%1|xPA%1y").arg(i));
             verwacht.append(QStringLiteral("w%1|xy").arg(i));
         }
-        DataWerkplek dw(peer.poort());
+        Werkplek dw(Werkplek::gegevens, peer.poort());
         ASSERT_TRUE(dw.verbind());
         ModData& d = dw.d();
         int hoogste = 0;
         OpnameStartscherm startscherm;
-        dw.w.p.startScreenEvents = &startscherm;
+        dw.p.startScreenEvents = &startscherm;
         startscherm.bijLaadbalk = [&] {
             if (d.laadbalk.zichtbaar)
                 hoogste = std::max(hoogste, d.laadbalk.maximum);
@@ -250,7 +251,7 @@ TEST(VeldenTest, BadRecordsAreReportedByTheirLoaderAndKeepWhatWasStored) {
         peer.op(s("TST"), s("TST"));
         for (const auto& [verwacht, antwoord] : c.script)
             peer.op(verwacht, antwoord);
-        DataWerkplek dw(peer.poort());
+        Werkplek dw(Werkplek::gegevens, peer.poort());
         ASSERT_TRUE(dw.verbind());
         ModData& d = dw.d();
         d.Klassen(0, 0) = d.Klassen(1, 0) = s("oud");
@@ -281,7 +282,7 @@ TEST(VeldenTest, AForeignTruncatedOrEmptyCacheIsReportedAndLeftAsItWas) {
         peer.op(s(verder), s(verder) + s("0|1"));
     for (const char* verder : {"LDNIVWINF", "LDNITS", "LDNMOD", "LDNPRN"})
         peer.op(s(verder), s(verder) + s("0"));
-    DataWerkplek online(peer.poort());
+    Werkplek online(Werkplek::gegevens, peer.poort());
     online.laadOnline();
     ASSERT_TRUE(peer.klaar());
     const QByteArray goed = online.cache();
@@ -315,18 +316,18 @@ TEST(VeldenTest, AForeignTruncatedOrEmptyCacheIsReportedAndLeftAsItWas) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.naam);
-        DataWerkplek offline;
-        offline.w.schrijf(s("Data/data.tijdelijk"), c.bestand);
+        Werkplek offline(Werkplek::gegevens);
+        offline.schrijf(s("Data/data.tijdelijk"), c.bestand);
         ModData& d = offline.d();
         d.Klassen(0, 0) = s("al geladen");
         d.Leraren(1, 0) = s("al geladen");
-        offline.w.p.modMainLaden->Laden();
+        offline.p.modMainLaden->Laden();
         EXPECT_EQ(offline.rapporten, c.rapporten);
         EXPECT_EQ(d.Klassen(0, 0), c.klassenGeladen ? s("k1") : s("al geladen"));
         // The first teacher of a truncated cache is whole; the cut one stores nothing.
         EXPECT_EQ(d.Leraren(0, 0), c.klassenGeladen ? s("l0") : QString());
         EXPECT_EQ(d.Leraren(1, 0), s("al geladen"));
         EXPECT_EQ(offline.cache(), c.bestand);
-        EXPECT_FALSE(QFileInfo::exists(offline.w.pad(s("Data/Tijdelijk.ini"))));
+        EXPECT_FALSE(QFileInfo::exists(offline.pad(s("Data/Tijdelijk.ini"))));
     }
 }

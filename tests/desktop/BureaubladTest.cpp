@@ -3,16 +3,16 @@
 #include "screens/start/FrmMain.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
-#include "tests/desktop/BureaubladWerkplek.h"
 #include "tests/support/OpnameSchermen.h"
+#include "tests/support/Werkplek.h"
 
 #include <QFontMetrics>
 #include <QSettings>
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::BureaubladWerkplek;
 using tk::test::OpnameSchermen;
+using tk::test::Werkplek;
 
 namespace {
 
@@ -40,7 +40,7 @@ TEST(BureaubladRasterTest, SixColumnsOfSixThenThreeOfThreeAndNoPlaceBeyond) {
 }
 
 TEST(BureaubladTest, FortySixItemsPutTheLastOneAtTheOrigin) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     for (int i = 0; i < 46; ++i)
         w.applicatie(0, i, QString::number(i + 1), "App " + QString::number(i + 1));
     w.klas(0, "Groep 1", "12", ids(1, 46), "Nee");
@@ -60,7 +60,7 @@ TEST(BureaubladTest, FortySixItemsPutTheLastOneAtTheOrigin) {
 }
 
 TEST(BureaubladTest, EmptyItemsKeepTheirGridPlaceOnlyWhenNoPlacesAreStored) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     for (int i = 0; i < 3; ++i)
         w.applicatie(0, i, QString::number(i + 1), "App");
 
@@ -81,7 +81,7 @@ TEST(BureaubladTest, EmptyItemsKeepTheirGridPlaceOnlyWhenNoPlacesAreStored) {
 }
 
 TEST(BureaubladTest, StoredPlacesMatchKindAndIdAndBadItemsAreLeftOut) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.applicatie(1, 0, "4", "Eigen");
     w.applicatie(2, 0, "4", "Algemeen");
     w.leraar(0, "Vries", "Jan", "de", "21", "appel", "4| a4 |cdrom");
@@ -101,7 +101,7 @@ TEST(BureaubladTest, StoredPlacesMatchKindAndIdAndBadItemsAreLeftOut) {
 TEST(BureaubladTest, StoredPlacesBeyondAnyScreenTakeAPlaceOfTheGrid) {
     // A damaged record from the server: places at the ends of the number range would run the
     // icon's and its name's pixel sums past what an int holds.
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     for (int i = 0; i < 3; ++i)
         w.applicatie(0, i, QString::number(i + 1), "App");
     w.klas(0, "Groep 1", "12", "1|2|3", "Nee");
@@ -117,7 +117,7 @@ TEST(BureaubladTest, StoredPlacesBeyondAnyScreenTakeAPlaceOfTheGrid) {
 }
 
 TEST(BureaubladTest, InternetIconOnlyForAnOwnerWithInternet) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.applicatie(0, 0, "1", "App");
     w.klas(0, "Zonder", "12", "1", "Nee");
     w.klas(1, "Met", "13", "1", "Ja");
@@ -139,7 +139,7 @@ TEST(BureaubladTest, InternetIconOnlyForAnOwnerWithInternet) {
 }
 
 TEST(BureaubladTest, TeacherHeaderLeavesOutAnEmptyMiddleName) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.leraar(0, "Jansen", "Petra", "", "21", "peer");
     w.leraar(1, "Vries", "Jan", "de", "22", "appel");
     w.b().Openen(1, "21");
@@ -151,7 +151,7 @@ TEST(BureaubladTest, TeacherHeaderLeavesOutAnEmptyMiddleName) {
 }
 
 TEST(BureaubladTest, IconReferencesThatCannotBeDrawnShowTheBlankPicture) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     const QImage geen = FrmBureaubladBeelden::Geen();
     w.applicatie(0, 0, "1", "Goed", "standaard|3");
     w.applicatie(0, 1, "2", "Te groot", "standaard|999");
@@ -179,7 +179,7 @@ TEST(BureaubladTest, IconReferencesThatCannotBeDrawnShowTheBlankPicture) {
 }
 
 TEST(BureaubladTest, AnOwnIconIsCopiedToTheShortcutThatStarts) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     QDir().mkpath(w.pad("Afbeeldingen/Pictogrammen/Applicaties/Algemeen"));
     QFile::copy(QStringLiteral(TK_STANDARD_ICL),
                 w.pad("Afbeeldingen/Pictogrammen/Applicaties/Algemeen/8.pic"));
@@ -192,7 +192,7 @@ TEST(BureaubladTest, AnOwnIconIsCopiedToTheShortcutThatStarts) {
 }
 
 TEST(BureaubladTest, AnOwnShortcutThatIsADesktopEntryShowsTheEntrysIcon) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     QImage rood(48, 48, QImage::Format_ARGB32);
     rood.fill(QColor(220, 20, 20));
     ASSERT_TRUE(rood.save(w.pad("rood.png")));
@@ -209,7 +209,7 @@ TEST(BureaubladTest, AnOwnShortcutThatIsADesktopEntryShowsTheEntrysIcon) {
 }
 
 TEST(BureaubladTest, NamesBreakAtTwelveCharactersCentredUnderTheIcon) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.applicatie(0, 0, "1", "Rekenen met breuken");
     w.applicatie(0, 1, "2", "Klok");
     w.klas(0, "Groep 1", "12", "1|2", "Nee");
@@ -226,7 +226,7 @@ TEST(BureaubladTest, NamesBreakAtTwelveCharactersCentredUnderTheIcon) {
 }
 
 TEST(BureaubladTest, HoverHighlightsTheNameAndTheTooltipTellsWhatItIs) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.d().Categorien[0](0, 0) = "5";
     w.d().Categorien[0](0, 1) = "Rekenen";
     w.d().Categorien[0](1, 0) = "6";
@@ -268,7 +268,7 @@ TEST(BureaubladTest, HoverHighlightsTheNameAndTheTooltipTellsWhatItIs) {
 }
 
 TEST(BureaubladTest, LeftClickStartsTheApplicationAndCountsTheStart) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     auto& started = w.platform.fakeProcesses().started;
     w.applicatie(0, 0, "1", "Eigen", "standaard|1", "/bin/true");
     w.applicatie(2, 0, "7", "Algemeen", "standaard|1", "/bin/echo");
@@ -296,7 +296,7 @@ TEST(BureaubladTest, LeftClickStartsTheApplicationAndCountsTheStart) {
 }
 
 TEST(BureaubladTest, TheInternetIconSaysTheBrowserIsNotThereAndLogsIt) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.klas(0, "Groep 1", "12", "", "Ja");
     w.b().Openen(0, "12");
     w.b().Form_MouseUp(1, 930, 260);
@@ -307,7 +307,7 @@ TEST(BureaubladTest, TheInternetIconSaysTheBrowserIsNotThereAndLogsIt) {
 }
 
 TEST(BureaubladTest, TheInternetIconOpensTheBrowserOfTheOwnerAndTheDesktopHidesIt) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     OpnameSchermen schermen;
     schermen.elders = true;
     w.p.schermen = &schermen;
@@ -324,7 +324,7 @@ TEST(BureaubladTest, TheInternetIconOpensTheBrowserOfTheOwnerAndTheDesktopHidesI
 }
 
 TEST(BureaubladTest, BackgroundFallsBackForAClassOnlyAndNoneMeansNone) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.klas(0, "Bestaat", "1", "", "Nee", "Zee.jpg");
     w.klas(1, "Ontbreekt", "2", "", "Nee", "Weg.jpg");
     w.klas(2, "Geen", "3", "", "Nee", "Geen");
@@ -343,7 +343,7 @@ TEST(BureaubladTest, BackgroundFallsBackForAClassOnlyAndNoneMeansNone) {
 }
 
 TEST(BureaubladAanmeldenTest, TheListNamesEveryTeacherOrSaysThereAreNone) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.b().Openen(2, "");
     EXPECT_TRUE(w.b().picAanmeldenZichtbaar);
     EXPECT_EQ(w.b().cmbAanmelden, QStringList{w.p.modTaal.LaadTekst(719)});
@@ -380,7 +380,7 @@ TEST(BureaubladAanmeldenTest, PasswordDecisions) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.naam);
-        BureaubladWerkplek w;
+        Werkplek w(Werkplek::bureaublad);
         w.applicatie(1, 0, "3", "Lesprogramma");
         w.leraar(0, "Jansen", "Petra", "", "21", "peer");
         w.leraar(1, "Vries", "Jan", "de", "22", c.opgeslagen, "3", "jvries");
@@ -414,7 +414,7 @@ TEST(BureaubladAanmeldenTest, PasswordDecisions) {
 }
 
 TEST(BureaubladOnderhoudTest, WithoutTheModuleTheTeacherIsToldAndTheLogSaysWhy) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.klas(0, "Groep 1", "12", "", "Nee");
     w.klas(1, "Groep 2", "13", "", "Nee");
     w.leraar(0, "Vries", "Jan", "de", "22", "appel");
@@ -432,7 +432,7 @@ TEST(BureaubladOnderhoudTest, WithoutTheModuleTheTeacherIsToldAndTheLogSaysWhy) 
 }
 
 TEST(BureaubladTest, LoggingOffLeavesNothingOpen) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.klas(0, "Groep 1", "12", "", "Ja");
     w.b().Openen(0, "12");
     ASSERT_TRUE(w.p.BureaubladOpen);
@@ -450,7 +450,7 @@ TEST(BureaubladTest, LoggingOffLeavesNothingOpen) {
 }
 
 TEST(BureaubladStartschermTest, AClassClickOpensItsDesktopAndLogOffBringsTheSchoolBack) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/2/"));
     w.applicatie(0, 0, "1", "Rekenen");
     w.klas(0, "Groep 1", "12", "1", "Nee");
@@ -505,7 +505,7 @@ TEST(BureaubladStartschermTest, AClassClickOpensItsDesktopAndLogOffBringsTheScho
 }
 
 TEST(BureaubladTest, LoggingOffWhileAProgramRunsInItsModeGivesTheScreenBackAndTheDesktopStaysGone) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.applicatie(0, 0, "1", "Rekenen");
     w.klas(0, "Groep 1", "12", "1", "Nee");
     w.b().Openen(0, "12");

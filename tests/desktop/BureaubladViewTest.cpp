@@ -1,6 +1,6 @@
 #include "screens/desktop/FrmBureaubladView.h"
-#include "tests/desktop/BureaubladWerkplek.h"
 #include "tests/screens/PngBewaren.h"
+#include "tests/support/Werkplek.h"
 
 #include <QCoreApplication>
 #include <QLineEdit>
@@ -10,7 +10,7 @@
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::BureaubladWerkplek;
+using tk::test::Werkplek;
 
 namespace {
 
@@ -34,7 +34,7 @@ int verschillen(const QImage& scherm, const QImage& icoon, QPoint plek) {
 } // namespace
 
 TEST(BureaubladViewTest, IconsStandAtTheirPlacesOnTheCentredCanvas) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.applicatie(0, 0, "1", "Rekenen", "standaard|0");
     w.applicatie(0, 1, "2", "Klok", "standaard|10");
     w.applicatie(0, 2, "3", "Geplaatst", "standaard|5");
@@ -67,7 +67,7 @@ TEST(BureaubladViewTest, IconsStandAtTheirPlacesOnTheCentredCanvas) {
 }
 
 TEST(BureaubladViewTest, TheMouseReachesTheModel) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.applicatie(0, 0, "1", "Rekenen", "standaard|0", "/bin/true");
     w.klas(0, "Groep 1", "12", "1", "Nee");
     FrmBureaubladView view(w.b());
@@ -83,7 +83,7 @@ TEST(BureaubladViewTest, TheMouseReachesTheModel) {
 }
 
 TEST(BureaubladViewTest, HoverTooltipAndTeacherPanelAreDrawn) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.d().Categorien[0](0, 0) = "5";
     w.d().Categorien[0](0, 1) = "Rekenen";
     for (int i = 0; i < 14; ++i)
@@ -119,7 +119,7 @@ TEST(BureaubladViewTest, HoverTooltipAndTeacherPanelAreDrawn) {
 }
 
 TEST(BureaubladViewTest, TheTeachersPasswordFieldAndButtonDriveTheModel) {
-    BureaubladWerkplek w;
+    Werkplek w(Werkplek::bureaublad);
     w.applicatie(1, 0, "3", "Lesprogramma");
     w.leraar(0, "Vries", "Jan", "de", "22", "appel", "3", "jvries");
     FrmBureaubladView view(w.b());

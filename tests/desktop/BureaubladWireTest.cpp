@@ -5,10 +5,10 @@
 #include "link/ModMainVerbinding.h"
 #include "screens/desktop/FrmBureaublad.h"
 #include "tests/support/ScriptedPeer.h"
+#include "tests/support/WaitUntil.h"
 #include "tests/support/Werkplek.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <gtest/gtest.h>
 
 using namespace tk;
@@ -45,12 +45,6 @@ struct VerbondenBureaublad {
     bool verbind() {
         return w.p.modMainVerbinding->BepaalServerlocatie() && w.p.frmMain->ServerVerbinden(true);
     }
-    void pomp(int ms) {
-        QElapsedTimer t;
-        t.start();
-        while (t.elapsed() < ms)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
     QPoint plek(int rij) {
         for (const auto& i : w.p.frmBureaublad->zichtbareIconen)
             if (i.rij == rij)
@@ -85,7 +79,7 @@ TEST(BureaubladWireTest, ACutAnswerOfThePlacesLeavesTheCutItemToTheGrid) {
     VerbondenBureaublad v(peer.poort());
     ASSERT_TRUE(v.verbind());
     v.w.p.frmBureaublad->Openen(0, "3");
-    v.pomp(150);
+    tk::test::pompVoor(150);
     FrmBureaublad& b = *v.w.p.frmBureaublad;
     ASSERT_EQ(b.zichtbareIconen.size(), 3);
     EXPECT_EQ(b.posApplicatie.size(), qsizetype(1));
@@ -108,25 +102,4 @@ TEST(BureaubladWireTest, AnAnswerMergedWithAKeepAliveStillOpensTheDesktop) {
     EXPECT_TRUE(b.posApplicatie.isEmpty());
     EXPECT_EQ(b.zichtbareIconen.size(), 3);
     EXPECT_EQ(v.plek(1), FrmBureaublad::RasterPlek(1));
-}
-
-TEST(BureaubladWireTest, AStartIsCountedWithoutWaitingForAnAnswer) {
-    ScriptedPeer peer;
-    peer.op("TST", "TST")
-        .op("LDNAPPPOSK3", "LDNAPPPOS")
-        .op("OPSTEL6|3|0", "", Levering::Stil)
-        .op("LDNKLSSNC", "LDNKLSSNC0|3");
-    VerbondenBureaublad v(peer.poort());
-    ASSERT_TRUE(v.verbind());
-    FrmBureaublad& b = *v.w.p.frmBureaublad;
-    b.Openen(0, "3");
-    const QPoint op = v.plek(1) + QPoint(5, 5);
-    b.Form_MouseUp(1, op.x(), op.y());
-    EXPECT_EQ(v.w.platform.fakeProcesses().started.size(), 1);
-    // The link goes on at once: the next question is the next message the server reads.
-    v.w.p.modMain.AntwoordOntvangen = false;
-    v.w.p.frmMain->WS_Versturen("LDNKLSSNC", false);
-    v.w.p.wacht.Tot([&] { return v.w.p.modMain.AntwoordOntvangen; });
-    EXPECT_TRUE(peer.klaar());
-    EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join('/').toStdString();
 }

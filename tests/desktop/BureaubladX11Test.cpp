@@ -1,10 +1,10 @@
 // The desktop's window on a real X server with openbox: a desktop window that stays under the
 // programs started from it and fills the screen.
 #include "screens/desktop/FrmBureaubladView.h"
-#include "tests/desktop/BureaubladWerkplek.h"
 #include "tests/platform/X11TestSessie.h"
 #include "tests/platform/X11VenstersPlatform.h"
 #include "tests/support/WaitUntil.h"
+#include "tests/support/Werkplek.h"
 
 #include <QCoreApplication>
 #include <gtest/gtest.h>
@@ -49,7 +49,7 @@ struct XBureaublad {
     X11VenstersPlatform platform;
     Programma p;
     tk::test::ScriptedDialogs dialogen;
-    tk::test::AntwoordKanaal kanaal;
+    tk::test::OpnameKanaal kanaal;
 };
 
 } // namespace

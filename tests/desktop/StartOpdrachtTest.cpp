@@ -1,19 +1,19 @@
 // How a start command of an application is read on Linux: a program or command line, a
 // freedesktop .desktop entry, or a file or folder opened by the application chosen for it.
 #include "screens/desktop/BureaubladItem.h"
-#include "tests/desktop/DesktopWerkplek.h"
+#include "tests/support/Werkplek.h"
 
 #include <QDir>
 #include <QFile>
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::DesktopWerkplek;
+using tk::test::Werkplek;
 
 namespace {
 
 // A file below the program folder, executable when asked.
-QString maak(DesktopWerkplek& w, const QString& relatief, const QByteArray& inhoud,
+QString maak(Werkplek& w, const QString& relatief, const QByteArray& inhoud,
              bool uitvoerbaar = false) {
     w.schrijf(relatief, inhoud);
     if (uitvoerbaar)
@@ -25,7 +25,7 @@ QString maak(DesktopWerkplek& w, const QString& relatief, const QByteArray& inho
 } // namespace
 
 TEST(StartOpdrachtTest, ProgramsCommandLinesFilesAndFoldersAreRunAsTheirKindAsks) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     const QString spel = maak(w, "Programma's/Spel/spel.sh", "#!/bin/sh\n", true);
     const QString les = maak(w, "Documenten/les 1.pdf", "%PDF-1.4\n");
     w.platform.fakeEnvironment().setVariable("TEMP", w.pad("Documenten"));
@@ -60,7 +60,7 @@ TEST(StartOpdrachtTest, ProgramsCommandLinesFilesAndFoldersAreRunAsTheirKindAsks
 }
 
 TEST(StartOpdrachtTest, ADesktopEntryRunsItsExecWithFieldCodesFilledAndInItsPath) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     const QString item = maak(w, "Snelkoppelingen/tekenen.desktop",
                               "# a shortcut\n"
                               "[Desktop Entry]\n"
@@ -96,7 +96,7 @@ TEST(StartOpdrachtTest, ADesktopEntryRunsItsExecWithFieldCodesFilledAndInItsPath
 }
 
 TEST(StartOpdrachtTest, CommandsThatCannotRunAreNamed) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     maak(w, "Kapot/zonder-exec.desktop", "[Desktop Entry]\nType=Application\nName=Leeg\n");
     maak(w, "Kapot/open-aanhaling.desktop", "[Desktop Entry]\nExec=/bin/sh \"-c\n");
     maak(w, "Kapot/geen-groep.desktop", "[Iets Anders]\nExec=/bin/sh\n");
@@ -138,10 +138,10 @@ TEST(StartOpdrachtTest, CommandsThatCannotRunAreNamed) {
 TEST(StartOpdrachtTest, AnApplicationWithItsOwnShortcutStartsWhatTheShortcutSays) {
     // An "eigen" application starts its shortcut, the copy of its .pic with ".lnk" behind it;
     // on Linux that shortcut is a .desktop entry, known by its text.
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     maak(w, "Afbeeldingen/Pictogrammen/Applicaties/Algemeen/12.pic.lnk",
          "[Desktop Entry]\nType=Application\nName=Atlas\nExec=/bin/sh -c atlas\nPath=/tmp\n");
-    w.applicatie(2, 4, "12", "Atlas", "C:\\Atlas\\atlas.exe", "eigen|");
+    w.applicatie(2, 4, "12", "Atlas", "eigen|", "C:\\Atlas\\atlas.exe");
     w.s().StartApplicatieRij(2, 4, "7");
     EXPECT_TRUE(w.meldingen().isEmpty()) << w.meldingen().join('\n').toStdString();
     EXPECT_EQ(w.kanaal.verstuurd, QStringList{"OPSTEL12|7|2"});

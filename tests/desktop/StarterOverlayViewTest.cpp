@@ -1,5 +1,5 @@
 #include "screens/desktop/StarterOverlayView.h"
-#include "tests/desktop/DesktopWerkplek.h"
+#include "tests/support/Werkplek.h"
 
 #include <QDir>
 #include <QPainter>
@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::DesktopWerkplek;
+using tk::test::Werkplek;
 
 namespace {
 
@@ -38,7 +38,7 @@ int helderheid(QColor c) {
 } // namespace
 
 TEST(StarterOverlayViewTest, ShowsTheCapturedScreenUnderGreyWithTextAndButtonWhileAProgramRuns) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     w.s().Schermopname = opname;
     Bureaublad bureaublad;
     StarterOverlayView overlay(w.s(), &bureaublad);
@@ -77,7 +77,7 @@ TEST(StarterOverlayViewTest, ShowsTheCapturedScreenUnderGreyWithTextAndButtonWhi
 }
 
 TEST(StarterOverlayViewTest, WithoutACaptureTheOverlayIsPlainGrey) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     Bureaublad bureaublad;
     StarterOverlayView overlay(w.s(), &bureaublad);
     w.s().Schermopname = [] { return QImage(); };

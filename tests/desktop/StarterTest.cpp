@@ -1,10 +1,10 @@
-#include "tests/desktop/DesktopWerkplek.h"
+#include "tests/support/Werkplek.h"
 
 #include <QCoreApplication>
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::DesktopWerkplek;
+using tk::test::Werkplek;
 
 namespace {
 
@@ -12,7 +12,7 @@ QString dm(const DisplayMode& m) {
     return QStringLiteral("%1x%2x%3").arg(m.width).arg(m.height).arg(m.depth);
 }
 
-QStringList gevraagd(DesktopWerkplek& w) {
+QStringList gevraagd(Werkplek& w) {
     QStringList uit;
     for (const DisplayMode& m : w.platform.fakeDisplay().asked)
         uit << dm(m);
@@ -20,7 +20,7 @@ QStringList gevraagd(DesktopWerkplek& w) {
 }
 
 // The program has ended: tmrShellWait sees it gone twice, a moment apart.
-void tikNaEinde(DesktopWerkplek& w) {
+void tikNaEinde(Werkplek& w) {
     w.s().tmrShellWait_Timer();
     w.platform.fakeClock().advance(ModMainStarten::LeegMs);
     w.s().tmrShellWait_Timer();
@@ -29,7 +29,7 @@ void tikNaEinde(DesktopWerkplek& w) {
 } // namespace
 
 TEST(StartApplicatieTest, ASecondClickWithinTwoSecondsIsDropped) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     auto& started = w.platform.fakeProcesses().started;
     w.s().StartApplicatie("/bin/sh", "-c true", "", "1024x768x32xNEE", "Shell");
     ASSERT_EQ(started.size(), 1);
@@ -72,7 +72,7 @@ TEST(StartApplicatieTest, TheDisplayChangesOnlyForADemandThatDiffersFromThePrese
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.eis + std::string(c.beheer ? " beheer" : ""));
-        DesktopWerkplek w;
+        Werkplek w(Werkplek::starter);
         w.p.modMain.ModusBeheer = c.beheer;
         w.s().StartApplicatie("/bin/sh", "", "", c.eis, "Shell");
         ASSERT_EQ(w.platform.fakeProcesses().started.size(), 1);
@@ -110,7 +110,7 @@ TEST(StartApplicatieTest, WithoutAGivenFolderTheProgramRunsInItsOwnFolder) {
     }
 
     // The folder reaches the program; a program-relative "\" folder is made native.
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     w.schrijf("Programma's/Paint/paint.sh", "#!/bin/sh\n");
     QFile(w.pad("Programma's/Paint/paint.sh"))
         .setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
@@ -121,7 +121,7 @@ TEST(StartApplicatieTest, WithoutAGivenFolderTheProgramRunsInItsOwnFolder) {
 }
 
 TEST(StartApplicatieTest, AProgramThatDemandsAModeRunsInItAndTheDesktopComesBackAfter) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     w.s().Schermopname = [] {
         QImage beeld(1024, 768, QImage::Format_RGB32);
         beeld.fill(Qt::darkGreen);
@@ -148,7 +148,7 @@ TEST(StartApplicatieTest, AProgramThatDemandsAModeRunsInItAndTheDesktopComesBack
     EXPECT_EQ(w.s().HoogteNu, 600);
     EXPECT_EQ(w.s().ShellWachtStand, "1");
     // The taskbar learns the new height, and stays down while the program runs.
-    EXPECT_EQ(w.taakbalk, QStringList({"TekenKnop", "VensterPositie 600", "Zichtbaar 0"}));
+    EXPECT_EQ(w.opnameBalk.log, QStringList({"TekenKnop", "VensterPositie 600", "Zichtbaar 0"}));
     EXPECT_FALSE(w.s().tmrTaakbalk.isActive());
     EXPECT_EQ(w.platform.fakeWindows().log, QStringList{"ontop 77 0"});
     ASSERT_EQ(processen.started.size(), 1);
@@ -169,7 +169,7 @@ TEST(StartApplicatieTest, AProgramThatDemandsAModeRunsInItAndTheDesktopComesBack
     EXPECT_EQ(gevraagd(w), QStringList({"800x600x16", "1024x768x32"}));
     EXPECT_EQ(w.s().BreedteNu, 1024);
     EXPECT_EQ(w.s().HoogteNu, 768);
-    EXPECT_EQ(w.taakbalk.mid(3), QStringList({"VensterPositie 768", "Zichtbaar 1"}));
+    EXPECT_EQ(w.opnameBalk.log.mid(3), QStringList({"VensterPositie 768", "Zichtbaar 1"}));
     EXPECT_EQ(w.platform.fakeWindows().log, QStringList({"ontop 77 0", "ontop 77 1"}));
     EXPECT_TRUE(w.s().tmrTaakbalk.isActive());
     EXPECT_EQ(w.getoond, 1);
@@ -181,7 +181,7 @@ TEST(StartApplicatieTest, AProgramThatDemandsAModeRunsInItAndTheDesktopComesBack
 }
 
 TEST(StartApplicatieTest, CloseProgramEndsEverythingTheStartGaveAndRestores) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     auto& processen = w.platform.fakeProcesses();
     w.s().StartApplicatie("/bin/sh", "", "", "800x600x32xNEE", "Rekenen");
     const qint64 pid = w.s().ShellProces;
@@ -202,22 +202,22 @@ TEST(StartApplicatieTest, CloseProgramEndsEverythingTheStartGaveAndRestores) {
 }
 
 TEST(StartApplicatieTest, ADesktopThatGoesWhileAProgramRunsInItsModeLeavesTheScreenAsItWas) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     w.s().StartApplicatie("/bin/sh", "", "", "800x600x16xNEE", "Rekenen");
     ASSERT_EQ(w.platform.fakeDisplay().mode, (DisplayMode{800, 600, 32}));
-    w.starter.reset(); // a log-off
+    w.starterWeg(); // a log-off
     EXPECT_EQ(gevraagd(w), QStringList({"800x600x16", "1024x768x32"}));
     EXPECT_EQ(w.platform.fakeDisplay().mode, (DisplayMode{1024, 768, 32}));
 
     // Without a changed mode nothing is asked.
-    DesktopWerkplek v;
+    Werkplek v(Werkplek::starter);
     v.s().StartApplicatie("/bin/sh", "", "", "1024x768x32xJA", "Rekenen");
-    v.starter.reset();
+    v.starterWeg();
     EXPECT_TRUE(gevraagd(v).isEmpty());
 }
 
 TEST(StartApplicatieTest, AModeTheScreenCannotShowStillStartsTheProgramAtThePresentOne) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     w.platform.fakeDisplay().modes = {{1024, 768, 32}};
     w.s().StartApplicatie("/bin/sh", "", "", "640x480x8xNEE", "Oud spel");
     // The height stays unfilled: the text names it by another placeholder.
@@ -240,7 +240,7 @@ TEST(StartApplicatieTest, AModeTheScreenCannotShowStillStartsTheProgramAtThePres
 }
 
 TEST(StartApplicatieTest, AtThePresentModeTheProgramsFirstWindowAloneIsShownMaximised) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     w.platform.fakeDisplay().modes = {{1024, 768, 32}};
     w.s().StartApplicatie("/bin/sh", "", "", "640x480x8xNEE", "Oud spel");
     ASSERT_EQ(w.platform.fakeProcesses().started.size(), 1);
@@ -260,7 +260,7 @@ TEST(StartApplicatieTest, AtThePresentModeTheProgramsFirstWindowAloneIsShownMaxi
 }
 
 TEST(StartApplicatieTest, AProgramInTheModeItDemandsOrAPlainStartKeepsItsOwnWindowSize) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     w.s().StartApplicatie("/bin/sh", "", "", "640x480x32xNEE", "Spel");
     const qint64 pid = w.s().ShellProces;
     ASSERT_GT(pid, 0);
@@ -270,7 +270,7 @@ TEST(StartApplicatieTest, AProgramInTheModeItDemandsOrAPlainStartKeepsItsOwnWind
 }
 
 TEST(StartApplicatieTest, ADisplayThatCannotBeRestoredIsSaidAndStaysChanged) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     w.s().StartApplicatie("/bin/sh", "", "", "800x600x32xNEE", "Rekenen");
     w.platform.fakeDisplay().fails = true;
     w.platform.fakeProcesses().running.clear();
@@ -300,7 +300,7 @@ TEST(StartApplicatieTest, AFailedStartIsNamedAndReportedAutomatically) {
     for (const char* eis : {"1024x768x32xNEE", "800x600x32xJA"}) {
         for (const Case& c : cases) {
             SCOPED_TRACE(std::string(eis) + " " + c.naam);
-            DesktopWerkplek w;
+            Werkplek w(Werkplek::starter);
             w.platform.fakeProcesses().failWith = c.platformCode;
             w.s().StartApplicatie("/bin/sh", "", "", eis, "Rekenen");
             const QString regels = "Name: Rekenen\r\nLocation: /bin/sh\r\nError description: " +
@@ -342,7 +342,7 @@ TEST(StartApplicatieTest, BadStartCommandsAreNamedWithoutHarm) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.opdracht + std::string(" ") + c.eis);
-        DesktopWerkplek w;
+        Werkplek w(Werkplek::starter);
         w.platform.fakeDisplay().modes = {{1024, 768, 32}};
         w.s().StartApplicatie(c.opdracht, "", "", c.eis, "X");
         ASSERT_FALSE(w.meldingen().isEmpty());
@@ -359,25 +359,25 @@ TEST(StartApplicatieTest, AClickOnAnIconCountsTheStartOnTheServerWithoutWaiting)
     const Case cases[] = {{0, "OPSTEL12|7|0"}, {1, "OPSTEL12|7|1"}, {2, "OPSTEL12|7|2"}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.soort);
-        DesktopWerkplek w;
-        w.applicatie(c.soort, 3, "12", "Rekenen", "/bin/sh", "standaard|3", "-c true");
+        Werkplek w(Werkplek::starter);
+        w.applicatie(c.soort, 3, "12", "Rekenen", "standaard|3", "/bin/sh", "-", "", "-c true");
         w.s().StartApplicatieRij(c.soort, 3, "7");
         EXPECT_EQ(w.kanaal.verstuurd, QStringList{c.verwacht});
         EXPECT_EQ(w.kanaal.gewacht, QList<bool>{false});
         EXPECT_EQ(w.platform.fakeProcesses().started, QStringList{"/bin/sh -c true (in /bin)"});
     }
     // Offline the start is not counted, but happens.
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     w.kanaal.verbonden = false;
-    w.applicatie(2, 0, "12", "Rekenen", "/bin/sh");
+    w.applicatie(2, 0, "12", "Rekenen", "standaard|3", "/bin/sh");
     w.s().StartApplicatieRij(2, 0, "7");
     EXPECT_TRUE(w.kanaal.verstuurd.isEmpty());
     EXPECT_EQ(w.platform.fakeProcesses().started.size(), 1);
 }
 
 TEST(StartApplicatieTest, AnIconWhoseProgramIsMissingIsCountedSaidAndReported) {
-    DesktopWerkplek w;
-    w.applicatie(0, 0, "12", "Rekenen", "C:\\Programma's\\Reken\\reken.exe");
+    Werkplek w(Werkplek::starter);
+    w.applicatie(0, 0, "12", "Rekenen", "standaard|3", "C:\\Programma's\\Reken\\reken.exe");
     w.s().StartApplicatieRij(0, 0, "7");
     EXPECT_EQ(w.kanaal.verstuurd, QStringList{"OPSTEL12|7|0"});
     EXPECT_EQ(w.meldingen(), QStringList{"Location of the application cannot be found."});
@@ -392,12 +392,12 @@ TEST(StartApplicatieTest, AnIconWhoseProgramIsMissingIsCountedSaidAndReported) {
 }
 
 TEST(StartApplicatieTest, ThisProgramItselfIsNotStartedAgain) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     const QString zelf = w.platform.programFile();
     w.schrijf(QStringLiteral("tafelkrater"), "#!/bin/sh\n");
     for (const QString& opdracht : {zelf, zelf + ".exe"}) {
         w.dialogen.gesteld.clear();
-        w.applicatie(2, 0, "5", "Tafelkrater", opdracht);
+        w.applicatie(2, 0, "5", "Tafelkrater", "standaard|3", opdracht);
         w.s().StartApplicatieRij(2, 0, "7");
         EXPECT_EQ(w.meldingen(), QStringList{w.p.modTaal.LaadTekst(702)});
     }
@@ -405,7 +405,7 @@ TEST(StartApplicatieTest, ThisProgramItselfIsNotStartedAgain) {
 }
 
 TEST(StartSchijfTest, TheDriveItemOpensAMediumThatIsThereAndSaysSoWhenNoneIs) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     auto& media = w.platform.fakeEnvironment().media;
     auto& gestart = w.platform.fakeProcesses().started;
     // The disc the item was drawn with was taken out, a stick was put in: that one opens.
@@ -433,7 +433,7 @@ TEST(StartSchijfTest, TheDriveItemOpensAMediumThatIsThereAndSaysSoWhenNoneIs) {
 }
 
 TEST(ProcesLeeftTest, TheWaitFollowsTheProgramsWindowsAndWhatAWrapperLeft) {
-    DesktopWerkplek w;
+    Werkplek w(Werkplek::starter);
     auto& processen = w.platform.fakeProcesses();
     auto& vensters = w.platform.fakeWindows().windows;
     const ModMainStarten::Gestart g = w.starten().ShellExecAndWait("/bin/sh", "", "");

@@ -1,9 +1,9 @@
 // The launcher on a real X server (Xvfb with openbox): real programs started through
 // StartApplicatie, followed until their windows are gone, and real display modes over XRandR.
-#include "tests/desktop/DesktopWerkplek.h"
 #include "tests/desktop/X11Platform.h"
 #include "tests/platform/X11Fixture.h"
 #include "tests/platform/XrandrTestModes.h"
+#include "tests/support/Werkplek.h"
 
 #include <QCoreApplication>
 #include <QStandardPaths>
@@ -58,8 +58,8 @@ struct X11Werkplek {
     FakePlatform fake{map.path()};
     X11Platform platform;
     ScriptedDialogs dialogen;
-    OpnameKanaal kanaal;
     Programma p;
+    OpnameKanaal kanaal{p};
     std::unique_ptr<FrmBureaubladStarter> starter;
     QList<qint64> gestart;
 };
@@ -186,25 +186,6 @@ TEST_F(StarterX11Test, AProgramThatDemandsAModeRunsInItAndTheModeIsRestoredAfter
     w.platform.linuxWindows().close(w.vensters().constFirst().handle);
     EXPECT_TRUE(w.tikTot([&] { return !w.s().tmrShellWait.isActive(); }));
     EXPECT_EQ(rootSize(x()), QSize(1024, 768));
-}
-
-TEST_F(StarterX11Test, BadStartsAreSaidAndLeaveTheDesktopAsItWas) {
-    X11Werkplek w(x());
-    // A command that does not exist: named, reported, nothing waits.
-    w.start(QStringLiteral("/opt/geen/programma"), QString(), QStringLiteral("1024x768x32xJA"));
-    ASSERT_EQ(w.meldingen().size(), 1);
-    EXPECT_TRUE(w.meldingen()[0].contains(QStringLiteral("File not found")));
-    EXPECT_EQ(w.dialogen.getoond, QStringList{"frmFoutrapportage"});
-    EXPECT_FALSE(w.s().tmrShellWait.isActive());
-    EXPECT_FALSE(w.s().picDisableZichtbaar);
-
-    // A program that crashes at once started well: the wait ends with it, without a word.
-    w.start(QStringLiteral("/bin/sh"), QStringLiteral("-c \"kill -SEGV $$\""),
-            QStringLiteral("1024x768x32xJA"));
-    ASSERT_GT(w.s().ShellProces, 0);
-    EXPECT_TRUE(w.tikTot([&] { return !w.s().tmrShellWait.isActive(); }));
-    EXPECT_FALSE(w.s().picDisableZichtbaar);
-    EXPECT_EQ(w.meldingen().size(), 1);
 }
 
 } // namespace

@@ -8,12 +8,12 @@
 #include "screens/maintenance/FrmOnderhoudVraagView.h"
 #include "screens/maintenance/OnderhoudPaneel.h"
 #include "tests/screens/PngBewaren.h"
-#include "tests/screens/ScreenWerkplek.h"
+#include "tests/support/Werkplek.h"
 
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::ScreenWerkplek;
+using tk::test::Werkplek;
 
 namespace {
 
@@ -56,7 +56,7 @@ protected:
         f.Form_MouseUp(m.x(), m.y());
     }
 
-    ScreenWerkplek w;
+    Werkplek w{Werkplek::startscherm};
     ScreenRouter router;
     std::map<int, std::unique_ptr<ProefPaneel>> panelen;
 };
@@ -287,7 +287,7 @@ TEST_F(OnderhoudTest, TheModuleOpensForTheAdministratorOrATeacherAndLeavesToItsS
     l(4, 5) = "44";
     l(4, 11) = "Ja";
     l(4, 12) = "Nee|Ja";
-    w.klas(2, "Groep 3", "3");
+    w.startKlas(2, "Groep 3", "3");
     FrmOnderhoud& f = openen(4, {2});
     EXPECT_TRUE(f.Beperkt);
     EXPECT_EQ(f.Leraarklassen, "102");

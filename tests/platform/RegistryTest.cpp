@@ -1,6 +1,5 @@
 #include "platform/RegFile.h"
 #include "platform/RegistryHive.h"
-#include "platform/fake/FakeRegistry.h"
 #include "platform/linux/RegistryFileStore.h"
 #include "tests/support/QtPrinters.h"
 
@@ -258,17 +257,4 @@ TEST(RegistryFileStoreTest, ImportAppliesOperationsToEveryRootTheyName) {
                         QStringLiteral("NoRun"))
                   ->dword,
               1u);
-}
-
-TEST(FakeRegistryTest, RecordsChangesAndRefusesThemWithoutRights) {
-    FakeRegistry reg;
-    reg.write(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
-              QStringLiteral("Modus"), RegistryValue::string(QStringLiteral("1")));
-    ASSERT_EQ(reg.log().size(), 1);
-    EXPECT_EQ(reg.log()[0],
-              QStringLiteral("set HKEY_LOCAL_MACHINE\\SOFTWARE\\Tafelkrater\\Modus = 1"));
-    reg.setWritable(false);
-    EXPECT_FALSE(reg.write(RegistryRoot::LocalMachine, QStringLiteral("Software"),
-                           QStringLiteral("test"), RegistryValue::string(QStringLiteral("x"))));
-    EXPECT_EQ(reg.log().size(), 1);
 }

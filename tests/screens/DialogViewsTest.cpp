@@ -1,7 +1,6 @@
 // The start-up and closing dialogs on the screen: each view rendered offscreen, driven with
 // mouse and keys, and what it leaves in its model.
 #include "PngBewaren.h"
-#include "ScreenWerkplek.h"
 #include "core/FrmInitialiseren.h"
 #include "core/FrmVersie.h"
 #include "link/FrmNetwerk.h"
@@ -14,6 +13,7 @@
 #include "screens/start/FrmVersieView.h"
 #include "screens/taskbar/FrmUitschakelenView.h"
 #include "session/ModMainSessie.h"
+#include "tests/support/Werkplek.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -67,7 +67,7 @@ QRgb pixel(const QImage& beeld, const QPoint& lijf) {
 } // namespace
 
 TEST(DialogViewsTest, VersionWindowGreysWhatTheMachineCannotBeAndAnswersTheStoredValue) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     FrmVersie f(w.p);
     f.LaadTaal();
     f.optEnabled[0] = f.optEnabled[1] = false; // as on "Windows 2003"
@@ -96,7 +96,7 @@ TEST(DialogViewsTest, VersionWindowGreysWhatTheMachineCannotBeAndAnswersTheStore
 }
 
 TEST(DialogViewsTest, ServerLocationWindowTakesTheTypedTextOnlyWithText) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     FrmNetwerk f(w.p);
     f.LaadTaal();
     f.txtNaam_Change("pc1:4000");
@@ -128,7 +128,7 @@ TEST(DialogViewsTest, ServerLocationWindowTakesTheTypedTextOnlyWithText) {
 }
 
 TEST(DialogViewsTest, FaultReportShowsTheReportAndStoresTheTickedBox) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     QImage beeld;
     QRect omschrijving;
     w.dialogen.opModaal = [&](Form& form) {
@@ -162,9 +162,9 @@ TEST(DialogViewsTest, FaultReportShowsTheReportAndStoresTheTickedBox) {
 }
 
 TEST(DialogViewsTest, CloseOptionsLogOnAsAUserOfTheChosenGroup) {
-    ScreenWerkplek w;
-    w.klas(0, "Groep 1", "1");
-    w.klas(1, "Groep 2", "2");
+    Werkplek w(Werkplek::startscherm);
+    w.startKlas(0, "Groep 1", "1");
+    w.startKlas(1, "Groep 2", "2");
     FrmUitschakelen& f = w.p.modMainAfsluiten->frmUitschakelen;
     QString antwoord;
     w.dialogen.opModaal = [&](Form&) {
@@ -207,7 +207,7 @@ TEST(DialogViewsTest, CloseOptionsLogOnAsAUserOfTheChosenGroup) {
 }
 
 TEST(DialogViewsTest, CheckWindowShowsItsRowsWithTheirMarksWhileTheModelIsShown) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     FrmInitialiseren f(w.p);
     f.LaadTaal();
     FrmInitialiserenView view(f);
@@ -235,7 +235,7 @@ TEST(DialogViewsTest, CheckWindowShowsItsRowsWithTheirMarksWhileTheModelIsShown)
 }
 
 TEST(DialogViewsTest, TakeOverWizardShowsTheTestedRowsAndTheKeysReachItsLiveButtons) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     FakeSystemActions systeem;
     ModMainSessie sessie(w.p, systeem);
     FrmActiveren f(w.p, sessie);

@@ -1,5 +1,5 @@
-#include "ScreenWerkplek.h"
 #include "screens/start/FrmMainView.h"
+#include "tests/support/Werkplek.h"
 
 #include <QDir>
 #include <QFile>
@@ -9,12 +9,12 @@
 
 using namespace tk;
 using tk::test::OpnameSchermen;
-using tk::test::ScreenWerkplek;
+using tk::test::Werkplek;
 
 TEST(StartschermTest, TwentyOneClassesFillTheDefaultGridRowsOfEightFourFourFive) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     for (int i = 0; i < 21; ++i)
-        w.klas(i, QString("Groep %1").arg(i), QString::number(i));
+        w.startKlas(i, QString("Groep %1").arg(i), QString::number(i));
     w.f().WeergevenKlassen(true);
     w.f().HerschikGroepen();
     struct Case {
@@ -38,12 +38,12 @@ TEST(StartschermTest, TwentyOneClassesFillTheDefaultGridRowsOfEightFourFourFive)
 }
 
 TEST(StartschermTest, PositionsFromTheRecordsAndHoles) {
-    ScreenWerkplek w;
-    w.klas(0, "Eerste", "1", "1a.jpg", "500,100");
-    w.klas(1, "", "");
-    w.klas(2, "Derde", "3", "2a.jpg", "0,0");
-    w.klas(3, "Vierde", "4", "3a.jpg", "");
-    w.klas(4, "Vijfde", "5", "4a.jpg", "12,x");
+    Werkplek w(Werkplek::startscherm);
+    w.startKlas(0, "Eerste", "1", "1a.jpg", "500,100");
+    w.startKlas(1, "", "");
+    w.startKlas(2, "Derde", "3", "2a.jpg", "0,0");
+    w.startKlas(3, "Vierde", "4", "3a.jpg", "");
+    w.startKlas(4, "Vijfde", "5", "4a.jpg", "12,x");
     w.f().WeergevenKlassen(true);
     EXPECT_EQ(500, w.f().knop(0)->X);
     EXPECT_EQ(100, w.f().knop(0)->Y);
@@ -56,10 +56,10 @@ TEST(StartschermTest, PositionsFromTheRecordsAndHoles) {
 }
 
 TEST(StartschermTest, ClassPicturesFallBackOnTheFirstColour) {
-    ScreenWerkplek w;
-    w.klas(0, "Rood", "R", "1a.jpg");
-    w.klas(1, "Geel", "G", "3a.jpg");
-    w.klas(2, "Onbekend", "O", "77a.jpg");
+    Werkplek w(Werkplek::startscherm);
+    w.startKlas(0, "Rood", "R", "1a.jpg");
+    w.startKlas(1, "Geel", "G", "3a.jpg");
+    w.startKlas(2, "Onbekend", "O", "77a.jpg");
     w.f().WeergevenKlassen(true);
     const QString knoppen = w.pad("Afbeeldingen/Skins/1/Knoppen/");
     EXPECT_EQ(QImage(knoppen + "3a.jpg"), w.f().knop(1)->Afbeelding_Normaal);
@@ -69,14 +69,14 @@ TEST(StartschermTest, ClassPicturesFallBackOnTheFirstColour) {
 }
 
 TEST(StartschermTest, NoClassesSaysSoInTheCloud) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     w.f().AccountKlik(0);
     EXPECT_EQ(w.p.modTaal.LaadTekst(1612), w.f().ballonTekst);
 }
 
 TEST(StartschermTest, AutomaticPanelRunsOnce) {
-    ScreenWerkplek w;
-    w.balk().LadenVormgeving();
+    Werkplek w(Werkplek::startscherm);
+    w.balk1().LadenVormgeving();
     w.f().AccountKlik(4); // the maintenance module's panel
     EXPECT_TRUE(w.f().picAanmeldenZichtbaar);
     EXPECT_EQ(w.p.modTaal.LaadTekst(1601), w.f().lblGebruiker);
@@ -93,10 +93,10 @@ TEST(StartschermTest, AutomaticPanelRunsOnce) {
 TEST(StartschermTest, PasswordPanelDecidesByTheLocalisedUserLabel) {
     for (long taal : {1033L, 1043L}) {
         SCOPED_TRACE(taal);
-        ScreenWerkplek w;
+        Werkplek w(Werkplek::startscherm);
         w.p.modTaal.Taal = taal;
         w.p.modData->Wachtwoorden = QStringList{"leraar", "beheer"};
-        w.balk().LadenVormgeving();
+        w.balk1().LadenVormgeving();
         w.f().AccountKlik(1);
         EXPECT_TRUE(w.f().wachtwoordBallon.isEmpty());
         w.f().txtWachtwoord = "beheer"; // the maintenance password on the teachers' panel
@@ -113,9 +113,9 @@ TEST(StartschermTest, PasswordPanelDecidesByTheLocalisedUserLabel) {
 }
 
 TEST(StartschermTest, EmptyPasswordsWarnAndLetAnEmptyPasswordIn) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     w.p.modData->Wachtwoorden = QStringList{"", ""};
-    w.balk().LadenVormgeving();
+    w.balk1().LadenVormgeving();
     w.f().AccountKlik(2);
     EXPECT_EQ(w.p.modTaal.LaadTekst(1608), w.f().wachtwoordBallon);
     // Not connected: the right password asks whether to connect again.
@@ -129,9 +129,9 @@ TEST(StartschermTest, EmptyPasswordsWarnAndLetAnEmptyPasswordIn) {
 }
 
 TEST(StartschermTest, ClassWithoutRightsStaysOnTheClassScreenInNetworkMode) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     w.p.modMain.ModusNetwerk = true;
-    w.klas(0, "Groep 1", "1");
+    w.startKlas(0, "Groep 1", "1");
     w.f().AccountKlik(0);
     w.f().knopGroep_Click(0);
     ASSERT_EQ(1, w.dialogen.gesteld.size());
@@ -141,9 +141,9 @@ TEST(StartschermTest, ClassWithoutRightsStaysOnTheClassScreenInNetworkMode) {
 }
 
 TEST(StartschermTest, ClassClickHidesTheButtonsAndOpensTheDesktopOfTheClass) {
-    ScreenWerkplek w;
-    w.klas(0, "Groep 1", "1");
-    w.klas(1, "Groep 2", "2");
+    Werkplek w(Werkplek::startscherm);
+    w.startKlas(0, "Groep 1", "1");
+    w.startKlas(1, "Groep 2", "2");
     OpnameSchermen schermen;
     w.p.schermen = &schermen;
     QStringList& geopend = schermen.log;
@@ -156,7 +156,7 @@ TEST(StartschermTest, ClassClickHidesTheButtonsAndOpensTheDesktopOfTheClass) {
 }
 
 TEST(StartschermTest, LoadingBarBlocksAndText) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     FrmMain& f = w.f();
     ASSERT_EQ(400, f.picLaden.width());
     f.TijdLadenEx(100, 0, QString());
@@ -174,7 +174,7 @@ TEST(StartschermTest, LoadingBarBlocksAndText) {
 }
 
 TEST(StartschermTest, AFetchShowsItsProgressOnTheLoadingBarWithWhatItFetches) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     FrmMain& f = w.f();
     f.LadenX = 100;
     f.LadenY = 200;
@@ -208,7 +208,7 @@ TEST(StartschermTest, AFetchShowsItsProgressOnTheLoadingBarWithWhatItFetches) {
 }
 
 TEST(StartschermTest, BouncingBlockGoesUpToTheEndAndBack) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     FrmMain& f = w.f();
     f.link.picLadenZichtbaar = true;
     f.link.tmrLadenAan = true;
@@ -232,7 +232,7 @@ TEST(StartschermTest, BouncingBlockGoesUpToTheEndAndBack) {
 }
 
 TEST(StartschermTest, MissingThemePictureIsReportedAndTheScreenStaysUsable) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     QFile::remove(w.pad("Afbeeldingen/Skins/1/Schermen/Startscherm.jpg"));
     // A short colour key.
     w.p.modMain.SchrijfIni("1,2", "Kleuren", "Laden", "\\Afbeeldingen\\Skins\\1\\Instellingen.ini");
@@ -246,25 +246,25 @@ TEST(StartschermTest, MissingThemePictureIsReportedAndTheScreenStaysUsable) {
         logboek += QString::fromUtf8(w.lees("Logboek/" + dag.fileName()));
     EXPECT_GE(logboek.count("frmMain.LadenVormgeving"), 2) << logboek.toStdString();
 
-    w.klas(0, QString(200, 'x') + "|y", QString(200, 'k') + "|z");
+    w.startKlas(0, QString(200, 'x') + "|y", QString(200, 'k') + "|z");
     w.f().AccountKlik(0);
     const QImage beeld = w.f().knop(0)->Teken();
     EXPECT_EQ(w.f().knop(0)->Grootte(), beeld.size());
 }
 
 TEST(StartschermTest, LongClassNamesAreDrawnCutInsideTheirButtons) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     w.f().Form_Load();
     const QImage leeg = [&] {
-        w.klas(0, "A", "A");
+        w.startKlas(0, "A", "A");
         w.f().AccountKlik(0);
         FrmMainView view(w.f());
         view.resize(1024, 768);
         return view.grab().toImage();
     }();
     // A caption of 200 characters with the list separators in it, beside a plain one.
-    w.klas(0, QString(200, 'W') + "|x;<>;y", QString(100, 'W') + "|" + QString(100, 'M'));
-    w.klas(1, "Groep 2", "2");
+    w.startKlas(0, QString(200, 'W') + "|x;<>;y", QString(100, 'W') + "|" + QString(100, 'M'));
+    w.startKlas(1, "Groep 2", "2");
     w.f().WeergevenKlassen(true);
     w.f().HerschikGroepen();
     FrmMainView view(w.f());
@@ -281,9 +281,9 @@ TEST(StartschermTest, LongClassNamesAreDrawnCutInsideTheirButtons) {
 }
 
 TEST(StartschermTest, OffscreenViewDrawsTheClassPicturesAtTheirPlaces) {
-    ScreenWerkplek w;
-    w.klas(0, "Groep 1", "1", "1a.jpg");
-    w.klas(1, "Groep 2", "2", "5a.jpg");
+    Werkplek w(Werkplek::startscherm);
+    w.startKlas(0, "Groep 1", "1", "1a.jpg");
+    w.startKlas(1, "Groep 2", "2", "5a.jpg");
     w.f().Form_Load();
     w.f().AccountKlik(0);
     FrmMainView view(w.f());

@@ -1,10 +1,10 @@
-#include "ScreenWerkplek.h"
+#include "tests/support/Werkplek.h"
 
 #include <gtest/gtest.h>
 
 using namespace tk;
 using tk::test::OpnameSchermen;
-using tk::test::ScreenWerkplek;
+using tk::test::Werkplek;
 
 TEST(TaakbalkTest, ButtonsPerState) {
     struct Case {
@@ -27,30 +27,30 @@ TEST(TaakbalkTest, ButtonsPerState) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.hoofdvenster);
-        ScreenWerkplek w;
+        Werkplek w(Werkplek::startscherm);
         w.p.modMain.ModusStandalone = c.standalone;
-        w.balk().Hoofdvenster = c.hoofdvenster;
-        w.balk().ZetAccountsZonderVerbinding(c.zonderVerbinding);
-        w.balk().LadenVormgeving();
-        EXPECT_EQ(c.woorden, w.balk().woorden());
-        ASSERT_EQ(c.woorden.size(), w.balk().knoppen.size());
+        w.balk1().Hoofdvenster = c.hoofdvenster;
+        w.balk1().ZetAccountsZonderVerbinding(c.zonderVerbinding);
+        w.balk1().LadenVormgeving();
+        EXPECT_EQ(c.woorden, w.balk1().woorden());
+        ASSERT_EQ(c.woorden.size(), w.balk1().knoppen.size());
         // Left ones from the left edge, right ones from the right, none over the accounts.
-        for (const auto& k : w.balk().knoppen) {
+        for (const auto& k : w.balk1().knoppen) {
             EXPECT_FALSE(k.beeld.isNull()) << qPrintable(k.naam);
             EXPECT_GE(k.plek.left(), 0);
             EXPECT_LE(k.plek.right(), FrmTaakbalk1::Breedte);
         }
-        EXPECT_EQ(c.zonderVerbinding, !w.balk().Account[1].Enabled);
+        EXPECT_EQ(c.zonderVerbinding, !w.balk1().Account[1].Enabled);
     }
 }
 
 TEST(TaakbalkTest, AccountButtonOpensThePanelWithItsCaption) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     w.p.modTaal.Taal = 1043;
-    w.balk().LadenVormgeving();
-    w.balk().ToonAccounts();
-    w.balk().Account[2].UserControl_Click();
-    EXPECT_TRUE(w.balk().Account[2].Geselecteerd);
+    w.balk1().LadenVormgeving();
+    w.balk1().ToonAccounts();
+    w.balk1().Account[2].UserControl_Click();
+    EXPECT_TRUE(w.balk1().Account[2].Geselecteerd);
     EXPECT_EQ("Onderhoudsmodule", w.f().lblGebruiker);
     EXPECT_TRUE(w.f().picAanmeldenZichtbaar);
 }
@@ -70,7 +70,7 @@ TEST(TaakbalkTest, CloseOptionsPerMode) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.antwoord);
-        ScreenWerkplek w;
+        Werkplek w(Werkplek::startscherm);
         w.dialogen.antwoorden << "ja";
         w.p.modMain.ModusStandalone = c.standalone;
         w.p.modMain.ModusNetwerk = c.netwerk;
@@ -115,7 +115,7 @@ TEST(TaakbalkTest, ClosingCountsTheProgramsStillOpen) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.antwoord) + " " + std::to_string(c.vensters.size()));
-        ScreenWerkplek w;
+        Werkplek w(Werkplek::startscherm);
         w.p.modMain.ModusStandalone = true;
         w.platform.fakeWindows().windows = c.vensters;
         w.dialogen.antwoorden << c.antwoordOpVraag;
@@ -130,9 +130,9 @@ TEST(TaakbalkTest, ClosingCountsTheProgramsStillOpen) {
 }
 
 TEST(TaakbalkTest, LogOnAsAClassOutsideNetworkModeOpensItsDesktop) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     w.p.modMain.ModusStandalone = true;
-    w.klas(0, "Groep 1", "1");
+    w.startKlas(0, "Groep 1", "1");
     OpnameSchermen schermen;
     w.p.schermen = &schermen;
     FrmUitschakelen& u = w.p.modMainAfsluiten->frmUitschakelen;

@@ -1,6 +1,5 @@
 // The wait windows: frmWachten, frmAanmelden and frmAfmelden, as models and painted offscreen.
 #include "PngBewaren.h"
-#include "ScreenWerkplek.h"
 #include "screens/common/Laadbalk.h"
 #include "screens/start/FrmAanmelden.h"
 #include "screens/start/FrmAanmeldenView.h"
@@ -8,6 +7,7 @@
 #include "screens/start/FrmWachtenView.h"
 #include "screens/taskbar/FrmAfmelden.h"
 #include "screens/taskbar/FrmAfmeldenView.h"
+#include "tests/support/Werkplek.h"
 
 #include <QImage>
 #include <gtest/gtest.h>
@@ -40,7 +40,7 @@ const char* themaIni = "\\Afbeeldingen\\Skins\\1\\Instellingen.ini";
 } // namespace
 
 TEST(WachtvenstersTest, WaitBarFollowsTheValueAndAValueAboveTheMaximumFillsIt) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     FrmWachten f(w.p);
     f.Openen("Opslaan", 10);
     EXPECT_FALSE(f.tmrLadenActief());
@@ -67,7 +67,7 @@ TEST(WachtvenstersTest, WaitBarFollowsTheValueAndAValueAboveTheMaximumFillsIt) {
 }
 
 TEST(WachtvenstersTest, WithoutAMaximumTheBlockBouncesUntilTheWindowCloses) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     FrmWachten f(w.p);
     f.Openen("Bezig", 0);
     EXPECT_TRUE(f.Zichtbaar);
@@ -118,7 +118,7 @@ TEST(WachtvenstersTest, WaitColoursFallBackByThemeFolder) {
     };
     for (const Geval& g : gevallen) {
         SCOPED_TRACE(std::string(g.thema) + " " + g.streep + " / " + g.rand);
-        ScreenWerkplek w;
+        Werkplek w(Werkplek::startscherm);
         if (QString(g.thema) != "1") {
             w.kopieerThema(); // theme 1 stays; the other is a copy
             QDir().rename(w.pad("Afbeeldingen/Skins/1"),
@@ -141,7 +141,7 @@ TEST(WachtvenstersTest, WaitColoursFallBackByThemeFolder) {
 }
 
 TEST(WachtvenstersTest, TwoLinesOfTextStandCentredOverTheBar) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     FrmWachten f(w.p);
     f.Openen("Een korte regel\r\nEn een veel langere tweede regel eronder", 10);
     ASSERT_EQ(2, f.regels.size());
@@ -172,7 +172,7 @@ TEST(WachtvenstersTest, TwoLinesOfTextStandCentredOverTheBar) {
 }
 
 TEST(WachtvenstersTest, LoggingInWindowFillsTheScreenAndBouncesWithItsText) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     FrmAanmelden f(w.p);
     f.Openen();
     EXPECT_TRUE(f.Zichtbaar);
@@ -212,7 +212,7 @@ TEST(WachtvenstersTest, LoggingInWindowFillsTheScreenAndBouncesWithItsText) {
 }
 
 TEST(WachtvenstersTest, LoggingInWindowWithABrokenThemeReportsAndStillPaints) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     QFile::remove(w.pad("Afbeeldingen/Skins/1/Schermen/Startscherm.jpg"));
     w.p.modMain.SchrijfIni("1,2", "Kleuren", "Laadbalk streep", themaIni);
     FrmAanmelden f(w.p);
@@ -232,7 +232,7 @@ TEST(WachtvenstersTest, LoggingInWindowWithABrokenThemeReportsAndStillPaints) {
 }
 
 TEST(WachtvenstersTest, LogOffWindowShowsItsTextOverTheBar) {
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     FrmAfmelden f(w.p);
     f.Openen();
     EXPECT_EQ(w.p.modTaal.LaadTekst(716), f.lblAfmelden);

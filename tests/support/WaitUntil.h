@@ -11,4 +11,10 @@ template <class F> bool waitUntil(F condition, int ms = 30000) {
     return QTest::qWaitFor(condition, ms);
 }
 
+// Runs Qt's events for a while in real time, for what must not happen: a message that is not
+// sent, a reply that is not taken.
+inline void pompVoor(int ms) {
+    QTest::qWait(ms);
+}
+
 } // namespace tk::test

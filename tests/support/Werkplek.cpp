@@ -1,5 +1,7 @@
 #include "Werkplek.h"
 
+#include "core/FrmFoutrapportage.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -9,6 +11,10 @@ namespace tk::test {
 
 Werkplek::Werkplek() : platform(m_map.path()), p(platform) {
     p.dialogen = &dialogen;
+    dialogen.opModaal = [this](Form& f) {
+        if (&f == &p.frmFoutrapportage)
+            rapporten.append(p.frmFoutrapportage.Procedure);
+    };
 }
 
 QByteArray Werkplek::lees(const QString& relatief) const {
@@ -34,6 +40,17 @@ void Werkplek::kopieer(const QString& bron, const QString& doelMap) const {
         QDir().mkpath(QFileInfo(doel).path());
         QFile::copy(bestand, doel);
     }
+}
+
+QString Werkplek::logboek() const {
+    QString alles;
+    QDirIterator it(pad(QStringLiteral("Logboek")), QDir::Files);
+    while (it.hasNext()) {
+        QFile f(it.next());
+        if (f.open(QIODevice::ReadOnly))
+            alles += QString::fromUtf8(f.readAll());
+    }
+    return alles;
 }
 
 } // namespace tk::test

@@ -1,11 +1,11 @@
 #include "screens/taskbar/ModTaken.h"
-#include "TaakbalkWerkplek.h"
 #include "screens/taskbar/Takenlijst.h"
+#include "tests/support/Werkplek.h"
 
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::TaakbalkWerkplek;
+using tk::test::Werkplek;
 
 TEST(ModTakenTest, WhichWindowIsATask) {
     struct Case {
@@ -49,10 +49,10 @@ TEST(ModTakenTest, WhichWindowIsATask) {
 }
 
 TEST(ModTakenTest, EnumerationKeepsOrderClosesTheSecurityCentreAndCutsLongTitles) {
-    TaakbalkWerkplek w;
+    Werkplek w(Werkplek::taakbalk);
     w.programma(30, "Rekenen");
     w.programma(31, "Windows Beveiligingscentrum");
-    WindowInfo dialoog = TaakbalkWerkplek::venster(32, "Eigenschappen");
+    WindowInfo dialoog = Werkplek::venster(32, "Eigenschappen");
     dialoog.owner = 30;
     w.vensters().windows.append(dialoog);
     w.programma(33, QString(10000, QLatin1Char('x')));
@@ -74,8 +74,8 @@ TEST(ModTakenTest, EnumerationKeepsOrderClosesTheSecurityCentreAndCutsLongTitles
 }
 
 TEST(ModTakenTest, KeptListFollowsTheWindowsWithoutMovingATask) {
-    TaakbalkWerkplek w;
-    Takenlijst& t = w.balk().taken;
+    Werkplek w(Werkplek::taakbalk);
+    Takenlijst& t = w.balk2().taken;
     const auto titels = [&] {
         QStringList uit;
         for (const Taak& taak : t.lstTaken2)
@@ -88,7 +88,7 @@ TEST(ModTakenTest, KeptListFollowsTheWindowsWithoutMovingATask) {
     EXPECT_EQ((QStringList{"Een", "Twee"}), titels());
 
     // A newer window that the manager lists first still comes last on the bar.
-    w.vensters().windows.prepend(TaakbalkWerkplek::venster(3, "Drie"));
+    w.vensters().windows.prepend(Werkplek::venster(3, "Drie"));
     EXPECT_TRUE(t.Bijwerken());
     EXPECT_EQ((QStringList{"Een", "Twee", "Drie"}), titels());
 
@@ -114,8 +114,8 @@ TEST(ModTakenTest, KeptListFollowsTheWindowsWithoutMovingATask) {
 }
 
 TEST(ModTakenTest, IconsAreFetchedOnceAndAskedAgainWhileMissing) {
-    TaakbalkWerkplek w;
-    Takenlijst& t = w.balk().taken;
+    Werkplek w(Werkplek::taakbalk);
+    Takenlijst& t = w.balk2().taken;
     w.programma(1, "Met icoon");
     w.programma(2, "Zonder icoon");
     QImage rood(16, 16, QImage::Format_ARGB32);

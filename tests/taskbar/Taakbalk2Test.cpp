@@ -1,10 +1,10 @@
-#include "TaakbalkWerkplek.h"
+#include "tests/support/Werkplek.h"
 
 #include <QFontMetrics>
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::TaakbalkWerkplek;
+using tk::test::Werkplek;
 using K = FrmTaakbalk2::Kolom;
 
 TEST(Taakbalk2Test, TasksShareTheSpaceFromLeft220) {
@@ -15,14 +15,14 @@ TEST(Taakbalk2Test, TasksShareTheSpaceFromLeft220) {
     const Case cases[] = {{1, 368}, {2, 184}, {3, 122}, {10, 36}, {20, 18}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.taken);
-        TaakbalkWerkplek w;
+        Werkplek w(Werkplek::taakbalk);
         for (int i = 0; i < c.taken; ++i)
             w.programma(100 + i, QStringLiteral("Programma %1").arg(i));
         w.tik();
-        ASSERT_EQ(c.taken, w.balk().AantalKnoppen);
+        ASSERT_EQ(c.taken, w.balk2().AantalKnoppen);
         int links = FrmTaakbalk2::TakenLinks;
         for (int i = 0; i < c.taken; ++i) {
-            EXPECT_EQ(QString::number(100 + i), w.balk().Knoppen(i, K::Actie));
+            EXPECT_EQ(QString::number(100 + i), w.balk2().Knoppen(i, K::Actie));
             EXPECT_EQ(links, w.kolom(i, K::Links));
             EXPECT_EQ(c.breedte, w.kolom(i, K::Rechts) - w.kolom(i, K::Links));
             // Frames follow one another without a gap, each 30 wider than its title's share.
@@ -34,7 +34,7 @@ TEST(Taakbalk2Test, TasksShareTheSpaceFromLeft220) {
 }
 
 TEST(Taakbalk2Test, TheShellsOwnWindowsNeverGetAButton) {
-    TaakbalkWerkplek w;
+    Werkplek w(Werkplek::taakbalk);
     const char* titels[] = {
         "Tafelkrater", "TAFELKRATER - Bureaublad", "tafel@school",  "De Krater van de maan",
         "Rekenen",     "Tafel en stoel",           "Tafels oefenen"};
@@ -43,13 +43,13 @@ TEST(Taakbalk2Test, TheShellsOwnWindowsNeverGetAButton) {
         w.programma(h++, t);
     w.tik();
     EXPECT_EQ((QStringList{"Rekenen", "Tafel en stoel", "Tafels oefenen"}), w.knopTitels());
-    EXPECT_EQ(3, w.balk().AantalTaken()); // what a log-off counts as open programs
+    EXPECT_EQ(3, w.balk2().AantalTaken()); // what a log-off counts as open programs
     // The hidden ones do not take a share of the space either.
     EXPECT_EQ(122, w.kolom(0, K::Rechts) - w.kolom(0, K::Links));
 }
 
 TEST(Taakbalk2Test, ARenamedTaskChangesItsButtonWithoutMoving) {
-    TaakbalkWerkplek w;
+    Werkplek w(Werkplek::taakbalk);
     w.programma(1, "Een");
     w.programma(2, "Twee");
     w.tik();
@@ -58,42 +58,42 @@ TEST(Taakbalk2Test, ARenamedTaskChangesItsButtonWithoutMoving) {
     w.tik();
     EXPECT_EQ((QStringList{"Een", "Twee - opgeslagen"}), w.knopTitels());
     EXPECT_EQ(links, w.kolom(1, K::Links));
-    EXPECT_EQ("2", w.balk().Knoppen(1, K::Actie));
+    EXPECT_EQ("2", w.balk2().Knoppen(1, K::Actie));
 }
 
 TEST(Taakbalk2Test, TheWindowInFrontIsPressed) {
-    TaakbalkWerkplek w;
+    Werkplek w(Werkplek::taakbalk);
     w.programma(1, "Tafelkrater"); // hidden, and before the others
     w.programma(2, "Een");
     w.programma(3, "Twee");
     w.vensters().active = 3;
     w.tik();
-    EXPECT_EQ(1, w.balk().ActieveKnop);
+    EXPECT_EQ(1, w.balk2().ActieveKnop);
     w.vensters().active = 1; // the shell itself in front: nothing pressed
     w.tik();
-    EXPECT_EQ(-1, w.balk().ActieveKnop);
+    EXPECT_EQ(-1, w.balk2().ActieveKnop);
 
     // The internet pane is a button before the tasks, pressed while no program is in front.
     w.p.InternetOpen = FrmTaakbalk2::InternetActief;
     w.tik();
-    ASSERT_EQ(3, w.balk().AantalKnoppen);
-    EXPECT_EQ("internet", w.balk().Knoppen(0, K::Actie));
-    EXPECT_EQ(0, w.balk().ActieveKnop);
+    ASSERT_EQ(3, w.balk2().AantalKnoppen);
+    EXPECT_EQ("internet", w.balk2().Knoppen(0, K::Actie));
+    EXPECT_EQ(0, w.balk2().ActieveKnop);
     w.vensters().active = 3;
     w.tik();
-    EXPECT_EQ(2, w.balk().ActieveKnop);
+    EXPECT_EQ(2, w.balk2().ActieveKnop);
 }
 
 TEST(Taakbalk2Test, TheInternetButtonMeasuresItsWordAndCountsAsOneOfTheShare) {
-    TaakbalkWerkplek w;
+    Werkplek w(Werkplek::taakbalk);
     w.p.InternetOpen = FrmTaakbalk2::InternetActief;
     w.programma(1, "Een");
     w.programma(2, "Twee");
     w.tik();
-    ASSERT_EQ(3, w.balk().AantalKnoppen);
+    ASSERT_EQ(3, w.balk2().AantalKnoppen);
     const int woord =
-        QFontMetrics(w.balk().takenFont).horizontalAdvance(w.p.modTaal.LaadTekst(745));
-    EXPECT_EQ(w.p.modTaal.LaadTekst(745), w.balk().Knoppen(0, K::Titel));
+        QFontMetrics(w.balk2().takenFont).horizontalAdvance(w.p.modTaal.LaadTekst(745));
+    EXPECT_EQ(w.p.modTaal.LaadTekst(745), w.balk2().Knoppen(0, K::Titel));
     EXPECT_EQ(220, w.kolom(0, K::Links));
     EXPECT_EQ(220 + woord, w.kolom(0, K::Rechts));
     EXPECT_EQ(220 + woord + 30, w.kolom(1, K::Links));
@@ -101,21 +101,21 @@ TEST(Taakbalk2Test, TheInternetButtonMeasuresItsWordAndCountsAsOneOfTheShare) {
     EXPECT_EQ(w.kolom(1, K::Rechts) + 30, w.kolom(2, K::Links));
 
     // The back-to-the-desktop button stands only while the pane is in front.
-    EXPECT_NE(nullptr, w.balk().zoek("bureaublad"));
+    EXPECT_NE(nullptr, w.balk2().zoek("bureaublad"));
     w.p.InternetOpen = 0;
     w.tik();
-    EXPECT_EQ(nullptr, w.balk().zoek("bureaublad"));
-    EXPECT_EQ(2, w.balk().AantalKnoppen);
+    EXPECT_EQ(nullptr, w.balk2().zoek("bureaublad"));
+    EXPECT_EQ(2, w.balk2().AantalKnoppen);
 }
 
 TEST(Taakbalk2Test, TheTwentyFirstTaskStopsTheDrawingWithOneReport) {
-    TaakbalkWerkplek w;
+    Werkplek w(Werkplek::taakbalk);
     for (int i = 0; i < 21; ++i)
         w.programma(100 + i, QStringLiteral("Programma %1").arg(i));
     w.tik();
-    EXPECT_EQ(FrmTaakbalk2::MaxKnoppen, w.balk().AantalKnoppen);
-    EXPECT_EQ("119", w.balk().Knoppen(19, K::Actie));
-    EXPECT_EQ(21, w.balk().lstTaken2.size()); // still followed, only not drawn
+    EXPECT_EQ(FrmTaakbalk2::MaxKnoppen, w.balk2().AantalKnoppen);
+    EXPECT_EQ("119", w.balk2().Knoppen(19, K::Actie));
+    EXPECT_EQ(21, w.balk2().lstTaken2.size()); // still followed, only not drawn
     EXPECT_EQ(1, w.logboek().count("frmTaakbalk2.TekenKnop"));
     EXPECT_TRUE(w.dialogen.gesteld.isEmpty()); // nothing in the pupil's face
 
@@ -126,131 +126,131 @@ TEST(Taakbalk2Test, TheTwentyFirstTaskStopsTheDrawingWithOneReport) {
     // Back to twenty: all drawn again, and a new overflow is reported anew.
     w.vensters().windows.removeLast();
     w.tik();
-    EXPECT_EQ(20, w.balk().AantalKnoppen);
+    EXPECT_EQ(20, w.balk2().AantalKnoppen);
     w.programma(200, "Nog een");
     w.tik();
     EXPECT_EQ(2, w.logboek().count("frmTaakbalk2.TekenKnop"));
 }
 
 TEST(Taakbalk2Test, ClicksOnTasksAndButtons) {
-    TaakbalkWerkplek w;
+    Werkplek w(Werkplek::taakbalk);
     w.programma(1, "Een");
     w.programma(2, "Twee");
     w.p.InternetOpen = FrmTaakbalk2::InternetActief;
     w.tik();
 
-    w.balk().Form_MouseDown(w.midden(2));
-    EXPECT_EQ(2, w.balk().IngedruktKnop);
-    w.balk().Form_MouseUp(w.midden(2));
-    EXPECT_EQ(-1, w.balk().IngedruktKnop);
+    w.balk2().Form_MouseDown(w.midden(2));
+    EXPECT_EQ(2, w.balk2().IngedruktKnop);
+    w.balk2().Form_MouseUp(w.midden(2));
+    EXPECT_EQ(-1, w.balk2().IngedruktKnop);
     EXPECT_EQ(QStringList{"activate 2"}, w.vensters().log);
-    EXPECT_EQ(2, w.balk().ActieveKnop);
+    EXPECT_EQ(2, w.balk2().ActieveKnop);
 
-    w.balk().Form_MouseUp(w.midden(0));
-    w.balk().Form_MouseUp(w.balk().zoek("bureaublad")->plek.center());
+    w.balk2().Form_MouseUp(w.midden(0));
+    w.balk2().Form_MouseUp(w.balk2().zoek("bureaublad")->plek.center());
     w.dialogen.antwoorden << "ja"; // yes, log off with the programs open
-    w.balk().Form_MouseUp(w.balk().zoek("afmelden")->plek.center());
-    w.balk().Form_MouseUp(w.balk().zoek("help")->plek.center());
+    w.balk2().Form_MouseUp(w.balk2().zoek("afmelden")->plek.center());
+    w.balk2().Form_MouseUp(w.balk2().zoek("help")->plek.center());
     EXPECT_EQ((QStringList{"InternetWeergeven", "BureaubladWeergeven", "Afmelden", "open help"}),
               w.acties);
 
     // A window that died since the last tick: asked, nothing happens, nothing pressed.
     w.vensters().windows.removeFirst();
     w.vensters().log.clear();
-    w.balk().ActieveKnop = -1;
-    w.balk().Form_MouseUp(w.midden(1));
+    w.balk2().ActieveKnop = -1;
+    w.balk2().Form_MouseUp(w.midden(1));
     EXPECT_EQ(QStringList{"activate 1"}, w.vensters().log);
-    EXPECT_EQ(-1, w.balk().ActieveKnop);
+    EXPECT_EQ(-1, w.balk2().ActieveKnop);
 
     // Empty ground of the bar and points below it do nothing.
     w.vensters().log.clear();
-    w.balk().Form_MouseUp(QPoint(160, 20));
-    w.balk().Form_MouseUp(QPoint(w.midden(1).x(), w.balk().Hoogte + 3));
+    w.balk2().Form_MouseUp(QPoint(160, 20));
+    w.balk2().Form_MouseUp(QPoint(w.midden(1).x(), w.balk2().Hoogte + 3));
     EXPECT_TRUE(w.vensters().log.isEmpty());
     EXPECT_EQ(4, w.acties.size());
 }
 
 TEST(Taakbalk2Test, MaintenanceButtonsOnlyWhereAskedFor) {
-    TaakbalkWerkplek w;
-    EXPECT_EQ(nullptr, w.balk().zoek("onderhoud"));
-    EXPECT_EQ(nullptr, w.balk().zoek("bureaubladpictogrammen_onderhoud"));
-    w.balk().OnderhoudZichtbaar = true;
-    w.balk().PictogrammenZichtbaar = true;
-    w.balk().LadenVormgeving();
-    const TaakbalkKnop* help = w.balk().zoek("help");
-    const TaakbalkKnop* onderhoud = w.balk().zoek("onderhoud");
-    const TaakbalkKnop* pictogrammen = w.balk().zoek("bureaubladpictogrammen_onderhoud");
+    Werkplek w(Werkplek::taakbalk);
+    EXPECT_EQ(nullptr, w.balk2().zoek("onderhoud"));
+    EXPECT_EQ(nullptr, w.balk2().zoek("bureaubladpictogrammen_onderhoud"));
+    w.balk2().OnderhoudZichtbaar = true;
+    w.balk2().PictogrammenZichtbaar = true;
+    w.balk2().LadenVormgeving();
+    const TaakbalkKnop* help = w.balk2().zoek("help");
+    const TaakbalkKnop* onderhoud = w.balk2().zoek("onderhoud");
+    const TaakbalkKnop* pictogrammen = w.balk2().zoek("bureaubladpictogrammen_onderhoud");
     ASSERT_TRUE(onderhoud && pictogrammen);
     // From the right end inwards: help, maintenance, icon positions; none over another.
     EXPECT_LT(onderhoud->plek.right(), help->plek.left());
     EXPECT_LT(pictogrammen->plek.right(), onderhoud->plek.left());
     EXPECT_FALSE(onderhoud->hint.isEmpty());
-    w.balk().Form_MouseUp(onderhoud->plek.center());
-    w.balk().Form_MouseUp(pictogrammen->plek.center());
+    w.balk2().Form_MouseUp(onderhoud->plek.center());
+    w.balk2().Form_MouseUp(pictogrammen->plek.center());
     EXPECT_EQ((QStringList{"Onderhoud", "open bureaubladpictogrammen_onderhoud"}), w.acties);
 }
 
 TEST(Taakbalk2Test, HoverFollowsTheMouseExceptOnOtherWindows) {
-    TaakbalkWerkplek w;
+    Werkplek w(Werkplek::taakbalk);
     w.programma(1, "Een");
     w.programma(2, "Overige vensters...");
     w.tik();
     QPoint muis = w.midden(0);
-    w.balk().MuisPositie = [&] { return muis; };
-    w.balk().tmrMuis_Timer();
-    EXPECT_EQ(0, w.balk().HoverKnop);
+    w.balk2().MuisPositie = [&] { return muis; };
+    w.balk2().tmrMuis_Timer();
+    EXPECT_EQ(0, w.balk2().HoverKnop);
     muis = w.midden(1);
-    w.balk().tmrMuis_Timer();
-    EXPECT_EQ(-1, w.balk().HoverKnop);
-    muis = w.balk().zoek("help")->plek.center();
-    w.balk().tmrMuis_Timer();
-    EXPECT_TRUE(w.balk().zoek("help")->hover);
+    w.balk2().tmrMuis_Timer();
+    EXPECT_EQ(-1, w.balk2().HoverKnop);
+    muis = w.balk2().zoek("help")->plek.center();
+    w.balk2().tmrMuis_Timer();
+    EXPECT_TRUE(w.balk2().zoek("help")->hover);
     muis = QPoint(-1, -1); // left the bar
-    w.balk().tmrMuis_Timer();
-    EXPECT_FALSE(w.balk().zoek("help")->hover);
-    EXPECT_EQ(-1, w.balk().HoverKnop);
+    w.balk2().tmrMuis_Timer();
+    EXPECT_FALSE(w.balk2().zoek("help")->hover);
+    EXPECT_EQ(-1, w.balk2().HoverKnop);
 }
 
 TEST(Taakbalk2Test, TheStripStandsAtTheBottomOnTopWithTheWorkAreaAboveIt) {
-    TaakbalkWerkplek w;
+    Werkplek w(Werkplek::taakbalk);
     QRect geplaatst;
-    w.balk().Plaatsen = [&](const QRect& r) { geplaatst = r; };
-    w.balk().VensterPositie(768, 1024);
+    w.balk2().Plaatsen = [&](const QRect& r) { geplaatst = r; };
+    w.balk2().VensterPositie(768, 1024);
     EXPECT_EQ(QRect(0, 728, 1024, 40), geplaatst);
     EXPECT_EQ((QStringList{"ontop 5 1", "workarea 0,0 1024x728 on 5"}), w.vensters().log);
 
     // A program changed the display: the strip follows.
     w.vensters().log.clear();
-    w.balk().VensterPositie(480, 640);
+    w.balk2().VensterPositie(480, 640);
     EXPECT_EQ(QRect(0, 440, 640, 40), geplaatst);
     EXPECT_EQ((QStringList{"ontop 5 1", "workarea 0,0 640x440 on 5"}), w.vensters().log);
-    EXPECT_LE(w.balk().zoek("help")->plek.right(), 640);
+    EXPECT_LE(w.balk2().zoek("help")->plek.right(), 640);
 
     // Closing the bar gives the strip back and stops following windows.
     w.vensters().log.clear();
-    w.balk().Form_Unload();
+    w.balk2().Form_Unload();
     EXPECT_EQ(QStringList{"workarea 0,0 640x480 on 5"}, w.vensters().log);
-    EXPECT_FALSE(w.balk().tmrTaken.isActive());
+    EXPECT_FALSE(w.balk2().tmrTaken.isActive());
     w.programma(1, "Een");
     w.tik();
-    EXPECT_EQ(0, w.balk().AantalKnoppen);
+    EXPECT_EQ(0, w.balk2().AantalKnoppen);
 }
 
 TEST(Taakbalk2Test, TheBarGoesWhenTheDesktopIsLeft) {
-    TaakbalkWerkplek w;
+    Werkplek w(Werkplek::taakbalk);
     int verborgen = 0;
-    w.balk().VensterVerbergen = [&] {
+    w.balk2().VensterVerbergen = [&] {
         ++verborgen;
-        w.balk().Form_Unload();
+        w.balk2().Form_Unload();
     };
     w.programma(1, "Een");
     w.tik();
-    EXPECT_EQ(1, w.balk().AantalKnoppen);
+    EXPECT_EQ(1, w.balk2().AantalKnoppen);
     w.p.BureaubladOpen = false;
     w.tik();
     EXPECT_EQ(1, verborgen);
-    EXPECT_FALSE(w.balk().Geladen);
-    EXPECT_EQ(0, w.balk().AantalKnoppen);
+    EXPECT_FALSE(w.balk2().Geladen);
+    EXPECT_EQ(0, w.balk2().AantalKnoppen);
     w.tik(); // an unloaded bar does nothing at all
     EXPECT_EQ(1, verborgen);
 }
@@ -269,14 +269,14 @@ TEST(Taakbalk2Test, LoggingOffAsksWhileProgramsAreOpen) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.programmas);
-        TaakbalkWerkplek w;
+        Werkplek w(Werkplek::taakbalk);
         w.p.modTaal.Taal = 1033;
         w.programma(99, "Tafelkrater"); // the shell's own: not counted
         for (int i = 0; i < c.programmas; ++i)
             w.programma(1 + i, QStringLiteral("Programma %1").arg(i));
         w.tik();
         w.dialogen.antwoorden << c.antwoord;
-        w.balk().Form_MouseUp(w.balk().zoek("afmelden")->plek.center());
+        w.balk2().Form_MouseUp(w.balk2().zoek("afmelden")->plek.center());
         if (*c.vraag) {
             ASSERT_EQ(1, w.dialogen.gesteld.size());
             EXPECT_TRUE(w.dialogen.gesteld[0].tekst.startsWith(c.vraag))
@@ -290,11 +290,11 @@ TEST(Taakbalk2Test, LoggingOffAsksWhileProgramsAreOpen) {
 }
 
 TEST(Taakbalk2Test, ScreensThisWorkstationLacksAreNamedNotSilentlyIgnored) {
-    TaakbalkWerkplek w;
+    Werkplek w(Werkplek::taakbalk);
     w.p.modTaal.Taal = 1033;
     w.p.schermen = nullptr;
-    w.balk().KnopActie("help");
-    w.balk().KnopActie("bureaubladpictogrammen_onderhoud");
+    w.balk2().KnopActie("help");
+    w.balk2().KnopActie("bureaubladpictogrammen_onderhoud");
     ASSERT_EQ(2, w.dialogen.gesteld.size());
     EXPECT_EQ(w.p.modTaal.LaadTekst(9542), w.dialogen.gesteld[0].tekst);
     EXPECT_EQ(w.p.modTaal.LaadTekst(9543), w.dialogen.gesteld[1].tekst);
@@ -302,7 +302,7 @@ TEST(Taakbalk2Test, ScreensThisWorkstationLacksAreNamedNotSilentlyIgnored) {
 }
 
 TEST(Taakbalk2Test, ATickThatChangesNothingPaintsNothing) {
-    TaakbalkWerkplek w;
+    Werkplek w(Werkplek::taakbalk);
     w.programma(1, "Een");
     w.tik();
     const int na = w.hertekend;
@@ -315,26 +315,26 @@ TEST(Taakbalk2Test, ATickThatChangesNothingPaintsNothing) {
 }
 
 TEST(Taakbalk2Test, TheThemeGivesHeightPicturesAndColours) {
-    TaakbalkWerkplek w;
-    EXPECT_EQ(40, w.balk().Hoogte); // the default theme's bar picture
-    EXPECT_FALSE(w.balk().achtergrond.isNull());
-    EXPECT_EQ(QSize(16, 16), w.balk().internetIcoon.size());
-    EXPECT_EQ(QColor(255, 221, 87), w.balk().takenGeselecteerd);
-    EXPECT_EQ(QColor(41, 90, 143), w.balk().achtergrondKleur);
+    Werkplek w(Werkplek::taakbalk);
+    EXPECT_EQ(40, w.balk2().Hoogte); // the default theme's bar picture
+    EXPECT_FALSE(w.balk2().achtergrond.isNull());
+    EXPECT_EQ(QSize(16, 16), w.balk2().internetIcoon.size());
+    EXPECT_EQ(QColor(255, 221, 87), w.balk2().takenGeselecteerd);
+    EXPECT_EQ(QColor(41, 90, 143), w.balk2().achtergrondKleur);
     for (const char* naam : {"afmelden", "help"}) {
-        const TaakbalkKnop* k = w.balk().zoek(naam);
+        const TaakbalkKnop* k = w.balk2().zoek(naam);
         ASSERT_NE(nullptr, k) << naam;
         EXPECT_FALSE(k->beeld.isNull()) << naam;
         EXPECT_FALSE(k->tekst.isEmpty()) << naam;
     }
     // The fixed buttons keep clear of the tasks: left ones end before the internet icon.
-    EXPECT_LT(w.balk().zoek("afmelden")->plek.right(), FrmTaakbalk2::InternetIcoonLinks);
+    EXPECT_LT(w.balk2().zoek("afmelden")->plek.right(), FrmTaakbalk2::InternetIcoonLinks);
 
     // A theme without the bar's picture and colours: the defaults, no fault in the way.
     QFile::remove(w.pad("Afbeeldingen/Skins/1/Instellingen.ini"));
-    w.balk().LadenVormgeving();
-    EXPECT_EQ(FrmTaakbalk2::StandaardHoogte, w.balk().Hoogte);
-    EXPECT_TRUE(w.balk().achtergrond.isNull());
+    w.balk2().LadenVormgeving();
+    EXPECT_EQ(FrmTaakbalk2::StandaardHoogte, w.balk2().Hoogte);
+    EXPECT_TRUE(w.balk2().achtergrond.isNull());
     EXPECT_TRUE(w.dialogen.gesteld.isEmpty());
 }
 

@@ -1,5 +1,5 @@
-#include "TaakbalkWerkplek.h"
 #include "screens/taskbar/FrmTaakbalk2View.h"
+#include "tests/support/Werkplek.h"
 
 #include <QDir>
 #include <QImage>
@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::TaakbalkWerkplek;
+using tk::test::Werkplek;
 using K = FrmTaakbalk2::Kolom;
 
 namespace {
@@ -31,7 +31,7 @@ int tel(const QImage& beeld, const QRect& gebied, const QColor& kleur) {
 } // namespace
 
 TEST(Taakbalk2ViewTest, PaintsTasksPressedHoveredAndCut) {
-    TaakbalkWerkplek w;
+    Werkplek w(Werkplek::taakbalk);
     QImage rood(16, 16, QImage::Format_ARGB32);
     rood.fill(QColor(220, 0, 0));
     w.programma(1, "Rekenen");
@@ -41,12 +41,12 @@ TEST(Taakbalk2ViewTest, PaintsTasksPressedHoveredAndCut) {
     w.vensters().active = 2;
     w.p.InternetOpen = FrmTaakbalk2::InternetActief;
     w.tik();
-    ASSERT_EQ(4, w.balk().AantalKnoppen);
-    w.balk().Form_MouseMove(w.midden(3));
-    ASSERT_EQ(3, w.balk().HoverKnop);
+    ASSERT_EQ(4, w.balk2().AantalKnoppen);
+    w.balk2().Form_MouseMove(w.midden(3));
+    ASSERT_EQ(3, w.balk2().HoverKnop);
 
-    FrmTaakbalk2View view(w.balk());
-    view.setGeometry(0, 0, 1024, w.balk().Hoogte);
+    FrmTaakbalk2View view(w.balk2());
+    view.setGeometry(0, 0, 1024, w.balk2().Hoogte);
     const QImage beeld = view.grab().toImage().convertToFormat(QImage::Format_RGB32);
     bewaar(beeld, "taken");
     ASSERT_EQ(QSize(1024, 40), beeld.size());
@@ -57,16 +57,16 @@ TEST(Taakbalk2ViewTest, PaintsTasksPressedHoveredAndCut) {
     };
     // The pressed button is filled with the theme's selected colour, the hovered one with the
     // hover colour, the others with neither.
-    EXPECT_GT(tel(beeld, kader(2), w.balk().takenGeselecteerd), 200);
-    EXPECT_GT(tel(beeld, kader(3), w.balk().takenHover), 200);
-    EXPECT_EQ(0, tel(beeld, kader(1), w.balk().takenGeselecteerd));
-    EXPECT_EQ(0, tel(beeld, kader(1), w.balk().takenHover));
+    EXPECT_GT(tel(beeld, kader(2), w.balk2().takenGeselecteerd), 200);
+    EXPECT_GT(tel(beeld, kader(3), w.balk2().takenHover), 200);
+    EXPECT_EQ(0, tel(beeld, kader(1), w.balk2().takenGeselecteerd));
+    EXPECT_EQ(0, tel(beeld, kader(1), w.balk2().takenHover));
     // The window's icon stands at the button's left plus 2.
     EXPECT_EQ(QColor(220, 0, 0), beeld.pixelColor(w.kolom(1, K::Links) + 2 + 8, 20));
     // Titles stay inside their buttons: the column just past the hovered frame is no hover.
-    EXPECT_EQ(0, tel(beeld, QRect(w.kolom(3, K::KaderRechts) + 1, 8, 3, 24), w.balk().takenHover));
+    EXPECT_EQ(0, tel(beeld, QRect(w.kolom(3, K::KaderRechts) + 1, 8, 3, 24), w.balk2().takenHover));
     // The log-off button's picture stands at the left.
-    const QRect afmelden = w.balk().zoek("afmelden")->plek;
+    const QRect afmelden = w.balk2().zoek("afmelden")->plek;
     int oranje = 0;
     for (int y = afmelden.top(); y <= afmelden.bottom(); ++y)
         for (int x = afmelden.left(); x < afmelden.left() + FrmTaakbalk2::BeeldMaat; ++x) {
@@ -77,21 +77,21 @@ TEST(Taakbalk2ViewTest, PaintsTasksPressedHoveredAndCut) {
 }
 
 TEST(Taakbalk2ViewTest, OpeningMarksTheWindowAsABarAndPlacesItAtTheBottom) {
-    TaakbalkWerkplek w;
-    w.balk().Form_Unload();
+    Werkplek w(Werkplek::taakbalk);
+    w.balk2().Form_Unload();
     w.vensters().log.clear();
-    FrmTaakbalk2View view(w.balk());
+    FrmTaakbalk2View view(w.balk2());
     view.openen();
     ASSERT_FALSE(w.vensters().log.isEmpty());
     const quint64 id = quint64(view.winId());
     // Marked before anything else, so before it is mapped.
     EXPECT_EQ(QStringLiteral("kind %1 dock").arg(id), w.vensters().log.first());
     EXPECT_TRUE(w.vensters().log.contains(QStringLiteral("ontop %1 1").arg(id)));
-    EXPECT_TRUE(w.balk().tmrTaken.isActive());
+    EXPECT_TRUE(w.balk2().tmrTaken.isActive());
     EXPECT_TRUE(view.isVisible());
-    EXPECT_EQ(w.balk().Plek, view.geometry());
+    EXPECT_EQ(w.balk2().Plek, view.geometry());
     EXPECT_EQ(view.screen()->geometry().bottom(), view.geometry().bottom());
     view.sluiten();
     EXPECT_FALSE(view.isVisible());
-    EXPECT_FALSE(w.balk().tmrTaken.isActive());
+    EXPECT_FALSE(w.balk2().tmrTaken.isActive());
 }

@@ -1,17 +1,16 @@
 // The desktop's taskbar with the desktop itself: opened and closed with it, its buttons reaching
 // it, kept on top by its launcher.
 #include "screens/taskbar/FrmTaakbalk2.h"
-#include "tests/desktop/BureaubladWerkplek.h"
+#include "tests/support/Werkplek.h"
 
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::BureaubladWerkplek;
-
 namespace {
 
-struct Werkplek : BureaubladWerkplek {
-    Werkplek() {
+// The desktop with its taskbar, which is loaded when it is shown.
+struct Werkplek : tk::test::Werkplek {
+    Werkplek() : tk::test::Werkplek(bureaublad) {
         p.modTaal.Taal = 1033;
         p.maak(p.frmTaakbalk2, p);
         balk().VensterHandle = [] { return quint64(5); };
@@ -30,7 +29,6 @@ struct Werkplek : BureaubladWerkplek {
         leraar(0, "Jansen", "Els", "", "200", "geheim");
     }
     FrmTaakbalk2& balk() { return *p.frmTaakbalk2; }
-    int getoond = 0;
     int verborgen = 0;
 };
 
