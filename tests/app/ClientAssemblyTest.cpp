@@ -5,7 +5,6 @@
 #include "platform/RegistryStore.h"
 #include "screens/browser/BrowserPane.h"
 #include "session/ModMainSessie.h"
-#include "tests/desktop/BureaubladWerkplek.h"
 #include "tests/support/Werkplek.h"
 
 #include <QApplication>
@@ -83,7 +82,7 @@ TEST(ClientAssemblyTest, TheFavouritesProxySwitchReachesTheStartedProgramsWhenTm
     }
     for (const bool proxy : {true, false}) {
         SCOPED_TRACE(proxy);
-        test::BureaubladWerkplek w;
+        test::Werkplek w(test::Werkplek::bureaublad);
         ClientAssembly client(w.p);
         // The answering channel and the scripted dialogs, in place of the client's own.
         w.p.kanaal = &w.kanaal;

@@ -4,15 +4,13 @@
 #include "link/FrmMainLink.h"
 #include "screens/desktop/FrmBureaublad.h"
 #include "tests/e2e/ServerProces.h"
-#include "tests/e2e/Werkstation.h"
+#include "tests/support/Werkplek.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 using namespace tk;
 using tk::test::ServerProces;
-using tk::test::Werkstation;
+using tk::test::Werkplek;
 
 namespace {
 
@@ -30,15 +28,14 @@ class BureaubladE2ETest : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
-        ws = std::make_unique<Werkstation>(server.poort(), false);
-        ASSERT_TRUE(ws->verbind());
-        p().maak(p().modData, p());
+        ws.verbinding(server.poort(), Werkplek::Rol::Netwerk, 10);
+        ASSERT_TRUE(ws.identificeer());
     }
-    Programma& p() { return ws->w.p; }
-    ModData& d() { return *p().modData; }
+    Programma& p() { return ws.p; }
+    ModData& d() { return ws.d(); }
 
     ServerProces server;
-    std::unique_ptr<Werkstation> ws;
+    Werkplek ws;
 };
 
 } // namespace
@@ -87,9 +84,9 @@ TEST_F(BureaubladE2ETest, TheDesktopOfADemoClassStandsWhereTheServerKeepsItsPlac
     // A click on the first icon starts its program and counts the start on the server.
     const QPoint op = plek(0) + QPoint(8, 8);
     b.Form_MouseUp(1, op.x(), op.y());
-    EXPECT_EQ(ws->w.platform.fakeProcesses().started.size(), 1);
+    EXPECT_EQ(ws.platform.fakeProcesses().started.size(), 1);
     // The count is not answered; the next question's answer shows it went before.
-    EXPECT_FALSE(ws->vraag(QStringLiteral("LDNKLSSNC")).isEmpty());
+    EXPECT_FALSE(ws.vraag(QStringLiteral("LDNKLSSNC")).isEmpty());
     EXPECT_FALSE(server.uitvoer().contains(QStringLiteral("OPSTEL")))
         << server.uitvoer().toStdString();
 }

@@ -3,7 +3,7 @@
 #include "data/ModData.h"
 #include "screens/maintenance/FrmInternetFilter.h"
 #include "tests/e2e/ServerProces.h"
-#include "tests/e2e/Werkstation.h"
+#include "tests/support/Werkplek.h"
 
 #include <QDir>
 #include <QFile>
@@ -29,13 +29,13 @@ TEST(FilterEditorE2E, AnUpdateFromTheServersWebSideIsSavedInPiecesAndLoadsWhole)
     bestand.write(lijst);
     bestand.close();
 
-    Werkstation ws(server.poort());
-    Programma& p = ws.w.p;
+    Werkplek ws(server.poort(), Werkplek::Rol::Beheer, 10);
+    Programma& p = ws.p;
     p.maak(p.modData, p);
-    ASSERT_TRUE(ws.verbind());
+    ASSERT_TRUE(ws.identificeer());
     p.modMain.SchrijfIni(QString("http://127.0.0.1:%1").arg(webPoort), "Instellingen", "Webadres",
                          "\\Data\\Instellingen.ini");
-    ws.w.platform.fakeNetwork().status.insert(QString("127.0.0.1:%1").arg(webPoort), 0);
+    ws.platform.fakeNetwork().status.insert(QString("127.0.0.1:%1").arg(webPoort), 0);
     p.modData->LaadVerbodenWoorden();
     p.modData->LaadToegestaneSites();
 
@@ -49,7 +49,7 @@ TEST(FilterEditorE2E, AnUpdateFromTheServersWebSideIsSavedInPiecesAndLoadsWhole)
     ASSERT_GT(woorden.size(), 4000);
     EXPECT_EQ(f.lijsten.lijst(FilterLists::Woorden).size(), voor + 400);
     f.cmdOpslaan_Click();
-    EXPECT_TRUE(f.Opgeslagen) << ws.w.meldingen().join("; ").toStdString();
+    EXPECT_TRUE(f.Opgeslagen) << ws.meldingen().join("; ").toStdString();
 
     p.modData->VerbodenWoorden.clear();
     p.modData->ToegestaneSites.clear();

@@ -191,7 +191,7 @@ TEST(BewerkPaneelTest, ListShowChangeRestoreCancelAndNewWithTheMenuDeadMeanwhile
     EXPECT_EQ(items(b), QStringList({"nieuw*"}));
     b.cmd_Click(BewerkPaneel::Annuleren);
     EXPECT_EQ(items(b), QStringList({"leeg"}));
-    EXPECT_TRUE(m.plek.ws.w.meldingen().isEmpty());
+    EXPECT_TRUE(m.plek.ws.meldingen().isEmpty());
     // A forced log-off in the middle of an edit: the next stay shows the panel browsing.
     b.cmd_Click(BewerkPaneel::Nieuw);
     f.Afmelden();
@@ -271,7 +271,7 @@ TEST(BewerkPaneelTest, ASaveThatTheServerRefusesOrLosesKeepsTheEditOrRestarts) {
         b.ZetVeld(1, "1");
         b.cmd_Click(BewerkPaneel::Opslaan);
         EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
-        EXPECT_EQ(m.plek.ws.w.meldingen(),
+        EXPECT_EQ(m.plek.ws.meldingen(),
                   c.melding ? QStringList(m.plek.p().modTaal.LaadTekst(c.melding)) : QStringList());
         EXPECT_EQ(m.plek.p().beeindigd, c.einde);
         EXPECT_EQ(b.bewerken, c.bewerken);
@@ -300,7 +300,7 @@ TEST(BewerkPaneelTest, ALinkLostInTheMiddleOfAnEditRestartsTheClientWithItsMessa
     Programma& p = m.plek.p();
     p.wacht.Tot([&] { return p.beeindigd; }, p.platform.clock().msecsSinceStart() + 60'000, false);
     EXPECT_TRUE(p.beeindigd);
-    EXPECT_EQ(m.plek.ws.w.meldingen(), QStringList(m.plek.p().modTaal.LaadTekst(1619)));
+    EXPECT_EQ(m.plek.ws.meldingen(), QStringList(m.plek.p().modTaal.LaadTekst(1619)));
     EXPECT_TRUE(m.paneel.k()(0, 0).isEmpty()) << "nothing of the edit was stored";
 }
 

@@ -9,7 +9,7 @@
 
 using namespace tk;
 using tk::test::ServerProces;
-using tk::test::Werkstation;
+using tk::test::Werkplek;
 
 namespace {
 
@@ -17,7 +17,7 @@ namespace {
 struct Beheerder : tk::test::OnderhoudPlek {
     using OnderhoudPlek::OnderhoudPlek;
     bool binnen() {
-        if (!ws.verbind())
+        if (!ws.identificeer())
             return false;
         p().modData->LaadWachtwoorden();
         p().modData->LaadOverigeInstellingen();
@@ -40,8 +40,8 @@ protected:
     }
     // What a second workstation reads of the server now.
     QString leesVanServer(const QString& bericht) {
-        Werkstation ander(server.poort());
-        return ander.verbind() ? ander.vraag(bericht) : QStringLiteral("(no link)");
+        Werkplek ander(server.poort(), Werkplek::Rol::Beheer, 10);
+        return ander.identificeer() ? ander.vraag(bericht) : QStringLiteral("(no link)");
     }
     ServerProces server;
     std::unique_ptr<Beheerder> beheerder;
@@ -63,7 +63,7 @@ TEST_F(InstellingenE2ETest, ANewLanguageReachesTheServerAndEveryCaption) {
     ASSERT_GE(engels, 0);
     m.cmbInstellingen_Taal_Click(engels);
     m.cmdInstellingen_Click(0);
-    EXPECT_TRUE(b.ws.w.meldingen().isEmpty()) << b.ws.w.meldingen().join("\n").toStdString();
+    EXPECT_TRUE(b.ws.meldingen().isEmpty()) << b.ws.meldingen().join("\n").toStdString();
     EXPECT_EQ(b.p().modTaal.Taal, 1033);
     EXPECT_EQ(leesVanServer("LDNTAA"), "1033");
 
@@ -105,7 +105,7 @@ TEST_F(InstellingenE2ETest, AnExportedBackupBringsTheDataBackWhenImported) {
     const int voor = s.fraBackupEnabled ? int(s.cmbBackup.size()) : 0;
     const QString startpagina = b.inst().txtInstellingen_Internet.tag;
     s.cmdBackup_Click(1);
-    ASSERT_EQ(b.ws.w.meldingen(), QStringList(b.p().modTaal.LaadTekst(3327)))
+    ASSERT_EQ(b.ws.meldingen(), QStringList(b.p().modTaal.LaadTekst(3327)))
         << server.uitvoer().toStdString();
     ASSERT_EQ(s.cmbBackup.size(), voor + 1) << "the new backup is listed at once";
     const QString gemaakt = s.cmbBackup[s.backupIndex];
@@ -121,9 +121,9 @@ TEST_F(InstellingenE2ETest, AnExportedBackupBringsTheDataBackWhenImported) {
     const int index = int(s.cmbBackup.indexOf(gemaakt));
     ASSERT_GE(index, 0);
     s.cmbBackup_Click(index);
-    b.ws.w.dialogen.antwoorden << "ja";
+    b.ws.dialogen.antwoorden << "ja";
     s.cmdBackup_Click(0);
-    EXPECT_EQ(b.ws.w.meldingen().mid(1),
+    EXPECT_EQ(b.ws.meldingen().mid(1),
               QStringList({b.p().modTaal.LaadTekst(3324), b.p().modTaal.LaadTekst(3325)}));
     EXPECT_TRUE(b.p().beeindigd) << "the client restarts after an import";
     const QString overige = leesVanServer("LDNOVR");

@@ -15,9 +15,9 @@
 #include "screens/maintenance/OnderhoudServerView.h"
 #include "tests/maintenance/OnderhoudWerkplek.h"
 #include "tests/screens/PngBewaren.h"
-#include "tests/screens/ScreenWerkplek.h"
 #include "tests/support/ScriptedPeer.h"
 #include "tests/support/WaitUntil.h"
+#include "tests/support/Werkplek.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -30,9 +30,9 @@
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::ScreenWerkplek;
 using tk::test::ScriptedPeer;
 using tk::test::waitUntil;
+using tk::test::Werkplek;
 using Levering = ScriptedPeer::Levering;
 using Keuze = InstellingenTeksten::Keuze;
 
@@ -115,7 +115,7 @@ struct Plek {
     }
     QString tekst(int id) { return w.p.modTaal.LaadTekst(id); }
 
-    ScreenWerkplek w;
+    Werkplek w{Werkplek::startscherm};
     ScreenRouter router;
 };
 

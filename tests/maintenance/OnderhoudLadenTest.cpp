@@ -15,9 +15,9 @@ TEST(OnderhoudLadenTest, EntryReadsThePanelsListsInOrderThenTheThemesAndTheIcons
     ScriptedPeer peer;
     tk::test::binnenkomst(peer);
     OnderhoudPlek plek(peer.poort());
-    QDir().mkpath(plek.ws.w.pad("Afbeeldingen/Pictogrammen"));
+    QDir().mkpath(plek.ws.pad("Afbeeldingen/Pictogrammen"));
     ASSERT_TRUE(
-        QFile::copy(TK_STANDARD_ICL, plek.ws.w.pad("Afbeeldingen/Pictogrammen/standaard.icl")));
+        QFile::copy(TK_STANDARD_ICL, plek.ws.pad("Afbeeldingen/Pictogrammen/standaard.icl")));
     ASSERT_TRUE(plek.verbindKaal());
     ASSERT_TRUE(plek.betreed());
     // Every message in the order of the script, none unexpected.
@@ -53,7 +53,7 @@ using OnderhoudKlassenE2ETest = tk::test::OnderhoudServerTest;
 TEST_F(OnderhoudKlassenE2ETest, ADoubleClickOnTheClassesPanelMakesEightClassesOnTheServer) {
     Programma& p = binnen->p();
     FrmOnderhoud& f = binnen->f();
-    auto& dialogen = binnen->ws.w.dialogen;
+    auto& dialogen = binnen->ws.dialogen;
     // Elsewhere than on the classes panel, or with "No", nothing happens.
     f.picMenuItem_DblClick(FrmOnderhoud::PLeraren);
     dialogen.antwoorden = {"nee"};

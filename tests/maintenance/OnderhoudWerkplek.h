@@ -9,8 +9,8 @@
 #include "screens/maintenance/FrmOnderhoud.h"
 #include "screens/maintenance/FrmOnderhoudVraag.h"
 #include "screens/start/FrmMain.h"
-#include "tests/e2e/Werkstation.h"
 #include "tests/support/ScriptedPeer.h"
+#include "tests/support/Werkplek.h"
 #include "theme/ModThema.h"
 
 #include <gtest/gtest.h>
@@ -26,9 +26,9 @@ namespace tk::test {
 // screen, the router and the exclusive-access question (its timer ticks on every turn of the
 // event loop; what it decides follows from the injected clock).
 struct OnderhoudPlek {
-    explicit OnderhoudPlek(quint16 poort) : ws(poort), router(p()) {
+    explicit OnderhoudPlek(quint16 poort) : ws(poort, Werkplek::Rol::Beheer, 10), router(p()) {
         Programma& p = this->p();
-        ws.w.kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/1/"));
+        ws.kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/1/"));
         p.maak(p.modData, p);
         p.modMainVerbinding->namen = p.modData;
         p.maak(p.modThema, p);
@@ -39,10 +39,10 @@ struct OnderhoudPlek {
         p.maak(p.frmOnderhoudVraag, p);
         vraag().tmrAuto.setInterval(0);
     }
-    Programma& p() { return ws.w.p; }
+    Programma& p() { return ws.p; }
     FrmOnderhoud& f() { return *p().frmOnderhoud; }
     FrmOnderhoudVraag& vraag() { return *p().frmOnderhoudVraag; }
-    FakeClock& klok() { return ws.w.platform.fakeClock(); }
+    FakeClock& klok() { return ws.platform.fakeClock(); }
     // Connects without the identification a scripted peer would have to expect.
     bool verbindKaal() {
         return p().modMainVerbinding->BepaalServerlocatie() && p().frmMain->ServerVerbinden(true);
@@ -55,7 +55,7 @@ struct OnderhoudPlek {
         p().modMainVerbinding->GeefLocatieDoor(QStringLiteral("ONDERHOUD"));
         return router.openOnderhoudsmodule(-1, {});
     }
-    Werkstation ws;
+    Werkplek ws;
     ScreenRouter router;
 };
 
@@ -89,8 +89,8 @@ protected:
         ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
         binnen = std::make_unique<OnderhoudPlek>(server.poort());
         nieuw = std::make_unique<OnderhoudPlek>(server.poort());
-        ASSERT_TRUE(binnen->ws.verbind());
-        ASSERT_TRUE(nieuw->ws.verbind());
+        ASSERT_TRUE(binnen->ws.identificeer());
+        ASSERT_TRUE(nieuw->ws.identificeer());
         ASSERT_TRUE(binnen->betreed());
         ASSERT_EQ(nieuw->ws.vraag(QStringLiteral("INFOND")), QStringLiteral("JA"));
         binnen->klok().setStepPerRead(0);

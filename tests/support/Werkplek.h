@@ -41,6 +41,9 @@ namespace tk::test {
 class Werkplek {
 public:
     Werkplek();
+    // A workstation with the link in a role, pointed at `poort` (see verbinding()).
+    enum class Rol { Netwerk, Beheer };
+    Werkplek(quint16 poort, Rol rol, int stap = 100) : Werkplek() { verbinding(poort, rol, stap); }
     // A workstation with a part made at once: Werkplek w(Werkplek::bureaublad).
     static constexpr struct Starter {
     } starter{};
@@ -234,7 +237,6 @@ public:
     // The link in a mode, the server location in the settings pointing at `poort` on this
     // machine when one is given, the loaders of the data tables over it. Every read of the clock
     // moves it on by `stap` ms, so that deadlines pass quickly.
-    enum class Rol { Netwerk, Beheer };
     FrmMainLink& verbinding(quint16 poort = 0, Rol rol = Rol::Netwerk, int stap = 100) {
         if (!p.frmMain)
             p.maak(p.frmMain, p);
