@@ -1,15 +1,14 @@
 #include "link/FrmMainLink.h"
 #include "link/ModMainVerbinding.h"
-#include "link/Woordenlijst.h"
 #include "tests/support/OpnameSchermen.h"
 #include "tests/support/ScriptedPeer.h"
+#include "tests/support/WaitUntil.h"
 #include "tests/support/Werkplek.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QEventLoop>
 #include <QLocalServer>
 #include <QLocalSocket>
+#include <QTcpSocket>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -21,45 +20,6 @@ using Levering = ScriptedPeer::Levering;
 
 namespace {
 
-// A workstation with the link: Network mode, the server location pointing at a peer.
-struct Verbinding {
-    explicit Verbinding(quint16 poort) {
-        w.p.maak(w.p.frmMain, w.p);
-        w.p.maak(w.p.modMainVerbinding, w.p);
-        w.p.modMain.ModusNetwerk = true;
-        w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
-        w.p.modMain.SchrijfIni(QStringLiteral("127.0.0.1:%1").arg(poort),
-                               QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
-                               QString::fromLatin1(ModMain::Instellingen));
-        // Every read of the clock moves it on, so that 5-second deadlines pass quickly.
-        w.platform.fakeClock().setStepPerRead(100);
-    }
-    bool verbind() {
-        return w.p.modMainVerbinding->BepaalServerlocatie() && w.p.frmMain->ServerVerbinden(true);
-    }
-    // Sends a class A request and waits for the reply.
-    QString vraag(const QString& bericht) {
-        w.p.modMain.AntwoordOntvangen = false;
-        w.p.frmMain->WS_Versturen(bericht, false);
-        w.p.wacht.Tot([this] { return w.p.modMain.AntwoordOntvangen; });
-        return w.p.modMain.Antwoord;
-    }
-    // Pumps until the condition holds (or 2 s of real time, which fails the caller's check).
-    void pompTot(const std::function<bool()>& voorwaarde) {
-        QElapsedTimer t;
-        t.start();
-        while (!voorwaarde() && t.elapsed() < 2000)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    void pompVoor(int ms) {
-        QElapsedTimer t;
-        t.start();
-        while (t.elapsed() < ms)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    Werkplek w;
-};
-
 QString foutrapport(Werkplek& w, const char* sleutel) {
     return w.p.modMain.LeesIni(QStringLiteral("ID=1"), QString::fromLatin1(sleutel),
                                QStringLiteral("\\Data\\Foutrapportage.ini"));
@@ -67,82 +27,77 @@ QString foutrapport(Werkplek& w, const char* sleutel) {
 
 } // namespace
 
-TEST(WoordenlijstTest, SortsEveryReplyByItsFirstCharactersInTheTablesOrder) {
-    using K = Woordenlijst::Klasse;
-    using A = Woordenlijst::Actie;
-    struct Case {
-        const char* bericht;
-        K klasse;
-        A actie;
-        bool metPayload;
-        const char* payload;
+TEST(LinkTest, WhatAMessageFromTheServerFillsIsDecidedByItsFirstCharacters) {
+    // "A": the reply slot and its flag (the old text stays when only the flag is set), "B": the
+    // save slot, "C": the acknowledgement; an empty outcome drops the message.
+    Werkplek w;
+    FrmMainLink& f = w.verbinding();
+    OpnameStartscherm startscherm;
+    w.p.startScreenEvents = &startscherm;
+    ModMain& m = w.p.modMain;
+    auto uitkomst = [&](const char* bericht) {
+        m.Antwoord = m.AntwoordOpslaan = f.Domein = QStringLiteral("oud");
+        m.AntwoordOntvangen = m.AntwoordOpslaanOntvangen = f.BevestigdBericht = false;
+        startscherm.log.clear();
+        f.WS_DataArrival(QByteArray(bericht));
+        QCoreApplication::processEvents();
+        QStringList uit = startscherm.log;
+        if (m.AntwoordOntvangen)
+            uit << QStringLiteral("A ") + m.Antwoord;
+        if (m.AntwoordOpslaanOntvangen)
+            uit << QStringLiteral("B ") + m.AntwoordOpslaan;
+        if (f.BevestigdBericht)
+            uit << QStringLiteral("C");
+        if (f.Domein != u"oud")
+            uit << QStringLiteral("domein ") + f.Domein;
+        return uit.join(QStringLiteral(", "));
     };
-    const Case cases[] = {
-        {"PIN", K::D, A::Ping, false, ""},
-        {"pin", K::D, A::Vallen, false, ""}, // tests are case-sensitive
-        {"TSTextra", K::C, A::Geen, false, ""},
-        {"LOC", K::C, A::Geen, false, ""},
-        {"ACDCONJA", K::A, A::Geen, true, "JA"},
-        {"FIRschool", K::A, A::Fir, true, "school"},
-        {"INFVERx", K::C, A::Geen, false, ""},
-        {"INFDMNd|1|2|3|4|JA|NEE", K::C, A::Infdmn, true, "d|1|2|3|4|JA|NEE"},
-        {"INFAFM", K::D, A::Geen, false, ""},
-        {"INFONDJA", K::A, A::Geen, true, "JA"},
-        {"INFONA", K::D, A::Infona, false, ""},
-        {"INFONC", K::D, A::Infonc, false, ""},
-        {"INFONB", K::C, A::Geen, false, ""},
-        {"INF", K::C, A::Geen, false, ""},
-        {"UPDVER2.0.0", K::A, A::Geen, true, "2.0.0"},
-        {"UPDOPHINFx|y", K::A, A::Geen, true, "x|y"},
-        {"UPDOPHREQ", K::D, A::Vallen, false, ""},
-        {"UPDCONJA", K::A, A::Geen, true, "JA"},
-        {"UPDXYZ", K::D, A::Vallen, false, ""},
-        {"HLPOPS", K::A, A::Geen, false, ""},
-        {"HLPSNC1-1-2000|3", K::A, A::Geen, true, "1-1-2000|3"},
-        {"HLPSCR", K::D, A::Vallen, false, ""},
-        {"BCKFOUT", K::A, A::Geen, true, "FOUT"},
-        {"LDNKLSSNC21", K::A, A::Geen, true, "21"},
-        {"LDNKLSDA3;rec", K::A, A::Geen, true, "3;rec"},
-        {"LDNLRNDA12|x", K::A, A::Geen, true, "12|x"},
-        {"LDNCAKcats", K::A, A::Geen, true, "cats"},
-        {"LDNAPPPOS1|2", K::A, A::Geen, true, "POS1|2"},
-        {"LDNAPKSNC200", K::A, A::Geen, true, "200"},
-        {"LDNAPLDAT4rec", K::A, A::Geen, true, "4rec"},
-        {"LDNAPKXYZ", K::A, A::Geen, true, "XYZ"},
-        {"LDNPICGRP1-1-2000", K::A, A::Geen, true, "1-1-2000"},
-        {"LDNPICSTD", K::A, A::Geen, false, ""},
-        {"LDNPICPAK", K::C, A::Geen, false, ""},
-        {"LDNPICXXX", K::D, A::Vallen, false, ""},
-        {"LDNWCHa;|;b", K::A, A::Geen, true, "a;|;b"},
-        {"LDNTAA1043", K::A, A::Geen, true, "1043"},
-        {"LDNIVWINF7", K::A, A::Geen, true, "7"},
-        {"LDNIVWPA1woord", K::A, A::Geen, true, "PA1woord"},
-        {"LDNIVWX", K::D, A::Vallen, false, ""},
-        {"LDNTHE1|2", K::A, A::Geen, true, "1|2"},
-        {"LDNTHV", K::A, A::Geen, false, ""},
-        {"LDNTHX", K::A, A::Geen, false, ""},
-        {"LDNGRPa|b", K::A, A::Geen, true, "a|b"},
-        {"LDNACCx", K::A, A::Geen, true, "x"},
-        {"LDNXYZ", K::D, A::Vallen, false, ""},
-        {"OPSKLZ5", K::B, A::Geen, true, "5"},
-        {"OPSKLS", K::B, A::Geen, true, ""},
-        {"OPSAPP17", K::B, A::Geen, true, "17"},
-        {"OPSWAG", K::B, A::Geen, false, ""},
-        {"OPSSIN", K::B, A::Geen, false, ""},
-        {"OPSAP2OK", K::A, A::Geen, true, "OK"},
-        {"OPSXXX", K::D, A::Vallen, false, ""},
-        {"VWNKLSFOUT", K::B, A::Geen, true, "FOUT"},
-        {"XYZ", K::D, A::Vallen, false, ""},
-        {"", K::D, A::Vallen, false, ""},
+    const std::pair<const char*, const char*> gevallen[] = {
+        {"TSTextra", "C"},
+        {"LOC", "C"},
+        {"INFVERx", "C"},
+        {"INFCOM", "C"},
+        {"INFONB", "C"},
+        {"INFDMNd|1|2|3|4|JA|NEE", "C, domein d"},
+        {"INFAFM", ""},
+        {"INFONDJA", "A JA"},
+        {"INFONA", "onderhoud gevraagd"},
+        {"INFONC", "onderhoud ingetrokken"},
+        {"ACDCONJA", "A JA"},
+        {"FIRschool", "A oud, domein school"},
+        {"UPDVER2.0.0", "A 2.0.0"},
+        {"UPDOPHINFx|y", "A x|y"},
+        {"UPDOPHREQ", ""},
+        {"UPDCONJA", "A JA"},
+        {"UPDXYZ", ""},
+        {"HLPOPS", "A oud"},
+        {"HLPSNC1-1-2000|3", "A 1-1-2000|3"},
+        {"HLPSCR", ""},
+        {"BCKFOUT", "A FOUT"},
+        {"LDNKLSSNC21", "A 21"},
+        {"LDNAPKSNC200", "A 200"},
+        {"LDNPICGRP1-1-2000", "A 1-1-2000"},
+        {"LDNPICSTD", "A oud"},
+        {"LDNPICPAK", "C"},
+        {"LDNPICXXX", ""},
+        {"LDNIVWPA1woord", "A PA1woord"},
+        {"LDNIVWX", ""},
+        {"LDNTHV", "A oud"},
+        {"LDNTHX", "A oud"},
+        {"LDNGRPa|b", "A a|b"},
+        {"LDNXYZ", ""},
+        {"OPSKLZ5", "B 5"},
+        {"OPSWAG", "B oud"},
+        {"OPSAP2OK", "A OK"},
+        {"OPSXXX", ""},
+        {"VWNKLSFOUT", "B FOUT"},
+        {"pin", ""},
+        {"XYZ", ""},
+        {"", ""},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.bericht);
-        const auto s = Woordenlijst::sorteer(QString::fromLatin1(c.bericht));
-        EXPECT_EQ(s.klasse, c.klasse);
-        EXPECT_EQ(s.actie, c.actie);
-        EXPECT_EQ(s.metPayload, c.metPayload);
-        EXPECT_EQ(s.payload, QString::fromLatin1(c.payload));
-    }
+    for (const auto& [bericht, verwacht] : gevallen)
+        EXPECT_EQ(uitkomst(bericht), QString::fromLatin1(verwacht)) << bericht;
+    EXPECT_TRUE(w.rapporten.isEmpty());
 }
 
 TEST(LinkTest, TheFirstMessagesOfAConnectionGoInOrder) {
@@ -152,12 +107,13 @@ TEST(LinkTest, TheFirstMessagesOfAConnectionGoInOrder) {
         .op(QStringLiteral("INFDMN"),
             QStringLiteral("INFDMNschool.local|3501|3502|3503|3504|ja|NEE"))
         .op(QStringLiteral("INFCOMLOKAAL-12"), QStringLiteral("INFCOM"));
-    Verbinding v(peer.poort());
-    ASSERT_TRUE(v.verbind());
-    v.w.p.modMainVerbinding->IdentificeerClient();
+    Werkplek w;
+    w.verbinding(peer.poort());
+    ASSERT_TRUE(w.verbind());
+    w.p.modMainVerbinding->IdentificeerClient();
     EXPECT_TRUE(peer.klaar());
     EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join(QLatin1Char('\n')).toStdString();
-    FrmMainLink& f = *v.w.p.frmMain;
+    FrmMainLink& f = *w.p.frmMain;
     EXPECT_EQ(f.Domein, QStringLiteral("school.local"));
     EXPECT_EQ(f.ReceiverPortBinary, 3501);
     EXPECT_EQ(f.ReceiverPortInfo, 3502);
@@ -171,13 +127,14 @@ TEST(LinkTest, TheFirstMessagesOfAConnectionGoInOrder) {
 TEST(LinkTest, AServerThatDoesNotAnswerTheTestWithinFiveSecondsCountsAsAbsent) {
     ScriptedPeer peer;
     peer.op(QStringLiteral("TST"), QString(), Levering::Stil);
-    Verbinding v(peer.poort());
-    const qint64 voor = v.w.platform.fakeClock().msecsSinceStart();
-    EXPECT_FALSE(v.verbind());
-    EXPECT_GE(v.w.platform.fakeClock().msecsSinceStart() - voor, 5000);
-    EXPECT_FALSE(v.w.p.frmMain->isConnected());
-    EXPECT_EQ(v.w.p.frmMain->lblLaden, v.w.p.modTaal.LaadTekst(1611).toUpper());
-    EXPECT_FALSE(v.w.p.frmMain->Offline); // no cache to start from
+    Werkplek w;
+    w.verbinding(peer.poort());
+    const qint64 voor = w.platform.fakeClock().msecsSinceStart();
+    EXPECT_FALSE(w.verbind());
+    EXPECT_GE(w.platform.fakeClock().msecsSinceStart() - voor, 5000);
+    EXPECT_FALSE(w.p.frmMain->isConnected());
+    EXPECT_EQ(w.p.frmMain->lblLaden, w.p.modTaal.LaadTekst(1611).toUpper());
+    EXPECT_FALSE(w.p.frmMain->Offline); // no cache to start from
 }
 
 TEST(LinkTest, OneReadIsOneMessageSoSplitRepliesAreTwoAndMergedRepliesOne) {
@@ -186,13 +143,14 @@ TEST(LinkTest, OneReadIsOneMessageSoSplitRepliesAreTwoAndMergedRepliesOne) {
         .op(QStringLiteral("LDNOVR"), QStringLiteral("LDNOVRabcdefghij"), Levering::Gesplitst)
         .op(QStringLiteral("LDNOVR"), QStringLiteral("LDNOVRa;<>;b"), Levering::Samengevoegd)
         .zelf(QStringLiteral("PIN"));
-    Verbinding v(peer.poort());
-    ASSERT_TRUE(v.verbind());
+    Werkplek w;
+    w.verbinding(peer.poort());
+    ASSERT_TRUE(w.verbind());
     // Split: the first half is the whole reply; the second half matches nothing.
-    EXPECT_EQ(v.vraag(QStringLiteral("LDNOVR")), QStringLiteral("ab"));
+    EXPECT_EQ(w.vraag(QStringLiteral("LDNOVR")), QStringLiteral("ab"));
     // Merged: the keep-alive becomes part of the payload and is not answered.
-    EXPECT_EQ(v.vraag(QStringLiteral("LDNOVR")), QStringLiteral("a;<>;bPIN"));
-    v.pompVoor(200);
+    EXPECT_EQ(w.vraag(QStringLiteral("LDNOVR")), QStringLiteral("a;<>;bPIN"));
+    tk::test::pompVoor(200);
     EXPECT_FALSE(peer.ontvangen.contains(QStringLiteral("PING")));
     EXPECT_TRUE(peer.klaar());
 }
@@ -204,10 +162,11 @@ TEST(LinkTest, AKeepAliveInTheMiddleOfALoadIsAnsweredAndUnknownCommandsAreDroppe
         .zelf(QStringLiteral("PIN"))
         .zelf(QStringLiteral("XYZonbekend"))
         .zelf(QStringLiteral("LDNKLSSNC8"));
-    Verbinding v(peer.poort());
-    ASSERT_TRUE(v.verbind());
-    v.w.p.modMain.Antwoord = QStringLiteral("oud");
-    EXPECT_EQ(v.vraag(QStringLiteral("LDNKLSSNC")), QStringLiteral("8"));
+    Werkplek w;
+    w.verbinding(peer.poort());
+    ASSERT_TRUE(w.verbind());
+    w.p.modMain.Antwoord = QStringLiteral("oud");
+    EXPECT_EQ(w.vraag(QStringLiteral("LDNKLSSNC")), QStringLiteral("8"));
     EXPECT_EQ(peer.ontvangen, (QStringList{QStringLiteral("TST"), QStringLiteral("LDNKLSSNC"),
                                            QStringLiteral("PING")}));
     EXPECT_TRUE(peer.fouten.isEmpty());
@@ -219,15 +178,16 @@ TEST(LinkTest, ServerFactsWithSixFieldsEndInAFaultReportAndTheWaitStillEnds) {
         .op(QStringLiteral("INFVER*"), QStringLiteral("INFVER"))
         .op(QStringLiteral("INFDMN"), QStringLiteral("INFDMNschool|1|2|3|4|JA"))
         .op(QStringLiteral("INFCOM*"), QStringLiteral("INFCOM"));
-    Verbinding v(peer.poort());
-    v.w.dialogen.opModaal = [](Form& f) {
+    Werkplek w;
+    w.verbinding(peer.poort());
+    w.dialogen.opModaal = [](Form& f) {
         static_cast<FrmFoutrapportage&>(f).cmdNietVersturen_Click();
     };
-    ASSERT_TRUE(v.verbind());
-    v.w.p.modMainVerbinding->IdentificeerClient();
+    ASSERT_TRUE(w.verbind());
+    w.p.modMainVerbinding->IdentificeerClient();
     EXPECT_TRUE(peer.klaar());
-    EXPECT_EQ(foutrapport(v.w, "Procedure"), QStringLiteral("frmMain.WS_DataArrival"));
-    EXPECT_TRUE(foutrapport(v.w, "Omschrijving").contains(QStringLiteral("6 of 7")));
+    EXPECT_EQ(foutrapport(w, "Procedure"), QStringLiteral("frmMain.WS_DataArrival"));
+    EXPECT_TRUE(foutrapport(w, "Omschrijving").contains(QStringLiteral("6 of 7")));
 }
 
 TEST(LinkTest, ServerFactsWithAPortOutsideTheSocketsRangeAreRefusedWhole) {
@@ -262,127 +222,130 @@ TEST(LinkTest, LossOfTheLinkInNetworkModeGoesOfflineAndEndsTheWait) {
     ScriptedPeer peer;
     peer.op(QStringLiteral("TST"), QStringLiteral("TST"))
         .op(QStringLiteral("LDNKLSSNC"), QString(), Levering::Sluiten);
-    Verbinding v(peer.poort());
-    ASSERT_TRUE(v.verbind());
-    v.w.p.modMain.AntwoordOntvangen = false;
-    v.w.p.frmMain->WS_Versturen(QStringLiteral("LDNKLSSNC"), false);
-    EXPECT_EQ(v.w.p.wacht.Tot([&] { return v.w.p.modMain.AntwoordOntvangen; }),
+    Werkplek w;
+    w.verbinding(peer.poort());
+    ASSERT_TRUE(w.verbind());
+    w.p.modMain.AntwoordOntvangen = false;
+    w.p.frmMain->WS_Versturen(QStringLiteral("LDNKLSSNC"), false);
+    EXPECT_EQ(w.p.wacht.Tot([&] { return w.p.modMain.AntwoordOntvangen; }),
               Wacht::Uitkomst::VerbindingVerloren);
-    EXPECT_TRUE(v.w.p.frmMain->Offline);
-    EXPECT_TRUE(v.w.dialogen.gesteld.isEmpty());
-    EXPECT_FALSE(v.w.p.beeindigd);
+    EXPECT_TRUE(w.p.frmMain->Offline);
+    EXPECT_TRUE(w.dialogen.gesteld.isEmpty());
+    EXPECT_FALSE(w.p.beeindigd);
     // Offline, a send is lost without a word.
-    v.w.p.frmMain->WS_Versturen(QStringLiteral("LDNWCH"), false);
-    EXPECT_TRUE(v.w.dialogen.gesteld.isEmpty());
+    w.p.frmMain->WS_Versturen(QStringLiteral("LDNWCH"), false);
+    EXPECT_TRUE(w.dialogen.gesteld.isEmpty());
 }
 
 TEST(LinkTest, LossOfTheLinkInStandaloneModeRestartsThroughTheLauncher) {
     ScriptedPeer peer;
     peer.op(QStringLiteral("TST"), QStringLiteral("TST"));
-    Verbinding v(peer.poort());
+    Werkplek w;
+    w.verbinding(peer.poort());
     QLocalServer launcher;
-    ASSERT_TRUE(launcher.listen(ModMainVerbinding::launcherNaam(v.w.map())));
+    ASSERT_TRUE(launcher.listen(ModMainVerbinding::launcherNaam(w.map())));
     QByteArray woord;
     QObject::connect(&launcher, &QLocalServer::newConnection, [&] {
         QLocalSocket* s = launcher.nextPendingConnection();
         QObject::connect(s, &QLocalSocket::readyRead, [&woord, s] { woord += s->readAll(); });
     });
-    ASSERT_TRUE(v.verbind()); // Network settings for the location; the mode is what counts
-    v.w.p.modMain.ModusNetwerk = false;
-    v.w.p.modMain.ModusStandalone = true;
+    ASSERT_TRUE(w.verbind()); // Network settings for the location; the mode is what counts
+    w.p.modMain.ModusNetwerk = false;
+    w.p.modMain.ModusStandalone = true;
     peer.sluit();
-    v.pompTot([&] { return v.w.p.beeindigd && woord == "resolutie"; });
-    EXPECT_TRUE(v.w.p.beeindigd);
+    tk::test::waitUntil([&] { return w.p.beeindigd && woord == "resolutie"; });
+    EXPECT_TRUE(w.p.beeindigd);
     EXPECT_EQ(woord, QByteArray("resolutie"));
-    ASSERT_EQ(v.w.dialogen.gesteld.size(), 1);
-    EXPECT_EQ(v.w.dialogen.gesteld[0].tekst, v.w.p.modTaal.LaadTekst(1619));
+    ASSERT_EQ(w.dialogen.gesteld.size(), 1);
+    EXPECT_EQ(w.dialogen.gesteld[0].tekst, w.p.modTaal.LaadTekst(1619));
 }
 
 TEST(LinkTest, LossOfTheLinkOnAManagementWorkstationReturnsToTheStartScreen) {
     ScriptedPeer peer;
     peer.op(QStringLiteral("TST"), QStringLiteral("TST"));
-    Verbinding v(peer.poort());
-    ASSERT_TRUE(v.verbind());
-    v.w.p.modMain.ModusNetwerk = false;
-    v.w.p.modMain.ModusBeheer = true;
+    Werkplek w;
+    w.verbinding(peer.poort());
+    ASSERT_TRUE(w.verbind());
+    w.p.modMain.ModusNetwerk = false;
+    w.p.modMain.ModusBeheer = true;
     OpnameStartscherm startscherm;
-    v.w.p.startScreenEvents = &startscherm;
+    w.p.startScreenEvents = &startscherm;
     peer.sluit();
-    v.pompTot([&] { return !startscherm.log.isEmpty(); });
+    tk::test::waitUntil([&] { return !startscherm.log.isEmpty(); });
     EXPECT_EQ(startscherm.log, QStringList{QStringLiteral("hoofdvenster")});
-    EXPECT_FALSE(v.w.p.beeindigd);
-    EXPECT_FALSE(v.w.p.frmMain->Offline);
+    EXPECT_FALSE(w.p.beeindigd);
+    EXPECT_FALSE(w.p.frmMain->Offline);
 }
 
 TEST(LinkTest, AnExpectedLossIsSilent) {
     ScriptedPeer peer;
     peer.op(QStringLiteral("TST"), QStringLiteral("TST"));
-    Verbinding v(peer.poort());
-    ASSERT_TRUE(v.verbind());
-    v.w.p.modMain.ModusNetwerk = false;
-    v.w.p.modMain.ModusStandalone = true;
-    v.w.p.frmMain->VerliesVerwacht = true;
+    Werkplek w;
+    w.verbinding(peer.poort());
+    ASSERT_TRUE(w.verbind());
+    w.p.modMain.ModusNetwerk = false;
+    w.p.modMain.ModusStandalone = true;
+    w.p.frmMain->VerliesVerwacht = true;
     peer.sluit();
-    v.pompTot([&] { return !v.w.p.frmMain->isConnected(); });
-    v.pompVoor(200);
-    EXPECT_FALSE(v.w.p.beeindigd);
-    EXPECT_TRUE(v.w.dialogen.gesteld.isEmpty());
+    tk::test::waitUntil([&] { return !w.p.frmMain->isConnected(); });
+    tk::test::pompVoor(200);
+    EXPECT_FALSE(w.p.beeindigd);
+    EXPECT_TRUE(w.dialogen.gesteld.isEmpty());
 }
 
 TEST(LinkTest, WithoutAServerTheCacheIsUsedUnlessShiftWasHeld) {
-    quint16 dichtePoort;
+    // A port held without listening: a connection to it is refused, and nothing else takes it.
+    QTcpSocket dicht;
+    ASSERT_TRUE(dicht.bind(QHostAddress::LocalHost, 0, QAbstractSocket::DontShareAddress));
+    const quint16 dichtePoort = dicht.localPort();
     {
-        QTcpServer tijdelijk;
-        tijdelijk.listen(QHostAddress::LocalHost, 0);
-        dichtePoort = tijdelijk.serverPort();
+        Werkplek w;
+        w.verbinding(dichtePoort);
+        EXPECT_FALSE(w.verbind()); // no cache yet
+        EXPECT_FALSE(w.p.frmMain->Offline);
     }
     {
-        Verbinding v(dichtePoort);
-        EXPECT_FALSE(v.verbind()); // no cache yet
-        EXPECT_FALSE(v.w.p.frmMain->Offline);
+        Werkplek w;
+        w.verbinding(dichtePoort);
+        w.schrijf(QStringLiteral("Data/data.tijdelijk"), "versleuteld");
+        EXPECT_TRUE(w.verbind());
+        EXPECT_TRUE(w.p.frmMain->Offline);
     }
     {
-        Verbinding v(dichtePoort);
-        v.w.schrijf(QStringLiteral("Data/data.tijdelijk"), "versleuteld");
-        EXPECT_TRUE(v.verbind());
-        EXPECT_TRUE(v.w.p.frmMain->Offline);
-    }
-    {
-        Verbinding v(dichtePoort);
-        v.w.schrijf(QStringLiteral("Data/data.tijdelijk"), "versleuteld");
-        v.w.p.frmMain->ShiftIngedrukt = true;
-        const qint64 voor = v.w.platform.fakeClock().msecsSinceStart();
-        EXPECT_FALSE(v.verbind());
-        EXPECT_LT(v.w.platform.fakeClock().msecsSinceStart() - voor, 1000); // ends at once
-        EXPECT_FALSE(v.w.p.frmMain->Offline);
-        EXPECT_FALSE(v.w.p.frmMain->GeenCache);
-        EXPECT_EQ(v.w.p.frmMain->lblLaden, v.w.p.modTaal.LaadTekst(1611).toUpper());
+        Werkplek w;
+        w.verbinding(dichtePoort);
+        w.schrijf(QStringLiteral("Data/data.tijdelijk"), "versleuteld");
+        w.p.frmMain->ShiftIngedrukt = true;
+        const qint64 voor = w.platform.fakeClock().msecsSinceStart();
+        EXPECT_FALSE(w.verbind());
+        EXPECT_LT(w.platform.fakeClock().msecsSinceStart() - voor, 1000); // ends at once
+        EXPECT_FALSE(w.p.frmMain->Offline);
+        EXPECT_FALSE(w.p.frmMain->GeenCache);
+        EXPECT_EQ(w.p.frmMain->lblLaden, w.p.modTaal.LaadTekst(1611).toUpper());
     }
 }
 
 TEST(LinkTest, StandaloneTriesThreeTimesWhileTheServerIsLoading) {
-    quint16 dichtePoort;
-    {
-        QTcpServer tijdelijk;
-        tijdelijk.listen(QHostAddress::LocalHost, 0);
-        dichtePoort = tijdelijk.serverPort();
-    }
-    Verbinding v(dichtePoort);
-    v.w.platform.fakeClock().setStepPerRead(250);
-    v.w.p.modMain.ModusNetwerk = false;
-    v.w.p.modMain.ModusStandalone = true;
-    v.w.platform.registry().write(
-        RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
-        QStringLiteral("Status server"), RegistryValue::string(QStringLiteral("0")));
+    QTcpSocket dicht;
+    ASSERT_TRUE(dicht.bind(QHostAddress::LocalHost, 0, QAbstractSocket::DontShareAddress));
+    const quint16 dichtePoort = dicht.localPort();
+    Werkplek w;
+    w.verbinding(dichtePoort);
+    w.platform.fakeClock().setStepPerRead(250);
+    w.p.modMain.ModusNetwerk = false;
+    w.p.modMain.ModusStandalone = true;
+    w.platform.registry().write(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
+                                QStringLiteral("Status server"),
+                                RegistryValue::string(QStringLiteral("0")));
     OpnameStartscherm startscherm;
-    v.w.p.startScreenEvents = &startscherm;
-    v.w.p.frmMain->ServerPoort = dichtePoort;
-    v.w.p.frmMain->ServerHost = QStringLiteral("127.0.0.1");
-    const qint64 voor = v.w.platform.fakeClock().msecsSinceStart();
-    EXPECT_FALSE(v.w.p.frmMain->ServerVerbinden(true));
-    EXPECT_GE(v.w.platform.fakeClock().msecsSinceStart() - voor, 3 * 9000);
+    w.p.startScreenEvents = &startscherm;
+    w.p.frmMain->ServerPoort = dichtePoort;
+    w.p.frmMain->ServerHost = QStringLiteral("127.0.0.1");
+    const qint64 voor = w.platform.fakeClock().msecsSinceStart();
+    EXPECT_FALSE(w.p.frmMain->ServerVerbinden(true));
+    EXPECT_GE(w.platform.fakeClock().msecsSinceStart() - voor, 3 * 9000);
     EXPECT_EQ(startscherm.log.count(QStringLiteral("taakbalk")), 1);
-    EXPECT_EQ(v.w.p.frmMain->lblLaden, v.w.p.modTaal.LaadTekst(2930).toUpper());
+    EXPECT_EQ(w.p.frmMain->lblLaden, w.p.modTaal.LaadTekst(2930).toUpper());
 }
 
 TEST(ServerlocatieTest, TheLocationComesFromTheSettingsOrTheLogonServer) {
@@ -492,8 +455,9 @@ TEST(StartServerTest, StartsTheProgramTheStoreNamesOrSaysThereIsNone) {
 TEST(LinkTest, AnyBytesFromTheServerAreTakenWithoutACrash) {
     ScriptedPeer peer;
     peer.op(QStringLiteral("TST"), QStringLiteral("TST"));
-    Verbinding v(peer.poort());
-    ASSERT_TRUE(v.verbind());
+    Werkplek w;
+    w.verbinding(peer.poort());
+    ASSERT_TRUE(w.verbind());
     QByteArray rommel;
     for (int i = 0; i < 256; ++i)
         rommel.append(char(i));
@@ -509,14 +473,14 @@ TEST(LinkTest, AnyBytesFromTheServerAreTakenWithoutACrash) {
     };
     for (const QByteArray& b : berichten) {
         peer.stuur(QString::fromLatin1(b));
-        v.pompVoor(20);
+        tk::test::pompVoor(20);
         // A long message is taken once its pieces have stopped coming.
-        v.pompTot([&] { return !v.w.p.frmMain->Berichten.waiting(); });
+        tk::test::waitUntil([&] { return !w.p.frmMain->Berichten.waiting(); });
     }
-    EXPECT_TRUE(v.w.p.frmMain->isConnected());
+    EXPECT_TRUE(w.p.frmMain->isConnected());
     // The link still works after all of it.
     peer.op(QStringLiteral("LDNWCH"), QStringLiteral("LDNWCHa;|;b"));
-    EXPECT_EQ(v.vraag(QStringLiteral("LDNWCH")), QStringLiteral("a;|;b"));
+    EXPECT_EQ(w.vraag(QStringLiteral("LDNWCH")), QStringLiteral("a;|;b"));
 }
 
 TEST(LinkTest, AReplyThatArrivesWhileAFaultReportIsOnScreenIsStillTaken) {
@@ -524,18 +488,19 @@ TEST(LinkTest, AReplyThatArrivesWhileAFaultReportIsOnScreenIsStillTaken) {
     peer.op(QStringLiteral("TST"), QStringLiteral("TST"))
         .op(QStringLiteral("INFDMN"), QStringLiteral("INFDMNschool|1")) // too few fields
         .zelf(QStringLiteral("LDNTAA1043"));
-    Verbinding v(peer.poort());
+    Werkplek w;
+    w.verbinding(peer.poort());
     // The report window has its own event loop, open while the next message comes in.
-    v.w.dialogen.opModaal = [&](Form& f) {
-        v.pompVoor(150);
+    w.dialogen.opModaal = [&](Form& f) {
+        tk::test::pompVoor(150);
         static_cast<FrmFoutrapportage&>(f).cmdNietVersturen_Click();
     };
-    ASSERT_TRUE(v.verbind());
-    v.w.p.modMain.AntwoordOntvangen = false;
-    v.w.p.frmMain->WS_Versturen(QStringLiteral("INFDMN"), true);
-    v.pompTot([&] { return v.w.p.modMain.AntwoordOntvangen; });
+    ASSERT_TRUE(w.verbind());
+    w.p.modMain.AntwoordOntvangen = false;
+    w.p.frmMain->WS_Versturen(QStringLiteral("INFDMN"), true);
+    tk::test::waitUntil([&] { return w.p.modMain.AntwoordOntvangen; });
     EXPECT_TRUE(peer.klaar());
-    EXPECT_EQ(v.w.dialogen.getoond, QStringList{QStringLiteral("frmFoutrapportage")});
-    EXPECT_TRUE(v.w.p.modMain.AntwoordOntvangen);
-    EXPECT_EQ(v.w.p.modMain.Antwoord, QStringLiteral("1043"));
+    EXPECT_EQ(w.dialogen.getoond, QStringList{QStringLiteral("frmFoutrapportage")});
+    EXPECT_TRUE(w.p.modMain.AntwoordOntvangen);
+    EXPECT_EQ(w.p.modMain.Antwoord, QStringLiteral("1043"));
 }
