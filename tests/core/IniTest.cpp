@@ -154,6 +154,14 @@ TEST(IniDocumentTest, RemovesKeysAndSectionsAndListsThem) {
     EXPECT_EQ(doc.keys(QStringLiteral("a")),
               (QStringList{QStringLiteral("x"), QStringLiteral("y")}));
     doc.removeKey(QStringLiteral("A"), QStringLiteral("X"));
+    doc.removeKey(QStringLiteral("A"), QStringLiteral("nergens")); // a missing key takes nothing
     doc.removeSection(QStringLiteral("b"));
     EXPECT_EQ(doc.text(), QStringLiteral("[A]\ny=2\n[C]\nw=4\n"));
+    EXPECT_EQ(doc.value(QStringLiteral("C"), QStringLiteral("v")), std::nullopt);
+
+    // A line without a key before "=", a commented one and one that starts with NUL hold no key.
+    doc = IniDocument::parse(QStringLiteral("[A]\n=1\n;k=2\n") + QChar(0) +
+                             QStringLiteral("n=3\nk=4\n"));
+    EXPECT_EQ(doc.keys(QStringLiteral("A")), QStringList{QStringLiteral("k")});
+    EXPECT_EQ(doc.value(QStringLiteral("A"), QString()), std::nullopt);
 }
