@@ -68,6 +68,8 @@ TEST(RegFileTest, WritesAndReadsBackTypedValuesWithEscapes) {
                   RegistryValue::string(QStringLiteral("C:\\Pad \"met\" quotes")));
     hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QString(),
                   RegistryValue::string(QStringLiteral("standaard")));
+    hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Bin"),
+                  RegistryValue::other(QStringLiteral("hex:01,02")));
     // A space that ends a key's name is part of it, also when the key is last in its line.
     hive.createKey(QStringLiteral("SOFTWARE\\Spatie \\Eind "));
     const QString text = RegFile::write(RegistryRoot::LocalMachine, hive);
@@ -75,6 +77,7 @@ TEST(RegFileTest, WritesAndReadsBackTypedValuesWithEscapes) {
     EXPECT_TRUE(text.contains(QStringLiteral("\"Modus\"=\"1\"\n")));
     EXPECT_TRUE(text.contains(QStringLiteral("\"Beta\"=dword:00000001\n")));
     EXPECT_TRUE(text.contains(QStringLiteral("@=\"standaard\"\n")));
+    EXPECT_TRUE(text.contains(QStringLiteral("\"Bin\"=hex:01,02\n")));
 
     RegistryHive back;
     const auto parsed = RegFile::parse(text);
@@ -103,6 +106,11 @@ TEST(RegFileTest, ReadsAsFarAsSensibleFromFilesThatAreNotOurs) {
         {"unknown root", "REGEDIT4\n[HKEY_NOWHERE\\X]\n\"a\"=\"1\"\n", 0, 2},
         {"bad dword", "REGEDIT4\n[HKLM\\SOFTWARE\\X]\n\"a\"=dword:zz\n\"b\"=\"2\"\n", 1, 1},
         {"hex kept raw", "REGEDIT4\n[HKLM\\SOFTWARE\\X]\n\"a\"=hex:01,02,\\\n  03\n", 1, 0},
+        {"hex on one line", "[HKLM\\SOFTWARE\\X]\n\"a\"=hex:01\n\"b\"=\"2\"\n", 2, 0},
+        {"escaped quote", "[HKLM\\SOFTWARE\\X]\n\"a\"=\"x\\\"y\"\n\"b\"=\"2\"\n", 2, 0},
+        {"value before a key", "\"a\"=\"1\"\n[HKLM\\SOFTWARE\\X]\n", 0, 1},
+        {"root alone", "[HKEY_LOCAL_MACHINE]\n\"a\"=\"1\"\n", 0, 2},
+        {"unknown type", "[HKLM\\SOFTWARE\\X]\n\"a\"=foo:1\n\"b\"=\"2\"\n", 1, 1},
         {"value deleted", "REGEDIT4\n[HKLM\\SOFTWARE\\X]\n\"a\"=\"1\"\n\"a\"=-\n", 0, 0},
         {"garbage bytes", "\x01\x02\xff\xfe[[[\n===\n\"\"\"\n", 0, 3},
         {"CR LF lines", "REGEDIT4\r\n\r\n[HKLM\\SOFTWARE\\X]\r\n\"a\"=\"1\"\r\n", 1, 0},
@@ -122,6 +130,10 @@ TEST(RegFileTest, ReadsAsFarAsSensibleFromFilesThatAreNotOurs) {
         EXPECT_EQ(values, c.values);
         EXPECT_EQ(parsed.skippedLines, c.skipped);
     }
+    // A hex value over two lines loses only the backslash between them.
+    const auto hex = RegFile::parse(QStringLiteral("[HKLM\\X]\n\"a\"=hex:01,\\\n  02\n"));
+    ASSERT_EQ(hex.operations.size(), 2);
+    EXPECT_EQ(hex.operations[1].value.text, QStringLiteral("hex:01,  02"));
 }
 
 TEST(RegFileTest, AStringWithALineEndSurvivesARoundTrip) {
