@@ -19,7 +19,7 @@
 #include "screens/maintenance/OnderhoudServerView.h"
 #include "screens/start/FrmMain.h"
 #include "server/Store.h"
-#include "tests/e2e/Werkstation.h"
+#include "tests/support/Werkplek.h"
 #include "theme/ModThema.h"
 
 #include <QApplication>
@@ -37,11 +37,11 @@ quint16 g_poort = 0;
 
 // An administrator's workstation at its start screen, connected, the school loaded.
 struct Beheerplek {
-    Beheerplek() : ws(g_poort), router(p()) {
-        ws.w.kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/1/"));
-        QDir().mkpath(ws.w.pad(QStringLiteral("Afbeeldingen/Pictogrammen")));
+    Beheerplek() : ws(g_poort, tk::test::Werkplek::Rol::Beheer, 10), router(p()) {
+        ws.kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/1/"));
+        QDir().mkpath(ws.pad(QStringLiteral("Afbeeldingen/Pictogrammen")));
         QFile::copy(QStringLiteral(TK_STANDARD_ICL),
-                    ws.w.pad(QStringLiteral("Afbeeldingen/Pictogrammen/standaard.icl")));
+                    ws.pad(QStringLiteral("Afbeeldingen/Pictogrammen/standaard.icl")));
         Programma& p = this->p();
         p.maak(p.modData, p);
         p.modMainVerbinding->namen = p.modData;
@@ -51,7 +51,7 @@ struct Beheerplek {
         p.maak(p.startScreen, p, *p.frmMain);
         p.startScreenEvents = p.startScreen;
         p.schermen = &router;
-        klaar = ws.verbind();
+        klaar = ws.identificeer();
         p.modMainLaden->Laden();
         // The maximal school sets no passwords: the administrator's is set here.
         if (p.modData->Wachtwoorden.value(1).isEmpty())
@@ -66,7 +66,7 @@ struct Beheerplek {
         if (p().frmOnderhoud && p().frmOnderhoud->Zichtbaar)
             p().frmOnderhoud->lblAfmelden_Click(); // the server hears the stay end
     }
-    Programma& p() { return ws.w.p; }
+    Programma& p() { return ws.p; }
     // The password is pressed; the module's window is made with its panels and painted.
     bool betreed() {
         p().startScreen->knopAanmelden_Click();
@@ -84,7 +84,7 @@ struct Beheerplek {
         benchmark::DoNotOptimize(view->grab());
         return true;
     }
-    tk::test::Werkstation ws;
+    tk::test::Werkplek ws;
     ScreenRouter router;
     std::unique_ptr<FrmOnderhoudView> view;
     bool klaar = false;
