@@ -1,6 +1,8 @@
 #include "DialogFrame.h"
 
+#include "PaintingViewAccessible.h"
 #include "WindowPlacement.h"
+#include "controls/AccessibleName.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -12,6 +14,8 @@ namespace tk {
 DialogFrame::DialogFrame(QWidget* ouder) : QDialog(ouder, Qt::Dialog | Qt::FramelessWindowHint) {
     setModal(true);
     setMouseTracking(true);
+    // The window itself takes the keys while the focus ring stands on a painted area.
+    setFocusPolicy(Qt::StrongFocus);
     setFont(QFont(QStringLiteral("Verdana"), 9));
 }
 
@@ -115,6 +119,10 @@ void DialogFrame::tekenVlak(QPainter& p, const Vlak& v, bool hover, bool ingedru
 }
 
 void DialogFrame::paintEvent(QPaintEvent*) {
+    // The subclass may have renewed its areas since the last frame.
+    gewijzigd();
+    if (m_focus >= vlakken.size() || (m_focus >= 0 && !vlakken[m_focus].enabled))
+        m_focus = volgendVlak(m_focus, 1);
     QPainter p(this);
     p.fillRect(rect(), lijfKleur());
     // The caption band with a thin accent line under it, and a frame round the window.
@@ -133,6 +141,14 @@ void DialogFrame::paintEvent(QPaintEvent*) {
     tekenInhoud(p);
     for (int i = 0; i < vlakken.size(); ++i)
         tekenVlak(p, vlakken[i], i == m_hover, i == m_ingedrukt);
+    if (m_focus >= 0 && hasFocus()) {
+        // The focus ring: the caption band's dark blue on the light body (over 10:1).
+        p.setRenderHint(QPainter::Antialiasing);
+        p.setPen(QPen(kopKleur(), 2, Qt::DotLine));
+        p.setBrush(Qt::NoBrush);
+        p.drawRoundedRect(QRectF(vlakken[m_focus].plek).adjusted(-3, -3, 3, 3), 6, 6);
+    }
+    PaintingViewAccessible::meldFocus(this, *this, m_gemeld);
 }
 
 void DialogFrame::mouseMoveEvent(QMouseEvent* e) {
@@ -168,12 +184,8 @@ void DialogFrame::mouseReleaseEvent(QMouseEvent* e) {
     const int was = m_ingedrukt;
     m_ingedrukt = -1;
     const int hier = vlakOp(e->position().toPoint());
-    if (was >= 0 && was == hier && vlakken[hier].klik) {
-        const auto klik = vlakken[hier].klik;
-        klik();
-        naActie();
-        return;
-    }
+    if (was >= 0 && was == hier)
+        drukVlak(hier);
     update();
 }
 
@@ -183,21 +195,138 @@ void DialogFrame::leaveEvent(QEvent*) {
 }
 
 void DialogFrame::keyPressEvent(QKeyEvent* e) {
-    if (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter) {
-        for (const Vlak& v : vlakken)
-            if (v.standaard && v.enabled && v.klik) {
-                const auto klik = v.klik;
-                klik();
-                naActie();
+    const int k = e->key();
+    if (k == Qt::Key_Space && m_focus >= 0) {
+        drukVlak(m_focus);
+        return;
+    }
+    if (k == Qt::Key_Return || k == Qt::Key_Enter) {
+        // A focused button takes Enter; on an option or a box Enter stays the default button's.
+        if (m_focus >= 0 && vlakken[m_focus].soort == Soort::Knop) {
+            drukVlak(m_focus);
+            return;
+        }
+        for (int i = 0; i < vlakken.size(); ++i)
+            if (vlakken[i].standaard && vlakken[i].enabled) {
+                drukVlak(i);
                 return;
             }
         return;
     }
-    if (e->key() == Qt::Key_Escape) {
+    if (k == Qt::Key_Escape) {
         reject();
         return;
     }
+    if (m_focus >= 0 &&
+        (k == Qt::Key_Left || k == Qt::Key_Up || k == Qt::Key_Right || k == Qt::Key_Down)) {
+        zetFocus(volgendVlak(m_focus, k == Qt::Key_Left || k == Qt::Key_Up ? -1 : 1));
+        return;
+    }
     QDialog::keyPressEvent(e);
+}
+
+void DialogFrame::showEvent(QShowEvent* e) {
+    QDialog::showEvent(e);
+    // Without a field to type in, the keyboard starts on the default button.
+    bool velden = false;
+    for (QWidget* w = nextInFocusChain(); w && w != this; w = w->nextInFocusChain())
+        velden = velden || (isAncestorOf(w) && w->isVisibleTo(this) && w->isEnabled() &&
+                            (w->focusPolicy() & Qt::TabFocus));
+    if (velden || m_focus >= 0)
+        return;
+    int standaard = -1;
+    for (int i = 0; i < vlakken.size(); ++i)
+        if (vlakken[i].standaard && vlakken[i].enabled)
+            standaard = i;
+    setFocus(Qt::ActiveWindowFocusReason);
+    zetFocus(standaard >= 0 ? standaard : volgendVlak(-1, 1));
+}
+
+bool DialogFrame::focusNextPrevChild(bool volgende) {
+    // The stops in Tab order: the window's own fields first, then the enabled painted areas.
+    QList<QWidget*> velden;
+    for (QWidget* w = nextInFocusChain(); w && w != this; w = w->nextInFocusChain())
+        if (isAncestorOf(w) && w->isVisibleTo(this) && w->isEnabled() &&
+            (w->focusPolicy() & Qt::TabFocus) && !velden.contains(w))
+            velden << w;
+    QList<int> stops; // >= 0: an area; < 0: field -1 - i
+    for (int i = 0; i < velden.size(); ++i)
+        stops << -1 - i;
+    for (int i = 0; i < vlakken.size(); ++i)
+        if (vlakken[i].enabled)
+            stops << i;
+    if (stops.isEmpty())
+        return false;
+    int nu = -1;
+    QWidget* f = focusWidget();
+    if (m_focus >= 0 && (!f || f == this))
+        nu = int(stops.indexOf(m_focus));
+    else if (f && f != this)
+        nu = int(velden.indexOf(f));
+    const int n = int(stops.size());
+    const int stop = stops[nu < 0 ? (volgende ? 0 : n - 1) : (nu + (volgende ? 1 : -1) + n) % n];
+    if (stop >= 0) {
+        setFocus(volgende ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        zetFocus(stop);
+    } else {
+        zetFocus(-1);
+        velden[-1 - stop]->setFocus(volgende ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    }
+    return true;
+}
+
+int DialogFrame::volgendVlak(int vanaf, int stap) const {
+    const int n = int(vlakken.size());
+    for (int i = 1; i <= n; ++i) {
+        const int j = ((vanaf + stap * i) % n + n) % n;
+        if (vlakken[j].enabled)
+            return j;
+    }
+    return -1;
+}
+
+void DialogFrame::zetFocus(int index) {
+    m_focus = index;
+    gewijzigd();
+    update();
+    PaintingViewAccessible::meldFocus(this, *this, m_gemeld);
+}
+
+void DialogFrame::drukVlak(int index) {
+    if (index < 0 || index >= vlakken.size() || !vlakken[index].enabled || !vlakken[index].klik)
+        return;
+    // A copy: the click may renew the areas.
+    const auto klik = vlakken[index].klik;
+    klik();
+    naActie();
+}
+
+QList<PaintedControl> DialogFrame::maakGeschilderd() const {
+    QList<PaintedControl> lijst;
+    voegTekstenToe(lijst);
+    for (PaintedControl& t : lijst)
+        t.plek = inVenster(t.plek);
+    for (int i = 0; i < vlakken.size(); ++i) {
+        const Vlak& v = vlakken[i];
+        PaintedControl c;
+        c.rol = v.soort == Soort::Knop    ? QAccessible::Button
+                : v.soort == Soort::Optie ? QAccessible::RadioButton
+                                          : QAccessible::CheckBox;
+        c.naam = AccessibleName::maak(v.tekst);
+        c.plek = inVenster(v.plek);
+        c.focus = i == m_focus;
+        c.uitgeschakeld = !v.enabled;
+        c.aanvinkbaar = v.soort != Soort::Knop;
+        c.aangevinkt = v.aan;
+        c.drukbaar = bool(v.klik);
+        c.stop = i;
+        lijst << c;
+    }
+    return lijst;
+}
+
+void DialogFrame::druk(const PaintedControl& control) {
+    drukVlak(control.stop);
 }
 
 void DialogFrame::voegKnoppenToe(int breedte, int boven, int hoogte, const QString& ok,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "screens/common/PaintedControls.h"
+
 #include <QColor>
 #include <QDialog>
 #include <QList>
@@ -15,7 +17,13 @@ namespace tk {
 // below the band) and lists its click areas in `vlakken`; keys Enter and Escape go to the
 // default button and to annuleren(). The colours are fixed, not the theme's: these windows must
 // stand even when a theme fails, since they report that fault.
-class DialogFrame : public QDialog {
+//
+// The painted areas are reachable without a mouse: Tab and Shift+Tab go through the window's
+// own widgets and then its areas, the arrows move between the areas, Space presses the one with
+// the focus ring and Enter that one or else the default button. A screen reader sees each area
+// as a button, option or check box (PaintedControls), and the texts a subclass names in
+// voegTekstenToe.
+class DialogFrame : public QDialog, public PaintedControls {
     Q_OBJECT
 public:
     static constexpr int Kop = 28; // the caption band
@@ -67,7 +75,19 @@ protected:
     void leaveEvent(QEvent*) override;
     void keyPressEvent(QKeyEvent*) override;
     void reject() override;
+    void showEvent(QShowEvent*) override;
+    bool focusNextPrevChild(bool volgende) override;
 
+    // The texts the body paints (a question, a countdown), for a screen reader; none by default.
+    virtual void voegTekstenToe(QList<PaintedControl>&) const {}
+    QList<PaintedControl> maakGeschilderd() const override;
+    void druk(const PaintedControl& control) override;
+
+public:
+    // The index in `vlakken` of the area with the focus ring, or -1.
+    int focusVlak() const { return m_focus; }
+
+protected:
     // Adds the row of two buttons at the foot of a body `breedte` wide: OK on the left as the
     // default button, which runs `okKlik` and ends the window, and on the right the one that
     // cancels through annuleren().
@@ -79,6 +99,14 @@ protected:
 
 private:
     int vlakOp(const QPoint& venster) const;
+    // Runs an area's click and refreshes the window.
+    void drukVlak(int index);
+    // The enabled area `stap` places from `vanaf` (wrapping), or -1 when none is enabled.
+    int volgendVlak(int vanaf, int stap) const;
+    // Puts the focus ring on an area (-1: none) and tells a screen reader.
+    void zetFocus(int index);
+    int m_focus = -1;
+    int m_gemeld = -1;
     int m_hover = -1;
     int m_ingedrukt = -1;
     bool m_slepen = false;

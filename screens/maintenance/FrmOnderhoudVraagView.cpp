@@ -49,6 +49,11 @@ void FrmOnderhoudVraagView::bijwerken() {
     update();
 }
 
+void FrmOnderhoudVraagView::voegTekstenToe(QList<PaintedControl>& lijst) const {
+    PaintedControl::voegTekstToe(lijst, m.lblVraag, QRect(64, 12, Breedte - 82, 70));
+    PaintedControl::voegTekstToe(lijst, m.lblAftellen, QRect(64, 86, Breedte - 82, 36));
+}
+
 void FrmOnderhoudVraagView::tekenInhoud(QPainter& p) {
     tekenIcoon(p, QRect(18, 12, 32, 32), 0);
     p.setPen(tekstKleur());

@@ -2,7 +2,6 @@
 
 #include "FrmActiveren.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 
 namespace tk {
@@ -22,7 +21,6 @@ QRect uitlegVak(int rij) {
 
 FrmActiverenView::FrmActiverenView(FrmActiveren& model, QWidget* ouder)
     : DialogFrame(ouder), m(model) {
-    setFocusPolicy(Qt::StrongFocus);
     m_hoogte = knoppenBoven + 2 * knopHoogte + 8 + 16;
     zetLijf(Breedte, m_hoogte);
     m.onChanged = [this] { bijwerken(); };
@@ -69,24 +67,10 @@ void FrmActiverenView::bijwerken() {
     knop(0, 1, m.cmdActiverenCaption, m.cmdActiverenEnabled, true,
          [this] { m.cmdActiveren_Click(); });
     knop(1, 1, m.cmdSluitenCaption, m.cmdSluitenEnabled, false, [this] { m.cmdSluiten_Click(); });
-    if (m_focus < 0 || m_focus >= vlakken.size() || !vlakken[m_focus].enabled)
-        volgendeFocus(1);
     gewijzigd();
     update();
     if (m.Klaar && isVisible())
         accept();
-}
-
-void FrmActiverenView::volgendeFocus(int stap) {
-    const int n = int(vlakken.size());
-    for (int i = 1; i <= n; ++i) {
-        const int kandidaat = ((m_focus < 0 ? (stap > 0 ? -1 : 0) : m_focus) + stap * i + n) % n;
-        if (vlakken[kandidaat].enabled && vlakken[kandidaat].klik) {
-            m_focus = kandidaat;
-            return;
-        }
-    }
-    m_focus = -1;
 }
 
 void FrmActiverenView::tekenInhoud(QPainter& p) {
@@ -108,35 +92,6 @@ void FrmActiverenView::tekenInhoud(QPainter& p) {
         p.drawLine(18, onder, Breedte - 18, onder);
     }
     p.setFont(font());
-}
-
-void FrmActiverenView::paintEvent(QPaintEvent* e) {
-    DialogFrame::paintEvent(e);
-    if (m_focus < 0 || m_focus >= vlakken.size() || !hasFocus())
-        return;
-    QPainter p(this);
-    p.setPen(QPen(kopKleur(), 1, Qt::DotLine));
-    p.drawRoundedRect(inVenster(vlakken[m_focus].plek).adjusted(3, 3, -4, -4), 3, 3);
-}
-
-void FrmActiverenView::keyPressEvent(QKeyEvent* e) {
-    const bool terug = e->key() == Qt::Key_Backtab ||
-                       (e->key() == Qt::Key_Tab && (e->modifiers() & Qt::ShiftModifier));
-    if (e->key() == Qt::Key_Tab || terug) {
-        volgendeFocus(terug ? -1 : 1);
-        update();
-        return;
-    }
-    if ((e->key() == Qt::Key_Space || e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter) &&
-        m_focus >= 0) {
-        const auto klik = vlakken[m_focus].klik;
-        if (vlakken[m_focus].enabled && klik) {
-            klik();
-            naActie();
-        }
-        return;
-    }
-    DialogFrame::keyPressEvent(e);
 }
 
 void FrmActiverenView::annuleren() {
@@ -172,21 +127,11 @@ QList<PaintedControl> FrmActiverenView::maakGeschilderd() const {
         c.naam = AccessibleName::maak(vlakken[i].tekst);
         c.plek = inVenster(vlakken[i].plek);
         c.uitgeschakeld = !vlakken[i].enabled;
-        c.focus = i == m_focus;
+        c.focus = i == focusVlak();
         c.stop = i;
         lijst << c;
     }
     return lijst;
-}
-
-void FrmActiverenView::druk(const PaintedControl& control) {
-    if (control.stop < 0 || control.stop >= vlakken.size())
-        return;
-    const auto klik = vlakken[control.stop].klik;
-    if (vlakken[control.stop].enabled && klik) {
-        klik();
-        naActie();
-    }
 }
 
 } // namespace tk

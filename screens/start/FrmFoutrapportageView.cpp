@@ -70,6 +70,10 @@ void FrmFoutrapportageView::bijwerken() {
     update();
 }
 
+void FrmFoutrapportageView::voegTekstenToe(QList<PaintedControl>& lijst) const {
+    PaintedControl::voegTekstToe(lijst, m.lblUitleg, m_uitleg);
+}
+
 void FrmFoutrapportageView::tekenInhoud(QPainter& p) {
     p.setPen(tekstKleur());
     p.drawText(m_uitleg, Qt::TextWordWrap | Qt::AlignLeft, m.lblUitleg);

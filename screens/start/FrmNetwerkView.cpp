@@ -37,6 +37,10 @@ void FrmNetwerkView::bijwerken() {
     update();
 }
 
+void FrmNetwerkView::voegTekstenToe(QList<PaintedControl>& lijst) const {
+    PaintedControl::voegTekstToe(lijst, m.lblUitleg, m_uitleg);
+}
+
 void FrmNetwerkView::tekenInhoud(QPainter& p) {
     p.setPen(tekstKleur());
     p.drawText(m_uitleg, Qt::TextWordWrap | Qt::AlignLeft, m.lblUitleg);

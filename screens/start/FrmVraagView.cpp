@@ -57,6 +57,10 @@ void FrmVraagView::bijwerken() {
     update();
 }
 
+void FrmVraagView::voegTekstenToe(QList<PaintedControl>& lijst) const {
+    PaintedControl::voegTekstToe(lijst, m.lblVraag, m.vraagVak);
+}
+
 void FrmVraagView::tekenInhoud(QPainter& p) {
     tekenIcoon(p, QRect(FrmVraag::IcoonPlek, QSize(FrmVraag::IcoonMaat, FrmVraag::IcoonMaat)),
                m.icoon);

@@ -19,6 +19,7 @@ public:
 protected:
     void bijwerken() override;
     void tekenInhoud(QPainter& p) override;
+    void voegTekstenToe(QList<PaintedControl>& lijst) const override;
     void annuleren() override;
     bool klaar() const override;
     void keyPressEvent(QKeyEvent*) override;

@@ -67,6 +67,10 @@ void FrmUitschakelenView::bijwerken() {
     update();
 }
 
+void FrmUitschakelenView::voegTekstenToe(QList<PaintedControl>& lijst) const {
+    PaintedControl::voegTekstToe(lijst, m.lblKies, QRect(18, 10, Breedte - 36, 22));
+}
+
 void FrmUitschakelenView::tekenInhoud(QPainter& p) {
     QFont vet = p.font();
     vet.setBold(true);

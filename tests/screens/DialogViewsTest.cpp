@@ -5,6 +5,7 @@
 #include "core/FrmVersie.h"
 #include "link/FrmNetwerk.h"
 #include "platform/fake/FakeSystemActions.h"
+#include "screens/common/AccessibleFactory.h"
 #include "screens/start/FrmActiveren.h"
 #include "screens/start/FrmActiverenView.h"
 #include "screens/start/FrmFoutrapportageView.h"
@@ -15,11 +16,13 @@
 #include "session/ModMainSessie.h"
 #include "tests/support/Werkplek.h"
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace tk;
@@ -272,12 +275,64 @@ TEST(DialogViewsTest, TakeOverWizardShowsTheTestedRowsAndTheKeysReachItsLiveButt
                              f.cmdSluitenCaption})
         knoppen << AccessibleName::maak(c);
     EXPECT_EQ(drukbaar, knoppen);
-    // Tab walks the live buttons; Space presses the one with the focus: here Close.
-    const int eerste = view.focusVlak();
-    for (int i = 0; i < 3; ++i)
+    // Tab walks the live buttons only; Space presses the one with the focus: the fourth, Close.
+    for (int i = 0; i < 4; ++i)
         toets(view, Qt::Key_Tab);
-    EXPECT_NE(eerste, view.focusVlak());
+    QString gefocust;
+    for (const PaintedControl& c : view.geschilderd())
+        if (c.focus)
+            gefocust = c.naam;
+    EXPECT_EQ(AccessibleName::maak(f.cmdSluitenCaption), gefocust);
     toets(view, Qt::Key_Space);
     EXPECT_TRUE(f.Klaar);
     EXPECT_FALSE(f.Antwoord);
+}
+
+TEST(DialogViewsTest, ADialogWorksByKeyboardAloneAndNamesWhatItPaints) {
+    AccessibleFactory::installeren();
+    ScreenWerkplek w;
+    w.klas(0, "Groep 1", "1");
+    FrmUitschakelen& f = w.p.modMainAfsluiten->frmUitschakelen;
+    QString antwoord;
+    w.dialogen.opModaal = [&](Form&) {
+        FrmUitschakelenView view(f);
+        // What a screen reader finds: the painted question, each option and button by caption.
+        QAccessibleInterface* venster = QAccessible::queryAccessibleInterface(&view);
+        ASSERT_NE(nullptr, venster);
+        QList<QAccessible::Role> rollen;
+        QStringList namen;
+        for (int i = 0; i < venster->childCount(); ++i) {
+            rollen << venster->child(i)->role();
+            namen << venster->child(i)->text(QAccessible::Name);
+        }
+        EXPECT_TRUE(namen.contains(f.lblKies));
+        for (const QString& optie : f.optCaptions)
+            EXPECT_EQ(QAccessible::RadioButton,
+                      rollen.value(int(namen.indexOf(AccessibleName::maak(optie)))));
+        const auto gefocust = [&] {
+            for (const PaintedControl& c : view.geschilderd())
+                if (c.focus)
+                    return c.naam;
+            return QString();
+        };
+        // Tab reaches the first option (the lists are off until the last option is chosen), the
+        // arrows move on, Space chooses, Enter stays the default button's on an option.
+        toets(view, Qt::Key_Tab);
+        EXPECT_EQ(AccessibleName::maak(f.optCaptions[0]), gefocust());
+        toets(view, Qt::Key_Down);
+        EXPECT_EQ(AccessibleName::maak(f.optCaptions[1]), gefocust());
+        toets(view, Qt::Key_Space);
+        EXPECT_EQ(1, f.optAntwoord);
+        // Tab past the last enabled area comes round to the first.
+        const int stops = int(
+            std::count_if(view.geschilderd().cbegin(), view.geschilderd().cend(),
+                          [](const PaintedControl& c) { return c.drukbaar && !c.uitgeschakeld; }));
+        for (int i = 0; i < stops - 1; ++i)
+            toets(view, Qt::Key_Tab);
+        EXPECT_EQ(AccessibleName::maak(f.optCaptions[0]), gefocust());
+        toets(view, Qt::Key_Down);
+        toets(view, Qt::Key_Return);
+    };
+    f.Vraag(antwoord);
+    EXPECT_EQ("opnieuwopstarten", antwoord);
 }
