@@ -33,15 +33,27 @@ QList<int> FocusOrder::leesvolgorde(const QList<QRect>& plekken) {
     for (int i = 0; i < plekken.size(); ++i)
         if (!plekken[i].isEmpty())
             volgorde.append(i);
-    // One row: places whose vertical middles lie within half the lower one's height.
+    // From the top down; a row is the topmost place left and every place whose vertical middle
+    // lies within half the lower height of it, left to right. Rows are taken from a sorted list,
+    // not decided pair by pair: three places at slightly different heights would otherwise make
+    // an order that contradicts itself.
     std::stable_sort(volgorde.begin(), volgorde.end(), [&](int a, int b) {
-        const QRect& ra = plekken[a];
-        const QRect& rb = plekken[b];
-        const int band = qMax(1, qMin(ra.height(), rb.height()) / 2);
-        if (qAbs(ra.center().y() - rb.center().y()) >= band)
-            return ra.center().y() < rb.center().y();
-        return ra.left() < rb.left();
+        return plekken[a].center().y() < plekken[b].center().y();
     });
+    for (qsizetype begin = 0; begin < volgorde.size();) {
+        const QRect& eerste = plekken[volgorde[begin]];
+        qsizetype eind = begin + 1;
+        while (eind < volgorde.size()) {
+            const QRect& r = plekken[volgorde[eind]];
+            const int band = qMax(1, qMin(eerste.height(), r.height()) / 2);
+            if (r.center().y() - eerste.center().y() >= band)
+                break;
+            ++eind;
+        }
+        std::stable_sort(volgorde.begin() + begin, volgorde.begin() + eind,
+                         [&](int a, int b) { return plekken[a].left() < plekken[b].left(); });
+        begin = eind;
+    }
     return volgorde;
 }
 
@@ -50,11 +62,8 @@ int FocusOrder::volgende(const QList<QRect>& plekken, int huidig, Stap stap) {
     if (volgorde.isEmpty())
         return -1;
     const qsizetype waar = volgorde.indexOf(huidig);
-    if (stap == Stap::Volgende) {
-        if (waar < 0)
-            return volgorde.first();
+    if (stap == Stap::Volgende) // from none (-1) this is the first
         return waar + 1 < volgorde.size() ? volgorde[waar + 1] : -1;
-    }
     if (stap == Stap::Vorige) {
         if (waar < 0)
             return volgorde.last();

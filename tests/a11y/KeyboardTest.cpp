@@ -46,6 +46,20 @@ TEST(KeyboardTest, FocusOrderIsReadingOrderForTabAndNearestForTheArrows) {
         EXPECT_EQ(c.naar, FocusOrder::volgende(plekken, c.van, c.stap));
     }
     EXPECT_EQ(-1, FocusOrder::volgende({QRect(), QRect()}, -1, Stap::Volgende));
+    // Rows of places at slightly different heights (10 high: one row while the middles lie
+    // less than 5 apart), and three that pair by pair would each come before the next.
+    struct Rijen {
+        QList<QRect> plekken;
+        QList<int> volgorde;
+    };
+    const Rijen rijen[] = {
+        {{QRect(20, 0, 10, 10), QRect(0, 4, 10, 10)}, {1, 0}},
+        {{QRect(20, 0, 10, 10), QRect(0, 5, 10, 10)}, {0, 1}},
+        {{QRect(20, 0, 10, 10), QRect(0, 5, 10, 10), QRect(10, 3, 10, 10)}, {2, 0, 1}},
+        {{QRect(0, 40, 10, 10), QRect(0, 0, 10, 10), QRect(), QRect(30, 2, 4, 4)}, {1, 3, 0}},
+    };
+    for (const Rijen& r : rijen)
+        EXPECT_EQ(r.volgorde, FocusOrder::leesvolgorde(r.plekken)) << r.plekken.size();
     struct Toets {
         int toets;
         bool shift;
