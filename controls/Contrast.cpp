@@ -18,8 +18,8 @@ double lineair(int kanaal) {
 const std::array<double, 256>& lineaireWaarden() {
     static const std::array<double, 256> tabel = [] {
         std::array<double, 256> t{};
-        for (int i = 0; i < 256; ++i)
-            t[size_t(i)] = lineair(i);
+        for (size_t i = 0; i < t.size(); ++i)
+            t[i] = lineair(int(i));
         return t;
     }();
     return tabel;

@@ -13,6 +13,7 @@
 
 #include <QFontMetrics>
 #include <QImage>
+#include <QPainter>
 #include <gtest/gtest.h>
 #include <iostream>
 
@@ -30,6 +31,7 @@ TEST(ContrastTest, RatiosAsTheGuidelinesMeasureThem) {
         {QColor(118, 118, 118), Qt::white, 4.54}, // the lightest grey that passes on white
         {QColor(30, 58, 95), QColor(92, 180, 238), 5.05},
         {QColor(255, 221, 87), Qt::white, 1.34},
+        {QColor(5, 5, 5), Qt::white, 20.38}, // dark enough for the straight part of the curve
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.a.name().toStdString() + " on " + c.b.name().toStdString());
@@ -46,10 +48,42 @@ TEST(ContrastTest, RatiosAsTheGuidelinesMeasureThem) {
     EXPECT_NEAR(1.0, Contrast::slechtste(Qt::white, beeld, QRect(0, 0, 10, 2)), 0.01);
     EXPECT_NEAR(21.0, Contrast::slechtste(Qt::white, beeld, QRect(0, 0, 5, 1)), 0.01);
     EXPECT_NEAR(21.0, Contrast::slechtste(Qt::white, beeld, QRect(20, 20, 5, 5)), 0.01);
+    // The worst pixel in the last row of the area, and the lightest not the last pixel.
+    beeld.setPixel(9, 1, qRgb(0, 0, 0));
+    EXPECT_NEAR(1.0, Contrast::slechtste(Qt::black, beeld, QRect(5, 0, 5, 2)), 0.01);
+    QImage drie(3, 1, QImage::Format_RGB32);
+    drie.setPixel(0, 0, qRgb(255, 255, 255));
+    drie.setPixel(1, 0, qRgb(0, 0, 0));
+    drie.setPixel(2, 0, qRgb(128, 128, 128));
+    EXPECT_NEAR(1.0, Contrast::slechtste(Qt::white, drie, drie.rect()), 0.01);
     // A picture in another pixel format is measured the same.
     const QImage smal = beeld.convertToFormat(QImage::Format_RGB888);
     EXPECT_NEAR(1.0, Contrast::slechtste(Qt::white, smal, QRect(0, 0, 10, 2)), 0.01);
     EXPECT_NEAR(21.0, Contrast::slechtste(Qt::white, smal, QRect(0, 0, 5, 1)), 0.01);
+
+    // The outline stands one pixel around every stroke of the caption, and only when asked.
+    auto schrijf = [](const QColor& kleur, bool rand) {
+        QImage b(40, 20, QImage::Format_RGB32);
+        b.fill(Qt::gray);
+        QPainter p(&b);
+        QFont font = p.font(); // whole pixels, so that colours compare exactly
+        font.setStyleStrategy(QFont::NoAntialias);
+        p.setFont(font);
+        Contrast::schrijf(p, QPoint(8, 14), "Wm", kleur, rand);
+        return b;
+    };
+    auto vakVan = [](const QImage& b, QRgb kleur) {
+        QRect vak;
+        for (int y = 0; y < b.height(); ++y)
+            for (int x = 0; x < b.width(); ++x)
+                if ((b.pixel(x, y) & 0xffffff) == (kleur & 0xffffff))
+                    vak |= QRect(x, y, 1, 1);
+        return vak;
+    };
+    const QRect inkt = vakVan(schrijf(Qt::white, false), qRgb(255, 255, 255));
+    ASSERT_FALSE(inkt.isEmpty());
+    EXPECT_EQ(inkt.adjusted(-1, -1, 1, 1), vakVan(schrijf(Qt::gray, true), qRgb(0, 0, 0)));
+    EXPECT_TRUE(vakVan(schrijf(Qt::gray, false), qRgb(0, 0, 0)).isEmpty());
 }
 
 TEST(ContrastTest, AccessibleNamesOfBadInput) {
@@ -231,6 +265,10 @@ TEST(ContrastTest, TaskbarCaptionsReadOnTheBar) {
     streep.fill(Qt::white);
     for (int y = 0; y < 4; ++y)
         streep.setPixel(9, y, qRgb(0, 0, 0));
+    QImage hoog(2, 2, QImage::Format_RGB32); // white over black
+    hoog.fill(Qt::white);
+    hoog.setPixel(0, 1, qRgb(0, 0, 0));
+    hoog.setPixel(1, 1, qRgb(0, 0, 0));
     struct Grond {
         const char* wat;
         Ondergrond onder;
@@ -246,6 +284,19 @@ TEST(ContrastTest, TaskbarCaptionsReadOnTheBar) {
         {"the black column stretched", {streep, QSize(50, 4), Qt::white}, QRect(44, 0, 6, 4), 1.0},
         {"past the picture the colour", {streep, QSize(50, 4), Qt::black}, QRect(0, 2, 10, 4), 1.0},
         {"off the picture", {streep, QSize(50, 4), Qt::white}, QRect(60, 0, 5, 5), 21.0},
+        {"a size but no picture", {{}, QSize(50, 4), Qt::black}, QRect(0, 0, 5, 4), 1.0},
+        {"the last pixel on the black column",
+         {streep, QSize(50, 4), Qt::white},
+         QRect(0, 0, 46, 4),
+         1.0},
+        {"stretched down, the black row reached",
+         {hoog, QSize(2, 10), Qt::white},
+         QRect(0, 0, 2, 6),
+         1.0},
+        {"stretched down, above the black row",
+         {hoog, QSize(2, 10), Qt::white},
+         QRect(0, 0, 2, 5),
+         21.0},
     };
     for (const Grond& g : gronden)
         EXPECT_NEAR(g.verhouding, g.onder.slechtste(Qt::black, g.vak), 0.01) << g.wat;
