@@ -36,10 +36,12 @@ void controleer(QAccessibleInterface* wortel, const QList<Rij>& rijen) {
         const QStringList acties =
             i->actionInterface() ? i->actionInterface()->actionNames() : QStringList();
         EXPECT_EQ(r.drukbaar, acties.contains(QAccessibleActionInterface::pressAction()));
-        // The parent knows the child at the index it reports.
+        // The parent knows the child at the index it reports, and the one at its middle.
         QAccessibleInterface* ouder = i->parent();
         ASSERT_NE(nullptr, ouder);
         EXPECT_EQ(i, ouder->child(ouder->indexOfChild(i)));
+        EXPECT_EQ(i, ouder->childAt(i->rect().center().x(), i->rect().center().y()));
+        EXPECT_EQ(-1, ouder->indexOfChild(nullptr));
     }
 }
 
@@ -104,6 +106,10 @@ TEST(AccessibilityTest, StartScreenGivesEveryPaintedControlItsRoleNameAndPress) 
     EXPECT_EQ(objecten - 1, A11yTree::tel(w.wortel));
     EXPECT_EQ(nullptr, A11yTree::zoek(w.wortel, QAccessible::Button, QString::fromUtf8("مدرسة")));
     controleer(w.wortel, {{"class button", QAccessible::Button, "Groep 1A", true}});
+    // A child that is no widget, or a window of its own, is not a control of the screen.
+    new QObject(w.view->canvas());
+    new QWidget(w.view->canvas(), Qt::Window);
+    EXPECT_EQ(objecten - 1, A11yTree::tel(w.wortel));
 }
 
 TEST(AccessibilityTest, PressingAClassByItsNameOpensItsDesktopAndTheFocusIsItsState) {
@@ -162,6 +168,7 @@ TEST(AccessibilityTest, DesktopItemsAndTaskButtonsAreNamedFromTheirModels) {
             balkRijen.append({"fixed button", QAccessible::Button, k.toegankelijkeNaam(), true});
     QAccessibleInterface* taakbalk = QAccessible::queryAccessibleInterface(&balkView);
     controleer(taakbalk, balkRijen);
+    EXPECT_EQ("Tafelkrater taakbalk", taakbalk->text(QAccessible::Name)); // its window's title
 
     // The task in front is checked; pressing the other brings its window forward.
     QAccessibleInterface* tekenen = A11yTree::zoek(taakbalk, QAccessible::Button, "Tekenen");
@@ -181,4 +188,37 @@ TEST(AccessibilityTest, DesktopItemsAndTaskButtonsAreNamedFromTheirModels) {
     QAccessibleInterface* rekenen = A11yTree::zoek(bureaublad, QAccessible::ListItem, "Rekenen");
     rekenen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(1, w.platform.fakeProcesses().started.size());
+}
+
+namespace {
+// What the bus would hear: the names of the objects a focus event names.
+QStringList gemeldeFocus;
+void vangFocus(QAccessibleEvent* e) {
+    if (e->type() == QAccessible::Focus && e->accessibleInterface())
+        gemeldeFocus << e->accessibleInterface()->text(QAccessible::Name);
+}
+} // namespace
+
+TEST(AccessibilityTest, AScreenReaderHearsWhereTheFocusWentAndNothingWhileNoneListens) {
+    AccessibleFactory::installeren();
+    BureaubladWerkplek w;
+    w.p.modTaal.Taal = 1033;
+    w.applicatie(0, 0, "1", "Rekenen");
+    w.applicatie(0, 1, "2", "Taal");
+    w.klas(0, "Groep 3", "100", "1|2", "Nee");
+    FrmBureaubladView view(w.b());
+    w.b().Openen(0, "100");
+    view.show();
+    gemeldeFocus.clear();
+    QAccessible::installUpdateHandler(&vangFocus);
+    w.b().Toets(Qt::Key_Tab); // no screen reader yet: nothing is said
+    QAccessible::setActive(true);
+    w.b().Toets(Qt::Key_Tab);
+    w.b().Toets(Qt::Key_Tab, true);
+    w.b().Openen(0, "100"); // painted anew, the focus where it was: not said again
+    view.hide();
+    w.b().Toets(Qt::Key_Tab); // a hidden desktop says nothing
+    QAccessible::setActive(false);
+    QAccessible::installUpdateHandler(nullptr);
+    EXPECT_EQ(QStringList({"Taal", "Rekenen"}), gemeldeFocus);
 }

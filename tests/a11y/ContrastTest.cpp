@@ -56,6 +56,7 @@ TEST(ContrastTest, RatiosAsTheGuidelinesMeasureThem) {
     drie.setPixel(1, 0, qRgb(0, 0, 0));
     drie.setPixel(2, 0, qRgb(128, 128, 128));
     EXPECT_NEAR(1.0, Contrast::slechtste(Qt::white, drie, drie.rect()), 0.01);
+    EXPECT_NEAR(1.0, Contrast::slechtste(Qt::black, drie, drie.rect()), 0.01); // nor the darkest
     // A picture in another pixel format is measured the same.
     const QImage smal = beeld.convertToFormat(QImage::Format_RGB888);
     EXPECT_NEAR(1.0, Contrast::slechtste(Qt::white, smal, QRect(0, 0, 10, 2)), 0.01);
