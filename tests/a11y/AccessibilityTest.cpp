@@ -189,36 +189,3 @@ TEST(AccessibilityTest, DesktopItemsAndTaskButtonsAreNamedFromTheirModels) {
     rekenen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(1, w.platform.fakeProcesses().started.size());
 }
-
-namespace {
-// What the bus would hear: the names of the objects a focus event names.
-QStringList gemeldeFocus;
-void vangFocus(QAccessibleEvent* e) {
-    if (e->type() == QAccessible::Focus && e->accessibleInterface())
-        gemeldeFocus << e->accessibleInterface()->text(QAccessible::Name);
-}
-} // namespace
-
-TEST(AccessibilityTest, AScreenReaderHearsWhereTheFocusWentAndNothingWhileNoneListens) {
-    AccessibleFactory::installeren();
-    BureaubladWerkplek w;
-    w.p.modTaal.Taal = 1033;
-    w.applicatie(0, 0, "1", "Rekenen");
-    w.applicatie(0, 1, "2", "Taal");
-    w.klas(0, "Groep 3", "100", "1|2", "Nee");
-    FrmBureaubladView view(w.b());
-    w.b().Openen(0, "100");
-    view.show();
-    gemeldeFocus.clear();
-    QAccessible::installUpdateHandler(&vangFocus);
-    w.b().Toets(Qt::Key_Tab); // no screen reader yet: nothing is said
-    QAccessible::setActive(true);
-    w.b().Toets(Qt::Key_Tab);
-    w.b().Toets(Qt::Key_Tab, true);
-    w.b().Openen(0, "100"); // painted anew, the focus where it was: not said again
-    view.hide();
-    w.b().Toets(Qt::Key_Tab); // a hidden desktop says nothing
-    QAccessible::setActive(false);
-    QAccessible::installUpdateHandler(nullptr);
-    EXPECT_EQ(QStringList({"Taal", "Rekenen"}), gemeldeFocus);
-}
