@@ -39,46 +39,62 @@ bool IniDocument::splitEntry(const QString& line, QString& key, QString& value) 
     return true;
 }
 
+IniDocument::Line IniDocument::classify(const QString& text) {
+    QString line = text;
+    // A NUL ends what the profile functions see of a line.
+    const int nul = line.indexOf(QChar(0));
+    if (nul >= 0)
+        line.truncate(nul);
+    const QString trimmed = line.trimmed();
+    if (trimmed.isEmpty())
+        return {};
+    if (trimmed.startsWith(QLatin1Char('['))) {
+        const int close = trimmed.indexOf(QLatin1Char(']'));
+        if (close > 0)
+            return {Line::Header, trimmed.mid(1, close - 1).trimmed()};
+    }
+    QString key, value;
+    if (splitEntry(line, key, value))
+        return {Line::Entry, key};
+    return {Line::Other, {}};
+}
+
 void IniDocument::reindex() {
     m_sections.clear();
     m_sectionIndex.clear();
     Section* current = nullptr;
     for (int i = 0; i < m_lines.size(); ++i) {
-        QString line = m_lines[i];
-        const int nul = line.indexOf(QChar(0));
-        if (nul >= 0)
-            line.truncate(nul);
-        const QString trimmed = line.trimmed();
-        if (trimmed.startsWith(QLatin1Char('['))) {
-            const int close = trimmed.indexOf(QLatin1Char(']'));
-            if (close > 0) {
-                Section s;
-                s.name = trimmed.mid(1, close - 1).trimmed();
-                s.header = i;
-                s.lastEntry = i;
-                m_sections.append(s);
-                current = &m_sections.last();
-                if (!m_sectionIndex.contains(s.name.toLower()))
-                    m_sectionIndex.insert(s.name.toLower(), int(m_sections.size()) - 1);
-                continue;
-            }
+        const Line line = classify(m_lines[i]);
+        if (line.kind == Line::Header) {
+            Section s;
+            s.name = line.name;
+            s.header = i;
+            s.lastEntry = i;
+            m_sections.append(s);
+            current = &m_sections.last();
+            if (!m_sectionIndex.contains(s.name.toLower()))
+                m_sectionIndex.insert(s.name.toLower(), int(m_sections.size()) - 1);
+            continue;
         }
-        if (!current || trimmed.isEmpty())
+        if (!current || line.kind == Line::Blank)
             continue;
         current->lastEntry = i;
-        QString key, value;
-        if (splitEntry(line, key, value)) {
-            const QString lower = key.toLower();
+        if (line.kind == Line::Entry) {
+            const QString lower = line.name.toLower();
             if (!current->keys.contains(lower)) {
-                current->keys.insert(lower, i);
-                current->keyOrder.append(key);
+                current->keys.insert(lower, i - current->header);
+                current->keyOrder.append(line.name);
             }
         }
     }
 }
 
+int IniDocument::findIndex(const QString& section) const {
+    return m_sectionIndex.value(section.trimmed().toLower(), -1);
+}
+
 const IniDocument::Section* IniDocument::find(const QString& section) const {
-    const int idx = m_sectionIndex.value(section.trimmed().toLower(), -1);
+    const int idx = findIndex(section);
     return idx < 0 ? nullptr : &m_sections[idx];
 }
 
@@ -86,10 +102,10 @@ std::optional<QString> IniDocument::value(const QString& section, const QString&
     const Section* s = find(section);
     if (!s)
         return std::nullopt;
-    const int line = s->keys.value(key.trimmed().toLower(), -1);
-    if (line < 0)
+    const int offset = s->keys.value(key.trimmed().toLower(), -1);
+    if (offset < 0)
         return std::nullopt;
-    QString text = m_lines[line];
+    QString text = m_lines[s->header + offset];
     const int nul = text.indexOf(QChar(0));
     if (nul >= 0)
         text.truncate(nul);
@@ -98,33 +114,73 @@ std::optional<QString> IniDocument::value(const QString& section, const QString&
     return v;
 }
 
+// The index follows the change instead of being built again, so that writing many new keys
+// costs each one its own line only. A written line that would read as something else than the
+// key it was written for (a key of "[x" with a value holding "]", a name holding a NUL or "=")
+// is indexed the slow way, from the lines as they now read.
 void IniDocument::setValue(const QString& section, const QString& key, const QString& value) {
     const QString k = key.trimmed();
-    const Section* s = find(section);
-    if (!s) {
+    const QString lowerKey = k.toLower();
+    const int idx = findIndex(section);
+    if (idx < 0) {
+        const int at = int(m_lines.size());
         m_lines.append(QLatin1Char('[') + section.trimmed() + QLatin1Char(']'));
         m_lines.append(k + QLatin1Char('=') + value);
-    } else {
-        const int line = s->keys.value(k.toLower(), -1);
-        if (line >= 0) {
-            QString oldKey, oldValue;
-            splitEntry(m_lines[line], oldKey, oldValue);
-            m_lines[line] = oldKey + QLatin1Char('=') + value;
-        } else {
-            m_lines.insert(s->lastEntry + 1, k + QLatin1Char('=') + value);
+        const Line header = classify(m_lines[at]);
+        const Line entry = classify(m_lines[at + 1]);
+        const QString lowerName = header.name.toLower();
+        if (header.kind != Line::Header || lowerName != section.trimmed().toLower() ||
+            entry.kind != Line::Entry || entry.name.toLower() != lowerKey) {
+            reindex();
+            return;
         }
+        Section s;
+        s.name = header.name;
+        s.header = at;
+        s.lastEntry = at + 1;
+        s.keys.insert(lowerKey, 1);
+        s.keyOrder.append(entry.name);
+        m_sections.append(s);
+        m_sectionIndex.insert(lowerName, int(m_sections.size()) - 1);
+        return;
     }
-    reindex();
+    Section& s = m_sections[idx];
+    const int offset = s.keys.value(lowerKey, -1);
+    int line = 0;
+    if (offset >= 0) {
+        line = s.header + offset;
+        QString oldKey, oldValue;
+        splitEntry(m_lines[line], oldKey, oldValue);
+        m_lines[line] = oldKey + QLatin1Char('=') + value;
+    } else {
+        line = s.lastEntry + 1;
+        m_lines.insert(line, k + QLatin1Char('=') + value);
+    }
+    const Line written = classify(m_lines[line]);
+    if (written.kind != Line::Entry || written.name.toLower() != lowerKey) {
+        reindex();
+        return;
+    }
+    if (offset >= 0)
+        return;
+    s.keys.insert(lowerKey, line - s.header);
+    s.keyOrder.append(written.name);
+    s.lastEntry = line;
+    // Every later section moved down one line; their keys count from their headers.
+    for (qsizetype i = idx + 1; i < m_sections.size(); ++i) {
+        ++m_sections[i].header;
+        ++m_sections[i].lastEntry;
+    }
 }
 
 void IniDocument::removeKey(const QString& section, const QString& key) {
     const Section* s = find(section);
     if (!s)
         return;
-    const int line = s->keys.value(key.trimmed().toLower(), -1);
-    if (line < 0)
+    const int offset = s->keys.value(key.trimmed().toLower(), -1);
+    if (offset < 0)
         return;
-    m_lines.removeAt(line);
+    m_lines.removeAt(s->header + offset);
     reindex();
 }
 

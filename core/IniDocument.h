@@ -32,10 +32,17 @@ private:
         QString name;
         int header = -1;          // line of "[name]"
         int lastEntry = -1;       // last non-blank line that belongs to the section
-        QHash<QString, int> keys; // lower-cased key -> line, first occurrence
+        QHash<QString, int> keys; // lower-cased key -> line after the header, first occurrence
         QStringList keyOrder;
     };
+    // What one line is to the index: a section header or a key (with its name), or neither.
+    struct Line {
+        enum Kind { Blank, Header, Entry, Other } kind = Blank;
+        QString name;
+    };
+    static Line classify(const QString& line);
     void reindex();
+    int findIndex(const QString& section) const;
     const Section* find(const QString& section) const;
     static bool splitEntry(const QString& line, QString& key, QString& value);
 

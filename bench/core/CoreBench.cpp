@@ -1,5 +1,5 @@
-// Settings files and the cache cipher: a 1 MB INI file read cold, one key written into it, and
-// RC4 over 10 MB.
+// Settings files and the cache cipher: a 1 MB INI file read cold, one key written into it, a
+// document gaining many keys, and RC4 over 10 MB.
 #include "core/ClsRC4.h"
 #include "core/IniDocument.h"
 #include "core/IniFiles.h"
@@ -66,6 +66,23 @@ void BM_IniWriteIntoOneMegabyteFile(benchmark::State& state) {
                     QString::number(i++));
 }
 BENCHMARK(BM_IniWriteIntoOneMegabyteFile)->Unit(benchmark::kMillisecond);
+
+// A document that gains many keys in memory (a registry import, a tool writing a large file):
+// each new key costs its own line, not a pass over the whole document.
+void BM_IniDocumentGainsKeys(benchmark::State& state) {
+    const int keys = int(state.range(0));
+    const IniDocument start = IniDocument::parse(groteIni(10, 100));
+    for (auto _ : state) {
+        IniDocument doc = start;
+        for (int k = 0; k < keys; ++k)
+            doc.setValue(QStringLiteral("Sectie%1").arg(k % 10), QStringLiteral("Nieuw%1").arg(k),
+                         QStringLiteral("waarde"));
+        benchmark::DoNotOptimize(doc.value(QStringLiteral("Sectie3"), QStringLiteral("Nieuw3")));
+    }
+    state.SetItemsProcessed(state.iterations() * keys);
+}
+// 2,000 and 20,000 keys: a constant cost per key keeps items per second flat.
+BENCHMARK(BM_IniDocumentGainsKeys)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
 
 void BM_Rc4(benchmark::State& state) {
     QByteArray gegevens(10 * 1024 * 1024, 'x');

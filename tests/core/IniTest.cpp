@@ -165,3 +165,52 @@ TEST(IniDocumentTest, RemovesKeysAndSectionsAndListsThem) {
     EXPECT_EQ(doc.keys(QStringLiteral("A")), QStringList{QStringLiteral("k")});
     EXPECT_EQ(doc.value(QStringLiteral("A"), QString()), std::nullopt);
 }
+
+// Writes keep the document's index in step with its lines: after each row's writes, the document
+// reads exactly as its own text read afresh, including writes whose line reads as something else.
+TEST(IniDocumentTest, AfterWritesTheDocumentReadsLikeItsTextReadAfresh) {
+    struct Write {
+        const char* section;
+        const char* key;
+        const char* value;
+    };
+    struct Case {
+        const char* text;
+        std::vector<Write> writes;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {"[A]\nx=1\n\n[B]\ny=2\n",
+         {{"a", "z", "3"}, {"A", "w", "4"}, {"b", "Y", "5"}, {"B", "v", "6"}},
+         "[A]\nx=1\nz=3\nw=4\n\n[B]\ny=5\nv=6\n"},
+        // The first of two sections of one name takes new keys; the later one moves down.
+        {"[A]\nx=1\n[A]\nq=0\n[C]\nc=1\n",
+         {{"A", "y", "2"}, {"A", "q", "3"}, {"c", "d", "4"}},
+         "[A]\nx=1\ny=2\nq=3\n[A]\nq=0\n[C]\nc=1\nd=4\n"},
+        // A new section, then keys into it and into the one before.
+        {"k=v\n[A]\n",
+         {{"N", "a", "1"}, {"A", "b", "2"}, {"n", "c", "3"}},
+         "k=v\n[A]\nb=2\n[N]\na=1\nc=3\n"},
+        // A written line that reads as a header, a comment or a cut name.
+        {"[A]\nx=1\n[B]\n",
+         {{"A", "[y", "]"}, {"B", ";c", "1"}, {"B", "z", "2"}, {"A", "x", "a=b"}},
+         "[A]\nx=a=b\n[y=]\n[B]\n;c=1\nz=2\n"},
+        {"[A]\nx=1\n", {{"[B", "k", "1"}, {"A", "y", "2"}}, "[A]\nx=1\ny=2\n[[B]\nk=1\n"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        IniDocument doc = IniDocument::parse(QString::fromLatin1(c.text));
+        for (const Write& w : c.writes)
+            doc.setValue(QString::fromLatin1(w.section), QString::fromLatin1(w.key),
+                         QString::fromLatin1(w.value));
+        EXPECT_EQ(doc.text(), QString::fromLatin1(c.expected));
+        const IniDocument afresh = IniDocument::parse(doc.text());
+        ASSERT_EQ(doc.sections(), afresh.sections());
+        for (const QString& section : afresh.sections()) {
+            ASSERT_EQ(doc.keys(section), afresh.keys(section)) << section.toStdString();
+            for (const QString& key : afresh.keys(section))
+                EXPECT_EQ(doc.value(section, key), afresh.value(section, key))
+                    << section.toStdString() << "/" << key.toStdString();
+        }
+    }
+}
