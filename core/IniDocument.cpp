@@ -23,8 +23,8 @@ QString IniDocument::text() const {
     return m_lines.join(m_lineEnd) + m_lineEnd;
 }
 
-bool IniDocument::splitEntry(const QString& line, QString& key, QString& value) {
-    const int eq = line.indexOf(QLatin1Char('='));
+bool IniDocument::splitEntry(QStringView line, QStringView& key, QStringView& value) {
+    const qsizetype eq = line.indexOf(QLatin1Char('='));
     if (eq < 0)
         return false;
     key = line.left(eq).trimmed();
@@ -39,23 +39,25 @@ bool IniDocument::splitEntry(const QString& line, QString& key, QString& value) 
     return true;
 }
 
+// What the profile functions see of a line: the text before a NUL.
+static QStringView visible(const QString& line) {
+    const qsizetype nul = line.indexOf(QChar(0));
+    return nul < 0 ? QStringView(line) : QStringView(line).left(nul);
+}
+
 IniDocument::Line IniDocument::classify(const QString& text) {
-    QString line = text;
-    // A NUL ends what the profile functions see of a line.
-    const int nul = line.indexOf(QChar(0));
-    if (nul >= 0)
-        line.truncate(nul);
-    const QString trimmed = line.trimmed();
+    const QStringView line = visible(text);
+    const QStringView trimmed = line.trimmed();
     if (trimmed.isEmpty())
         return {};
     if (trimmed.startsWith(QLatin1Char('['))) {
-        const int close = trimmed.indexOf(QLatin1Char(']'));
+        const qsizetype close = trimmed.indexOf(QLatin1Char(']'));
         if (close > 0)
-            return {Line::Header, trimmed.mid(1, close - 1).trimmed()};
+            return {Line::Header, trimmed.mid(1, close - 1).trimmed().toString()};
     }
-    QString key, value;
+    QStringView key, value;
     if (splitEntry(line, key, value))
-        return {Line::Entry, key};
+        return {Line::Entry, key.toString()};
     return {Line::Other, {}};
 }
 
@@ -105,13 +107,9 @@ std::optional<QString> IniDocument::value(const QString& section, const QString&
     const int offset = s->keys.value(key.trimmed().toLower(), -1);
     if (offset < 0)
         return std::nullopt;
-    QString text = m_lines[s->header + offset];
-    const int nul = text.indexOf(QChar(0));
-    if (nul >= 0)
-        text.truncate(nul);
-    QString k, v;
-    splitEntry(text, k, v);
-    return v;
+    QStringView k, v;
+    splitEntry(visible(m_lines[s->header + offset]), k, v);
+    return v.toString();
 }
 
 // The index follows the change instead of being built again, so that writing many new keys
@@ -149,9 +147,9 @@ void IniDocument::setValue(const QString& section, const QString& key, const QSt
     int line = 0;
     if (offset >= 0) {
         line = s.header + offset;
-        QString oldKey, oldValue;
+        QStringView oldKey, oldValue;
         splitEntry(m_lines[line], oldKey, oldValue);
-        m_lines[line] = oldKey + QLatin1Char('=') + value;
+        m_lines[line] = oldKey.toString() + QLatin1Char('=') + value;
     } else {
         line = s.lastEntry + 1;
         m_lines.insert(line, k + QLatin1Char('=') + value);

@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 #include <optional>
 
 namespace tk {
@@ -44,7 +45,7 @@ private:
     void reindex();
     int findIndex(const QString& section) const;
     const Section* find(const QString& section) const;
-    static bool splitEntry(const QString& line, QString& key, QString& value);
+    static bool splitEntry(QStringView line, QStringView& key, QStringView& value);
 
     QStringList m_lines;
     QString m_lineEnd = QStringLiteral("\r\n");
