@@ -2,10 +2,7 @@
 
 #include "core/Ansi.h"
 #include "core/Fout.h"
-#include "core/Programma.h"
-
-#include <QDir>
-#include <QFileInfo>
+#include "theme/ThemeFolder.h"
 
 namespace tk {
 
@@ -18,17 +15,22 @@ QString describe(const QString& section, const QString& key, const QString& valu
 
 } // namespace
 
-ThemeKeys::ThemeKeys(Programma& p, QString themaMap) : p(p), m_themaMap(std::move(themaMap)) {
+ThemeKeys::ThemeKeys(Programma& p, QString themaMap)
+    : ThemeKeys(std::make_shared<ThemeFolder>(p), std::move(themaMap)) {}
+
+ThemeKeys::ThemeKeys(std::shared_ptr<const ThemeSource> source, QString themaMap)
+    : m_source(std::move(source)), m_themaMap(std::move(themaMap)) {
     if (!m_themaMap.endsWith(QLatin1Char('\\')))
         m_themaMap += QLatin1Char('\\');
+    m_settingsFile = m_themaMap + QStringLiteral("Instellingen.ini");
 }
 
-QString ThemeKeys::settingsFile() const {
-    return m_themaMap + QStringLiteral("Instellingen.ini");
+const QString& ThemeKeys::settingsFile() const {
+    return m_settingsFile;
 }
 
 QString ThemeKeys::text(const QString& section, const QString& key) const {
-    return p.modMain.LeesIni(section, key, settingsFile());
+    return m_source->read(settingsFile(), section, key);
 }
 
 std::optional<qint64> ThemeKeys::parseNumber(const QString& text, qint64 min, qint64 max) {
@@ -138,11 +140,11 @@ bool ThemeKeys::notNo(const QString& section, const QString& key) const {
 }
 
 QString ThemeKeys::file(const QString& relative) const {
-    return p.modMain.Pad(m_themaMap + relative);
+    return m_source->path(m_themaMap + relative);
 }
 
 bool ThemeKeys::fileExists(const QString& relative) const {
-    return !relative.trimmed().isEmpty() && QFileInfo(file(relative)).isFile();
+    return !relative.trimmed().isEmpty() && m_source->isFile(file(relative));
 }
 
 QString ThemeKeys::picturePath(const QString& section, const QString& key) const {
@@ -226,10 +228,8 @@ std::pair<QString, QString> ThemeKeys::classButtonPictures(const QString& colour
 }
 
 QStringList ThemeKeys::buttonColourNames() const {
-    QDir knoppen(file(QStringLiteral("Knoppen")));
-    knoppen.setNameFilters({QStringLiteral("*a.jpg")});
-    knoppen.setFilter(QDir::Files);
-    const qsizetype count = knoppen.entryList().size();
+    const qsizetype count =
+        m_source->countFiles(file(QStringLiteral("Knoppen")), QStringLiteral("a.jpg"));
     QStringList names;
     for (qsizetype n = 1; n <= count; ++n) {
         const QString name = text(QStringLiteral("Knoppen"), QString::number(n));

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "theme/RgbColour.h"
+#include "theme/ThemeSource.h"
 
 #include <QPoint>
 #include <QString>
 #include <QStringList>
+#include <memory>
 #include <optional>
 
 namespace tk {
@@ -20,12 +22,14 @@ class Programma;
 // below the theme folder, matched without regard to case.
 class ThemeKeys {
 public:
-    // `themaMap` in the program's form: "\Afbeeldingen\Skins\1\".
+    // `themaMap` in the program's form: "\Afbeeldingen\Skins\1\"; the theme on disk.
     ThemeKeys(Programma& p, QString themaMap);
+    // The same theme from another source.
+    ThemeKeys(std::shared_ptr<const ThemeSource> source, QString themaMap);
 
     const QString& themaMap() const { return m_themaMap; }
     // "\Afbeeldingen\Skins\1\Instellingen.ini"
-    QString settingsFile() const;
+    const QString& settingsFile() const;
 
     QString text(const QString& section, const QString& key) const;
     // "R,G,B": parts beyond the third are ignored; a part above 255 counts as 255.
@@ -85,8 +89,9 @@ public:
 
 private:
     QStringList parts(const QString& section, const QString& key, int needed) const;
-    Programma& p;
+    std::shared_ptr<const ThemeSource> m_source;
     QString m_themaMap;
+    QString m_settingsFile;
 };
 
 } // namespace tk
