@@ -1,6 +1,6 @@
 // The server's command handler on one message, as the command server hands it over: the
-// maintenance commands first, then the vocabulary. The store is a real SQLite store in the
-// scratch folder, filled with the demo school once; one connection per message. Input: the
+// maintenance commands first, then the vocabulary. The store is a real SQLite store in memory,
+// filled with the demo school once; one connection per message. Input: the
 // message's bytes as one read gives them (Windows-1252).
 #include "FuzzSupport.h"
 #include "server/ArchivePackager.h"
@@ -29,7 +29,7 @@ struct Server {
         folder = fuzz::scratch().filePath(QStringLiteral("server"));
         QDir().mkpath(folder);
         QString error;
-        if (!store.open(folder, &error) || !DemoSchool::seed(store, QString(), packages, &error))
+        if (!store.openInMemory(&error) || !DemoSchool::seed(store, QString(), packages, &error))
             qFatal("store: %s", qPrintable(error));
         options.dataFolder = folder;
         options.port = 0;

@@ -86,8 +86,16 @@ bool Store::open(const QString& folder, QString* error) {
         *error = QStringLiteral("cannot make the data folder %1").arg(folder);
         return false;
     }
+    return openDatabase(QDir(folder).filePath(QStringLiteral("tafelkrater.sqlite")), error);
+}
+
+bool Store::openInMemory(QString* error) {
+    return openDatabase(QStringLiteral(":memory:"), error);
+}
+
+bool Store::openDatabase(const QString& name, QString* error) {
     m_db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection);
-    m_db.setDatabaseName(QDir(folder).filePath(QStringLiteral("tafelkrater.sqlite")));
+    m_db.setDatabaseName(name);
     m_db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=5000"));
     if (!m_db.open()) {
         *error = QStringLiteral("cannot open the store: %1").arg(m_db.lastError().text());

@@ -59,6 +59,8 @@ public:
 
     // Opens (and creates) the store in `folder`. False with a reason on failure.
     bool open(const QString& folder, QString* error);
+    // A store that lives as long as this object, in memory (a fuzz target, a bench).
+    bool openInMemory(QString* error);
     void close();
     bool isEmpty();
     quint64 generation() const { return m_generation; }
@@ -156,6 +158,7 @@ public:
     void markReplaced() { ++m_generation; }
 
 private:
+    bool openDatabase(const QString& name, QString* error);
     bool write(const std::function<bool(QString*)>& change, QString* error);
     bool exec(const QString& sql, const QVariantList& values, QString* error);
     qint64 nextId(const QString& key, QString* error);
