@@ -35,6 +35,21 @@ QString Favorieten::alsTekst() const {
            wire::fieldSep + items.join(wire::itemSep);
 }
 
+int Favorieten::zonderScheidingstekens() {
+    int veranderd = 0;
+    auto schoon = [&](QString& waarde) {
+        const qsizetype voor = waarde.size();
+        waarde.remove(QLatin1Char('|')).remove(QLatin1Char('<')).remove(QLatin1Char('>'));
+        veranderd += waarde.size() != voor;
+    };
+    for (QString* kop : {&Internetmodus, &Thuispagina, &Filteren, &Blokkeren})
+        schoon(*kop);
+    for (QStringList& fav : Lijst)
+        for (QString& waarde : fav)
+            schoon(waarde);
+    return veranderd;
+}
+
 QList<QStringList> Favorieten::actieve(int maximum) const {
     QList<QStringList> uit;
     for (const QStringList& fav : Lijst) {

@@ -16,6 +16,10 @@ public:
     static Favorieten uitAntwoord(const QString& antwoord);
     // "header;<>;list", the form of the answer and of the save.
     QString alsTekst() const;
+    // The wire has no escapes: a value holding "|", "<" or ">" would come back split, or joined
+    // with its neighbour into one more favourite. Removes those characters from every value
+    // (none belongs in an address, and a name loses little); gives how many values changed.
+    int zonderScheidingstekens();
 
     // The header: the internet mode as a number (text), then "Ja" or "Nee" for the home page,
     // filtering, and blocking the internet outside the shell.

@@ -2,6 +2,7 @@
 #include "ModData.h"
 
 #include "core/Procedure.h"
+#include "core/Programma.h"
 #include "core/Wire.h"
 
 namespace tk {
@@ -144,7 +145,16 @@ bool ModData::OpslaanToegestaneSites() {
 
 bool ModData::OpslaanFavorieten(const QString& eigenaar, const Favorieten& favorieten) {
     return Procedure(p, "modData.OpslaanFavorieten", false, [&] {
-        return vraagOpslaan(wire::OPSFAV + eigenaar + wire::fieldSep + favorieten.alsTekst()) ==
+        Favorieten schoon = favorieten;
+        if (const int veranderd = schoon.zonderScheidingstekens())
+            p.modMain.SchrijfLogboek(
+                QStringLiteral("The favourites of %1: removed the wire's separators \"|\", \"<\" "
+                               "and \">\" from %2 values before saving")
+                    .arg(eigenaar)
+                    .arg(veranderd),
+                QStringLiteral("Tafelkrater"), QStringLiteral("modData.OpslaanFavorieten"),
+                QString());
+        return vraagOpslaan(wire::OPSFAV + eigenaar + wire::fieldSep + schoon.alsTekst()) ==
                wire::ok;
     });
 }

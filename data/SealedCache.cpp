@@ -38,13 +38,18 @@ void SealedCache::open(const QString& pad) {
     QFile bestand(pad);
     if (!bestand.open(QIODevice::ReadOnly))
         throw Fout(QStringLiteral("Path/File access error (%1)").arg(pad));
-    const QByteArray versleuteld = bestand.readAll();
+    openSealed(bestand.readAll(), pad);
+}
+
+void SealedCache::openSealed(const QByteArray& versleuteld, const QString& naam) {
+    close();
+    m_open = true;
     // The whole file is one array; an empty file has no array to size.
     if (versleuteld.isEmpty())
         throw Fout(QStringLiteral("Subscript out of range (the cache file is empty)"));
     const QString tekst = Ansi::naarTekst(decipher(versleuteld));
     if (!isCacheText(tekst))
-        throw Fout(QStringLiteral("The cache file is not a cache of this program (%1)").arg(pad));
+        throw Fout(QStringLiteral("The cache file is not a cache of this program (%1)").arg(naam));
     m_document = IniDocument::parse(tekst);
 }
 

@@ -22,6 +22,8 @@ public:
     // An empty, unreadable or foreign file raises tk::Fout; the cache is then empty and the file
     // on disk is left as it was.
     void open(const QString& pad);
+    // The same for the bytes of a sealed file; `naam` names it in a fault.
+    void openSealed(const QByteArray& versleuteld, const QString& naam);
     // With a link: new answers go to a fresh document, the opened one is read behind it.
     void beginFresh();
     // Enciphers the document to `pad` through a new file and a rename. Raises tk::Fout on failure.

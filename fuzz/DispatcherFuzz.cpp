@@ -8,25 +8,14 @@
 
 using namespace tk;
 
-namespace {
-
-fuzz::FuzzWorkstation& werkplek() {
-    static fuzz::FuzzWorkstation w;
-    return w;
-}
-
-} // namespace
-
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    fuzz::startQt();
-    fuzz::FuzzWorkstation& w = werkplek();
+    fuzz::FuzzWorkstation& w = fuzz::workstation();
     w.p.maak(w.p.frmMain, w.p);
-    w.p.modMain.ModusNetwerk = true;
     return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    fuzz::FuzzWorkstation& w = werkplek();
+    fuzz::FuzzWorkstation& w = fuzz::workstation();
     const QByteArray bytes = fuzz::bytes(data, size);
     const QString bericht = Ansi::naarTekst(bytes);
     const Woordenlijst::Sortering s = Woordenlijst::sorteer(bericht);

@@ -2,6 +2,7 @@
 
 #include "FuzzSupport.h"
 #include "core/DialogService.h"
+#include "core/FrmFoutrapportage.h"
 #include "core/Programma.h"
 #include "platform/fake/FakePlatform.h"
 
@@ -19,6 +20,12 @@ public:
           p(platform) {
         QDir().mkpath(m_folder);
         p.dialogen = &m_dialogs;
+        // The fault report's list of ignored faults, read at every fault: present, each read
+        // finds it at once instead of searching its folder for another spelling of its name.
+        p.modMain.MaakMappen(QStringLiteral("\\Data"));
+        p.modMain.SchrijfIni(QStringLiteral("0"), QStringLiteral("Foutrapportage"),
+                             QStringLiteral("Laatste ID"),
+                             QString::fromLatin1(FrmFoutrapportage::Bestand));
     }
     QString folder() const { return m_folder; }
 
@@ -36,5 +43,17 @@ public:
     FakePlatform platform;
     Programma p;
 };
+
+// The run's one workstation, made at the first call with Qt started and in network mode; a target
+// makes the modules it feeds in its LLVMFuzzerInitialize.
+inline FuzzWorkstation& workstation() {
+    static FuzzWorkstation* const w = [] {
+        startQt();
+        auto* made = new FuzzWorkstation;
+        made->p.modMain.ModusNetwerk = true;
+        return made;
+    }();
+    return *w;
+}
 
 } // namespace tk::fuzz

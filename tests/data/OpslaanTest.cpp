@@ -122,7 +122,7 @@ TEST(OpslaanTest, SavesAndDeletesWaitForTheirAnswersAndMoveLaterRowsUp) {
         .op(s("VWNLRN8"), s("VWNLRNOK"))
         .op(s("OPSITSa.nl|b.nl"), s("OPSITSOK"))
         .op(s("OPSINSx;<>;y"), s("OPSINSFOUT"))
-        .op(s("OPSFAVLeraar8;<>;1|Ja|Nee|Nee;<>;http://a.nl|A||Ja><http://b.nl|B||Nee"),
+        .op(s("OPSFAVLeraar8;<>;1|Ja|Nee|Nee;<>;http://a.nl|A||Ja><http://b.nl|BC||Nee"),
             s("OPSFAVOK"));
     Werkplek dw(Werkplek::gegevens, peer.poort());
     ASSERT_TRUE(dw.verbind());
@@ -163,8 +163,12 @@ TEST(OpslaanTest, SavesAndDeletesWaitForTheirAnswersAndMoveLaterRowsUp) {
     fav.Thuispagina = s("Ja");
     fav.Filteren = fav.Blokkeren = s("Nee");
     fav.Lijst = {{s("http://a.nl"), s("A"), QString(), s("Ja")},
-                 {s("http://b.nl"), s("B"), QString(), s("Nee")}};
+                 {s("http://b.nl"), s("B><C"), QString(), s("Nee")}};
+    // A name holding the wire's separators goes out without them, and the log book says so.
     EXPECT_TRUE(d.OpslaanFavorieten(s("Leraar8"), fav));
+    EXPECT_TRUE(
+        dw.lees(s("Logboek/") + dw.platform.fakeClock().now().toString(s("d-M-yyyy")) + s(".txt"))
+            .contains("The favourites of Leraar8: removed"));
     EXPECT_TRUE(peer.klaar());
     EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join(s("\n")).toStdString();
 
@@ -241,4 +245,26 @@ TEST(OpslaanTest, FavouritesParseTheirHeaderAndListAndWriteBackTheSameText) {
         EXPECT_EQ(f.alsTekst(), s(c.antwoord));
     }
     EXPECT_EQ(Favorieten::uitAntwoord(s("1|Ja|Nee|Ja")).Blokkeren, s("Ja"));
+
+    // Values holding the separators or parts of them: cleaned, the favourites come back as they
+    // went out, no more and no fewer.
+    struct Value {
+        const char* waarde;
+        const char* schoon;
+    };
+    const Value waarden[] = {
+        {"B><C", "BC"},      {"a|b", "ab"},     {"x;<>;y", "x;;y"},   {"eind;<>", "eind;"},
+        {"<begin", "begin"}, {"eind>", "eind"}, {"gewoon", "gewoon"},
+    };
+    for (const Value& v : waarden) {
+        SCOPED_TRACE(v.waarde);
+        Favorieten f;
+        f.Internetmodus = s("1");
+        f.Blokkeren = s(v.waarde);
+        f.Lijst = {{s(v.waarde), s(v.waarde), QString(), s("Ja")},
+                   {s("http://b.nl"), s("B"), s(v.waarde), s("Nee")}};
+        EXPECT_EQ(f.zonderScheidingstekens(), s(v.waarde) == s(v.schoon) ? 0 : 4);
+        EXPECT_EQ(f.Lijst[0][1], s(v.schoon));
+        EXPECT_EQ(Favorieten::uitAntwoord(f.alsTekst()), f);
+    }
 }
