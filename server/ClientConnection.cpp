@@ -15,8 +15,14 @@ constexpr int maxQueue = 64;
 ClientConnection::ClientConnection(QTcpSocket* socket, int number, const Limits& limits,
                                    QObject* parent)
     : QObject(parent), m_socket(socket), m_number(number), m_limits(limits),
-      m_assembler(new tk::MessageAssembler(socket, this)), m_firstMessage(new QTimer(this)) {
+      m_firstMessage(new QTimer(this)) {
     m_socket->setParent(this);
+    // Before the assembler reads: a connection whose first bytes are no command word is closed
+    // before its input is read at all.
+    connect(m_socket, &QTcpSocket::readyRead, this, &ClientConnection::checkFirstWord);
+    if (m_socket->bytesAvailable() > 0)
+        QTimer::singleShot(0, this, &ClientConnection::checkFirstWord);
+    m_assembler = new tk::MessageAssembler(socket, this);
     // A peer that sends without pause fills at most this much memory before it is read.
     m_socket->setReadBufferSize(64 * 1024);
     // Each message in a segment of its own, at once: without this the system holds a small
@@ -65,6 +71,26 @@ QString ClientConnection::peer() const {
     return QStringLiteral("%1:%2")
         .arg(m_socket->peerAddress().toString())
         .arg(m_socket->peerPort());
+}
+
+bool ClientConnection::beginsWithCommandWord(const QByteArray& bytes) {
+    for (qsizetype i = 0; i < std::min<qsizetype>(bytes.size(), commandWordLength); ++i)
+        if (bytes[i] < 'A' || bytes[i] > 'Z')
+            return false;
+    return true;
+}
+
+void ClientConnection::checkFirstWord() {
+    if (m_firstWordSeen || m_closed)
+        return;
+    const QByteArray start = m_socket->peek(commandWordLength);
+    if (!beginsWithCommandWord(start)) {
+        ServerLog::fault(QStringLiteral("connection %1").arg(m_number),
+                         QStringLiteral("the first message begins with no command word; closed"));
+        close();
+        return;
+    }
+    m_firstWordSeen = start.size() >= commandWordLength;
 }
 
 void ClientConnection::onMessage(const QByteArray& bytes) {

@@ -25,8 +25,9 @@ namespace tk::server {
 //   message the client may send without waiting go out only after the connection has been
 //   quiet for a settling time, and hold back everything behind them for that time too.
 // On the read side, what one read gives is one message, and a long message that arrives in
-// pieces is read whole (MessageAssembler). A message above the input limit, or no first message
-// within the set time, closes the connection with a log line.
+// pieces is read whole (MessageAssembler). A message above the input limit, a first message that
+// does not begin with a command word (three capitals: every client's first message does), or no
+// first message within the set time, closes the connection with a log line.
 class ClientConnection : public QObject {
     Q_OBJECT
 public:
@@ -76,6 +77,9 @@ private:
         QByteArray bytes;
         bool settles = false;
     };
+    static constexpr qsizetype commandWordLength = 3;
+    static bool beginsWithCommandWord(const QByteArray& bytes);
+    void checkFirstWord();
     void onMessage(const QByteArray& bytes);
     void flush();
     void enqueue(const QString& text, bool settles);
@@ -93,6 +97,7 @@ private:
     QTimer* m_timer = nullptr;
     bool m_awaitingPing = false;
     bool m_spoken = false;
+    bool m_firstWordSeen = false;
     bool m_closed = false;
 };
 

@@ -88,15 +88,17 @@ bool seedMaximalSchool(Store& store) {
 
 bool BenchServer::start(const QString& dataFolder, int fileLimit) {
     QStringList args{s("--data"), dataFolder, s("--port"), s("0")};
+    // TK_BENCH_SERVER runs another build of the server (an older one, side by side).
+    const QString exe = qEnvironmentVariable("TK_BENCH_SERVER", s(TK_SERVER_EXE));
     if (fileLimit > 0)
         m_process.start(
             s("/bin/sh"),
             QStringList{s("-c"),
                         QStringLiteral("ulimit -n %1 && exec \"$0\" \"$@\"").arg(fileLimit),
-                        s(TK_SERVER_EXE)} +
+                        exe} +
                 args);
     else
-        m_process.start(s(TK_SERVER_EXE), args);
+        m_process.start(exe, args);
     const QRegularExpression listening(s("listening on port (\\d+) "));
     QDeadlineTimer deadline(20000);
     while (!deadline.hasExpired()) {

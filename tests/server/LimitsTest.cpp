@@ -56,7 +56,11 @@ TEST(ServerLimitsTest, InputAboveTheLimitClosesItsConnectionAndStoresNothing) {
     };
     const Case cases[] = {
         {"one message above the limit", "OPSITS" + QByteArray(10000, 'b')},
-        {"a megabyte line without a pause", QByteArray(1 << 20, 'c')},
+        {"a megabyte line without a pause", QByteArray(1 << 20, 'C')},
+        // Closed at its first bytes, before the rest is read.
+        {"random bytes", QByteArray("\x01\xfe\x80TST", 6) + QByteArray(1 << 20, '\xff')},
+        {"a command word in lower case", "tst"},
+        {"a line of text", QByteArray(1 << 20, 'c')},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
