@@ -4,26 +4,32 @@
 #include <QDateTime>
 #include <QTimer>
 #include <cstdio>
+#include <cstring>
 
 namespace tk::server {
 
 namespace {
 
 // The moment as "yyyy-MM-dd hh:mm:ss.zzz ". The local date and time are worked out once a second
-// (that is the slow part); the milliseconds are added to them.
+// (that is the slow part); the milliseconds are added to them. Plain characters, not a QByteArray:
+// a line logged by an object that static destruction ends (a server kept in a static) must not
+// meet a cache that was destroyed before it.
 QByteArray stamp() {
     static qint64 second = -1;
-    static QByteArray prefix;
+    static char prefix[32];
     const qint64 now = QDateTime::currentMSecsSinceEpoch();
     if (now / 1000 != second) {
         second = now / 1000;
-        prefix = QDateTime::fromMSecsSinceEpoch(second * 1000)
-                     .toString(QStringLiteral("yyyy-MM-dd hh:mm:ss."))
-                     .toUtf8();
+        const QByteArray text = QDateTime::fromMSecsSinceEpoch(second * 1000)
+                                    .toString(QStringLiteral("yyyy-MM-dd hh:mm:ss."))
+                                    .toUtf8()
+                                    .left(sizeof prefix - 1);
+        std::memcpy(prefix, text.constData(), size_t(text.size()));
+        prefix[text.size()] = '\0';
     }
-    char millis[8];
-    std::snprintf(millis, sizeof millis, "%03d ", int(now % 1000));
-    return prefix + millis;
+    char line[48];
+    std::snprintf(line, sizeof line, "%s%03d ", prefix, int(now % 1000));
+    return QByteArray(line);
 }
 
 bool flushPending = false;
