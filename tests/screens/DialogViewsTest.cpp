@@ -290,7 +290,7 @@ TEST(DialogViewsTest, TakeOverWizardShowsTheTestedRowsAndTheKeysReachItsLiveButt
 
 TEST(DialogViewsTest, ADialogWorksByKeyboardAloneAndNamesWhatItPaints) {
     AccessibleFactory::installeren();
-    ScreenWerkplek w;
+    Werkplek w(Werkplek::startscherm);
     w.klas(0, "Groep 1", "1");
     FrmUitschakelen& f = w.p.modMainAfsluiten->frmUitschakelen;
     QString antwoord;
