@@ -6,8 +6,8 @@ A Werkstation makes a program folder with the build's own install step, starts
 tafelkrater-server with the demo school on a free port, a private D-Bus session bus with its
 own accessibility bus, Xvfb with openbox, and the client through its launcher with
 QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1. End-to-end tests import this module and use find(),
-wait_for() and press(); run as a program it walks the start screen, presses class 1 by name,
-waits for the desktop, presses a program's item by name and waits for its task button.
+wait_until() and find_and_press(); run as a program it walks the start screen, presses class 1
+by name, waits for the desktop, presses a program's item by name and waits for its task button.
 
 A tool that is missing ends the run with exit code 1 and the reason: the walk never skips.
 """
@@ -37,13 +37,21 @@ def free_port():
 
 
 def wait_until(check, seconds, what):
+    """check() until it gives a value. A live accessible tree changes while it is walked (a
+    window that closes takes its objects with it), so an error of the bus counts as "not yet";
+    the last one is named if the wait runs out."""
     end = time.monotonic() + seconds
+    laatste = None
     while time.monotonic() < end:
-        value = check()
+        try:
+            value = check()
+        except Exception as e:  # pyatspi raises its own and GLib's errors for a gone object
+            laatste, value = e, None
         if value:
             return value
         time.sleep(0.1)
-    raise TimeoutError("waited %ds for %s" % (seconds, what))
+    raise TimeoutError("waited %ds for %s%s" % (seconds, what,
+                                                "" if laatste is None else " (last: %s)" % laatste))
 
 
 class Werkstation:
@@ -205,6 +213,17 @@ def press(node):
     raise AssertionError("%s %r has no press action" % (node.getRoleName(), node.name))
 
 
+def find_and_press(pyatspi, root, role, name, seconds):
+    """Finds the control and presses it; a control that went away in between is looked up
+    again. Gives the pressed node."""
+    def poging():
+        node = find(pyatspi, root, role, name)
+        if node is not None:
+            press(node)
+        return node
+    return wait_until(poging, seconds, "%r to press" % name)
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--build", required=True)
@@ -228,17 +247,14 @@ def main():
             print("atspi: cannot run: python3-pyatspi is missing (%s)" % e)
             return 1
         app = wait_until(lambda: application(pyatspi), 60, "the client on the accessibility bus")
-        klas = wait_until(lambda: find(pyatspi, app, pyatspi.ROLE_PUSH_BUTTON, args.class_name),
-                          90, "the button of %r" % args.class_name)
+        wait_until(lambda: find(pyatspi, app, pyatspi.ROLE_PUSH_BUTTON, args.class_name), 90,
+                   "the button of %r" % args.class_name)
         print("atspi: the start screen's accessible tree:")
-        print(tree_text(app))
-        press(klas)
+        print(wait_until(lambda: tree_text(app), 30, "a whole walk of the start screen"))
+        find_and_press(pyatspi, app, pyatspi.ROLE_PUSH_BUTTON, args.class_name, 30)
         print("atspi: pressed %r" % args.class_name)
-        item = wait_until(lambda: find(pyatspi, app, pyatspi.ROLE_LIST_ITEM, args.program), 60,
-                          "the desktop's item %r" % args.program)
-        print("atspi: the desktop shows %r" % args.program)
-        press(item)
-        print("atspi: pressed %r" % args.program)
+        find_and_press(pyatspi, app, pyatspi.ROLE_LIST_ITEM, args.program, 60)
+        print("atspi: the desktop shows %r and it is pressed" % args.program)
         wait_until(lambda: find(pyatspi, app, pyatspi.ROLE_PUSH_BUTTON, args.task), 60,
                    "the task button %r" % args.task)
         print("atspi: the taskbar shows the task %r" % args.task)
