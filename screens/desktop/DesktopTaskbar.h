@@ -7,6 +7,9 @@ namespace tk {
 class DesktopTaskbar {
 public:
     virtual ~DesktopTaskbar() = default;
+    // InternetOpen while the internet pane is in front: the bar then shows the pane's button
+    // pressed and the desktop's own buttons as they stand behind it.
+    static constexpr int InternetActief = 65535;
     // Draws the bar's buttons anew (the desktop changed what it shows, or who is logged in).
     virtual void tekenKnoppen() = 0;
     // Places the strip for a screen of this height (after a change of display mode).

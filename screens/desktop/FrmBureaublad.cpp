@@ -19,7 +19,6 @@
 #include "screens/desktop/DesktopTaskbar.h"
 #include "screens/desktop/FrmBureaubladBeelden.h"
 #include "screens/desktop/ModMainStarten.h"
-#include "screens/taskbar/FrmTaakbalk2.h"
 #include "theme/ModThema.h"
 
 #include <QFile>
@@ -717,7 +716,7 @@ void FrmBureaublad::InternetWeergeven() {
         picTooltipZichtbaar = false;
         if (p.schermen && p.schermen->openInternet()) {
             Internetstand = true;
-            p.InternetOpen = FrmTaakbalk2::InternetActief;
+            p.InternetOpen = DesktopTaskbar::InternetActief;
             if (taakbalk)
                 taakbalk->tekenKnoppen();
             return;

@@ -45,8 +45,7 @@ public:
     static constexpr int TakenRuimte = 368;     // what the task buttons share
     static constexpr int TitelInspringing = 30; // from a button's left to its title
     static constexpr int InternetIcoonLinks = 199;
-    static constexpr int InternetActief = 65535; // InternetOpen while the pane is in front
-    static constexpr int BeeldMaat = 40;         // the fixed buttons' pictures
+    static constexpr int BeeldMaat = 40; // the fixed buttons' pictures
     static constexpr int IcoonMaat = 16;
 
     // The columns of a row of Knoppen.
