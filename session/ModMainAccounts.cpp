@@ -11,6 +11,7 @@
 #include "session/ModMainSessie.h"
 
 #include <QFile>
+#include <QHash>
 #include <QStringList>
 
 namespace tk {
@@ -41,6 +42,25 @@ QStringList woorden(const QString& regel) {
     }
     if (iets)
         uit << woord;
+    return uit;
+}
+
+// The lines of a call for several accounts that belong to the account `namen[k]`: those that
+// begin with its name (without that beginning), and those that begin with no account's name (a
+// refusal of the whole call), which belong to all.
+QString deelVan(const QString& uitvoer, const QStringList& namen, qsizetype k) {
+    QString uit;
+    const QStringList regels = uitvoer.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QString& regel : regels) {
+        qsizetype van = -1;
+        for (qsizetype i = 0; i < namen.size() && van < 0; ++i)
+            if (regel.startsWith(namen[i] + QStringLiteral(": ")))
+                van = i;
+        if (van < 0)
+            uit += regel + QLatin1Char('\n');
+        else if (namen[van] == namen[k])
+            uit += regel.mid(namen[k].size() + 2) + QLatin1Char('\n');
+    }
     return uit;
 }
 
@@ -108,28 +128,72 @@ void ModMainAccounts::ShellWait(const QString& opdracht, int, int, bool verwijde
         const QStringList regels =
             QString::fromLocal8Bit(bestand.readAll()).split(QLatin1Char('\n'));
         bestand.close();
+        // Every line of our scripts sends its output to the output file.
+        struct Stap {
+            QString doel;
+            QString echo;        // the text of an echo line
+            QStringList woorden; // a command in words; empty for an echo line
+        };
+        QList<Stap> stappen;
         for (QString regel : regels) {
-            // Every line of our scripts sends its output to the output file.
             const int pijl = regel.lastIndexOf(QStringLiteral(">> "));
             if (pijl < 0)
                 continue;
-            const QString doel = regel.mid(pijl + 3).section(QLatin1Char(' '), 0, 0);
+            Stap stap{regel.mid(pijl + 3).section(QLatin1Char(' '), 0, 0), {}, {}};
             regel = regel.left(pijl);
-            if (regel.startsWith(QStringLiteral("echo "))) {
-                voegToe(doel, regel.mid(5).trimmed() + QLatin1Char('\n'));
+            if (regel.startsWith(QStringLiteral("echo ")))
+                stap.echo = regel.mid(5).trimmed();
+            else if ((stap.woorden = woorden(regel.trimmed())).isEmpty())
+                continue;
+            stappen << stap;
+        }
+        // "net localgroup GROUP NAME /add": a grant, which the tool takes for several at once.
+        const auto groep = [](const QStringList& w) {
+            const auto is = [&](int i, const char* woord) {
+                return w.value(i).compare(QLatin1String(woord), Qt::CaseInsensitive) == 0;
+            };
+            return w.size() == 5 && is(0, "net") && is(1, "localgroup") && is(4, "/add")
+                       ? w[2].toLower()
+                       : QString();
+        };
+        QHash<qsizetype, QString> uitvoer; // per command step, what it printed
+        for (qsizetype i = 0; i < stappen.size(); ++i) {
+            const QStringList& w = stappen[i].woorden;
+            if (w.isEmpty()) {
+                voegToe(stappen[i].doel, stappen[i].echo + QLatin1Char('\n'));
                 continue;
             }
-            const QStringList w = woorden(regel.trimmed());
-            if (w.isEmpty())
-                continue;
-            QString uit;
-            if (w.first().compare(QStringLiteral("net"), Qt::CaseInsensitive) == 0)
-                m_systeem.run(QStringLiteral("net"), w.mid(1), QString(), &uit);
-            else
-                uit = QStringLiteral("'%1' is not a command of this workstation\n").arg(w.first());
-            if (!uit.isEmpty() && !uit.endsWith(QLatin1Char('\n')))
-                uit += QLatin1Char('\n');
-            voegToe(doel, uit);
+            if (!uitvoer.contains(i)) {
+                // The grants to one group that follow each other go to the tool as one call,
+                // never one per account: each change of the group costs the tool its locks and
+                // a full rewrite of the group files. Its answer is split again per account.
+                QList<qsizetype> samen{i};
+                for (qsizetype j = i + 1; !groep(w).isEmpty() && j < stappen.size(); ++j) {
+                    if (stappen[j].woorden.isEmpty())
+                        continue;
+                    if (groep(stappen[j].woorden) != groep(w))
+                        break;
+                    samen << j;
+                }
+                QStringList namen;
+                for (qsizetype k : samen)
+                    namen << stappen[k].woorden[3];
+                QString uit;
+                if (w.first().compare(QStringLiteral("net"), Qt::CaseInsensitive) != 0)
+                    uit = QStringLiteral("'%1' is not a command of this workstation\n")
+                              .arg(w.first());
+                else if (samen.size() == 1)
+                    m_systeem.run(QStringLiteral("net"), w.mid(1), QString(), &uit);
+                else
+                    m_systeem.run(QStringLiteral("net"),
+                                  QStringList{w[1], w[2]} + namen + QStringList{w[4]}, QString(),
+                                  &uit);
+                if (!uit.isEmpty() && !uit.endsWith(QLatin1Char('\n')))
+                    uit += QLatin1Char('\n');
+                for (qsizetype k = 0; k < samen.size(); ++k)
+                    uitvoer.insert(samen[k], samen.size() == 1 ? uit : deelVan(uit, namen, k));
+            }
+            voegToe(stappen[i].doel, uitvoer.value(i));
         }
         if (verwijderen)
             QFile::remove(script);

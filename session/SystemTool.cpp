@@ -56,8 +56,9 @@ QString SystemTool::usage() {
         "  proxy-set HOST:PORT        the web proxy of the programs of the session\n"
         "  proxy-clear                no proxy of ours\n"
         "  net user ACCOUNT PASSWORD /add [...] | net user ACCOUNT /delete\n"
-        "  net localgroup Administrators [DOMAIN\\]ACCOUNT /add\n"
-        "                             the same, printing the lines of the system's net tool\n"
+        "  net localgroup Administrators [DOMAIN\\]ACCOUNT... /add\n"
+        "                             the same, printing the lines of the system's net tool;\n"
+        "                             with several accounts one line each, the account first\n"
         "Every path lies under DIR, else under $TK_SYSTEEM_ROOT, else under /.\n");
 }
 
@@ -137,17 +138,21 @@ bool SystemTool::accountExists(const QString& name) const {
     return false;
 }
 
-bool SystemTool::inGroup(const QString& name) const {
+QStringList SystemTool::groupMembers(bool* exists) const {
+    *exists = false;
     QFile group(path("etc/group"));
     if (!group.open(QIODevice::ReadOnly))
-        return false;
+        return {};
     const QByteArray begin = QByteArray(AdminGroup) + ':';
     while (!group.atEnd()) {
         const QByteArray regel = group.readLine().trimmed();
-        if (regel.startsWith(begin))
-            return regel.split(':').value(3).split(',').contains(name.toUtf8());
+        if (regel.startsWith(begin)) {
+            *exists = true;
+            return QString::fromUtf8(regel.split(':').value(3))
+                .split(QLatin1Char(','), Qt::SkipEmptyParts);
+        }
     }
-    return false;
+    return {};
 }
 
 SystemTool::Result SystemTool::accountCreate(const QString& name, const QString& password) {
@@ -181,25 +186,51 @@ SystemTool::Result SystemTool::accountDelete(const QString& name) {
     return {0, QString()};
 }
 
-SystemTool::Result SystemTool::adminAdd(const QString& name, bool* alreadyMember) {
-    if (!accountExists(name))
-        return failed(QStringLiteral("the account %1 does not exist").arg(name));
-    if (inGroup(name)) {
-        *alreadyMember = true;
-        return {0, QString()};
+QList<SystemTool::Result> SystemTool::adminAdd(const QStringList& names) {
+    QList<Result> uit(names.size());
+    bool bestaat = false;
+    const QStringList leden = groupMembers(&bestaat);
+    QStringList nieuw;
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        const QString& naam = names[i];
+        if (!isAccountName(naam))
+            uit[i] = refused(QStringLiteral("'%1' is no account name Linux takes").arg(naam));
+        else if (!accountExists(naam))
+            uit[i] = failed(QStringLiteral("the account %1 does not exist").arg(naam));
+        else if (leden.contains(naam))
+            uit[i] = {0, alLid()};
+        else if (!nieuw.contains(naam))
+            nieuw << naam;
     }
-    const Result groep = m_runner(
-        QStringLiteral("groupadd"),
-        prefix() + QStringList{QStringLiteral("-f"), QString::fromLatin1(AdminGroup)}, QString());
-    if (groep.code != 0)
-        return failed(QStringLiteral("groupadd failed: ") + groep.output.trimmed());
-    const Result lid = m_runner(QStringLiteral("usermod"),
-                                prefix() + QStringList{QStringLiteral("-a"), QStringLiteral("-G"),
-                                                       QString::fromLatin1(AdminGroup), name},
-                                QString());
-    if (lid.code != 0)
-        return failed(QStringLiteral("usermod failed: ") + lid.output.trimmed());
-    return {0, QString()};
+    if (!nieuw.isEmpty()) {
+        // One change of the group for all new members: groupmod appends them under the lock
+        // the account tools share (and tells the name caches), so that an account made or a
+        // password changed meanwhile by another tool is neither lost nor half-written; logins
+        // only read the group file and see the old one or the new one whole.
+        Result gedaan{0, klaar()};
+        if (!bestaat) {
+            const Result groep = m_runner(
+                QStringLiteral("groupadd"),
+                prefix() + QStringList{QStringLiteral("-f"), QString::fromLatin1(AdminGroup)},
+                QString());
+            if (groep.code != 0)
+                gedaan = failed(QStringLiteral("groupadd failed: ") + groep.output.trimmed());
+        }
+        if (gedaan.code == 0) {
+            const Result lid =
+                m_runner(QStringLiteral("groupmod"),
+                         prefix() + QStringList{QStringLiteral("-a"), QStringLiteral("-U"),
+                                                nieuw.join(QLatin1Char(',')),
+                                                QString::fromLatin1(AdminGroup)},
+                         QString());
+            if (lid.code != 0)
+                gedaan = failed(QStringLiteral("groupmod failed: ") + lid.output.trimmed());
+        }
+        for (qsizetype i = 0; i < names.size(); ++i)
+            if (uit[i].output.isEmpty())
+                uit[i] = gedaan;
+    }
+    return uit;
 }
 
 SystemTool::Result SystemTool::net(const QStringList& args) {
@@ -224,13 +255,31 @@ SystemTool::Result SystemTool::net(const QStringList& args) {
                 !optie.startsWith(QStringLiteral("/passwordchg:"), Qt::CaseInsensitive))
                 return refused(QStringLiteral("unknown option '%1' of net user").arg(optie));
         uit = accountCreate(account(a[1]), a[2]);
-    } else if (a.size() == 4 && is(0, "localgroup") && is(1, "Administrators") && is(3, "/add")) {
-        if (!geldig(a[2]))
-            return refused(QStringLiteral("'%1' is no account name Linux takes").arg(a[2]));
-        bool al = false;
-        uit = adminAdd(account(a[2]), &al);
-        if (uit.code == 0 && al)
-            return {0, alLid()};
+    } else if (a.size() >= 4 && is(0, "localgroup") && is(1, "Administrators") &&
+               is(a.size() - 1, "/add")) {
+        // One name answers as the system's own tool does; several (one call for a whole batch of
+        // grants) answer with a line per name, the name as given first.
+        const QStringList namen = a.mid(2, a.size() - 3);
+        if (namen.size() == 1 && !geldig(namen[0]))
+            return refused(QStringLiteral("'%1' is no account name Linux takes").arg(namen[0]));
+        QStringList accounts;
+        for (const QString& naam : namen)
+            accounts << account(naam);
+        const QList<Result> uitslagen = adminAdd(accounts);
+        if (namen.size() == 1)
+            return uitslagen[0];
+        uit = {0, QString()};
+        qsizetype geweigerd = 0, mislukt = 0;
+        for (qsizetype i = 0; i < namen.size(); ++i) {
+            const Result& r = uitslagen[i];
+            uit.output +=
+                namen[i] + QStringLiteral(": ") + r.output.section(u'\n', 0, 0) + QLatin1Char('\n');
+            geweigerd += r.code == 2;
+            mislukt += r.code != 0;
+        }
+        // Refused when nothing at all was taken, failed when some of it was not done.
+        uit.code = geweigerd == namen.size() ? 2 : mislukt ? 1 : 0;
+        return uit;
     } else {
         return refused(QStringLiteral("net takes only user ... /add, user ... /delete and "
                                       "localgroup Administrators ... /add"));
@@ -286,8 +335,7 @@ SystemTool::Result SystemTool::verb(const QString& naam, const QStringList& args
             return accountCreate(args[0], input.section(QLatin1Char('\n'), 0, 0));
         if (naam == u"account-delete")
             return accountDelete(args[0]);
-        bool al = false;
-        return adminAdd(args[0], &al);
+        return adminAdd({args[0]}).first();
     }
     return refused(QStringLiteral("'%1' with %2 argument(s) is not a verb of this program\n")
                        .arg(naam)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -50,9 +51,12 @@ private:
     Result net(const QStringList& args);
     Result accountCreate(const QString& name, const QString& password);
     Result accountDelete(const QString& name);
-    Result adminAdd(const QString& name, bool* alreadyMember);
+    // Adds the accounts to the administrators' group with one change of the group; a result
+    // per account, in their order.
+    QList<Result> adminAdd(const QStringList& names);
     bool accountExists(const QString& name) const;
-    bool inGroup(const QString& name) const;
+    // The members of the administrators' group; `exists` whether there is such a group.
+    QStringList groupMembers(bool* exists) const;
     Result write(const char* relative, const QString& content);
     Result remove(const char* relative);
     // The prefix arguments of the account tools: none for "/".
