@@ -1,6 +1,6 @@
 #pragma once
 
-#include "screens/common/DialogFrame.h"
+#include "screens/start/VoortgangVenster.h"
 
 namespace tk {
 
@@ -8,7 +8,7 @@ class FrmActiveren2;
 
 // The window that asks the user to wait while the take-over is carried out; it stands while the
 // model is shown and has no buttons.
-class FrmActiveren2View : public DialogFrame {
+class FrmActiveren2View : public VoortgangVenster {
     Q_OBJECT
 public:
     explicit FrmActiveren2View(FrmActiveren2& model, QWidget* ouder = nullptr);
@@ -17,8 +17,6 @@ public:
 
 protected:
     void tekenInhoud(QPainter& p) override;
-    void annuleren() override {}
-    bool klaar() const override { return false; }
 
 private:
     FrmActiveren2& m;

@@ -1,6 +1,7 @@
 #include "FrmActiverenView.h"
 
 #include "FrmActiveren.h"
+#include "VoortgangVenster.h"
 
 #include <QPainter>
 
@@ -75,14 +76,12 @@ void FrmActiverenView::bijwerken() {
 
 void FrmActiverenView::tekenInhoud(QPainter& p) {
     const FrmActiveren::Rij* rijen[] = {&m.optRegister, &m.optResolutie, &m.optFirewall};
-    QFont vet = p.font();
-    vet.setBold(true);
-    QFont klein = p.font();
+    const QFont gewoon = p.font();
+    QFont klein = gewoon;
     klein.setPointSize(8);
     for (int i = 0; i < 3; ++i) {
-        p.setFont(vet);
-        p.setPen(kopKleur());
-        p.drawText(tekstVak(i), Qt::AlignLeft | Qt::AlignVCenter, rijen[i]->lblTekst);
+        p.setFont(gewoon);
+        VoortgangVenster::tekenKop(p, tekstVak(i), rijen[i]->lblTekst);
         p.setFont(klein);
         p.setPen(tekstKleur());
         p.drawText(uitlegVak(i), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,

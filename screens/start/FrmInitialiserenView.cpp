@@ -49,9 +49,7 @@ void tekenMark(QPainter& p, const QRect& vak, const QString& mark) {
 } // namespace
 
 FrmInitialiserenView::FrmInitialiserenView(FrmInitialiseren& model, QWidget* ouder)
-    : DialogFrame(ouder), m(model) {
-    setModal(false);
-    setAttribute(Qt::WA_ShowWithoutActivating);
+    : VoortgangVenster(ouder), m(model) {
     m.onChanged = [this] { bijwerken(); };
     bijwerken();
 }
@@ -61,27 +59,15 @@ FrmInitialiserenView::~FrmInitialiserenView() {
 }
 
 void FrmInitialiserenView::bijwerken() {
-    setWindowTitle(m.Caption);
     const int rijen = int(zichtbareRijen(m).size());
     const QSize maat(Breedte, Kop + RijenBoven + qMax(1, rijen) * RijHoogte + 14);
     if (size() != maat)
         zetLijf(maat.width(), maat.height() - Kop);
-    if (isWindow()) {
-        if (m.Zichtbaar && !isVisible())
-            show();
-        else if (!m.Zichtbaar && isVisible())
-            hide();
-    }
-    update();
+    volg(m.Caption, m.Zichtbaar);
 }
 
 void FrmInitialiserenView::tekenInhoud(QPainter& p) {
-    QFont vet = p.font();
-    vet.setBold(true);
-    p.setFont(vet);
-    p.setPen(kopKleur());
-    p.drawText(QRect(18, 12, Breedte - 36, 22), Qt::AlignLeft | Qt::AlignVCenter, m.lblInfo);
-    p.setFont(font());
+    tekenKop(p, QRect(18, 12, Breedte - 36, 22), m.lblInfo);
     const QList<ZichtbareRij> rijen = zichtbareRijen(m);
     for (int n = 0; n < rijen.size(); ++n) {
         QRect vak = rijVak(n);

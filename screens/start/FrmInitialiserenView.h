@@ -1,6 +1,6 @@
 #pragma once
 
-#include "screens/common/DialogFrame.h"
+#include "screens/start/VoortgangVenster.h"
 
 namespace tk {
 
@@ -9,7 +9,7 @@ class FrmInitialiseren;
 // The progress window of the first checks, on the screen while the model is shown: the info
 // line and the rows made visible so far, each with a green tick (passed) or a red cross
 // (failed); the sub-rows stand indented. Not modal: the start-up goes on while it shows.
-class FrmInitialiserenView : public DialogFrame {
+class FrmInitialiserenView : public VoortgangVenster {
     Q_OBJECT
 public:
     explicit FrmInitialiserenView(FrmInitialiseren& model, QWidget* ouder = nullptr);
@@ -28,8 +28,6 @@ public:
 
 protected:
     void tekenInhoud(QPainter& p) override;
-    void annuleren() override {}
-    bool klaar() const override { return false; }
 
 private:
     FrmInitialiseren& m;
