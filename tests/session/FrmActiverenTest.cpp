@@ -6,6 +6,7 @@
 #include "core/UnbuiltStartSteps.h"
 #include "link/FrmMainLink.h"
 #include "link/ModMainVerbinding.h"
+#include "platform/fake/FakeClock.h"
 #include "platform/fake/FakeSystemActions.h"
 #include "session/ModMainSessie.h"
 #include "tests/support/ScriptedPeer.h"
@@ -21,6 +22,10 @@ namespace {
 
 using Keuze = FrmActiveren::Keuze;
 
+// Every read of the clock moves it on by this many ms: the five-second silence of a firewall
+// test passes in 50 turns of the event loop.
+constexpr qint64 stap = 100;
+
 // A workstation with a link whose firewall test reaches a scripted server that answers "FIR"
 // (or keeps silent), and a session whose net verb succeeds (or is refused).
 struct Wizard {
@@ -28,7 +33,7 @@ struct Wizard {
         : sessie(w.p, systeem) {
         w.p.maak(w.p.frmMain, w.p);
         w.p.maak(w.p.modMainVerbinding, w.p);
-        w.platform.fakeClock().setStepPerRead(10);
+        w.platform.fakeClock().setStepPerRead(stap);
         w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
         w.p.modMain.ModusStandalone = standalone;
         w.p.modMain.ModusNetwerk = !standalone;
@@ -168,16 +173,28 @@ TEST(FrmActiverenTest, TheRowsAndButtonsCarryTheirTexts) {
 }
 
 TEST(FrmActiverenTest, TheFormWaitsLongerThanTheSilentPathAndItsTimerFreesTheRetestButtons) {
-    qint64 duur[2] = {0, 0};
     for (bool stil : {true, false}) {
         SCOPED_TRACE(stil);
         Wizard z(false, /*firewall*/ false);
         z.w.p.modMain.StilActiveren = stil;
         FrmActiveren f(z.w.p, z.sessie);
+        // When the rows of the progress window came and when the wizard chose, by the clock
+        // (read without moving it on).
+        FakeClock& klok = z.w.platform.fakeClock();
+        const QDateTime begin = klok.now();
+        const auto nu = [&] { return begin.msecsTo(klok.now()); };
+        FrmInitialiseren voortgang(z.w.p);
+        QList<qint64> rijen;
+        voortgang.onChanged = [&] {
+            if (voortgang.lblItem.value(3 + int(rijen.size())).zichtbaar)
+                rijen << nu();
+        };
         int getoond = 0;
+        qint64 gekozen = -1;
         z.w.dialogen.opModaal = [&](Form& form) {
             if (&form != &f)
                 return; // the choice of another location is left unanswered
+            gekozen = nu();
             ++getoond;
             EXPECT_EQ(f.optRegister.opt, Keuze::Ja);
             EXPECT_EQ(f.optResolutie.opt, Keuze::Nee);
@@ -195,16 +212,19 @@ TEST(FrmActiverenTest, TheFormWaitsLongerThanTheSilentPathAndItsTimerFreesTheRet
             f.cmdSluiten_Click();
             EXPECT_TRUE(f.Klaar);
         };
-        const qint64 begin = z.w.platform.fakeClock().msecsSinceStart();
-        FrmInitialiseren voortgang(z.w.p);
         EXPECT_FALSE(f.Openen(true, false, false, &voortgang));
-        duur[stil ? 0 : 1] = z.w.platform.fakeClock().msecsSinceStart() - begin;
+        if (stil)
+            gekozen = nu(); // the silent path activates as soon as its last pause ends
         EXPECT_EQ(getoond, stil ? 0 : 1);
         EXPECT_FALSE(z.accountsGemaakt());
+        // The pauses between the rows, then before the choice: 100 and 500 silently, else 500
+        // and 1000. A wait ends at the first read of the clock at or past its end, one step on.
+        ASSERT_EQ(3, rijen.size());
+        const qint64 rij = stil ? 100 : 500, laatste = stil ? 500 : 1000;
+        EXPECT_EQ(rij + stap, rijen[1] - rijen[0]);
+        EXPECT_EQ(rij + stap, rijen[2] - rijen[1]);
+        EXPECT_EQ(laatste + stap, gekozen - rijen[2]);
     }
-    // Two row pauses of 500 instead of 100 and a last pause of 1000 instead of 500.
-    EXPECT_GE(duur[1] - duur[0], 1300);
-    EXPECT_LT(duur[1] - duur[0], 1400);
 }
 
 } // namespace
