@@ -50,9 +50,10 @@ int helpTekst(FrmOnderhoud::Soort soort, int rij) {
 } // namespace
 
 FrmOnderhoud::FrmOnderhoud(Programma& p) : p(p) {
-    tekstBreedte = [](const QString& tekst, int grootte) {
+    tekstBreedte = [](const QString& tekst, int grootte, bool vet) {
         QFont font(QStringLiteral("Verdana"));
         font.setPixelSize(grootte + 3);
+        font.setBold(vet);
         return QFontMetrics(font).horizontalAdvance(tekst);
     };
     p.formulieren.append(this);
@@ -538,8 +539,8 @@ QList<std::pair<int, int>> FrmOnderhoud::Tekenmenu() {
                 if (cel(g, r, Tekenen) == ja) {
                     cel(g, r, Boven) = nieuwBoven;
                     cel(g, r, Onder) = QString::number(boven + hoogte);
-                    cel(g, r, Rechts) = QString::number(cel(g, r, Links).toInt() +
-                                                        tekstBreedte(cel(g, r, Tekst), grootte));
+                    cel(g, r, Rechts) = QString::number(
+                        cel(g, r, Links).toInt() + tekstBreedte(cel(g, r, Tekst), grootte, r == 0));
                     if (BewerkModus)
                         cel(g, r, Kleur) = kleurTekst(LichtGrijs);
                     cel(g, r, Tekenen) = nee;

@@ -2,7 +2,9 @@
 
 #include "FrmOnderhoud.h"
 #include "OnderhoudPaneel.h"
+#include "controls/Contrast.h"
 #include "controls/FocusRing.h"
+#include "controls/Ondergrond.h"
 #include "screens/common/FocusOrder.h"
 #include "screens/common/PaintingViewAccessible.h"
 
@@ -32,9 +34,9 @@ FrmOnderhoudView::FrmOnderhoudView(FrmOnderhoud& model, QWidget* ouder)
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setWindowTitle(m.Caption);
-    // The hit boxes are measured with the font the rows are painted in.
-    m.tekstBreedte = [](const QString& tekst, int grootte) {
-        return QFontMetrics(menuFont(grootte, false)).horizontalAdvance(tekst);
+    // The hit boxes are measured with the font the rows are painted in, bold for a heading.
+    m.tekstBreedte = [](const QString& tekst, int grootte, bool kop) {
+        return QFontMetrics(menuFont(grootte, kop)).horizontalAdvance(tekst);
     };
     m.onChanged = [this] { bijwerken(); };
 }
@@ -99,13 +101,7 @@ QRect FrmOnderhoudView::focusVak(int stop) const {
     if (stop < 0 || g >= FrmOnderhoud::Groepen || r >= FrmOnderhoud::Rijen ||
         m.cel(g, r, FrmOnderhoud::Getoond) != u"ja")
         return {};
-    // Around the caption as painted: a heading is bold, wider than the row's hit box.
-    QRect vak = m.rijVak(g, r);
-    const QString& tekst = m.cel(g, r, FrmOnderhoud::Tekst);
-    const int breedte = QFontMetrics(menuFont(m.cel(g, r, FrmOnderhoud::Grootte).toInt(), r == 0))
-                            .horizontalAdvance(tekst);
-    vak.setRight(qMax(vak.right(), vak.left() + breedte));
-    return vak.adjusted(-7, -3, 7, 3);
+    return m.rijVak(g, r).adjusted(-7, -3, 7, 3);
 }
 
 void FrmOnderhoudView::zetFocus(int stop) {
@@ -167,6 +163,7 @@ void FrmOnderhoudView::druk(const PaintedControl& control) {
 }
 
 void FrmOnderhoudView::tekenMenu(QPainter& g, const QRect& vak) {
+    const Ondergrond achter{m_achtergrond, size(), achtergrondKleur()};
     for (int gr = 0; gr < FrmOnderhoud::Groepen && !m.cel(gr, 0, FrmOnderhoud::Tekst).isEmpty();
          ++gr) {
         int soort = -1;
@@ -184,22 +181,34 @@ void FrmOnderhoudView::tekenMenu(QPainter& g, const QRect& vak) {
             const QColor tekst = kleur(m.cel(gr, r, FrmOnderhoud::Kleur).toUInt());
             const bool hover =
                 m.MenuSleutel == QString::number(gr) + QLatin1Char('|') + QString::number(r);
+            const QColor plaat = kleur(m.kleurLijn).lighter(115);
             if (hover) {
                 g.setPen(kleur(m.kleurLijn));
-                g.setBrush(kleur(m.kleurLijn).lighter(115));
+                g.setBrush(plaat);
                 g.drawRoundedRect(rij.adjusted(-5, -2, 5, 2), 3, 3);
                 g.setBrush(Qt::NoBrush);
             }
+            // The chosen row carries a bar before its caption, so that it shows as chosen in
+            // any theme's colours, and to someone who does not tell those colours apart.
+            if (m.cel(gr, r, FrmOnderhoud::Geselecteerd) == QStringLiteral("ja"))
+                g.fillRect(QRect(rij.left() - 4, rij.top() + 2, 3, rij.height() - 4),
+                           kleur(m.kleurGeselecteerd));
             if (kop && soort >= 0) {
                 const QImage beeld(m.groepBeeld[size_t(soort)]);
                 const QRect plek(rij.left() - 40, rij.center().y() - 14, 28, 28);
                 if (!beeld.isNull())
                     g.drawImage(plek, beeld);
             }
-            g.setFont(menuFont(m.cel(gr, r, FrmOnderhoud::Grootte).toInt(), kop));
-            g.setPen(tekst);
-            g.drawText(rij.adjusted(0, 0, 40, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                       m.cel(gr, r, FrmOnderhoud::Tekst));
+            const QFont font = menuFont(m.cel(gr, r, FrmOnderhoud::Grootte).toInt(), kop);
+            const QFontMetrics fm(font);
+            const QString& bijschrift = m.cel(gr, r, FrmOnderhoud::Tekst);
+            const int boven = rij.top() + (rij.height() - fm.height()) / 2;
+            const QRect inkt(rij.left(), boven, fm.horizontalAdvance(bijschrift), fm.height());
+            // A caption that does not stand out from what lies under it gets an outline.
+            const Ondergrond onder = hover ? Ondergrond{{}, {}, plaat} : achter;
+            const bool rand = onder.randNodig(tekst, inkt);
+            g.setFont(font);
+            Contrast::schrijf(g, QPoint(rij.left(), boven + fm.ascent()), bijschrift, tekst, rand);
         }
     }
 }
@@ -210,7 +219,7 @@ void FrmOnderhoudView::paintEvent(QPaintEvent* e) {
     if (!m_achtergrond.isNull())
         g.drawImage(rect(), m_achtergrond);
     else
-        g.fillRect(rect(), QColor(236, 241, 247));
+        g.fillRect(rect(), achtergrondKleur());
     g.setPen(kleur(m.kleurMenu));
     QFont kop(QStringLiteral("Verdana"));
     kop.setPixelSize(26);

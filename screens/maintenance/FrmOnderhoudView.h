@@ -3,6 +3,7 @@
 #include "screens/common/KeyboardView.h"
 #include "screens/common/PaintedControls.h"
 
+#include <QColor>
 #include <QImage>
 #include <QList>
 #include <QRect>
@@ -33,6 +34,8 @@ public:
     // The areas asked to repaint by the last bijwerken (for the hover measure and tests).
     QList<QRect> laatsteHertekening;
     static QRect menuVak() { return {0, 90, 300, 520}; }
+    // The ground of the window where the theme has no picture for it.
+    static QColor achtergrondKleur() { return {236, 241, 247}; }
 
     void druk(const PaintedControl& control) override;
     // The focus stop of the menu row (group * 100 + row) or the log-off (999) the keyboard is

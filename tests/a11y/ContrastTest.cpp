@@ -3,7 +3,10 @@
 #include "controls/Knop2.h"
 #include "controls/Ondergrond.h"
 #include "controls/TextScale.h"
+#include "screens/ScreenRouter.h"
 #include "screens/desktop/FrmBureaubladView.h"
+#include "screens/maintenance/FrmOnderhoud.h"
+#include "screens/maintenance/FrmOnderhoudView.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "screens/taskbar/FrmTaakbalk2View.h"
@@ -402,5 +405,85 @@ TEST(ContrastTest, TaskbarCaptionsReadOnTheBar) {
         EXPECT_EQ(grond.randNodig(kleur, vastVak),
                   randPixels(getekend, kaal, vastVak.adjusted(-1, -1, 1, 1), kleur) > 10)
             << bijschrift.toStdString() << " in " << kleur.name().toStdString();
+    }
+}
+
+TEST(ContrastTest, MaintenanceMenuReadsOnEveryLookAndShowsTheChosenRow) {
+    // The default theme, and the plain look of a workstation without a theme.
+    for (const bool thema : {true, false}) {
+        SCOPED_TRACE(thema ? "default theme" : "no theme");
+        Werkplek w;
+        w.p.modTaal.Taal = 1033;
+        w.d();
+        if (thema)
+            w.thema();
+        ScreenRouter router(w.p);
+        w.p.schermen = &router;
+        ASSERT_TRUE(router.openOnderhoudsmodule(-1, {}));
+        FrmOnderhoud& f = *w.p.frmOnderhoud;
+        FrmOnderhoudView view(f);
+        view.bijwerken();
+        // Server chosen under the open settings while the window stands, the pointer on the
+        // heading of the themes; every other group closed.
+        f.Kies(400);
+        f.Kies(401);
+        const QPoint muis = f.rijVak(5, 0).center();
+        f.Form_MouseMove(muis.x(), muis.y());
+        ASSERT_EQ("5|0", f.MenuSleutel);
+        const QImage beeld = view.grab().toImage();
+        bewaarPng(beeld, thema ? "onderhoud-menu-thema" : "onderhoud-menu-kaal");
+        auto kleurVan = [](quint32 bgr) {
+            return QColor(int(bgr & 0xff), int(bgr >> 8 & 0xff), int(bgr >> 16 & 0xff));
+        };
+        struct Rij {
+            QString naam;
+            QColor kleur;
+            QRect vak;
+        };
+        QList<Rij> rijen;
+        for (int g = 0; g < FrmOnderhoud::Groepen; ++g)
+            for (int r = 0; r < FrmOnderhoud::Rijen; ++r)
+                if (f.cel(g, r, FrmOnderhoud::Getoond) == "ja")
+                    rijen.append({f.cel(g, r, FrmOnderhoud::Tekst),
+                                  kleurVan(f.cel(g, r, FrmOnderhoud::Kleur).toUInt()),
+                                  f.rijVak(g, r)});
+        // What lies under the captions: the same window with them blank.
+        for (int g = 0; g < FrmOnderhoud::Groepen; ++g)
+            for (int r = 0; r < FrmOnderhoud::Rijen; ++r)
+                if (f.cel(g, r, FrmOnderhoud::Getoond) == "ja")
+                    f.cel(g, r, FrmOnderhoud::Tekst) = " ";
+        const QImage kaal = view.grab().toImage();
+        ASSERT_EQ(rijen.size(), 8); // seven headings and Server
+        for (const Rij& rij : rijen) {
+            SCOPED_TRACE(rij.naam.toStdString());
+            const Gemeten g = meet(rij.kleur, kaal, rij.vak);
+            std::cout << (thema ? "theme" : "plain") << " menu " << rij.naam.toStdString() << " in "
+                      << rij.kleur.name().toStdString() << ": " << g.direct << " on its ground, "
+                      << g.zichtbaar << " as shown\n";
+            EXPECT_GE(g.zichtbaar, Contrast::Minimum);
+            if (g.direct < Contrast::Minimum) {
+                EXPECT_GT(randPixels(beeld, kaal, rij.vak.adjusted(-1, -1, 1, 1), rij.kleur), 10);
+            }
+            // The caption's ink stays inside the row's hit box, bold headings too.
+            QRect inkt;
+            for (int y = rij.vak.top(); y <= rij.vak.bottom(); ++y)
+                for (int x = rij.vak.left() - 2; x < FrmOnderhoudView::menuVak().right(); ++x)
+                    if (beeld.pixel(x, y) != kaal.pixel(x, y))
+                        inkt |= QRect(x, y, 1, 1);
+            EXPECT_LE(inkt.right(), rij.vak.right() + 1);
+            EXPECT_GE(inkt.left(), rij.vak.left() - 1);
+        }
+        // The chosen row is drawn in the chosen colour, unlike any row not chosen, and with a
+        // bar before it.
+        const QColor gekozen = kleurVan(f.kleurGeselecteerd);
+        EXPECT_EQ(gekozen, kleurVan(f.cel(4, 1, FrmOnderhoud::Kleur).toUInt()));
+        EXPECT_NE(gekozen, kleurVan(f.kleurMenu));
+        EXPECT_NE(gekozen, kleurVan(f.kleurSub));
+        const QRect server = f.rijVak(4, 1);
+        int balk = 0;
+        for (int y = server.top(); y <= server.bottom(); ++y)
+            for (int x = server.left() - 5; x < server.left(); ++x)
+                balk += beeld.pixelColor(x, y) == gekozen;
+        EXPECT_GE(balk, 3 * (server.height() - 4));
     }
 }
