@@ -80,9 +80,16 @@ struct Download {
         receiver.onConnected = [this] { ++verbonden; };
         receiver.onError = [this](const QString& f) { fouten.append(f); };
         receiver.onReceiveProgress = [this](qint64 a, qint64 b) { voortgang.append({a, b}); };
-        receiver.Reset();
         receiver.setLocalPortInfo(0);
         receiver.setLocalPortBinary(0);
+        herstart();
+    }
+    // The caller starts again the usual way: Reset, Listen (on the ports of before); the server
+    // connects anew.
+    void herstart() {
+        receiver.Reset();
+        verbonden = 0;
+        server.infoOntvangen.clear();
         luistert = receiver.Listen();
         server.verbindMet(quint16(receiver.localPortInfo()), quint16(receiver.localPortBinary()));
     }
@@ -115,6 +122,13 @@ struct Download {
     bool accepteer(const QString& pad) {
         receiver.AcceptSendRequest(pad);
         return laatste("ACP");
+    }
+    // Offers, accepts into `doel` and sends the bytes; true once the client said "RFC".
+    bool haal(const QByteArray& aanbod, const QString& doel, const QByteArray& bytes) {
+        if (!bied(aanbod) || !accepteer(doel))
+            return false;
+        server.stuurBinair(bytes);
+        return laatste("RFC");
     }
     QStringList tijdelijk() const { return bestandenOnder(receiver.temporaryFolder()); }
 };
@@ -206,17 +220,15 @@ TEST(FileOfferTest, SizeNumberAndNameAreTakenAndABadSizeIsNoOffer) {
         EXPECT_EQ(aanbod.nummer, c.nummer);
         EXPECT_EQ(aanbod.naam, QString::fromLatin1(c.naam));
     }
-}
-
-TEST(FileOfferTest, StripPathKeepsTheNameBehindTheLastSeparator) {
-    const std::pair<const char*, const char*> cases[] = {
+    // What the sender offers is the name behind the last separator of either kind.
+    const std::pair<const char*, const char*> paden[] = {
         {"C:\\Tafelkrater\\Tijdelijk\\scherm.jpg", "scherm.jpg"},
         {"/opt/tafelkrater/Data/fout.txt", "fout.txt"},
         {"\\Data\\sub/mix\\laatste.bin", "laatste.bin"},
         {"naam.txt", "naam.txt"},
         {"\\Tijdelijk\\", ""},
     };
-    for (const auto& [pad, naam] : cases)
+    for (const auto& [pad, naam] : paden)
         EXPECT_EQ(BinarySender::StripPath(QString::fromLatin1(pad)), QString::fromLatin1(naam))
             << pad;
 }
@@ -287,7 +299,7 @@ TEST(UploadTest, FilesOfOneByteABlockABlockAndOneAndFiftyMegabytesArriveWhole) {
     EXPECT_TRUE(u.w.dialogen.getoond.isEmpty());
 }
 
-TEST(DownloadTest, AnEmptyFileIsAcceptedButNeverCompletesSinceNoByteArrivesUntilResetFileDropsIt) {
+TEST(TransferTest, AnEmptyFileMovesNoByteAndEndsOnlyWhenTheServerSaysSo) {
     Download d;
     ASSERT_TRUE(d.opgezet());
     d.w.schrijf(QStringLiteral("Tijdelijk/leeg.bin"), "oud");
@@ -304,9 +316,7 @@ TEST(DownloadTest, AnEmptyFileIsAcceptedButNeverCompletesSinceNoByteArrivesUntil
     // The server's "FSC" is the only way a caller learns the transfer is over.
     d.server.stuurInfo("FSC");
     EXPECT_TRUE(wachtOp(d.w.p, [&] { return d.klaar == 1; }));
-}
 
-TEST(UploadTest, AnEmptyFilePutsNoByteOnTheWireAndCompletesOnlyWhenTheServerSaysSo) {
     Upload u;
     u.w.schrijf(QStringLiteral("Tijdelijk/leeg.bin"), QByteArray());
     ASSERT_TRUE(u.biedAan(QStringLiteral("\\Tijdelijk\\leeg.bin")));
@@ -317,62 +327,9 @@ TEST(UploadTest, AnEmptyFilePutsNoByteOnTheWireAndCompletesOnlyWhenTheServerSays
     EXPECT_EQ(u.server.binairAantal, 0);
     EXPECT_TRUE(u.voortgang.isEmpty());
     EXPECT_EQ(u.klaar, 0);
-    EXPECT_TRUE(u.w.dialogen.getoond.isEmpty());
 }
 
-TEST(DownloadTest, ASecondOfferBeforeTheEndOverwritesTheAnnouncedSize) {
-    Download d;
-    ASSERT_TRUE(d.opgezet());
-    const QByteArray bytes = inhoud(100);
-    ASSERT_TRUE(d.bied("FIS100|0@eerste.bin"));
-    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Tijdelijk\\doel.bin")));
-    d.server.stuurBinair(bytes.left(10));
-    ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.receiver.ontvangen() == 10; }));
-    ASSERT_TRUE(d.bied("FIS20|4@tweede.bin"));
-    EXPECT_EQ(d.receiver.currentFileSize(), 20);
-    EXPECT_EQ(d.receiver.currentFileName(), QStringLiteral("tweede.bin"));
-    EXPECT_EQ(d.receiver.currentFileNumber(), 4);
-    d.server.stuurBinair(bytes.mid(10, 10));
-    ASSERT_TRUE(d.laatste("RFC"));
-    EXPECT_EQ(d.w.lees(QStringLiteral("Tijdelijk/doel.bin")), bytes.left(20));
-    EXPECT_EQ(d.klaar, 1);
-}
-
-TEST(DownloadTest, OfferedNamesWithPathsWriteOnlyToTheCallersTarget) {
-    const char* namen[] = {"../../etc/passwd", "a\\..\\b", "..\\..\\..\\Data\\Instellingen.ini",
-                           "/etc/passwd",      "..",       "C:\\Windows\\win.ini",
-                           "Tijdelijk/../../x"};
-    for (const char* naam : namen) {
-        SCOPED_TRACE(naam);
-        Download d;
-        ASSERT_TRUE(d.opgezet());
-        // Where the name would land if anything built a path from it.
-        const QString relatief = QString::fromLatin1(naam).replace(u'\\', u'/');
-        QStringList verboden;
-        for (const QString& map :
-             {d.w.map(), d.w.pad(QStringLiteral("Pakket")), d.receiver.temporaryFolder()}) {
-            const QString plek =
-                relatief.startsWith(u'/') ? relatief : QDir::cleanPath(map + u'/' + relatief);
-            if (!QFileInfo::exists(plek))
-                verboden.append(plek);
-        }
-        const QByteArray bytes = inhoud(3000);
-        ASSERT_TRUE(d.bied(QByteArrayLiteral("FIS3000|0@") + naam));
-        EXPECT_EQ(d.receiver.currentFileName(), QString::fromLatin1(naam));
-        d.w.schrijf(QStringLiteral("Pakket/lees.mij"), "blijft");
-        ASSERT_TRUE(d.accepteer(QStringLiteral("\\Pakket\\doel.dat")));
-        d.server.stuurBinair(bytes);
-        ASSERT_TRUE(d.laatste("RFC"));
-        EXPECT_TRUE(zelfdeBytes(bytes, d.w.lees(QStringLiteral("Pakket/doel.dat"))));
-        EXPECT_EQ(d.w.lees(QStringLiteral("Pakket/lees.mij")), QByteArray("blijft"));
-        EXPECT_EQ(bestandenOnder(d.w.map()), (QStringList{QStringLiteral("Pakket/doel.dat"),
-                                                          QStringLiteral("Pakket/lees.mij")}));
-        for (const QString& plek : verboden)
-            EXPECT_FALSE(QFileInfo(plek).isFile()) << plek.toStdString();
-    }
-}
-
-TEST(DownloadTest, BadOffersAreRefusedWithAnErrorAndOtherTextIsIgnored) {
+TEST(DownloadTest, BadOffersAreRefusedAndAnOfferBeforeTheEndOverwritesTheAnnouncedOne) {
     struct Case {
         QByteArray bericht;
         bool geweigerd;
@@ -410,6 +367,54 @@ TEST(DownloadTest, BadOffersAreRefusedWithAnErrorAndOtherTextIsIgnored) {
     EXPECT_EQ(d.klaar, 0);
     EXPECT_EQ(bestandenOnder(d.w.map()), QStringList());
     EXPECT_TRUE(d.w.dialogen.getoond.isEmpty());
+
+    // A refusal says "RFS" and keeps the connection for the next offer.
+    ASSERT_TRUE(d.bied("FIS5|0@nee"));
+    d.receiver.RefuseSendRequest();
+    ASSERT_TRUE(d.laatste("RFS"));
+    EXPECT_EQ(d.tijdelijk(), QStringList());
+    // A second offer halfway a file: its size, number and name count from then on.
+    const QByteArray bytes = inhoud(100);
+    ASSERT_TRUE(d.bied("FIS100|0@eerste.bin"));
+    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Tijdelijk\\doel.bin")));
+    d.server.stuurBinair(bytes.left(10));
+    ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.receiver.ontvangen() == 10; }));
+    ASSERT_TRUE(d.bied("FIS20|4@tweede.bin"));
+    EXPECT_EQ(d.receiver.currentFileSize(), 20);
+    EXPECT_EQ(d.receiver.currentFileName(), QStringLiteral("tweede.bin"));
+    EXPECT_EQ(d.receiver.currentFileNumber(), 4);
+    d.server.stuurBinair(bytes.mid(10, 10));
+    ASSERT_TRUE(d.laatste("RFC"));
+    EXPECT_EQ(d.w.lees(QStringLiteral("Tijdelijk/doel.bin")), bytes.left(20));
+    EXPECT_EQ(d.klaar, 1);
+}
+
+TEST(DownloadTest, OfferedNamesWithPathsWriteOnlyToTheCallersTarget) {
+    Download d;
+    ASSERT_TRUE(d.opgezet());
+    d.w.schrijf(QStringLiteral("Pakket/lees.mij"), "blijft");
+    for (const char* naam : {"../../etc/passwd", "a\\..\\b", "..\\..\\..\\Data\\Instellingen.ini",
+                             "/etc/passwd", "..", "C:\\Windows\\win.ini", "Tijdelijk/../../x"}) {
+        SCOPED_TRACE(naam);
+        // Where the name would land if anything built a path from it.
+        QStringList verboden;
+        for (const QString& map : {d.w.map(), d.receiver.temporaryFolder()}) {
+            const QString plek =
+                QDir::cleanPath(map + u'/' + QString::fromLatin1(naam).replace(u'\\', u'/'));
+            if (!QFileInfo::exists(plek))
+                verboden.append(plek);
+        }
+        const QByteArray bytes = inhoud(3000);
+        ASSERT_TRUE(d.haal(QByteArrayLiteral("FIS3000|0@") + naam,
+                           QStringLiteral("\\Pakket\\doel.dat"), bytes));
+        EXPECT_EQ(d.receiver.currentFileName(), QString::fromLatin1(naam));
+        EXPECT_TRUE(zelfdeBytes(bytes, d.w.lees(QStringLiteral("Pakket/doel.dat"))));
+        EXPECT_EQ(d.w.lees(QStringLiteral("Pakket/lees.mij")), QByteArray("blijft"));
+        EXPECT_EQ(bestandenOnder(d.w.map()), (QStringList{QStringLiteral("Pakket/doel.dat"),
+                                                          QStringLiteral("Pakket/lees.mij")}));
+        for (const QString& plek : verboden)
+            EXPECT_FALSE(QFileInfo(plek).isFile()) << plek.toStdString();
+    }
 }
 
 TEST(DownloadTest, BytesBeyondTheAnnouncedSizeOrWithoutAnAcceptedFileNeverReachAFile) {
@@ -421,10 +426,7 @@ TEST(DownloadTest, BytesBeyondTheAnnouncedSizeOrWithoutAnAcceptedFileNeverReachA
     EXPECT_EQ(bestandenOnder(d.w.map()), QStringList());
 
     const QByteArray bytes = inhoud(15);
-    ASSERT_TRUE(d.bied("FIS10|0@tien"));
-    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Tijdelijk\\tien.bin")));
-    d.server.stuurBinair(bytes);
-    ASSERT_TRUE(d.laatste("RFC"));
+    ASSERT_TRUE(d.haal("FIS10|0@tien", QStringLiteral("\\Tijdelijk\\tien.bin"), bytes));
     EXPECT_EQ(d.w.lees(QStringLiteral("Tijdelijk/tien.bin")), bytes.left(10));
     EXPECT_EQ(d.receiver.ontvangen(), 10);
     EXPECT_EQ(d.fouten.size(), 2);
@@ -452,27 +454,26 @@ TEST(DownloadTest, ADisconnectMidFileLeavesTheTargetUntouchedAndNoTemporaryFiles
         ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.fouten.size() > foutenVoor; }));
         EXPECT_EQ(d.klaar, 0);
         EXPECT_EQ(d.w.lees(QStringLiteral("Tijdelijk/thema.bin")), oud);
-        // The broken transfer leaves its temporary file, and only that one.
+        // The broken transfer leaves its temporary file, and only that one, until the Reset.
         EXPECT_EQ(d.tijdelijk().size(), 1);
-        // The caller starts again the usual way: Reset, ports, Listen; the server reconnects.
-        d.verbonden = 0;
-        d.server.infoOntvangen.clear();
-        d.receiver.Reset();
+        d.herstart();
         EXPECT_EQ(d.tijdelijk(), QStringList());
-        d.receiver.setLocalPortInfo(0);
-        d.receiver.setLocalPortBinary(0);
-        d.luistert = d.receiver.Listen();
-        d.server.verbindMet(quint16(d.receiver.localPortInfo()),
-                            quint16(d.receiver.localPortBinary()));
         ASSERT_TRUE(d.opgezet());
     }
     const QByteArray nieuw = inhoud(100000, 9);
-    ASSERT_TRUE(d.bied("FIS100000|0@thema.bin"));
-    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Tijdelijk\\thema.bin")));
-    d.server.stuurBinair(nieuw);
-    ASSERT_TRUE(d.laatste("RFC"));
+    ASSERT_TRUE(d.haal("FIS100000|0@thema.bin", QStringLiteral("\\Tijdelijk\\thema.bin"), nieuw));
     EXPECT_TRUE(zelfdeBytes(nieuw, d.w.lees(QStringLiteral("Tijdelijk/thema.bin"))));
     EXPECT_EQ(d.tijdelijk(), QStringList());
+
+    // A missing target folder is a reported fault that leaves no file behind.
+    ASSERT_TRUE(d.bied("FIS4|0@x"));
+    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Bestaat\\Niet\\x.bin")));
+    d.server.stuurBinair("abcd");
+    ASSERT_TRUE(wachtOp(d.w.p, [&] { return !d.w.dialogen.getoond.isEmpty(); }));
+    EXPECT_EQ(d.klaar, 1);
+    EXPECT_EQ(d.server.infoOntvangen.count("RFC"), 1);
+    EXPECT_EQ(d.tijdelijk(), QStringList());
+    EXPECT_FALSE(QFileInfo::exists(d.w.pad(QStringLiteral("Bestaat"))));
 }
 
 TEST(DownloadTest, ATemporaryFileLeftByAnEarlierRunIsRemovedAtListen) {
@@ -485,34 +486,7 @@ TEST(DownloadTest, ATemporaryFileLeftByAnEarlierRunIsRemovedAtListen) {
               QStringList{QStringLiteral("Tijdelijk/pakket.pictogrammen")});
 }
 
-TEST(DownloadTest, RefusalSendsRfsAndKeepsTheConnectionForTheNextOffer) {
-    Download d;
-    ASSERT_TRUE(d.opgezet());
-    ASSERT_TRUE(d.bied("FIS5|0@nee"));
-    d.receiver.RefuseSendRequest();
-    ASSERT_TRUE(d.laatste("RFS"));
-    EXPECT_EQ(d.tijdelijk(), QStringList());
-    ASSERT_TRUE(d.bied("FIS5|0@ja"));
-    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Tijdelijk\\ja.txt")));
-    d.server.stuurBinair("vijf!");
-    ASSERT_TRUE(d.laatste("RFC"));
-    EXPECT_EQ(d.w.lees(QStringLiteral("Tijdelijk/ja.txt")), QByteArray("vijf!"));
-}
-
-TEST(DownloadTest, AMissingTargetFolderIsAReportedFaultThatLeavesNoFileBehind) {
-    Download d;
-    ASSERT_TRUE(d.opgezet());
-    ASSERT_TRUE(d.bied("FIS4|0@x"));
-    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Bestaat\\Niet\\x.bin")));
-    d.server.stuurBinair("abcd");
-    ASSERT_TRUE(wachtOp(d.w.p, [&] { return !d.w.dialogen.getoond.isEmpty(); }));
-    EXPECT_EQ(d.klaar, 0);
-    EXPECT_FALSE(d.server.infoOntvangen.contains("RFC"));
-    EXPECT_EQ(d.tijdelijk(), QStringList());
-    EXPECT_FALSE(QFileInfo::exists(d.w.pad(QStringLiteral("Bestaat"))));
-}
-
-TEST(UploadTest, RefusalRaisesCommandRefusedAndSendsNoBytes) {
+TEST(UploadTest, RefusedCutOffOrSourcelessUploadsEndWithoutCompletion) {
     Upload u;
     u.server.opAanbod = TransferPeer::Antwoord::Weigeren;
     u.w.schrijf(QStringLiteral("Tijdelijk/x.bin"), inhoud(5000));
@@ -521,34 +495,31 @@ TEST(UploadTest, RefusalRaisesCommandRefusedAndSendsNoBytes) {
     u.w.p.wacht.Pomp();
     EXPECT_EQ(u.geaccepteerd, 0);
     EXPECT_EQ(u.server.binairAantal, 0);
-    EXPECT_EQ(u.klaar, 0);
-}
 
-TEST(UploadTest, AServerThatDisconnectsMidFileEndsSendFileWithASendError) {
-    Upload u;
+    // A server that disconnects mid-file ends SendFile with a send error.
+    u.server.opAanbod = TransferPeer::Antwoord::Accepteren;
     u.server.sluitNa = 100000;
     u.server.bewaarBytes = false;
     u.w.schrijf(QStringLiteral("Tijdelijk/groot.bin"), inhoud(20 * 1024 * 1024));
     ASSERT_TRUE(u.biedAan(QStringLiteral("\\Tijdelijk\\groot.bin")));
     ASSERT_TRUE(wachtOp(u.w.p, [&] { return u.sendFileTerug == 1; }));
     EXPECT_FALSE(u.fouten.isEmpty());
-    EXPECT_EQ(u.klaar, 0);
     EXPECT_LT(u.sender.verzonden(), 20 * 1024 * 1024);
+    EXPECT_EQ(u.klaar, 0);
     EXPECT_TRUE(u.w.dialogen.getoond.isEmpty());
+
+    // A missing source, and sends without a connection, are reported faults.
+    Upload zonder;
+    EXPECT_FALSE(zonder.sender.setSource(QStringLiteral("\\Tijdelijk\\bestaat-niet.bin")));
+    EXPECT_EQ(zonder.sender.currentFileName(), QStringLiteral("bestaat-niet.bin"));
+    EXPECT_EQ(zonder.sender.currentFileSize(), 0);
+    zonder.sender.SendInfo();
+    zonder.sender.SendFile();
+    EXPECT_EQ(zonder.w.dialogen.getoond.size(), 3);
+    EXPECT_EQ(zonder.server.binairAantal, 0);
 }
 
-TEST(UploadTest, AMissingSourceOrASendWithoutConnectionIsAReportedFault) {
-    Upload u;
-    EXPECT_FALSE(u.sender.setSource(QStringLiteral("\\Tijdelijk\\bestaat-niet.bin")));
-    EXPECT_EQ(u.sender.currentFileName(), QStringLiteral("bestaat-niet.bin"));
-    EXPECT_EQ(u.sender.currentFileSize(), 0);
-    u.sender.SendInfo();
-    u.sender.SendFile();
-    EXPECT_EQ(u.w.dialogen.getoond.size(), 3);
-    EXPECT_EQ(u.server.binairAantal, 0);
-}
-
-TEST(FramingTest, AnOfferSplitOverTwoReadsIsAnOfferWithoutAName) {
+TEST(FramingTest, AnOfferSplitOverTwoReadsIsAnOfferWithoutANameAndTwoInOneReadTheFirstOnly) {
     Download d;
     ASSERT_TRUE(d.opgezet());
     ASSERT_TRUE(d.bied("FIS12|0"));
@@ -556,34 +527,24 @@ TEST(FramingTest, AnOfferSplitOverTwoReadsIsAnOfferWithoutAName) {
     EXPECT_EQ(d.receiver.currentFileName(), QString());
     // The rest matches no command and is dropped.
     ASSERT_TRUE(d.stuurLos("@naam.bin"));
-    ASSERT_TRUE(d.bied("FIS3|0@daarna"));
+    d.server.stuurInfo("FSCFIS5|0@x");
+    ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.klaar == 1; }));
+    ASSERT_TRUE(d.bied("FIS1|0@y"));
     EXPECT_EQ(d.vragen, 2);
+    EXPECT_EQ(d.receiver.currentFileName(), QStringLiteral("y"));
     EXPECT_TRUE(d.fouten.isEmpty());
-}
 
-TEST(FramingTest, TwoCommandsInOneReadAreTheFirstCommandOnly) {
-    {
-        Download d;
-        ASSERT_TRUE(d.opgezet());
-        d.server.stuurInfo("FSCFIS5|0@x");
-        ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.klaar == 1; }));
-        ASSERT_TRUE(d.bied("FIS1|0@y"));
-        EXPECT_EQ(d.vragen, 1);
-        EXPECT_EQ(d.receiver.currentFileName(), QStringLiteral("y"));
-    }
-    {
-        // "ACP" and "RFC" together: the file goes, but completion is never told.
-        Upload u;
-        u.server.opAanbod = TransferPeer::Antwoord::Stil;
-        u.w.schrijf(QStringLiteral("Tijdelijk/x.bin"), "abc");
-        ASSERT_TRUE(u.biedAan(QStringLiteral("\\Tijdelijk\\x.bin")));
-        ASSERT_TRUE(wachtOp(u.w.p, [&] { return !u.server.infoOntvangen.isEmpty(); }));
-        u.server.aangekondigd = -1;
-        u.server.stuurInfo("ACPRFC");
-        ASSERT_TRUE(wachtOp(u.w.p, [&] { return u.server.binairAantal == 3; }));
-        EXPECT_EQ(u.geaccepteerd, 1);
-        EXPECT_EQ(u.klaar, 0);
-    }
+    // "ACP" and "RFC" together: the file goes, but completion is never told.
+    Upload u;
+    u.server.opAanbod = TransferPeer::Antwoord::Stil;
+    u.w.schrijf(QStringLiteral("Tijdelijk/x.bin"), "abc");
+    ASSERT_TRUE(u.biedAan(QStringLiteral("\\Tijdelijk\\x.bin")));
+    ASSERT_TRUE(wachtOp(u.w.p, [&] { return !u.server.infoOntvangen.isEmpty(); }));
+    u.server.aangekondigd = -1;
+    u.server.stuurInfo("ACPRFC");
+    ASSERT_TRUE(wachtOp(u.w.p, [&] { return u.server.binairAantal == 3; }));
+    EXPECT_EQ(u.geaccepteerd, 1);
+    EXPECT_EQ(u.klaar, 0);
 }
 
 // The test ticks the speed timer itself: the real half-second timer would take bytes in between.
@@ -629,14 +590,9 @@ TEST(DownloadTest, TheSamePortsListenAgainAfterResetAndATakenPortIsAnError) {
     ASSERT_TRUE(d.opgezet());
     const qint64 info = d.receiver.localPortInfo();
     const qint64 binair = d.receiver.localPortBinary();
-    ASSERT_TRUE(d.bied("FIS3|0@a"));
-    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Tijdelijk\\a.bin")));
-    d.server.stuurBinair("abc");
-    ASSERT_TRUE(d.laatste("RFC"));
+    ASSERT_TRUE(d.haal("FIS3|0@a", QStringLiteral("\\Tijdelijk\\a.bin"), "abc"));
 
     d.receiver.Reset();
-    d.verbonden = 0;
-    d.server.infoOntvangen.clear();
     ASSERT_TRUE(d.receiver.Listen());
     EXPECT_EQ(d.receiver.localPortInfo(), info);
     EXPECT_EQ(d.receiver.localPortBinary(), binair);
@@ -652,11 +608,8 @@ TEST(DownloadTest, TheSamePortsListenAgainAfterResetAndATakenPortIsAnError) {
     tweede.setLocalPortInfo(70000);
     EXPECT_FALSE(tweede.Listen());
 
-    d.server.verbindMet(quint16(info), quint16(binair));
+    d.herstart();
     ASSERT_TRUE(d.opgezet());
-    ASSERT_TRUE(d.bied("FIS2|0@b"));
-    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Tijdelijk\\b.bin")));
-    d.server.stuurBinair("de");
-    ASSERT_TRUE(d.laatste("RFC"));
+    ASSERT_TRUE(d.haal("FIS2|0@b", QStringLiteral("\\Tijdelijk\\b.bin"), "de"));
     EXPECT_EQ(d.w.lees(QStringLiteral("Tijdelijk/b.bin")), QByteArray("de"));
 }
