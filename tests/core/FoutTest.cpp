@@ -1,5 +1,4 @@
 #include "core/Fout.h"
-#include "core/CommandChannel.h"
 #include "core/FrmFoutrapportage.h"
 #include "core/Procedure.h"
 #include "tests/support/Werkplek.h"
@@ -14,21 +13,6 @@ using tk::test::Werkplek;
 namespace {
 
 const QString rapporten = QStringLiteral("\\Data\\Foutrapportage.ini");
-
-// A command channel that records what is sent and acknowledges a problem call at once.
-class OpnameKanaal : public CommandChannel {
-public:
-    explicit OpnameKanaal(Programma& p) : p(p) {}
-    bool isConnected() override { return verbonden; }
-    void WS_Versturen(const QString& bericht, bool) override {
-        verstuurd.append(bericht);
-        if (bericht.startsWith(QStringLiteral("HLPOPS")))
-            QTimer::singleShot(0, [this] { this->p.modMain.AntwoordOntvangen = true; });
-    }
-    Programma& p;
-    bool verbonden = true;
-    QStringList verstuurd;
-};
 
 QString logboek(Werkplek& w) {
     return QString::fromUtf8(w.lees(QStringLiteral("Logboek/9-3-2026.txt")));
@@ -119,8 +103,9 @@ TEST(FoutrapportTest, AnIgnoredFaultShowsOnceAndOnlyTheSameFourFieldsAreIgnored)
 
 TEST(FoutrapportTest, SendingGoesAsAProblemCallWhenConnected) {
     Werkplek w;
-    OpnameKanaal kanaal(w.p);
+    test::OpnameKanaal& kanaal = w.kanaal;
     w.p.kanaal = &kanaal;
+    kanaal.voorvoegsels.insert(QStringLiteral("HLPOPS"), QString());
     w.p.modMain.Locatie = QStringLiteral("Groep 3 (id 4)");
     w.dialogen.opModaal = [](Form& f) { static_cast<FrmFoutrapportage&>(f).cmdVersturen_Click(); };
     w.p.modMain.Foutmelding(QStringLiteral("Kapot"), QStringLiteral("Foutrapportage"),

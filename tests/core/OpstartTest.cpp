@@ -93,28 +93,39 @@ struct Opstart {
 
 } // namespace
 
-TEST(OpstartTest, ATakenOverNetworkWorkstationRunsTheStepsInOrder) {
-    Opstart o;
-    o.opstart.Main(QStringLiteral("STARTUP"));
-    EXPECT_FALSE(o.w.p.beeindigd);
-    EXPECT_EQ(o.stappen.log,
-              (QStringList{QStringLiteral("LaadThema"), QStringLiteral("frmActiveren"),
-                           QStringLiteral("Achtergrond"), QStringLiteral("Browserbeperkingen"),
-                           QStringLiteral("SchermbeveiligingUit"), QStringLiteral("OpenTaakbalk1"),
-                           QStringLiteral("StartVerbinding(0)")}));
-    EXPECT_TRUE(o.w.p.modMain.ModusNetwerk);
-    EXPECT_TRUE(o.w.dialogen.gesteld.isEmpty());
-    EXPECT_EQ(o.w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Resolutie"),
-                                    QStringLiteral("\\Data\\Instellingen.ini")),
-              QString());
-}
-
-TEST(OpstartTest, AManagementWorkstationSkipsTheWorkstationChecks) {
-    Opstart o("0", false);
-    o.opstart.Main(QString());
-    EXPECT_EQ(o.stappen.log,
-              (QStringList{QStringLiteral("LaadThema"), QStringLiteral("OpenTaakbalk1"),
-                           QStringLiteral("StartVerbinding(0)")}));
+TEST(OpstartTest, TheModeAndTheTakeOverDecideTheStepsAndTheirOrder) {
+    struct Case {
+        const char* modus;
+        bool overgenomen;
+        const char* stappen;
+    };
+    const Case cases[] = {
+        {"2", true,
+         "LaadThema frmActiveren Achtergrond Browserbeperkingen SchermbeveiligingUit "
+         "OpenTaakbalk1 StartVerbinding(0)"},
+        // A management workstation skips the workstation checks.
+        {"0", false, "LaadThema OpenTaakbalk1 StartVerbinding(0)"},
+        // Not yet taken over: the checks are shown, then the take-over.
+        {"2", false, "LaadThema BewaarOpstartinstellingen frmActiveren WijzigOpstarten"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.modus) + (c.overgenomen ? " taken over" : ""));
+        Opstart o(c.modus, c.overgenomen);
+        o.opstart.Main(QStringLiteral("STARTUP"));
+        EXPECT_FALSE(o.w.p.beeindigd);
+        EXPECT_EQ(o.stappen.log, QString::fromLatin1(c.stappen).split(u' '));
+        EXPECT_EQ(o.w.p.modMain.ModusNetwerk, *c.modus == '2');
+        EXPECT_TRUE(o.w.dialogen.gesteld.isEmpty());
+        EXPECT_EQ(o.w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Resolutie"),
+                                        QStringLiteral("\\Data\\Instellingen.ini")),
+                  QString());
+        if (!c.overgenomen && *c.modus == '2') {
+            const auto& rijen = o.opstart.frmInitialiseren.lblItem;
+            for (int i = 0; i < 3; ++i)
+                EXPECT_EQ(rijen[i].lblCheck, QStringLiteral("a")) << i;
+            EXPECT_FALSE(rijen[3].zichtbaar);
+        }
+    }
 }
 
 TEST(OpstartTest, AnUnsetModeAsksAndStoresTheAnswerNotTheOptionIndex) {
@@ -192,26 +203,21 @@ TEST(OpstartTest, TheSystemVersionDecidesWhetherTheProgramMayRun) {
 }
 
 TEST(OpstartTest, AfterACrashTheMessageShowsAndTheServerIsNotStartedAgain) {
-    Opstart o("1");
-    o.w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
-    o.w.p.modMain.SchrijfIni(QStringLiteral("Ja"), QStringLiteral("Algemeen"),
-                             QStringLiteral("Geactiveerd"),
-                             QStringLiteral("\\Data\\Instellingen.ini"));
-    o.w.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
-                                               QStringLiteral("Tafelkrater"));
-    o.opstart.Main(QStringLiteral("startupfout"));
-    EXPECT_EQ(o.getoondeTeksten().value(0), o.w.p.modTaal.LaadTekst(2905));
-    EXPECT_FALSE(o.stappen.log.contains(QStringLiteral("StartServer(0)")));
-
-    Opstart eerste("1");
-    eerste.w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
-    eerste.w.p.modMain.SchrijfIni(QStringLiteral("Ja"), QStringLiteral("Algemeen"),
-                                  QStringLiteral("Geactiveerd"),
-                                  QStringLiteral("\\Data\\Instellingen.ini"));
-    eerste.w.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
-                                                    QStringLiteral("tafelkrater"));
-    eerste.opstart.Main(QString());
-    EXPECT_EQ(eerste.stappen.log.value(0), QStringLiteral("StartServer(0)"));
+    for (const bool fout : {true, false}) {
+        SCOPED_TRACE(fout);
+        Opstart o("1");
+        o.w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
+        o.w.p.modMain.SchrijfIni(QStringLiteral("Ja"), QStringLiteral("Algemeen"),
+                                 QStringLiteral("Geactiveerd"),
+                                 QStringLiteral("\\Data\\Instellingen.ini"));
+        o.w.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
+                                                   fout ? QStringLiteral("Tafelkrater")
+                                                        : QStringLiteral("tafelkrater"));
+        o.opstart.Main(fout ? QStringLiteral("startupfout") : QString());
+        EXPECT_EQ(o.getoondeTeksten().value(0), fout ? o.w.p.modTaal.LaadTekst(2905) : QString());
+        EXPECT_EQ(o.stappen.log.value(0) == u"StartServer(0)", !fout);
+        EXPECT_EQ(o.stappen.log.contains(QStringLiteral("StartServer(0)")), !fout);
+    }
 }
 
 TEST(OpstartTest, WithoutTheLauncherWordTheLauncherTakesOver) {
@@ -241,20 +247,6 @@ TEST(OpstartTest, ASecondStartWithoutTheLauncherEndsSilently) {
     EXPECT_TRUE(o.w.p.beeindigd);
     EXPECT_TRUE(o.w.dialogen.gesteld.isEmpty());
     EXPECT_TRUE(o.stappen.log.isEmpty());
-}
-
-TEST(OpstartTest, AWorkstationNotYetTakenOverShowsItsChecksAndTakesOver) {
-    Opstart o("2", false);
-    o.w.platform.fakeClock().setStepPerRead(50);
-    o.opstart.Main(QStringLiteral("STARTUP"));
-    EXPECT_EQ(o.stappen.log,
-              (QStringList{QStringLiteral("LaadThema"), QStringLiteral("BewaarOpstartinstellingen"),
-                           QStringLiteral("frmActiveren"), QStringLiteral("WijzigOpstarten")}));
-    const auto& rijen = o.opstart.frmInitialiseren.lblItem;
-    EXPECT_EQ(rijen[0].lblCheck, QStringLiteral("a"));
-    EXPECT_EQ(rijen[1].lblCheck, QStringLiteral("a"));
-    EXPECT_EQ(rijen[2].lblCheck, QStringLiteral("a"));
-    EXPECT_FALSE(rijen[3].zichtbaar);
 }
 
 TEST(OpstartTest, AnAccountWithoutRightsIsToldAndLoggedOff) {

@@ -9,8 +9,9 @@
 
 namespace tk::test {
 
-// A command channel that records what is sent and answers the requests it was given at once, as
-// the dispatcher would fill the reply slot. The places of a desktop are empty unless given.
+// A command channel that records what is sent and answers the requests it was given at once (whole
+// in `antwoorden`, by their beginning in `voorvoegsels`), as the dispatcher would fill the reply
+// slot. The places of a desktop are empty unless given.
 class OpnameKanaal : public CommandChannel {
 public:
     explicit OpnameKanaal(Programma& p) : p(p) {}
@@ -20,13 +21,17 @@ public:
         gewacht.append(wachten);
         const auto it = antwoorden.constFind(bericht);
         if (it != antwoorden.constEnd())
-            antwoord(*it);
-        else if (bericht.startsWith(QStringLiteral("LDNAPPPOS")))
+            return antwoord(*it);
+        for (auto v = voorvoegsels.cbegin(); v != voorvoegsels.cend(); ++v)
+            if (bericht.startsWith(v.key()))
+                return antwoord(v.value());
+        if (bericht.startsWith(QStringLiteral("LDNAPPPOS")))
             antwoord(QStringLiteral("POS"));
     }
     Programma& p;
     bool verbonden = true;
     QHash<QString, QString> antwoorden;
+    QHash<QString, QString> voorvoegsels;
     QStringList verstuurd;
     QList<bool> gewacht;
 
