@@ -18,15 +18,6 @@ using tk::test::ScriptedPeer;
 using tk::test::Werkplek;
 using Levering = ScriptedPeer::Levering;
 
-namespace {
-
-QString foutrapport(Werkplek& w, const char* sleutel) {
-    return w.p.modMain.LeesIni(QStringLiteral("ID=1"), QString::fromLatin1(sleutel),
-                               QStringLiteral("\\Data\\Foutrapportage.ini"));
-}
-
-} // namespace
-
 TEST(LinkTest, WhatAMessageFromTheServerFillsIsDecidedByItsFirstCharacters) {
     // "A": the reply slot and its flag (the old text stays when only the flag is set), "B": the
     // save slot, "C": the acknowledgement; an empty outcome drops the message.
@@ -172,31 +163,15 @@ TEST(LinkTest, AKeepAliveInTheMiddleOfALoadIsAnsweredAndUnknownCommandsAreDroppe
     EXPECT_TRUE(peer.fouten.isEmpty());
 }
 
-TEST(LinkTest, ServerFactsWithSixFieldsEndInAFaultReportAndTheWaitStillEnds) {
-    ScriptedPeer peer;
-    peer.op(QStringLiteral("TST"), QStringLiteral("TST"))
-        .op(QStringLiteral("INFVER*"), QStringLiteral("INFVER"))
-        .op(QStringLiteral("INFDMN"), QStringLiteral("INFDMNschool|1|2|3|4|JA"))
-        .op(QStringLiteral("INFCOM*"), QStringLiteral("INFCOM"));
-    Werkplek w;
-    w.verbinding(peer.poort());
-    w.dialogen.opModaal = [](Form& f) {
-        static_cast<FrmFoutrapportage&>(f).cmdNietVersturen_Click();
-    };
-    ASSERT_TRUE(w.verbind());
-    w.p.modMainVerbinding->IdentificeerClient();
-    EXPECT_TRUE(peer.klaar());
-    EXPECT_EQ(foutrapport(w, "Procedure"), QStringLiteral("frmMain.WS_DataArrival"));
-    EXPECT_TRUE(foutrapport(w, "Omschrijving").contains(QStringLiteral("6 of 7")));
-}
-
-TEST(LinkTest, ServerFactsWithAPortOutsideTheSocketsRangeAreRefusedWhole) {
+TEST(LinkTest, ServerFactsWithTooFewFieldsOrAPortOutsideTheSocketsRangeAreRefusedWhole) {
     struct Case {
         const char* bericht;
         bool genomen;
+        const char* omschrijving = "";
     };
     const Case cases[] = {
         {"INFDMNschool|0|65535|3503|3504|JA|NEE", true},
+        {"INFDMNschool|1|2|3|4|JA", false, "6 of 7"},
         {"INFDMNschool|65536|3502|3503|3504|JA|NEE", false},
         {"INFDMNschool|3501|3502|3503|4294971000|JA|NEE", false}, // 3704 after a cut to 16 bits
         {"INFDMNschool|3501|-1|3503|3504|JA|NEE", false},
@@ -208,12 +183,14 @@ TEST(LinkTest, ServerFactsWithAPortOutsideTheSocketsRangeAreRefusedWhole) {
         FrmMainLink& f = *w.p.frmMain;
         f.Domein = QStringLiteral("oud");
         f.WS_DataArrival(QByteArray(c.bericht));
-        EXPECT_TRUE(f.BevestigdBericht);
+        EXPECT_TRUE(f.BevestigdBericht); // the wait for it ends either way
         EXPECT_EQ(f.Domein, c.genomen ? QStringLiteral("school") : QStringLiteral("oud"));
         EXPECT_EQ(f.SenderPortInfo, c.genomen ? 3504 : 0);
         EXPECT_EQ(w.dialogen.getoond.isEmpty(), c.genomen);
         if (!c.genomen) {
             EXPECT_EQ(w.p.frmFoutrapportage.Procedure, QStringLiteral("frmMain.WS_DataArrival"));
+            EXPECT_TRUE(
+                w.p.frmFoutrapportage.Omschrijving.contains(QString::fromLatin1(c.omschrijving)));
         }
     }
 }
@@ -237,91 +214,82 @@ TEST(LinkTest, LossOfTheLinkInNetworkModeGoesOfflineAndEndsTheWait) {
     EXPECT_TRUE(w.dialogen.gesteld.isEmpty());
 }
 
-TEST(LinkTest, LossOfTheLinkInStandaloneModeRestartsThroughTheLauncher) {
-    ScriptedPeer peer;
-    peer.op(QStringLiteral("TST"), QStringLiteral("TST"));
-    Werkplek w;
-    w.verbinding(peer.poort());
-    QLocalServer launcher;
-    ASSERT_TRUE(launcher.listen(ModMainVerbinding::launcherNaam(w.map())));
-    QByteArray woord;
-    QObject::connect(&launcher, &QLocalServer::newConnection, [&] {
-        QLocalSocket* s = launcher.nextPendingConnection();
-        QObject::connect(s, &QLocalSocket::readyRead, [&woord, s] { woord += s->readAll(); });
-    });
-    ASSERT_TRUE(w.verbind()); // Network settings for the location; the mode is what counts
-    w.p.modMain.ModusNetwerk = false;
-    w.p.modMain.ModusStandalone = true;
-    peer.sluit();
-    tk::test::waitUntil([&] { return w.p.beeindigd && woord == "resolutie"; });
-    EXPECT_TRUE(w.p.beeindigd);
-    EXPECT_EQ(woord, QByteArray("resolutie"));
-    ASSERT_EQ(w.dialogen.gesteld.size(), 1);
-    EXPECT_EQ(w.dialogen.gesteld[0].tekst, w.p.modTaal.LaadTekst(1619));
-}
-
-TEST(LinkTest, LossOfTheLinkOnAManagementWorkstationReturnsToTheStartScreen) {
-    ScriptedPeer peer;
-    peer.op(QStringLiteral("TST"), QStringLiteral("TST"));
-    Werkplek w;
-    w.verbinding(peer.poort());
-    ASSERT_TRUE(w.verbind());
-    w.p.modMain.ModusNetwerk = false;
-    w.p.modMain.ModusBeheer = true;
-    OpnameStartscherm startscherm;
-    w.p.startScreenEvents = &startscherm;
-    peer.sluit();
-    tk::test::waitUntil([&] { return !startscherm.log.isEmpty(); });
-    EXPECT_EQ(startscherm.log, QStringList{QStringLiteral("hoofdvenster")});
-    EXPECT_FALSE(w.p.beeindigd);
-    EXPECT_FALSE(w.p.frmMain->Offline);
-}
-
-TEST(LinkTest, AnExpectedLossIsSilent) {
-    ScriptedPeer peer;
-    peer.op(QStringLiteral("TST"), QStringLiteral("TST"));
-    Werkplek w;
-    w.verbinding(peer.poort());
-    ASSERT_TRUE(w.verbind());
-    w.p.modMain.ModusNetwerk = false;
-    w.p.modMain.ModusStandalone = true;
-    w.p.frmMain->VerliesVerwacht = true;
-    peer.sluit();
-    tk::test::waitUntil([&] { return !w.p.frmMain->isConnected(); });
-    tk::test::pompVoor(200);
-    EXPECT_FALSE(w.p.beeindigd);
-    EXPECT_TRUE(w.dialogen.gesteld.isEmpty());
+TEST(LinkTest, ALostLinkRestartsAStandaloneClientAndTakesAManagerBackUnlessItWasExpected) {
+    struct Case {
+        const char* wat;
+        bool standalone, verwacht;
+        const char* woord;  // said to the launcher
+        const char* scherm; // asked of the start screen
+    };
+    const Case cases[] = {
+        {"Standalone", true, false, "resolutie", ""},
+        {"management", false, false, "", "hoofdvenster"},
+        {"expected", true, true, "", ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.wat);
+        ScriptedPeer peer;
+        peer.op(QStringLiteral("TST"), QStringLiteral("TST"));
+        Werkplek w;
+        w.verbinding(peer.poort());
+        QLocalServer launcher;
+        ASSERT_TRUE(launcher.listen(ModMainVerbinding::launcherNaam(w.map())));
+        QByteArray woord;
+        QObject::connect(&launcher, &QLocalServer::newConnection, [&] {
+            QLocalSocket* s = launcher.nextPendingConnection();
+            QObject::connect(s, &QLocalSocket::readyRead, [&woord, s] { woord += s->readAll(); });
+        });
+        ASSERT_TRUE(w.verbind()); // Network settings for the location; the mode is what counts
+        w.p.modMain.ModusNetwerk = false;
+        w.p.modMain.ModusStandalone = c.standalone;
+        w.p.modMain.ModusBeheer = !c.standalone;
+        w.p.frmMain->VerliesVerwacht = c.verwacht;
+        OpnameStartscherm startscherm;
+        w.p.startScreenEvents = &startscherm;
+        peer.sluit();
+        tk::test::waitUntil([&] {
+            return !w.p.frmMain->isConnected() && woord == c.woord &&
+                   startscherm.log.join(u',') == QLatin1String(c.scherm);
+        });
+        tk::test::pompVoor(200); // and nothing more comes
+        EXPECT_EQ(woord, QByteArray(c.woord));
+        EXPECT_EQ(startscherm.log.join(u','), QLatin1String(c.scherm));
+        EXPECT_EQ(w.p.beeindigd, *c.woord != 0);
+        EXPECT_FALSE(w.p.frmMain->Offline);
+        const QStringList vragen =
+            *c.woord ? QStringList{w.p.modTaal.LaadTekst(1619)} : QStringList();
+        EXPECT_EQ(w.dialogen.gesteld.size(), vragen.size());
+        if (*c.woord && !w.dialogen.gesteld.isEmpty()) {
+            EXPECT_EQ(w.dialogen.gesteld[0].tekst, vragen[0]);
+        }
+    }
 }
 
 TEST(LinkTest, WithoutAServerTheCacheIsUsedUnlessShiftWasHeld) {
     // A port held without listening: a connection to it is refused, and nothing else takes it.
     QTcpSocket dicht;
     ASSERT_TRUE(dicht.bind(QHostAddress::LocalHost, 0, QAbstractSocket::DontShareAddress));
-    const quint16 dichtePoort = dicht.localPort();
-    {
+    struct Case {
+        bool cache, shift, verder;
+    };
+    for (const Case c :
+         {Case{false, false, false}, Case{true, false, true}, Case{true, true, false}}) {
+        SCOPED_TRACE(testing::Message() << "cache " << c.cache << " shift " << c.shift);
         Werkplek w;
-        w.verbinding(dichtePoort);
-        EXPECT_FALSE(w.verbind()); // no cache yet
-        EXPECT_FALSE(w.p.frmMain->Offline);
-    }
-    {
-        Werkplek w;
-        w.verbinding(dichtePoort);
-        w.schrijf(QStringLiteral("Data/data.tijdelijk"), "versleuteld");
-        EXPECT_TRUE(w.verbind());
-        EXPECT_TRUE(w.p.frmMain->Offline);
-    }
-    {
-        Werkplek w;
-        w.verbinding(dichtePoort);
-        w.schrijf(QStringLiteral("Data/data.tijdelijk"), "versleuteld");
-        w.p.frmMain->ShiftIngedrukt = true;
+        w.verbinding(dicht.localPort());
+        if (c.cache)
+            w.schrijf(QStringLiteral("Data/data.tijdelijk"), "versleuteld");
+        w.p.frmMain->ShiftIngedrukt = c.shift;
         const qint64 voor = w.platform.fakeClock().msecsSinceStart();
-        EXPECT_FALSE(w.verbind());
-        EXPECT_LT(w.platform.fakeClock().msecsSinceStart() - voor, 1000); // ends at once
-        EXPECT_FALSE(w.p.frmMain->Offline);
+        EXPECT_EQ(w.verbind(), c.verder);
+        EXPECT_EQ(w.p.frmMain->Offline, c.verder);
         EXPECT_FALSE(w.p.frmMain->GeenCache);
-        EXPECT_EQ(w.p.frmMain->lblLaden, w.p.modTaal.LaadTekst(1611).toUpper());
+        if (!c.verder) {
+            EXPECT_EQ(w.p.frmMain->lblLaden, w.p.modTaal.LaadTekst(1611).toUpper());
+        }
+        if (c.shift) {
+            EXPECT_LT(w.platform.fakeClock().msecsSinceStart() - voor, 1000); // ends at once
+        }
     }
 }
 
