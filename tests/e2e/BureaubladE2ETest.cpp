@@ -12,54 +12,32 @@ using namespace tk;
 using tk::test::ServerProces;
 using tk::test::Werkplek;
 
-namespace {
-
-// The row of the class named `naam` in the loaded table.
-int klasRij(const ModData& d, const QString& naam) {
-    for (int rij = 0; rij < ModData::KlassenRijen; ++rij)
-        if (d.Klassen(rij, 0) == naam)
-            return rij;
-    return -1;
-}
-
-// A workstation without maintenance rights connected to a server of its own, with its data
-// tables made (and nothing loaded yet).
-class BureaubladE2ETest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
-        ws.verbinding(server.poort(), Werkplek::Rol::Netwerk, 10);
-        ASSERT_TRUE(ws.identificeer());
-    }
-    Programma& p() { return ws.p; }
-    ModData& d() { return ws.d(); }
-
+TEST(BureaubladE2ETest, ADemoClassDesktopStandsWhereTheServerKeepsItAndATeacherLogsInThere) {
     ServerProces server;
+    ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
     Werkplek ws;
-};
-
-} // namespace
-
-TEST_F(BureaubladE2ETest, TheDesktopOfADemoClassStandsWhereTheServerKeepsItsPlaces) {
-    Programma& p = this->p();
-    ModData& d = this->d();
+    ws.verbinding(server.poort(), Werkplek::Rol::Netwerk, 10);
+    ASSERT_TRUE(ws.identificeer());
+    Programma& p = ws.p;
+    ModData& d = ws.d();
     d.LaadKlassen();
     d.LaadLeraren();
     for (int soort = 0; soort < 3; ++soort) {
         d.LaadCategorien(soort);
         d.LaadApplicaties(soort);
     }
-    const int rij = klasRij(d, QStringLiteral("Groep 5"));
-    ASSERT_GE(rij, 0);
+    int rij = 0;
+    while (rij < ModData::KlassenRijen && d.Klassen(rij, 0) != u"Groep 5")
+        ++rij;
+    ASSERT_LT(rij, ModData::KlassenRijen);
     const QString klas = d.Klassen(rij, 6);
     const QStringList items = d.Klassen(rij, 7).split(QLatin1Char('|'));
     ASSERT_GE(items.size(), 3);
 
     // The second item gets a stored place; the server keeps it for this class.
-    const QString tweede = items[1];
     p.modMain.AntwoordOpslaanOntvangen = false;
-    p.frmMain->WS_Versturen(QStringLiteral("OPSAPPPOSk") + klas + QStringLiteral(";<>;") + tweede +
-                                QStringLiteral("|k|415x480"),
+    p.frmMain->WS_Versturen(QStringLiteral("OPSAPPPOSk") + klas + QStringLiteral(";<>;") +
+                                items[1] + QStringLiteral("|k|415x480"),
                             false);
     p.wacht.Tot([&] { return p.modMain.AntwoordOpslaanOntvangen; });
 
@@ -89,19 +67,11 @@ TEST_F(BureaubladE2ETest, TheDesktopOfADemoClassStandsWhereTheServerKeepsItsPlac
     EXPECT_FALSE(ws.vraag(QStringLiteral("LDNKLSSNC")).isEmpty());
     EXPECT_FALSE(server.uitvoer().contains(QStringLiteral("OPSTEL")))
         << server.uitvoer().toStdString();
-}
 
-TEST_F(BureaubladE2ETest, ATeacherLogsInOnTheDesktopAndTheServerKnowsWhere) {
-    Programma& p = this->p();
-    ModData& d = this->d();
-    d.LaadLeraren();
-    d.LaadApplicaties(1);
-    d.LaadApplicaties(2);
+    // A teacher logs in on the everyone's desktop, and the server knows where.
     p.modMain.SchrijfIni(QStringLiteral("JA"), QStringLiteral("jvries"),
                          QStringLiteral("Administratorrechten"),
                          QStringLiteral("\\Data\\Instellingen.ini"));
-
-    FrmBureaublad& b = p.maak(p.frmBureaublad, p);
     b.Openen(2, QString());
     const int keuze = int(b.cmbAanmelden.indexOf(QStringLiteral("Vries, Jan de")));
     ASSERT_GE(keuze, 0) << b.cmbAanmelden.join(QLatin1Char('/')).toStdString();
@@ -111,8 +81,8 @@ TEST_F(BureaubladE2ETest, ATeacherLogsInOnTheDesktopAndTheServerKnowsWhere) {
     ASSERT_EQ(b.Weergave, 1);
     EXPECT_EQ(b.kop, QStringLiteral("Jan de Vries"));
     EXPECT_FALSE(b.zichtbareIconen.isEmpty());
-    const QString id = d.Leraren(b.Eigenaar, 5);
-    EXPECT_TRUE(server.wachtOpUitvoer(
-        QStringLiteral("at location LERAAR|") + id + QStringLiteral("|bureaublad"), 10000))
+    EXPECT_TRUE(server.wachtOpUitvoer(QStringLiteral("at location LERAAR|") +
+                                          d.Leraren(b.Eigenaar, 5) + QStringLiteral("|bureaublad"),
+                                      10000))
         << server.uitvoer().toStdString();
 }
