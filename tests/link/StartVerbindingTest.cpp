@@ -170,28 +170,23 @@ TEST(FrmNetwerkTest, ShowsThePortOnlyWhenItIsNotTheDefault) {
     EXPECT_EQ(n.txtNaam, QStringLiteral("SERVER01"));
 }
 
-TEST(ServerlocatieTestTest, TheFirewallTestAsksTheServerAndStoresTheLocationInNetworkMode) {
-    ScriptedPeer peer;
-    peer.op(QStringLiteral("FIR"), QStringLiteral("FIRschool.local"));
-    Client k;
-    k.w.p.modMain.ModusNetwerk = true;
-    k.locatie(QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
-    EXPECT_TRUE(k.w.p.modMainVerbinding->TestServerlocatie(false));
-    EXPECT_EQ(k.w.p.frmMain->Domein, QStringLiteral("school.local"));
-    EXPECT_FALSE(k.w.p.frmMain->isConnected()); // closed again after the test
-    EXPECT_FALSE(k.w.p.frmMain->VerbindingTesten);
-    EXPECT_FALSE(k.w.p.beeindigd);
-}
-
-TEST(ServerlocatieTestTest, AServerThatDoesNotAnswerCountsAsAClosedFirewall) {
-    ScriptedPeer peer;
-    peer.op(QStringLiteral("FIR"), QString(), Levering::Stil);
-    Client k;
-    k.w.p.modMain.ModusNetwerk = true;
-    k.w.p.modMain.StilActiveren = true; // no second question
-    k.locatie(QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
-    EXPECT_FALSE(k.w.p.modMainVerbinding->TestServerlocatie(false));
-    EXPECT_TRUE(k.w.dialogen.getoond.isEmpty());
+TEST(ServerlocatieTestTest, TheFirewallTestAsksTheServerAndASilentOneCountsAsAClosedFirewall) {
+    for (const bool antwoordt : {true, false}) {
+        SCOPED_TRACE(antwoordt);
+        ScriptedPeer peer;
+        peer.op(QStringLiteral("FIR"), antwoordt ? QStringLiteral("FIRschool.local") : QString(),
+                antwoordt ? Levering::Heel : Levering::Stil);
+        Client k;
+        k.w.p.modMain.ModusNetwerk = true;
+        k.w.p.modMain.StilActiveren = !antwoordt; // no second question
+        k.locatie(QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
+        EXPECT_EQ(k.w.p.modMainVerbinding->TestServerlocatie(false), antwoordt);
+        EXPECT_EQ(k.w.p.frmMain->Domein, antwoordt ? QStringLiteral("school.local") : QString());
+        EXPECT_FALSE(k.w.p.frmMain->isConnected()); // closed again after the test
+        EXPECT_FALSE(k.w.p.frmMain->VerbindingTesten);
+        EXPECT_FALSE(k.w.p.beeindigd);
+        EXPECT_TRUE(k.w.dialogen.getoond.isEmpty());
+    }
 }
 
 TEST(ModInternetTest, TheInternetTestEchoesTheWebServerUntilItIsOnline) {
