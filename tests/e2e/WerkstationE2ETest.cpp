@@ -1,7 +1,10 @@
 // The client's parts against the real server: that they are wired to it. What the server does with
 // each request is its own tests' business; what the client does with each reply, the scripted
 // peer's.
+#include "core/Ansi.h"
+#include "core/IniDocument.h"
 #include "core/UnbuiltStartSteps.h"
+#include "data/SealedCache.h"
 #include "tests/e2e/ServerProces.h"
 #include "tests/support/Werkplek.h"
 #include "theme/ModDataPictogrammen.h"
@@ -104,4 +107,43 @@ TEST(WerkstationE2ETest, FilesTravelBothWaysAndThemesAndIconsArriveUnpacked) {
         EXPECT_EQ(
             w.lees(QStringLiteral("Afbeeldingen/Pictogrammen/Applicaties/%1/1.pic").arg(mappen[i])),
             icoon(soorten[i]));
+}
+
+TEST(WerkstationE2ETest, TheLoadOnlineAndOfflineFromItsCacheAgreeWithTheServer) {
+    ServerProces server;
+    ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
+
+    Werkplek online(Werkplek::gegevens, server.poort());
+    online.laadOnline();
+    EXPECT_TRUE(online.rapporten.isEmpty())
+        << online.rapporten.join(QStringLiteral(", ")).toStdString();
+    ModData& d = online.d();
+    ASSERT_GT(d.Klassen.gebruikt(), 0);
+    ASSERT_GT(d.Leraren.gebruikt(), 0);
+    EXPECT_FALSE(d.Applicaties[0].vrij(0));
+
+    // The sealed cache holds what the server answers, as it answered it (which answer goes under
+    // which key is the scripted load's test).
+    const QByteArray verzegeld = online.cache();
+    ASSERT_FALSE(verzegeld.isEmpty());
+    const IniDocument cache = IniDocument::parse(Ansi::naarTekst(SealedCache::decipher(verzegeld)));
+    const auto sleutel = [&](const char* sectie, const char* naam) {
+        return cache.value(QString::fromLatin1(sectie), QString::fromLatin1(naam))
+            .value_or(QStringLiteral("<none>"));
+    };
+    EXPECT_EQ(sleutel("Algemeen", "Domein"), online.p.frmMain->Domein);
+    EXPECT_EQ(sleutel("Groepen", "Info"), online.vraag(QStringLiteral("LDNKLSSNC")));
+    EXPECT_EQ(sleutel("Leerkrachten", "Info"), online.vraag(QStringLiteral("LDNLRNSNC")));
+    EXPECT_EQ(sleutel("Algemeen", "Overige"), online.vraag(QStringLiteral("LDNOVR")));
+
+    // Offline from that cache: the same tables, the cache as it was, nothing in the clear.
+    Werkplek offline(Werkplek::gegevens);
+    offline.schrijf(QStringLiteral("Data/data.tijdelijk"), verzegeld);
+    offline.p.modMainLaden->Laden();
+    EXPECT_TRUE(offline.rapporten.isEmpty())
+        << offline.rapporten.join(QStringLiteral(", ")).toStdString();
+    EXPECT_EQ(Werkplek::alleGegevens(offline.d()), Werkplek::alleGegevens(d));
+    EXPECT_EQ(offline.cache(), verzegeld);
+    EXPECT_FALSE(QFileInfo::exists(online.pad(QStringLiteral("Data/Tijdelijk.ini"))));
+    EXPECT_FALSE(QFileInfo::exists(offline.pad(QStringLiteral("Data/Tijdelijk.ini"))));
 }
