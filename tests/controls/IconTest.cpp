@@ -71,6 +71,52 @@ QByteArray icoFile(const QList<QPair<int, QByteArray>>& images) {
     return out;
 }
 
+// A NE library from the format: the header at 0x40, its resource table after it with the
+// alignment `shift` and blocks of (type, count) entries, each entry id 1 and pointing at `data`,
+// which follows the table.
+QByteArray neFile(quint16 shift, std::initializer_list<std::pair<quint16, int>> blokken,
+                  const QByteArray& data = QByteArray(8, 'x')) {
+    QByteArray f(0x80, '\0');
+    f.replace(0, 2, "MZ");
+    qToLittleEndian<quint32>(0x40, f.data() + 0x3c);
+    f.replace(0x40, 2, "NE");
+    qToLittleEndian<quint16>(0x40, f.data() + 0x40 + 0x24); // resources at ne + 0x40
+    qToLittleEndian<quint16>(0x42, f.data() + 0x40 + 0x26); // resident names elsewhere
+    qsizetype tabel = 2 + 2;
+    for (const auto& blok : blokken)
+        tabel += 8 + 12 * blok.second;
+    const qsizetype begin = ((0x80 + tabel - 1) >> shift << shift) + (qsizetype(1) << shift);
+    put16(f, shift);
+    for (const auto& [type, count] : blokken) {
+        put16(f, type);
+        put16(f, quint16(count));
+        put32(f, 0);
+        for (int i = 0; i < count; ++i) {
+            put16(f, quint16(begin >> shift));
+            put16(f, quint16(data.size() >> shift) + 1);
+            put16(f, 0);
+            put16(f, 0x8001);
+            put32(f, 0);
+        }
+    }
+    put16(f, 0);
+    return f + QByteArray(begin - f.size(), '\0') + data;
+}
+
+// A group icon resource: its header and one entry of 32 by 32 for icon 1.
+QByteArray group(quint16 reserved, quint16 type) {
+    QByteArray g;
+    put16(g, reserved);
+    put16(g, type);
+    put16(g, 1);
+    g += QByteArray("\x20\x20\0\0", 4);
+    put16(g, 1);
+    put16(g, 32);
+    put32(g, 8);
+    put16(g, 1);
+    return g;
+}
+
 QColor colourAt(const QImage& image, int x, int y) {
     return QColor::fromRgba(image.pixel(x, y));
 }
@@ -110,8 +156,20 @@ TEST(IconLibraryTest, IcoFileWithSeveralSizesGivesOneIconAtEachSize) {
         EXPECT_EQ(c.body, colourAt(image, c.side - 1, c.side - 1));
         EXPECT_EQ(0, qAlpha(image.pixel(0, 0)));
     }
-    // A size the file lacks is made from the nearest larger one.
+    for (const IconLibrary::Image& i : r.icons.first().images)
+        EXPECT_EQ(32, i.bitCount);
+    EXPECT_EQ(QSize(16, 16), r.icons.first().images[2].size);
+    // A size the file lacks is made from the nearest larger one, or else from the largest.
     EXPECT_EQ(QColor(30, 200, 30), colourAt(IconLibrary::render(r.icons.first(), 24), 20, 20));
+    EXPECT_EQ(QColor(200, 30, 30), colourAt(IconLibrary::render(r.icons.first(), 64), 60, 60));
+    // At the size asked, the most colours; a larger depth never makes up for a worse size.
+    IconLibrary::Icon twee;
+    twee.images = {{QSize(32, 32), 8, png(picture(32, Qt::green))},
+                   {QSize(16, 16), 32, png(picture(16, Qt::blue))},
+                   {QSize(32, 32), 24, png(picture(32, Qt::red))}};
+    EXPECT_EQ(QColor(Qt::red), colourAt(IconLibrary::render(twee, 32), 31, 31));
+    twee.images.removeLast();
+    EXPECT_EQ(QColor(Qt::green), colourAt(IconLibrary::render(twee, 32), 31, 31));
 }
 
 TEST(IconLibraryTest, APeFileBuiltFromTheFormatGivesItsGroupsImagesInTheGroupsOrder) {
@@ -217,6 +275,37 @@ TEST(IconLibraryTest, NeLibraryGivesItsIcons) {
     ASSERT_EQ(2, r.icons.size());
     EXPECT_EQ(QColor(Qt::yellow), colourAt(IconLibrary::render(r.icons.at(0), 32), 20, 20));
     EXPECT_EQ(QColor(Qt::cyan), colourAt(IconLibrary::render(r.icons.at(1), 32), 20, 20));
+}
+
+TEST(IconLibraryTest, NeFilesBuiltFromTheFormatAndTheirGroupHeaders) {
+    struct Case {
+        const char* what;
+        QByteArray file;
+        bool error;
+        int images; // of the one icon
+    };
+    const Case cases[] = {
+        {"a group of one icon", neFile(0, {{0x8003, 1}, {0x800e, 1}}, group(0, 1)), false, 1},
+        {"aligned to 16 bytes", neFile(4, {{0x8003, 1}, {0x800e, 1}}, group(0, 1)), false, 1},
+        {"a cursor group", neFile(0, {{0x8003, 1}, {0x800e, 1}}, group(0, 2)), false, 1},
+        {"reserved word set", neFile(0, {{0x8003, 1}, {0x800e, 1}}, group(1, 1)), false, 0},
+        {"group of type 3", neFile(0, {{0x8003, 1}, {0x800e, 1}}, group(0, 3)), false, 0},
+        {"group cut short", neFile(0, {{0x8003, 1}, {0x800e, 1}}, group(0, 1).left(5)), false, 0},
+        {"alignment of 17", neFile(17, {{0x800e, 1}}), true, 0},
+        {"more than 65535 resources", neFile(0, {{0x8003, 65535}, {0x800e, 1}}), true, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        const IconLibrary::Result r = IconLibrary::parse(c.file);
+        EXPECT_EQ(c.error, !r.error.isEmpty()) << r.error.toStdString();
+        if (!c.error) {
+            ASSERT_EQ(1, r.icons.size());
+            EXPECT_EQ(c.images, r.icons[0].images.size());
+        }
+    }
+    // Too short for a program's header: not read as one.
+    EXPECT_EQ("neither an icon file nor a library",
+              IconLibrary::parse(QByteArray("MZ") + QByteArray(61, '\0')).error);
 }
 
 TEST(IconLibraryTest, BitmapDepthsAndTheirMasks) {
