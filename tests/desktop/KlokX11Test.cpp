@@ -5,6 +5,7 @@
 #include "screens/desktop/FrmKlok.h"
 #include "screens/desktop/FrmKlokView.h"
 #include "tests/desktop/X11Platform.h"
+#include "tests/platform/X11Fixture.h"
 #include "tests/support/ScriptedDialogs.h"
 
 #include <QCoreApplication>
@@ -14,21 +15,18 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <vector>
 
 namespace tk::test {
 
 namespace {
 
-class KlokX11Test : public ::testing::Test {
+class KlokX11Test : public X11Test {
 protected:
     void SetUp() override {
-        if (!X11TestSessie::sessie)
-            GTEST_SKIP() << "Xvfb or openbox is not there";
-        if (QStandardPaths::findExecutable(QStringLiteral("xdotool")).isEmpty())
+        X11Test::SetUp();
+        if (!IsSkipped() && QStandardPaths::findExecutable(QStringLiteral("xdotool")).isEmpty())
             GTEST_SKIP() << "xdotool is not installed";
     }
-    XvfbSession& x() { return *X11TestSessie::sessie; }
 
     QRgb pixel(QPoint plek) { return schermpixel(x(), plek); }
     // Where a window stands on the screen, and its size.
@@ -42,9 +40,6 @@ protected:
         std::free(t);
         std::free(g);
         return uit;
-    }
-    std::vector<uint32_t> waarden(quint64 venster, const char* eigenschap) {
-        return x().property(xcb_window_t(venster), eigenschap);
     }
     // Runs xdotool on the test's server with the given words, to its end.
     bool xdotool(const QStringList& woorden) {
@@ -89,9 +84,8 @@ TEST_F(KlokX11Test, TheClockIsCutToItsDialStandsAboveWithoutAFrameAndIsDraggedBy
     EXPECT_EQ(pixel(r.bottomRight() - QPoint(2, 2)), qRgb(255, 0, 0));
     EXPECT_NE(pixel(r.center() + QPoint(20, 20)), qRgb(255, 0, 0));
     // Above the others, and no frame around it.
-    const std::vector<uint32_t> staat = waarden(venster, "_NET_WM_STATE");
-    EXPECT_NE(std::find(staat.begin(), staat.end(), x().atom("_NET_WM_STATE_ABOVE")), staat.end());
-    const std::vector<uint32_t> rand = waarden(venster, "_NET_FRAME_EXTENTS");
+    EXPECT_TRUE(hasAtom(xcb_window_t(venster), "_NET_WM_STATE", "_NET_WM_STATE_ABOVE"));
+    const std::vector<uint32_t> rand = x().property(xcb_window_t(venster), "_NET_FRAME_EXTENTS");
     EXPECT_EQ(rand, (std::vector<uint32_t>{0, 0, 0, 0}));
     onder.raise();
     onder.activateWindow();

@@ -17,7 +17,7 @@ class X11DisplayTest : public X11Test {
 protected:
     // The screen's own mode again, also after a test that ended early.
     void TearDown() override {
-        if (sessionUp())
+        if (X11TestSessie::sessie)
             LinuxDisplay(x().display()).setMode(1280, 1024, 32);
     }
 };

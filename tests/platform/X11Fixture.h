@@ -1,6 +1,6 @@
 #pragma once
 
-#include "XvfbSession.h"
+#include "X11TestSessie.h"
 #include "tests/support/WaitUntil.h"
 
 #include <QRect>
@@ -13,27 +13,15 @@
 
 namespace tk::test {
 
-// One Xvfb with openbox shared by the tests of a suite; each test removes what it made.
+// The X server of the binary's tests (X11TestMain.cpp); each test removes what it made.
 class X11Test : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        if (XvfbSession::installed())
-            s_session = new XvfbSession();
-    }
-    static void TearDownTestSuite() {
-        delete s_session;
-        s_session = nullptr;
-    }
     void SetUp() override {
-        if (!XvfbSession::installed())
+        if (!X11TestSessie::sessie)
             GTEST_SKIP() << "Xvfb or openbox is not installed";
-        ASSERT_TRUE(s_session->ok()) << s_session->why().toStdString();
     }
-
-    // Whether the suite's session stands, for a TearDown that undoes what a test changed.
-    static bool sessionUp() { return s_session && s_session->ok(); }
-    XvfbSession& x() { return *s_session; }
-    xcb_connection_t* c() { return s_session->connection(); }
+    XvfbSession& x() { return *X11TestSessie::sessie; }
+    xcb_connection_t* c() { return x().connection(); }
 
     std::vector<uint32_t> rootCardinals(const char* property) {
         return cardinals(x().root(), property, XCB_GET_PROPERTY_TYPE_ANY);
@@ -45,8 +33,6 @@ protected:
         const std::vector<uint32_t> v = cardinals(w, property, XCB_ATOM_ATOM);
         return std::find(v.begin(), v.end(), x().atom(value)) != v.end();
     }
-
-    static XvfbSession* s_session;
 };
 
 // A window of the test's own connection; destroyed with the object.
