@@ -138,18 +138,6 @@ TEST(BureaubladTest, InternetIconOnlyForAnOwnerWithInternet) {
     EXPECT_NEAR(internet->tekst.center().x(), 935, 1);
 }
 
-TEST(BureaubladTest, TeacherHeaderLeavesOutAnEmptyMiddleName) {
-    Werkplek w(Werkplek::bureaublad);
-    w.leraar(0, "Jansen", "Petra", "", "21", "peer");
-    w.leraar(1, "Vries", "Jan", "de", "22", "appel");
-    w.b().Openen(1, "21");
-    EXPECT_EQ(w.b().kop, "Petra Jansen");
-    w.b().Openen(1, "22");
-    EXPECT_EQ(w.b().kop, "Jan de Vries");
-    EXPECT_EQ(FrmBureaublad::LijstNaam(w.d().Leraren.rij(0)), "Jansen, Petra");
-    EXPECT_EQ(FrmBureaublad::LijstNaam(w.d().Leraren.rij(1)), "Vries, Jan de");
-}
-
 TEST(BureaubladTest, IconReferencesThatCannotBeDrawnShowTheBlankPicture) {
     Werkplek w(Werkplek::bureaublad);
     const QImage geen = FrmBureaubladBeelden::Geen();
@@ -280,19 +268,14 @@ TEST(BureaubladTest, LeftClickStartsTheApplicationAndCountsTheStart) {
     w.b().Form_MouseUp(1, 1000, 700);
     EXPECT_TRUE(started.isEmpty());
 
+    // A left click starts and counts the item of its kind (the guard is the launcher's).
     w.b().Form_MouseUp(1, eerste.x(), eerste.y());
-    ASSERT_EQ(started.size(), 1);
-    EXPECT_TRUE(started[0].startsWith("/bin/true"));
-    EXPECT_TRUE(w.kanaal.verstuurd.contains("OPSTEL1|12|0"));
-
-    // Within the guard a click is dropped; after it the general one counts for kind 2.
-    w.b().Form_MouseUp(1, tweede.x(), tweede.y());
-    EXPECT_EQ(started.size(), 1);
-    w.platform.fakeClock().advance(3000);
+    w.later();
     w.b().Form_MouseUp(1, tweede.x(), tweede.y());
     ASSERT_EQ(started.size(), 2);
+    EXPECT_TRUE(started[0].startsWith("/bin/true"));
     EXPECT_TRUE(started[1].startsWith("/bin/echo"));
-    EXPECT_TRUE(w.kanaal.verstuurd.contains("OPSTEL7|12|2"));
+    EXPECT_EQ(w.kanaal.verstuurd.filter("OPSTEL"), QStringList({"OPSTEL1|12|0", "OPSTEL7|12|2"}));
 }
 
 TEST(BureaubladTest, TheInternetIconSaysTheBrowserIsNotThereAndLogsIt) {
@@ -358,6 +341,9 @@ TEST(BureaubladAanmeldenTest, TheListNamesEveryTeacherOrSaysThereAreNone) {
     EXPECT_EQ(w.b().cmbAanmeldenIndex, 0);
     EXPECT_FALSE(w.b().imgAanmelden.isNull());
     EXPECT_TRUE(w.b().zichtbareIconen.isEmpty());
+    // The header of a teacher's desktop leaves out an empty middle name too.
+    w.b().Openen(1, "22");
+    EXPECT_EQ(w.b().kop, "Petra Jansen");
 }
 
 TEST(BureaubladAanmeldenTest, PasswordDecisions) {

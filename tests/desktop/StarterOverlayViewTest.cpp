@@ -1,7 +1,7 @@
 #include "screens/desktop/StarterOverlayView.h"
+#include "tests/screens/PngBewaren.h"
 #include "tests/support/Werkplek.h"
 
-#include <QDir>
 #include <QPainter>
 #include <QPushButton>
 #include <gtest/gtest.h>
@@ -53,7 +53,7 @@ TEST(StarterOverlayViewTest, ShowsTheCapturedScreenUnderGreyWithTextAndButtonWhi
     EXPECT_EQ(knop->geometry(), w.s().cmdShellWait);
 
     const QImage beeld = bureaublad.grab().toImage();
-    beeld.save(QDir::temp().filePath(QStringLiteral("StarterOverlayView.png")));
+    tk::test::bewaarPng(beeld, "StarterOverlayView");
     // The quarters of the capture show through the grey, darkened; the yellow desktop doesn't.
     auto op = [&](int x, int y) { return beeld.pixelColor(x, y); };
     EXPECT_GT(op(50, 700).blue(), op(50, 700).red() + 20);   // the blue quarter

@@ -239,34 +239,29 @@ TEST(StartApplicatieTest, AModeTheScreenCannotShowStillStartsTheProgramAtThePres
     EXPECT_EQ(w.platform.fakeWindows().log.last(), "ontop 77 1");
 }
 
-TEST(StartApplicatieTest, AtThePresentModeTheProgramsFirstWindowAloneIsShownMaximised) {
-    Werkplek w(Werkplek::starter);
-    w.platform.fakeDisplay().modes = {{1024, 768, 32}};
-    w.s().StartApplicatie("/bin/sh", "", "", "640x480x8xNEE", "Oud spel");
-    ASSERT_EQ(w.platform.fakeProcesses().started.size(), 1);
-    const qint64 pid = w.s().ShellProces;
-    auto& windows = w.platform.fakeWindows();
-    // No window yet: nothing to maximise; another program's window is left alone.
-    windows.windows.append(WindowInfo{.handle = 5, .title = "Ander", .pid = 4242});
-    w.s().tmrShellWait_Timer();
-    EXPECT_EQ(windows.log.filter("maximize"), QStringList());
-    windows.windows.append(WindowInfo{.handle = 9, .title = "Oud spel", .pid = pid});
-    w.s().tmrShellWait_Timer();
-    EXPECT_EQ(windows.log.filter("maximize"), QStringList{"maximize 9"});
-    // A dialog it opens later keeps its own size.
-    windows.windows.append(WindowInfo{.handle = 10, .title = "Opties", .pid = pid});
-    w.s().tmrShellWait_Timer();
-    EXPECT_EQ(windows.log.filter("maximize"), QStringList{"maximize 9"});
-}
-
-TEST(StartApplicatieTest, AProgramInTheModeItDemandsOrAPlainStartKeepsItsOwnWindowSize) {
-    Werkplek w(Werkplek::starter);
-    w.s().StartApplicatie("/bin/sh", "", "", "640x480x32xNEE", "Spel");
-    const qint64 pid = w.s().ShellProces;
-    ASSERT_GT(pid, 0);
-    w.platform.fakeWindows().windows.append(WindowInfo{.handle = 9, .title = "Spel", .pid = pid});
-    w.s().tmrShellWait_Timer();
-    EXPECT_EQ(w.platform.fakeWindows().log.filter("maximize"), QStringList());
+TEST(StartApplicatieTest, OnlyAProgramDeniedItsModeHasItsFirstWindowShownMaximised) {
+    for (const char* eis : {"640x480x8xNEE", "640x480x32xNEE", "1024x768x32xJA"}) {
+        SCOPED_TRACE(eis);
+        const bool geweigerd = QByteArray(eis) == "640x480x8xNEE";
+        Werkplek w(Werkplek::starter);
+        if (geweigerd)
+            w.platform.fakeDisplay().modes = {{1024, 768, 32}};
+        w.s().StartApplicatie("/bin/sh", "", "", eis, "Spel");
+        const qint64 pid = w.s().ShellProces;
+        ASSERT_GT(pid, 0);
+        auto& windows = w.platform.fakeWindows();
+        // No window yet: nothing to maximise; another program's window is left alone.
+        windows.windows.append(WindowInfo{.handle = 5, .title = "Ander", .pid = 4242});
+        w.s().tmrShellWait_Timer();
+        EXPECT_EQ(windows.log.filter("maximize"), QStringList());
+        windows.windows.append(WindowInfo{.handle = 9, .title = "Spel", .pid = pid});
+        w.s().tmrShellWait_Timer();
+        // A dialog it opens later keeps its own size.
+        windows.windows.append(WindowInfo{.handle = 10, .title = "Opties", .pid = pid});
+        w.s().tmrShellWait_Timer();
+        EXPECT_EQ(windows.log.filter("maximize"),
+                  geweigerd ? QStringList{"maximize 9"} : QStringList());
+    }
 }
 
 TEST(StartApplicatieTest, ADisplayThatCannotBeRestoredIsSaidAndStaysChanged) {
