@@ -193,14 +193,7 @@ TEST(DialogViewsTest, CloseOptionsLogOnAsAUserOfTheChosenGroup) {
     f.Vraag(antwoord);
     EXPECT_EQ("aanmelden|" + w.p.modTaal.LaadTekst(2415) + "|Groep 2|101", antwoord);
 
-    // A plain answer word, and Cancel.
-    w.dialogen.opModaal = [&](Form&) {
-        FrmUitschakelenView view(f);
-        klik(view, FrmUitschakelenView::optieVak(1).center());
-        toets(view, Qt::Key_Return);
-    };
-    f.Vraag(antwoord);
-    EXPECT_EQ("opnieuwopstarten", antwoord);
+    // Cancel (a plain answer word is the keyboard test's).
     w.dialogen.opModaal = [&](Form&) {
         FrmUitschakelenView view(f);
         toets(view, Qt::Key_Escape);
