@@ -1,10 +1,8 @@
 #include "screens/taskbar/FrmTaakbalk2View.h"
+#include "tests/screens/PngBewaren.h"
 #include "tests/support/Werkplek.h"
 
-#include <QDir>
 #include <QImage>
-#include <QPixmap>
-#include <QScreen>
 #include <gtest/gtest.h>
 
 using namespace tk;
@@ -12,13 +10,6 @@ using tk::test::Werkplek;
 using K = FrmTaakbalk2::Kolom;
 
 namespace {
-
-// Saves what a test drew where a developer can look at it.
-void bewaar(const QImage& beeld, const char* naam) {
-    const QString map = QDir::temp().filePath(QStringLiteral("tafelkrater-taakbalk"));
-    QDir().mkpath(map);
-    beeld.save(map + QLatin1Char('/') + QLatin1String(naam) + QStringLiteral(".png"));
-}
 
 int tel(const QImage& beeld, const QRect& gebied, const QColor& kleur) {
     int n = 0;
@@ -48,7 +39,7 @@ TEST(Taakbalk2ViewTest, PaintsTasksPressedHoveredAndCut) {
     FrmTaakbalk2View view(w.balk2());
     view.setGeometry(0, 0, 1024, w.balk2().Hoogte);
     const QImage beeld = view.grab().toImage().convertToFormat(QImage::Format_RGB32);
-    bewaar(beeld, "taken");
+    tk::test::bewaarPng(beeld, "taakbalk-taken");
     ASSERT_EQ(QSize(1024, 40), beeld.size());
 
     const auto kader = [&](int rij) {
@@ -74,24 +65,4 @@ TEST(Taakbalk2ViewTest, PaintsTasksPressedHoveredAndCut) {
             oranje += c.red() > 200 && c.green() > 110 && c.green() < 200 && c.blue() < 120;
         }
     EXPECT_GT(oranje, 200);
-}
-
-TEST(Taakbalk2ViewTest, OpeningMarksTheWindowAsABarAndPlacesItAtTheBottom) {
-    Werkplek w(Werkplek::taakbalk);
-    w.balk2().Form_Unload();
-    w.vensters().log.clear();
-    FrmTaakbalk2View view(w.balk2());
-    view.openen();
-    ASSERT_FALSE(w.vensters().log.isEmpty());
-    const quint64 id = quint64(view.winId());
-    // Marked before anything else, so before it is mapped.
-    EXPECT_EQ(QStringLiteral("kind %1 dock").arg(id), w.vensters().log.first());
-    EXPECT_TRUE(w.vensters().log.contains(QStringLiteral("ontop %1 1").arg(id)));
-    EXPECT_TRUE(w.balk2().tmrTaken.isActive());
-    EXPECT_TRUE(view.isVisible());
-    EXPECT_EQ(w.balk2().Plek, view.geometry());
-    EXPECT_EQ(view.screen()->geometry().bottom(), view.geometry().bottom());
-    view.sluiten();
-    EXPECT_FALSE(view.isVisible());
-    EXPECT_FALSE(w.balk2().tmrTaken.isActive());
 }

@@ -60,6 +60,9 @@ TEST(TaakbalkBureaubladTest, TheBarOpensAndClosesWithTheDesktop) {
     w.balk().tmrTaken_Timer();
     EXPECT_EQ(1, w.verborgen);
     EXPECT_FALSE(w.balk().Geladen);
+    w.balk().tmrTaken_Timer(); // an unloaded bar does nothing at all
+    EXPECT_EQ(1, w.verborgen);
+    EXPECT_EQ(0, w.balk().AantalKnoppen);
 
     // The next desktop, a teacher's, brings the bar back with the maintenance button.
     w.b().Openen(1, "200");
