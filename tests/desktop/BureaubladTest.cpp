@@ -507,6 +507,8 @@ TEST(BureaubladTest, LoggingOffWhileAProgramRunsInItsModeGivesTheScreenBackAndTh
     EXPECT_FALSE(w.b().tmrShellWait.isActive());
     EXPECT_FALSE(w.b().picDisableZichtbaar);
     EXPECT_EQ(w.b().ShellWachtStand, "0");
+    EXPECT_EQ(w.b().ShellProces, 0);
+    EXPECT_FALSE(w.b().TaakbalkVerborgen);
 
     // Nothing follows the program any more, so its end brings nothing of the desktop back over
     // the start screen.
