@@ -193,6 +193,7 @@ TEST(FileOfferTest, SizeNumberAndNameAreTakenAndABadSizeIsNoOffer) {
     };
     const Case cases[] = {
         {"FIS12|0@foto.jpg", true, 12, 0, "foto.jpg"},
+        {"FIS12|@foto.jpg", true, 12, 0, "foto.jpg"}, // no number
         {"FIS0|0@leeg", true, 0, 0, "leeg"},
         {"FIS12|0", true, 12, 0, ""},        // no "@": an empty name
         {"FIS12|7abc", true, 12, 7, ""},     // the number is all that follows
@@ -445,7 +446,7 @@ TEST(DownloadTest, ADisconnectMidFileLeavesTheTargetUntouchedAndNoTemporaryFiles
     d.w.schrijf(QStringLiteral("Tijdelijk/thema.bin"), oud);
     for (int poging = 0; poging < 3; ++poging) {
         SCOPED_TRACE(poging);
-        ASSERT_TRUE(d.bied("FIS100000|0@thema.bin"));
+        ASSERT_TRUE(d.bied("FIS100000|3@thema.bin"));
         ASSERT_TRUE(d.accepteer(QStringLiteral("\\Tijdelijk\\thema.bin")));
         d.server.stuurBinair(inhoud(40000));
         ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.receiver.ontvangen() == 40000; }));
@@ -454,10 +455,15 @@ TEST(DownloadTest, ADisconnectMidFileLeavesTheTargetUntouchedAndNoTemporaryFiles
         ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.fouten.size() > foutenVoor; }));
         EXPECT_EQ(d.klaar, 0);
         EXPECT_EQ(d.w.lees(QStringLiteral("Tijdelijk/thema.bin")), oud);
-        // The broken transfer leaves its temporary file, and only that one, until the Reset.
+        // The broken transfer leaves its temporary file, and only that one, until the caller
+        // drops it and starts again.
         EXPECT_EQ(d.tijdelijk().size(), 1);
-        d.herstart();
+        EXPECT_TRUE(d.receiver.speedTimerActive());
+        d.receiver.ResetFile();
+        EXPECT_FALSE(d.receiver.speedTimerActive());
         EXPECT_EQ(d.tijdelijk(), QStringList());
+        d.herstart();
+        EXPECT_EQ(d.receiver.currentFileNumber(), 0);
         ASSERT_TRUE(d.opgezet());
     }
     const QByteArray nieuw = inhoud(100000, 9);
@@ -605,8 +611,10 @@ TEST(DownloadTest, TheSamePortsListenAgainAfterResetAndATakenPortIsAnError) {
     tweede.setLocalPortBinary(binair);
     EXPECT_FALSE(tweede.Listen());
     EXPECT_EQ(fouten.size(), 1);
-    tweede.setLocalPortInfo(70000);
-    EXPECT_FALSE(tweede.Listen());
+    for (const qint64 poort : {qint64(-1), qint64(70000)}) {
+        tweede.setLocalPortInfo(poort);
+        EXPECT_FALSE(tweede.Listen()) << poort;
+    }
 
     d.herstart();
     ASSERT_TRUE(d.opgezet());
