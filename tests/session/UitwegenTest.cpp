@@ -4,11 +4,13 @@
 #include "platform/fake/FakeSystemActions.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
+#include "screens/taskbar/FrmWindowsView.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
 #include "session/ModMainSessie.h"
 #include "tests/support/OpnameSchermen.h"
 #include "tests/support/Werkplek.h"
 
+#include <QPushButton>
 #include <gtest/gtest.h>
 
 using namespace tk;
@@ -144,6 +146,51 @@ TEST(UitwegenTest, TheWindowDriftsAndTurnsAtTheEdgesOfTheScreen) {
     }
     EXPECT_NE(begin, f.positie);
     EXPECT_EQ(gezien, f.scherm); // it reached every edge
+}
+
+TEST(UitwegenTest, TheWindowPaintsItsBandAndFrameAndFollowsTheModel) {
+    Omgeving o;
+    o.p.modTaal.ProductTitel = QStringLiteral("Tafelkrater");
+    FrmWindows& f = o.p.modMainAfsluiten->frmWindows;
+    FrmWindowsView view(f);
+    EXPECT_FALSE(view.isVisible());
+    f.Laden(QStringLiteral("KLAS3"), QStringLiteral("geheim"));
+    f.Timer1.stop();
+    EXPECT_TRUE(view.isVisible());
+    const QImage beeld = view.grab().toImage();
+    ASSERT_EQ(beeld.size(), QSize(FrmWindows::Breedte, FrmWindows::Hoogte));
+    // A dark band of 22 pixels with the product's name in white, the light body below it, and a
+    // dark frame round it all; the buttons stand in the body.
+    const QColor donker(30, 58, 95), licht(244, 247, 251);
+    int wit = 0;
+    for (int x = 8; x < 100; ++x)
+        for (int y = 0; y < 22; ++y)
+            wit += qGray(beeld.pixel(x, y)) > 200;
+    EXPECT_GT(wit, 20) << "the name in the band";
+    const std::pair<QPoint, QColor> punten[] = {
+        {{FrmWindows::Breedte - 4, 2}, donker},
+        {{FrmWindows::Breedte - 4, 20}, donker},
+        {{FrmWindows::Breedte - 4, 23}, licht},
+        {{4, FrmWindows::Hoogte - 3}, licht},
+        {{0, FrmWindows::Hoogte / 2}, donker},
+        {{FrmWindows::Breedte - 1, 50}, donker},
+        {{FrmWindows::Breedte / 2, FrmWindows::Hoogte - 1}, donker},
+    };
+    for (const auto& [punt, kleur] : punten)
+        EXPECT_EQ(beeld.pixelColor(punt), kleur) << punt.x() << "," << punt.y();
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(view.knop(i)->text(), f.cmdKnop[i]);
+        EXPECT_TRUE(f.cmdKnop[i].contains(u"Tafelkrater")) << f.cmdKnop[i].toStdString();
+        EXPECT_TRUE(QRect(1, 23, FrmWindows::Breedte - 2, FrmWindows::Hoogte - 24)
+                        .contains(view.knop(i)->geometry()));
+    }
+    EXPECT_FALSE(view.knop(0)->geometry().intersects(view.knop(1)->geometry()));
+    f.Timer1_Timer();
+    EXPECT_EQ(view.pos(), f.positie);
+    // Back to the program: the window goes with its model.
+    o.p.modMain.ModusBeheer = true;
+    f.cmdKnop_Click(0);
+    EXPECT_FALSE(view.isVisible());
 }
 
 TEST(UitwegenTest, TheHeldFunctionKeysOfBothBarsLeaveTheClientTheirOwnWay) {
