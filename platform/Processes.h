@@ -27,9 +27,10 @@ public:
     // Starts a program and tells what came of it, with the process id to follow it by.
     virtual StartResult start(const QString& program, const QStringList& arguments,
                               const QString& workingFolder) = 0;
-    // The web proxy ("host:port") of every program start() starts from now on: http_proxy and its
-    // companions in the program's environment, localhost excepted. Empty: the programs get this
-    // process's own environment again. This process's own environment never changes.
+    // The web proxy ("host:port") of every program start() and startDetached() start from now on:
+    // http_proxy and its companions in the program's environment, localhost excepted. Empty: the
+    // programs get this process's own environment again. This process's own environment never
+    // changes, so a client the launcher starts again has none of it.
     virtual void setWebProxy(const QString& hostPort) = 0;
     // This process's id.
     virtual qint64 ownPid() = 0;

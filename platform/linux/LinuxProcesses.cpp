@@ -214,7 +214,24 @@ int startCode(int error) {
 
 bool LinuxProcesses::startDetached(const QString& program, const QStringList& arguments,
                                    const QString& workingFolder) {
-    return QProcess::startDetached(program, arguments, workingFolder);
+    QProcess proces;
+    proces.setProgram(program);
+    proces.setArguments(arguments);
+    proces.setWorkingDirectory(workingFolder);
+    if (!m_webProxy.isEmpty()) {
+        QList<QByteArray> own;
+        for (char** e = environ; e && *e; ++e)
+            own.append(QByteArray(*e));
+        QProcessEnvironment omgeving;
+        for (const QByteArray& e : programEnvironment(own, m_webProxy)) {
+            const qsizetype is = e.indexOf('=');
+            if (is > 0)
+                omgeving.insert(QString::fromLocal8Bit(e.left(is)),
+                                QString::fromLocal8Bit(e.mid(is + 1)));
+        }
+        proces.setProcessEnvironment(omgeving);
+    }
+    return proces.startDetached();
 }
 
 StartResult LinuxProcesses::start(const QString& program, const QStringList& arguments,
