@@ -3,20 +3,16 @@
 #include "screens/start/FrmActiveren.h"
 
 #include "core/FrmInitialiseren.h"
-#include "core/UnbuiltStartSteps.h"
 #include "link/FrmMainLink.h"
 #include "link/ModMainVerbinding.h"
 #include "platform/fake/FakeClock.h"
-#include "platform/fake/FakeSystemActions.h"
-#include "session/ModMainSessie.h"
+#include "tests/session/SessieWerkplek.h"
 #include "tests/support/ScriptedPeer.h"
-#include "tests/support/Werkplek.h"
 
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::ScriptedPeer;
-using tk::test::Werkplek;
+using namespace tk::test;
 
 namespace {
 
@@ -28,40 +24,26 @@ constexpr qint64 stap = 100;
 
 // A workstation with a link whose firewall test reaches a scripted server that answers "FIR"
 // (or keeps silent), and a session whose net verb succeeds (or is refused).
-struct Wizard {
+struct Wizard : SessieWerkplek {
     explicit Wizard(bool standalone, bool firewall = true, bool netGeweigerd = false)
-        : sessie(w.p, systeem) {
-        w.p.maak(w.p.frmMain, w.p);
-        w.p.maak(w.p.modMainVerbinding, w.p);
-        w.platform.fakeClock().setStepPerRead(stap);
-        w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
-        w.p.modMain.ModusStandalone = standalone;
-        w.p.modMain.ModusNetwerk = !standalone;
+        : SessieWerkplek(Familie::Nt, standalone ? Modus::Standalone : Modus::Netwerk) {
+        p.maak(p.frmMain, p);
+        p.maak(p.modMainVerbinding, p);
+        platform.fakeClock().setStepPerRead(stap);
         peer.op(QStringLiteral("FIR"), QStringLiteral("FIRschool.local"),
                 firewall ? ScriptedPeer::Levering::Heel : ScriptedPeer::Levering::Stil);
         // The local server a standalone workstation starts for the test is the scripted one.
-        w.p.modRegistry.SchrijfWaarde(
+        p.modRegistry.SchrijfWaarde(
             RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
             QStringLiteral("Locatie server"), QStringLiteral("\\tafelkrater-server"));
-        ini("Instellingen", "Serverlocatie", QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
+        zetIni("Instellingen", "Serverlocatie", QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
         if (!netGeweigerd)
             systeem.outputs.insert(QStringLiteral("net"),
                                    QStringLiteral("The command completed successfully.\n"));
     }
-    void ini(const char* sectie, const char* sleutel, const QString& waarde) {
-        w.p.modMain.SchrijfIni(waarde, QString::fromLatin1(sectie), QString::fromLatin1(sleutel),
-                               QStringLiteral("\\Data\\Instellingen.ini"));
-    }
-    QString ini(const char* sectie, const char* sleutel) {
-        return w.p.modMain.LeesIni(QString::fromLatin1(sectie), QString::fromLatin1(sleutel),
-                                   QStringLiteral("\\Data\\Instellingen.ini"));
-    }
     bool accountsGemaakt() const { return systeem.actions.join(u'\n').contains(u"net "); }
 
-    Werkplek w;
     ScriptedPeer peer;
-    FakeSystemActions systeem;
-    ModMainSessie sessie;
 };
 
 TEST(FrmActiverenTest, ActivatingRunsItsTestsInOrderAndTheFirstFailureSaysWhy) {
@@ -92,15 +74,15 @@ TEST(FrmActiverenTest, ActivatingRunsItsTestsInOrderAndTheFirstFailureSaysWhy) {
     for (const Rij& r : rijen) {
         SCOPED_TRACE(r.naam);
         Wizard z(r.standalone, r.firewall, r.netGeweigerd);
-        z.w.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
-                                                   QString::fromLatin1(r.gebruiker));
-        z.w.p.modMain.StilActiveren = true; // activate as if clicked
-        FrmInitialiseren voortgang(z.w.p);
-        FrmActiveren f(z.w.p, z.sessie);
+        z.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
+                                                 QString::fromLatin1(r.gebruiker));
+        z.p.modMain.StilActiveren = true; // activate as if clicked
+        FrmInitialiseren voortgang(z.p);
+        FrmActiveren f(z.p, z.sessie);
         EXPECT_EQ(r.antwoord, f.Openen(r.rechten, r.resolutie, r.shell, &voortgang));
-        const QStringList meldingen = z.w.meldingen();
+        const QStringList meldingen = z.meldingen();
         if (r.melding) {
-            EXPECT_EQ(meldingen, QStringList{z.w.p.modTaal.LaadTekst(r.melding)});
+            EXPECT_EQ(meldingen, QStringList{z.p.modTaal.LaadTekst(r.melding)});
         } else {
             EXPECT_TRUE(meldingen.isEmpty()) << meldingen.join(u'|').toStdString();
         }
@@ -125,13 +107,13 @@ TEST(FrmActiverenTest, CarryingOutWritesTheAccountOfTheModeAndKeepsTheWallpaper)
     for (bool standalone : {true, false}) {
         SCOPED_TRACE(standalone);
         Wizard z(standalone);
-        z.w.p.modMain.StilActiveren = true;
-        z.w.platform.fakeEnvironment().setVariable(QStringLiteral("USERDOMAIN"),
-                                                   QStringLiteral("WERKPLEK"));
-        z.w.platform.registry().write(
+        z.p.modMain.StilActiveren = true;
+        z.platform.fakeEnvironment().setVariable(QStringLiteral("USERDOMAIN"),
+                                                 QStringLiteral("WERKPLEK"));
+        z.platform.registry().write(
             RegistryRoot::Users, QString::fromLatin1(ModMainSessie::StandaardBureaublad),
             QStringLiteral("Wallpaper"), RegistryValue::string(QStringLiteral("oud.bmp")));
-        FrmActiveren f(z.w.p, z.sessie);
+        FrmActiveren f(z.p, z.sessie);
         ASSERT_TRUE(f.Openen(true, true, false));
         EXPECT_EQ(z.ini("Standalone", "Gebruikersnaam"),
                   standalone ? QStringLiteral("Tafelkrater") : QString());
@@ -146,44 +128,32 @@ TEST(FrmActiverenTest, CarryingOutWritesTheAccountOfTheModeAndKeepsTheWallpaper)
 }
 
 TEST(FrmActiverenTest, TheRowsAndButtonsCarryTheirTexts) {
-    Werkplek w;
-    FakeSystemActions systeem;
-    ModMainSessie sessie(w.p, systeem);
-    FrmActiveren f(w.p, sessie);
+    SessieWerkplek w;
+    FrmActiveren f(w.p, w.sessie);
     f.LaadTaal();
-    const std::pair<const QString*, int> teksten[] = {
-        {&f.Caption, 400},
-        {&f.lblJa, 401},
-        {&f.lblNee, 402},
-        {&f.optRegister.lblTekst, 404},
-        {&f.optRegister.lblUitleg, 405},
-        {&f.optResolutie.lblTekst, 406},
-        {&f.optResolutie.lblUitleg, 407},
-        {&f.optFirewall.lblTekst, 408},
-        {&f.optFirewall.lblUitleg, 409},
-        {&f.cmdFirewallCaption, 410},
-        {&f.cmdActiverenCaption, 411},
-        {&f.cmdSluitenCaption, 412},
-        {&f.cmdServerlocatieCaption, 421},
-    };
-    for (const auto& [tekst, id] : teksten) {
-        SCOPED_TRACE(id);
-        EXPECT_EQ(*tekst, w.p.modTaal.LaadTekst(id));
-    }
+    QStringList verwacht;
+    for (int id : {400, 401, 402, 404, 405, 406, 407, 408, 409, 410, 411, 412, 421})
+        verwacht << w.p.modTaal.LaadTekst(id);
+    EXPECT_EQ(
+        verwacht,
+        QStringList({f.Caption, f.lblJa, f.lblNee, f.optRegister.lblTekst, f.optRegister.lblUitleg,
+                     f.optResolutie.lblTekst, f.optResolutie.lblUitleg, f.optFirewall.lblTekst,
+                     f.optFirewall.lblUitleg, f.cmdFirewallCaption, f.cmdActiverenCaption,
+                     f.cmdSluitenCaption, f.cmdServerlocatieCaption}));
 }
 
 TEST(FrmActiverenTest, TheFormWaitsLongerThanTheSilentPathAndItsTimerFreesTheRetestButtons) {
     for (bool stil : {true, false}) {
         SCOPED_TRACE(stil);
         Wizard z(false, /*firewall*/ false);
-        z.w.p.modMain.StilActiveren = stil;
-        FrmActiveren f(z.w.p, z.sessie);
+        z.p.modMain.StilActiveren = stil;
+        FrmActiveren f(z.p, z.sessie);
         // When the rows of the progress window came and when the wizard chose, by the clock
         // (read without moving it on).
-        FakeClock& klok = z.w.platform.fakeClock();
+        FakeClock& klok = z.platform.fakeClock();
         const QDateTime begin = klok.now();
         const auto nu = [&] { return begin.msecsTo(klok.now()); };
-        FrmInitialiseren voortgang(z.w.p);
+        FrmInitialiseren voortgang(z.p);
         QList<qint64> rijen;
         voortgang.onChanged = [&] {
             if (voortgang.lblItem.value(3 + int(rijen.size())).zichtbaar)
@@ -191,7 +161,7 @@ TEST(FrmActiverenTest, TheFormWaitsLongerThanTheSilentPathAndItsTimerFreesTheRet
         };
         int getoond = 0;
         qint64 gekozen = -1;
-        z.w.dialogen.opModaal = [&](Form& form) {
+        z.dialogen.opModaal = [&](Form& form) {
             if (&form != &f)
                 return; // the choice of another location is left unanswered
             gekozen = nu();

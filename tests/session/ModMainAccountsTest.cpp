@@ -1,31 +1,22 @@
 #include "session/ModMainAccounts.h"
 
-#include "core/UnbuiltStartSteps.h"
-#include "platform/SystemActions.h"
-#include "platform/fake/FakeSystemActions.h"
-#include "session/ModMainSessie.h"
-#include "tests/support/Werkplek.h"
+#include "tests/session/SessieWerkplek.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 using namespace tk;
-using tk::test::Werkplek;
+using namespace tk::test;
 
 namespace {
 
 const QString ini = QStringLiteral("\\Data\\Instellingen.ini");
 const QString batch = QStringLiteral("\\batchfile.bat");
 
-struct Rekening : Werkplek {
-    Rekening() : accounts(p, systeem) {
-        p.modMain.MaakMappen(QStringLiteral("\\Data"));
-        platform.fakeClock().setNow(QDateTime(QDate(2026, 3, 4), QTime(9, 5, 7)));
-    }
-    FakeSystemActions systeem;
-    ModMainAccounts accounts;
+struct Rekening : SessieWerkplek {
+    Rekening() { platform.fakeClock().setNow(QDateTime(QDate(2026, 3, 4), QTime(9, 5, 7))); }
+    ModMainAccounts accounts{p, systeem};
 };
 
 TEST(ModMainAccountsTest, ScriptAndOutputHaveTheirExactFormAndNumbersRestartOnlyWithTheFile) {
@@ -68,21 +59,31 @@ TEST(ModMainAccountsTest, ScriptAndOutputHaveTheirExactFormAndNumbersRestartOnly
     EXPECT_TRUE(r.accounts.ControleerAdministratorRechten(2));
 }
 
-TEST(ModMainAccountsTest, SuccessTestReadsOnlyTheBlockOfItsNumber) {
-    const QString d(63, QLatin1Char('-'));
-    const QString bestand = d + QStringLiteral("\n1 [x] Opdrachtregel: a\nSystem error 5.\n") + d +
-                            QStringLiteral("\n.\n") + d +
-                            QStringLiteral("\n2 [x] Opdrachtregel: b\nThe command completed "
-                                           "successfully.\n") +
-                            d + QStringLiteral("\n.\n") + d +
-                            QStringLiteral("\n12 [x] Opdrachtregel: c\nTHE COMMAND COMPLETED "
-                                           "SUCCESSFULLY.\n") +
-                            d + QStringLiteral("\n.\n");
+TEST(ModMainAccountsTest, SuccessTestReadsOnlyTheBlockOfItsNumberAndMatchesWholeLines) {
     struct Rij {
         int n;
+        const char* uitvoer; // the block's output; nullptr: no block of that number
         bool geslaagd;
     };
-    const Rij rijen[] = {{1, false}, {2, true}, {12, true}, {3, false}, {0, false}};
+    const Rij rijen[] = {
+        {1, "System error 5.\n", false},
+        {2, "The command completed successfully.\n", true},
+        {12, "THE COMMAND COMPLETED SUCCESSFULLY.\n", true},
+        {13, "De opdracht is voltooid.\r\n", true},
+        {14, "x\nDe opgegeven accountnaam is al lid van de lokale groep.\n", true},
+        {15, "The specified account name is already a member of the local group.\n", true},
+        {16, "Note: The command completed successfully.\n", false},
+        {17, "Der Befehl wurde erfolgreich ausgef\xc3\xbchrt.\n", false},
+        {18, "", false},
+        {3, nullptr, false},
+        {0, nullptr, false},
+    };
+    const QString d(63, QLatin1Char('-'));
+    QString bestand;
+    for (const Rij& rij : rijen)
+        if (rij.uitvoer)
+            bestand += d + QStringLiteral("\n%1 [x] Opdrachtregel: c\n").arg(rij.n) +
+                       QString::fromUtf8(rij.uitvoer) + d + QStringLiteral("\n.\n");
     Rekening r;
     r.schrijf(QStringLiteral("uitvoer.txt"), bestand.toLocal8Bit());
     for (const Rij& rij : rijen) {
@@ -93,21 +94,12 @@ TEST(ModMainAccountsTest, SuccessTestReadsOnlyTheBlockOfItsNumber) {
     EXPECT_FALSE(r.accounts.ControleerAdministratorRechten(2));
 }
 
-class KlassenEnLeraren : public UnbuiltStartSteps {
-public:
-    using UnbuiltStartSteps::UnbuiltStartSteps;
-    QStringList Accounts() override { return accounts; }
-    QStringList accounts{QStringLiteral("KLAS|klas3a|1"), QStringLiteral("LERAAR|Jansen|2"),
-                         QStringLiteral("KLAS|KLAS3A|3"), QStringLiteral("LERAAR|pieters|4")};
-};
-
 TEST(ModMainAccountsTest, TeachersRightsAreGrantedOnceAndNotedPerAccountUnderGlobalOnly) {
     for (const char* gebruiker : {"GLOBAL", "leerling"}) {
         SCOPED_TRACE(gebruiker);
         Rekening r;
-        KlassenEnLeraren stappen(r.p);
-        r.p.opstartStappen = &stappen;
-        r.p.modMain.ModusNetwerk = true;
+        r.stappen.accounts = {QStringLiteral("KLAS|klas3a|1"), QStringLiteral("LERAAR|Jansen|2"),
+                              QStringLiteral("KLAS|KLAS3A|3"), QStringLiteral("LERAAR|pieters|4")};
         r.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
                                                  QString::fromLatin1(gebruiker));
         r.p.modMain.SchrijfIni(QStringLiteral("ja"), QStringLiteral("PIETERS"),
@@ -139,51 +131,35 @@ TEST(ModMainAccountsTest, TeachersRightsAreGrantedOnceAndNotedPerAccountUnderGlo
     }
 }
 
-// The privileged program itself behind SystemActions, against a temporary system root.
-class EchtProgramma : public SystemActions {
-public:
-    explicit EchtProgramma(const QString& root) : m_root(root) {}
-    bool run(const QString& verb, const QStringList& args, const QString& input,
-             QString* output) override {
-        QProcess proces;
-        proces.setProcessChannelMode(QProcess::MergedChannels);
-        proces.start(QStringLiteral(TK_SYSTEEM_PAD),
-                     QStringList{QStringLiteral("--root"), m_root, verb} + args);
-        proces.write(input.toUtf8());
-        proces.closeWriteChannel();
-        proces.waitForFinished(60000);
-        if (output)
-            *output = QString::fromUtf8(proces.readAll());
-        return proces.exitCode() == 0;
-    }
-
-private:
-    QString m_root;
-};
-
-TEST(ModMainAccountsTest, TakeOverAccountIsMadeAndGroupedByTheRealProgramAndItsLinesPass) {
+// The privileged program with the real account tools under a temporary system root: the
+// take-over's account, the network's grants, the hand-back's removal, and the lines each prints
+// read by the success test.
+TEST(ModMainAccountsTest, AccountsAreMadeGrantedAndRemovedByTheRealProgramAndItsLinesPass) {
     if (geteuid() != 0)
         GTEST_SKIP() << "useradd --prefix needs root; CI runs the tests as root";
     QTemporaryDir root;
-    QDir().mkpath(root.filePath(QStringLiteral("etc")));
-    for (const auto& [naam, regel] :
-         {std::pair{"etc/passwd", "root:x:0:0:root:/root:/bin/bash\n"},
-          std::pair{"etc/group", "root:x:0:\n"}, std::pair{"etc/shadow", "root:*:1:0:9:7:::\n"},
-          std::pair{"etc/gshadow", "root:*::\n"}}) {
-        QFile f(root.filePath(QString::fromLatin1(naam)));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(regel);
-    }
-    Werkplek w;
-    w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
-    w.p.modMain.ModusStandalone = true;
+    kaleRoot(root.path());
+    QFile hostPasswd(QStringLiteral("/etc/passwd"));
+    ASSERT_TRUE(hostPasswd.open(QIODevice::ReadOnly));
+    const QByteArray host = hostPasswd.readAll();
+    const auto lees = [&](const char* pad) {
+        QFile f(root.filePath(QString::fromLatin1(pad)));
+        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
+    };
+    SessieWerkplek w(Familie::Nt, Modus::Standalone);
     EchtProgramma echt(root.path());
     ModMainSessie sessie(w.p, echt);
     EXPECT_TRUE(sessie.TafelkraterAccountAanmaken());
+    EXPECT_TRUE(lees("etc/shadow").contains(u"\ntafelkrater:$6$"));
     // The first command's failure (no account to delete) stands in the output, unchecked.
     const QString uit = QString::fromLocal8Bit(w.lees(QStringLiteral("uitvoer.txt")));
     EXPECT_TRUE(uit.contains(u"the account tafelkrater does not exist"));
     EXPECT_EQ(3, uit.count(u"Opdrachtregel: net"));
+    EXPECT_FALSE(echt.run(QStringLiteral("net"),
+                          {QStringLiteral("user"), QStringLiteral("Tafelkrater"),
+                           QStringLiteral("x"), QStringLiteral("/add")},
+                          QString(), nullptr))
+        << "an account that exists is not made again";
 
     // The network's grants in one call of the tool: a member already, an account to add, one
     // that does not exist and a name Linux does not take, each noted on its own.
@@ -191,24 +167,24 @@ TEST(ModMainAccountsTest, TakeOverAccountIsMadeAndGroupedByTheRealProgramAndItsL
                          {QStringLiteral("user"), QStringLiteral("jansen"), QStringLiteral("pw"),
                           QStringLiteral("/add")},
                          QString(), nullptr));
-    KlassenEnLeraren stappen(w.p);
-    stappen.accounts = {QStringLiteral("KLAS|Tafelkrater|1"), QStringLiteral("LERAAR|jansen|2"),
-                        QStringLiteral("LERAAR|niemand|3"), QStringLiteral("KLAS|klas 3a|4")};
-    w.p.opstartStappen = &stappen;
-    w.p.modMain.ModusStandalone = false;
-    w.p.modMain.ModusNetwerk = true;
+    w.stappen.accounts = {QStringLiteral("KLAS|Tafelkrater|1"), QStringLiteral("LERAAR|jansen|2"),
+                          QStringLiteral("LERAAR|niemand|3"), QStringLiteral("KLAS|klas 3a|4")};
+    w.zetModus(Modus::Netwerk);
     w.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"), QStringLiteral("GLOBAL"));
     sessie.ControleerLerarenRechten();
     for (const auto& [account, rechten] :
          {std::pair{"TAFELKRATER", "Ja"}, std::pair{"JANSEN", "Ja"}, std::pair{"NIEMAND", "Nee"},
           std::pair{"KLAS 3A", "Nee"}})
-        EXPECT_EQ(QString::fromLatin1(rechten),
-                  w.p.modMain.LeesIni(QString::fromLatin1(account),
-                                      QStringLiteral("Administratorrechten"), ini))
-            << account;
-    QFile group(root.filePath(QStringLiteral("etc/group")));
-    ASSERT_TRUE(group.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(group.readAll().contains("tafelkrater-beheer:x:1000:tafelkrater,jansen\n"));
+        EXPECT_EQ(QString::fromLatin1(rechten), w.ini(account, "Administratorrechten")) << account;
+    EXPECT_TRUE(lees("etc/group").contains(u"tafelkrater-beheer:x:1000:tafelkrater,jansen\n"));
+
+    // The hand-back removes the account with its home folder; the machine's own stay.
+    sessie.TafelkraterAccountVerwijderen();
+    EXPECT_FALSE(lees("etc/passwd").contains(u"tafelkrater:"));
+    EXPECT_TRUE(lees("etc/passwd").contains(u"jansen:"));
+    EXPECT_FALSE(QFileInfo::exists(root.filePath(QStringLiteral("home/tafelkrater"))));
+    hostPasswd.seek(0);
+    EXPECT_EQ(host, hostPasswd.readAll()) << "the machine's own accounts are untouched";
 }
 
 } // namespace

@@ -1,21 +1,14 @@
-#include "session/ModMainSessie.h"
-
-#include "core/OpstartStappen.h"
 #include "platform/ContainedSystemActions.h"
-#include "platform/fake/FakeSystemActions.h"
-#include "tests/support/Werkplek.h"
+#include "tests/session/SessieWerkplek.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
 #include <map>
 
 using namespace tk;
-using tk::test::Werkplek;
+using namespace tk::test;
 
 namespace {
-
-enum class Familie { Nt, W98 };
-enum class Modus { Standalone, Netwerk, Beheer };
 
 constexpr auto LM = RegistryRoot::LocalMachine;
 constexpr auto CU = RegistryRoot::CurrentUser;
@@ -73,66 +66,18 @@ void zet(Beeld& b, const Waarde& w) {
         b.erase(k);
 }
 
-// The launcher's word is all the session asks of the start-up steps here.
-class Stappen : public UnbuiltStartSteps {
-public:
-    using UnbuiltStartSteps::UnbuiltStartSteps;
-    bool StuurOpstartCommando(const QString& woord) override {
-        woorden << woord;
-        return true;
+void vul(SessieWerkplek& w, const QList<Waarde>& waarden) {
+    for (const Waarde& v : waarden) {
+        const QString pad = QString::fromLatin1(v.pad), naam = QString::fromLatin1(v.naam);
+        if (v.tekst)
+            w.platform.registry().write(v.root, pad, naam,
+                                        RegistryValue::string(QString::fromUtf8(v.tekst)));
+        else if (v.dword >= 0)
+            w.platform.registry().write(v.root, pad, naam, RegistryValue::number(v.dword));
     }
-    QStringList woorden;
-};
+}
 
-struct Werkstation : Werkplek {
-    Werkstation(Familie familie, Modus modus) : stappen(p), sessie(p, systeem) {
-        p.opstartStappen = &stappen;
-        p.modMain.MaakMappen(QStringLiteral("\\Data"));
-        p.modMain.IsWindows98 = familie == Familie::W98;
-        if (p.modMain.IsWindows98)
-            platform.fakeEnvironment().playWindows98();
-        p.modMain.ModusStandalone = modus == Modus::Standalone;
-        p.modMain.ModusNetwerk = modus == Modus::Netwerk;
-        p.modMain.ModusBeheer = modus == Modus::Beheer;
-        platform.fakeEnvironment().setVariable(QStringLiteral("WINDIR"), QStringLiteral("\\W"));
-        schrijf(QStringLiteral("W/system.ini"), "[boot]\r\nshell=Explorer.exe\r\n");
-    }
-    void zetIni(const char* sectie, const char* sleutel, const char* waarde) {
-        p.modMain.SchrijfIni(QString::fromUtf8(waarde), QString::fromLatin1(sectie),
-                             QString::fromLatin1(sleutel),
-                             QStringLiteral("\\Data\\Instellingen.ini"));
-    }
-    QString ini(const char* sectie, const char* sleutel,
-                const QString& bestand = QStringLiteral("\\Data\\Instellingen.ini")) {
-        return p.modMain.LeesIni(QString::fromLatin1(sectie), QString::fromLatin1(sleutel),
-                                 bestand);
-    }
-    void vul(const QList<Waarde>& waarden) {
-        for (const Waarde& w : waarden) {
-            const QString pad = QString::fromLatin1(w.pad), naam = QString::fromLatin1(w.naam);
-            if (w.tekst)
-                platform.registry().write(w.root, pad, naam,
-                                          RegistryValue::string(QString::fromUtf8(w.tekst)));
-            else if (w.dword >= 0)
-                platform.registry().write(w.root, pad, naam, RegistryValue::number(w.dword));
-        }
-    }
-    // What the start-up and the session do between the take-over and the hand-back.
-    void overnameEnTerug() {
-        sessie.BewaarOpstartinstellingen();
-        sessie.WijzigOpstarten();
-        sessie.ZetBureaubladachtergrond(true, true);
-        sessie.ZetBrowserbeperkingen(true);
-        sessie.ZetSysteembeperkingen(false, false);
-        sessie.TafelkraterDeactiveren(true);
-    }
-
-    Stappen stappen;
-    FakeSystemActions systeem;
-    ModMainSessie sessie;
-};
-
-TEST(ModMainSessieTest, TakeOverAndHandBackLeaveTheStoreAsItWasButForItsKnownQuirks) {
+TEST(ModMainSessieTest, TakeOverWritesTheLogonOfItsFamilyAndHandBackLeavesTheStoreAsItWas) {
     struct Rij {
         const char* naam;
         Familie familie;
@@ -140,7 +85,11 @@ TEST(ModMainSessieTest, TakeOverAndHandBackLeaveTheStoreAsItWasButForItsKnownQui
         const char* gebruiker; // [Standalone] Gebruikersnaam / Wachtwoord
         const char* wachtwoord;
         QList<Waarde> voor;
-        QList<Waarde> verschil; // how the store after differs from the store before
+        QList<Waarde> overgenomen;   // what the take-over wrote (or deleted)
+        const char* acties;          // what it asked of the machine
+        QList<Waarde> verschil;      // how the store after the hand-back differs from before
+        const char* resolutie;       // the display mode the start-up kept
+        QList<DisplayMode> gevraagd; // and the one the hand-back asks for
     };
     const QList<Waarde> browser = {D(CU, ModMainSessie::Browserbeleid, "NoFileOpen", 0),
                                    D(CU, ModMainSessie::Browserbeleid, "NoFileNew", 0),
@@ -148,6 +97,7 @@ TEST(ModMainSessieTest, TakeOverAndHandBackLeaveTheStoreAsItWasButForItsKnownQui
                                    D(CU, ModMainSessie::Browserbeleid, "NoTheaterMode", 0),
                                    D(CU, ModMainSessie::Browserbeleid, "NoFindFiles", 0),
                                    D(CU, ModMainSessie::Zone3, "1601", 1)};
+    const char* const cuNT = "Software\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon";
     const Rij rijen[] = {
         {"nt network: a saved proxy address comes back as the word Ja, a 0 logon flag goes",
          Familie::Nt,
@@ -158,10 +108,15 @@ TEST(ModMainSessieTest, TakeOverAndHandBackLeaveTheStoreAsItWasButForItsKnownQui
           S(LM, NT, "DefaultUserName", "jan"), S(LM, NT, "DefaultPassword", "geheim"),
           S(LM, NT, "DefaultDomainName", "OUD"), D(LM, NT, "DisableCAD", 0),
           D(CU, INET, "ProxyEnable", 1), S(CU, INET, "ProxyServer", "proxy.school:3128"),
-          S(CU, "Software\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon", "Shell", "mijn")},
+          S(CU, cuNT, "Shell", "mijn")},
+         {S(LM, NT, "DefaultUserName", "GLOBAL"), S(LM, NT, "DefaultPassword", "Sleutelwrk42"),
+          S(LM, NT, "DefaultDomainName", "SCHOOL"), S(LM, NT, "DefaultDomain", "SCHOOL"),
+          Weg(CU, cuNT, "Shell")},
+         "session-install,autologon-set global,logoff",
          {Weg(LM, NT, "AutoAdminLogon"), Weg(LM, NT, "DisableCAD"),
-          S(CU, INET, "ProxyServer", "Ja"),
-          Weg(CU, "Software\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon", "Shell")}},
+          S(CU, INET, "ProxyServer", "Ja"), Weg(CU, cuNT, "Shell")},
+         "800x600x16",
+         {{800, 600, 16}}},
         {"nt network: force 2 comes back as 1, CAD and the logon type come back typed",
          Familie::Nt,
          Modus::Netwerk,
@@ -170,17 +125,39 @@ TEST(ModMainSessieTest, TakeOverAndHandBackLeaveTheStoreAsItWasButForItsKnownQui
          {S(LM, NT, "Shell", "explorer.exe"), S(LM, NT, "AutoAdminLogon", "1"),
           S(LM, NT, "ForceAutoLogon", "2"), D(LM, NT, "DisableCAD", 1), D(LM, NT, "Logontype", 1),
           S(LM, NT, "DefaultDomain", "D2"), D(CU, INET, "ProxyEnable", 0)},
+         {},
+         "session-install,autologon-set global,logoff",
          {S(LM, NT, "ForceAutoLogon", "1"), Weg(LM, NT, "DefaultUsername"),
           Weg(LM, NT, "DefaultPassword"), Weg(LM, NT, "DefaultDomainName"),
-          Weg(CU, INET, "ProxyEnable")}},
-        {"nt standalone: the shell stays ours, an empty name also drops altDefaultUsername",
+          Weg(CU, INET, "ProxyEnable")},
+         "",
+         {}},
+        {"nt standalone: an empty password deletes password and domains, the shell stays ours",
          Familie::Nt,
          Modus::Standalone,
          "Tafelkrater",
          "",
          {S(LM, NT, "Shell", "explorer.exe"), S(LM, NT, "altDefaultUsername", "oud"),
           S(LM, NT, "DefaultPassword", "pw"), S(LM, NT, "DefaultDomain", "D")},
-         {S(LM, NT, "Shell", "/PROG/tafelkrater"), Weg(LM, NT, "altDefaultUsername")}},
+         {S(LM, NT, "ForceAutoLogon", "1"), S(LM, NT, "AutoAdminLogon", "1"),
+          D(LM, NT, "DisableCAD", 1), S(LM, NT, "DefaultUsername", "Tafelkrater"),
+          Weg(LM, NT, "DefaultPassword"), Weg(LM, NT, "DefaultDomainName"),
+          Weg(LM, NT, "DefaultDomain")},
+         "session-install,autologon-set tafelkrater,logoff",
+         {S(LM, NT, "Shell", "/PROG/tafelkrater"), Weg(LM, NT, "altDefaultUsername")},
+         "800x600", // too few parts
+         {}},
+        {"nt standalone without a name: no automatic logon",
+         Familie::Nt,
+         Modus::Standalone,
+         "",
+         "",
+         {S(LM, NT, "Shell", "explorer.exe")},
+         {Weg(LM, NT, "AutoAdminLogon"), Weg(LM, NT, "DefaultUsername")},
+         "session-install,logoff",
+         {S(LM, NT, "Shell", "/PROG/tafelkrater")},
+         "0x600x32", // no size
+         {}},
         {"98 standalone: the password comes back as the name, the caching flag stays set",
          Familie::W98,
          Modus::Standalone,
@@ -188,7 +165,14 @@ TEST(ModMainSessieTest, TakeOverAndHandBackLeaveTheStoreAsItWasButForItsKnownQui
          "Sleutelwrk42",
          {S(LM, W98, "DefaultUserName", "piet"), S(LM, W98, "DefaultPassword", "pw"),
           S(LM, W98, "AutoAdminLogon", "0")},
-         {S(LM, W98, "DefaultPassword", "piet"), S(LM, NET, "DisablePwdCaching", "1")}},
+         {S(LM, W98, "DontDisplayLastUserName", "1"), S(LM, W98, "AutoAdminLogon", "1"),
+          S(LM, W98, "DefaultUserName", "Tafelkrater"),
+          S(LM, W98, "DefaultPassword", "Sleutelwrk42"), S(LM, W98, "DefaultDomain", ""),
+          S(LM, NET, "DisablePwdCaching", "1")},
+         "session-install,autologon-set tafelkrater,keys-on,logoff",
+         {S(LM, W98, "DefaultPassword", "piet"), S(LM, NET, "DisablePwdCaching", "1")},
+         "800xbreedx32", // no number
+         {}},
         {"98 network: a saved caching flag returns to the network policies",
          Familie::W98,
          Modus::Netwerk,
@@ -197,40 +181,65 @@ TEST(ModMainSessieTest, TakeOverAndHandBackLeaveTheStoreAsItWasButForItsKnownQui
          {S(LM, W98, "DefaultUserName", "piet"), S(LM, NET, "DisablePwdCaching", "0"),
           S(LM, W98, "DontDisplayLastUserName", "0"), S(LM, W98, "DefaultDomain", "OUD"),
           D(CU, INET, "ProxyEnable", 1), S(CU, INET, "ProxyServer", "p:80")},
+         {},
+         "session-install,autologon-set global,keys-on,logoff",
          {S(LM, W98, "DefaultPassword", "piet"), S(LM, W98, "DefaultDomainName", "SCHOOL"),
           S(LM, "Network\\Logon", "username", "GLOBAL"),
           S(LM, "System\\CurrentControlSet\\Control", "Current User", "GLOBAL"),
-          S(CU, INET, "ProxyServer", "Ja")}},
+          S(CU, INET, "ProxyServer", "Ja")},
+         "1024x768x32",
+         {{1024, 768, 32}}},
     };
     for (const Rij& rij : rijen) {
         SCOPED_TRACE(rij.naam);
-        Werkstation w(rij.familie, rij.modus);
+        SessieWerkplek w(rij.familie, rij.modus);
         w.zetIni("Standalone", "Gebruikersnaam", rij.gebruiker);
         w.zetIni("Standalone", "Wachtwoord", rij.wachtwoord);
         w.zetIni("Netwerk", "Domein", "SCHOOL");
-        w.vul(rij.voor);
+        w.zetIni("Algemeen", "Resolutie", rij.resolutie);
+        vul(w, rij.voor);
+        const Beeld voor = beeld(w.platform.fakeRegistry());
+        // The program's own path stands in for its placeholder.
+        const QByteArray eigen = w.platform.programFile().toUtf8();
+        const auto echt = [&](Waarde v) {
+            if (v.tekst && qstrcmp(v.tekst, "/PROG/tafelkrater") == 0)
+                v.tekst = eigen.constData();
+            return v;
+        };
+
+        w.sessie.BewaarOpstartinstellingen();
+        w.sessie.WijzigOpstarten();
         Beeld verwacht = beeld(w.platform.fakeRegistry());
+        const Beeld overgenomen = verwacht;
+        for (const Waarde& v : rij.overgenomen)
+            zet(verwacht, v);
+        EXPECT_EQ(verwacht, overgenomen);
+        EXPECT_TRUE(w.sessie.IsShellIngesteld());
+        EXPECT_EQ(QString::fromLatin1(rij.acties), w.systeem.actions.join(u','));
+        if (rij.familie == Familie::W98) {
+            EXPECT_EQ(RegistryValue::other(QStringLiteral("hex:00")),
+                      w.platform.registry().read(LM,
+                                                 QString::fromLatin1(ModMainSessie::RealModeNet),
+                                                 QStringLiteral("Autologon")));
+        }
+
+        // What the start-up and the session do between the take-over and the hand-back.
+        w.sessie.ZetBureaubladachtergrond(true, true);
+        w.sessie.ZetBrowserbeperkingen(true);
+        w.sessie.ZetSysteembeperkingen(false, false);
+        w.sessie.TafelkraterDeactiveren(true);
+        verwacht = voor;
         for (const Waarde& b : browser)
             zet(verwacht, b);
-        for (const Waarde& v : rij.verschil) {
-            Waarde echt = v;
-            // The program's own path stands in for the placeholder.
-            static QByteArray eigen;
-            if (v.tekst && qstrcmp(v.tekst, "/PROG/tafelkrater") == 0) {
-                eigen = w.platform.programFile().toUtf8();
-                echt.tekst = eigen.constData();
-            }
-            zet(verwacht, echt);
-        }
+        for (const Waarde& v : rij.verschil)
+            zet(verwacht, echt(v));
         // The wallpaper values go back under both desktop keys, as empty strings when none were.
         for (auto [root, pad] : {std::pair{CU, ModMainSessie::Bureaublad},
                                  std::pair{US, ModMainSessie::StandaardBureaublad}})
             for (const char* naam : {"Wallpaper", "WallpaperStyle", "TileWallpaper"})
                 zet(verwacht, S(root, pad, naam, ""));
-
-        w.overnameEnTerug();
-
         EXPECT_EQ(verwacht, beeld(w.platform.fakeRegistry()));
+        EXPECT_EQ(rij.gevraagd, w.platform.fakeDisplay().asked);
         EXPECT_EQ(u"Nee", w.ini("Algemeen", "Geactiveerd"));
         const bool standaloneNt = rij.familie == Familie::Nt && rij.modus == Modus::Standalone;
         EXPECT_EQ(standaloneNt ? u"Ja" : u"", w.ini("Algemeen", "Account verwijderen"));
@@ -243,79 +252,6 @@ TEST(ModMainSessieTest, TakeOverAndHandBackLeaveTheStoreAsItWasButForItsKnownQui
         EXPECT_EQ(QStringList{QStringLiteral("Afsluiten")},
                   w.stappen.woorden.mid(0, 1)); // told before the session went
         EXPECT_TRUE(w.p.beeindigd);
-    }
-}
-
-TEST(ModMainSessieTest, TakeOverWritesTheLogonOfEachFamilyAndMode) {
-    struct Rij {
-        const char* naam;
-        Familie familie;
-        Modus modus;
-        const char* gebruiker;
-        const char* wachtwoord;
-        QList<Waarde> na;
-        QList<const char*> acties;
-    };
-    const Rij rijen[] = {
-        {"nt standalone with an empty password deletes password and domains",
-         Familie::Nt,
-         Modus::Standalone,
-         "Tafelkrater",
-         "",
-         {S(LM, NT, "ForceAutoLogon", "1"), S(LM, NT, "AutoAdminLogon", "1"),
-          D(LM, NT, "DisableCAD", 1), S(LM, NT, "DefaultUsername", "Tafelkrater"),
-          Weg(LM, NT, "DefaultPassword"), Weg(LM, NT, "DefaultDomainName"),
-          Weg(LM, NT, "DefaultDomain")},
-         {"session-install", "autologon-set tafelkrater", "logoff"}},
-        {"nt standalone without a name: no automatic logon",
-         Familie::Nt,
-         Modus::Standalone,
-         "",
-         "",
-         {Weg(LM, NT, "AutoAdminLogon"), Weg(LM, NT, "DefaultUsername")},
-         {"session-install", "logoff"}},
-        {"nt network logs on as GLOBAL with the fixed password and the domain",
-         Familie::Nt,
-         Modus::Netwerk,
-         "",
-         "",
-         {S(LM, NT, "DefaultUserName", "GLOBAL"), S(LM, NT, "DefaultPassword", "Sleutelwrk42"),
-          S(LM, NT, "DefaultDomainName", "SCHOOL"), S(LM, NT, "DefaultDomain", "SCHOOL")},
-         {"session-install", "autologon-set global", "logoff"}},
-        {"98 standalone writes the logon strings and the real-mode autologon",
-         Familie::W98,
-         Modus::Standalone,
-         "Tafelkrater",
-         "Sleutelwrk42",
-         {S(LM, W98, "DontDisplayLastUserName", "1"), S(LM, W98, "AutoAdminLogon", "1"),
-          S(LM, W98, "DefaultUserName", "Tafelkrater"),
-          S(LM, W98, "DefaultPassword", "Sleutelwrk42"), S(LM, W98, "DefaultDomain", ""),
-          S(LM, NET, "DisablePwdCaching", "1")},
-         {"session-install", "autologon-set tafelkrater", "keys-on", "logoff"}},
-    };
-    for (const Rij& rij : rijen) {
-        SCOPED_TRACE(rij.naam);
-        Werkstation w(rij.familie, rij.modus);
-        w.zetIni("Standalone", "Gebruikersnaam", rij.gebruiker);
-        w.zetIni("Standalone", "Wachtwoord", rij.wachtwoord);
-        w.zetIni("Netwerk", "Domein", "SCHOOL");
-        w.sessie.WijzigOpstarten();
-        Beeld na = beeld(w.platform.fakeRegistry());
-        Beeld verwacht = na;
-        for (const Waarde& v : rij.na)
-            zet(verwacht, v);
-        EXPECT_EQ(verwacht, na);
-        EXPECT_TRUE(w.sessie.IsShellIngesteld());
-        QStringList acties;
-        for (const char* a : rij.acties)
-            acties << QString::fromLatin1(a);
-        EXPECT_EQ(acties, w.systeem.actions);
-        if (rij.familie == Familie::W98) {
-            const auto autologon = w.platform.registry().read(
-                LM, QString::fromLatin1(ModMainSessie::RealModeNet), QStringLiteral("Autologon"));
-            ASSERT_TRUE(autologon.has_value());
-            EXPECT_EQ(RegistryValue::other(QStringLiteral("hex:00")), *autologon);
-        }
     }
 }
 
@@ -336,7 +272,7 @@ TEST(ModMainSessieTest, PoliciesAreStringsTaskManagerFollowsTheAccountAndMainten
     };
     for (const Rij& rij : rijen) {
         SCOPED_TRACE(rij.naam);
-        Werkstation w(Familie::Nt, rij.modus);
+        SessieWerkplek w(Familie::Nt, rij.modus);
         w.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
                                                  QString::fromLatin1(rij.account));
         w.sessie.ZetSysteembeperkingen(false, rij.metTaakbeheer);
@@ -383,7 +319,7 @@ TEST(ModMainSessieTest, ProxyFollowsTheSavedStateAndNeverTakesOverTheFilter) {
     };
     for (const Rij& rij : rijen) {
         SCOPED_TRACE(rij.naam);
-        Werkstation w(Familie::Nt, Modus::Netwerk);
+        SessieWerkplek w(Familie::Nt, Modus::Netwerk);
         w.zetIni("Oude opstartinstellingen", "Proxy", rij.proxy);
         w.zetIni("Oude opstartinstellingen", "ProxyServer", rij.server);
         w.platform.fakeProcesses().webProxy = QStringLiteral("vooraf");
@@ -405,29 +341,8 @@ TEST(ModMainSessieTest, ProxyFollowsTheSavedStateAndNeverTakesOverTheFilter) {
     }
 }
 
-TEST(ModMainSessieTest, TheHandBackGivesTheDisplayModeTheStartUpKeptBack) {
-    struct Rij {
-        const char* resolutie;
-        QList<DisplayMode> gevraagd;
-    };
-    const Rij rijen[] = {
-        {"800x600x16", {{800, 600, 16}}},
-        {"", {}},
-        {"800x600", {}},      // too few parts
-        {"800xbreedx32", {}}, // no number
-        {"0x600x32", {}},     // no size
-    };
-    for (const Rij& r : rijen) {
-        SCOPED_TRACE(r.resolutie);
-        Werkstation w(Familie::Nt, Modus::Netwerk);
-        w.zetIni("Algemeen", "Resolutie", r.resolutie);
-        w.sessie.TafelkraterDeactiveren(true);
-        EXPECT_EQ(r.gevraagd, w.platform.fakeDisplay().asked);
-    }
-}
-
 TEST(ModMainSessieTest, RegistryWriteTestLeavesNothingBehindAndFailsOnAReadOnlyStore) {
-    Werkstation w(Familie::Nt, Modus::Netwerk);
+    SessieWerkplek w(Familie::Nt, Modus::Netwerk);
     EXPECT_TRUE(w.sessie.ControleerRegisterSchrijfbaar());
     EXPECT_TRUE(beeld(w.platform.fakeRegistry()).empty());
     w.platform.fakeRegistry().setWritable(false);
@@ -454,7 +369,7 @@ TEST(ModMainSessieTest, SessionActionsLiftTheLimitsTellTheLauncherThenEndTheClie
     };
     for (const Rij& rij : rijen) {
         SCOPED_TRACE(rij.actie);
-        Werkstation w(Familie::Nt, Modus::Netwerk);
+        SessieWerkplek w(Familie::Nt, Modus::Netwerk);
         w.sessie.ZetBrowserbeperkingen(true);
         w.systeem.refused << QStringLiteral("reboot"); // a refused restart still ends the client
         EXPECT_EQ(rij.uitgevoerd, w.sessie.SessieActie(QString::fromLatin1(rij.actie)));
@@ -498,9 +413,9 @@ TEST(ModMainSessieTest, LogonAsAnotherAccountWritesTheFamilysValuesWithTheProgra
     };
     for (const Rij& rij : rijen) {
         SCOPED_TRACE(int(rij.familie));
-        Werkstation w(rij.familie, Modus::Netwerk);
+        SessieWerkplek w(rij.familie, Modus::Netwerk);
         w.zetIni("Netwerk", "Domein", "SCHOOL");
-        w.vul({S(LM, NT, "DefaultPassword", "oud")});
+        vul(w, {S(LM, NT, "DefaultPassword", "oud")});
         w.sessie.AanmeldenAlsAccount(QStringLiteral("global"), QString::fromLatin1(rij.wachtwoord),
                                      QStringLiteral("ANDER"), false);
         Beeld verwacht;
@@ -515,7 +430,7 @@ TEST(ModMainSessieTest, LogonAsAnotherAccountWritesTheFamilysValuesWithTheProgra
 }
 
 TEST(ModMainSessieTest, ContainedSettingRecordsEachActionAsOneLineAndChangesNothingElse) {
-    Werkstation w(Familie::Nt, Modus::Standalone);
+    SessieWerkplek w(Familie::Nt, Modus::Standalone);
     w.platform.fakeClock().setNow(QDateTime(QDate(2026, 11, 25), QTime(9, 41, 7)));
     ContainedSystemActions afgeschermd(w.map(), w.platform.clock());
     ModMainSessie sessie(w.p, afgeschermd);
@@ -554,7 +469,7 @@ TEST(ModMainSessieTest, SessionSettingIsContainedUnlessItSaysSysteem) {
     const bool systeem[] = {false, false, true, false};
     for (int i = 0; i < 4; ++i) {
         SCOPED_TRACE(waarden[i]);
-        Werkstation w(Familie::Nt, Modus::Netwerk);
+        SessieWerkplek w(Familie::Nt, Modus::Netwerk);
         w.zetIni("Instellingen", "Sessie", waarden[i]);
         EXPECT_EQ(systeem[i], ModMainSessie::SysteemInstelling(w.p));
     }

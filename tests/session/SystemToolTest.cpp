@@ -1,5 +1,7 @@
 #include "session/SystemTool.h"
 
+#include "tests/session/SessieWerkplek.h"
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QDirIterator>
@@ -24,12 +26,7 @@ class SystemToolTest : public testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(root.isValid());
-        QDir().mkpath(root.filePath(QStringLiteral("etc")));
-        QDir().mkpath(root.filePath(QStringLiteral("home")));
-        schrijf("etc/passwd", "root:x:0:0:root:/root:/bin/bash\n");
-        schrijf("etc/group", "root:x:0:\n");
-        schrijf("etc/shadow", "root:*:19000:0:99999:7:::\n");
-        schrijf("etc/gshadow", "root:*::\n");
+        tk::test::kaleRoot(root.path());
     }
     void schrijf(const char* pad, const QByteArray& inhoud) {
         QFile f(root.filePath(QString::fromLatin1(pad)));
@@ -140,57 +137,6 @@ TEST_F(SystemToolTest, WritesTheLogonSessionAndProxyFilesWholeAndRemovesThem) {
                             SystemTool::WallpaperPath})
         EXPECT_FALSE(QFileInfo::exists(root.filePath(QString::fromLatin1(pad)))) << pad;
 }
-
-TEST_F(SystemToolTest, NetMakesGroupsAndRemovesAccountsWithTheRealToolsUnderThePrefix) {
-    if (geteuid() != 0)
-        GTEST_SKIP() << "useradd --prefix needs root; CI runs the tests as root";
-    QFile hostPasswd(QStringLiteral("/etc/passwd"));
-    ASSERT_TRUE(hostPasswd.open(QIODevice::ReadOnly));
-    const QByteArray host = hostPasswd.readAll();
-    const auto net = [&](const QStringList& args) {
-        return start(QStringList{QStringLiteral("net")} + args);
-    };
-    const QString klaar = QStringLiteral("The command completed successfully.\n");
-    Uitkomst u = net({QStringLiteral("user"), QStringLiteral("Tafelkrater"),
-                      QStringLiteral("Sleutelwrk42"), QStringLiteral("/add"),
-                      QStringLiteral("/passwordreq:no"), QStringLiteral("/passwordchg:no")});
-    EXPECT_EQ(0, u.code);
-    EXPECT_EQ(klaar, u.uit);
-    EXPECT_TRUE(lees("etc/passwd").contains(u"\ntafelkrater:x:"));
-    EXPECT_TRUE(lees("etc/shadow").contains(u"\ntafelkrater:$6$"));
-    EXPECT_NE(0, net({QStringLiteral("user"), QStringLiteral("tafelkrater"), QStringLiteral("x"),
-                      QStringLiteral("/add")})
-                     .code)
-        << "an account that exists is not made again";
-
-    u = net({QStringLiteral("localgroup"), QStringLiteral("Administrators"),
-             QStringLiteral("SCHOOL\\Tafelkrater"), QStringLiteral("/add")});
-    EXPECT_EQ(klaar, u.uit);
-    EXPECT_TRUE(lees("etc/group").contains(u"\ntafelkrater-beheer:x:1000:tafelkrater\n"));
-    u = net({QStringLiteral("localgroup"), QStringLiteral("administrators"),
-             QStringLiteral("tafelkrater"), QStringLiteral("/add")});
-    EXPECT_EQ(QStringLiteral("The specified account name is already a member of the local "
-                             "group.\n"),
-              u.uit);
-    u = net({QStringLiteral("localgroup"), QStringLiteral("Administrators"),
-             QStringLiteral("niemand"), QStringLiteral("/add")});
-    EXPECT_NE(0, u.code);
-    EXPECT_FALSE(u.uit.contains(u"completed successfully"));
-
-    u = net({QStringLiteral("user"), QStringLiteral("Tafelkrater"), QStringLiteral("/delete")});
-    EXPECT_EQ(klaar, u.uit);
-    EXPECT_FALSE(lees("etc/passwd").contains(u"tafelkrater:"));
-    EXPECT_FALSE(QFileInfo::exists(root.filePath(QStringLiteral("home/tafelkrater"))));
-    EXPECT_NE(
-        0, net({QStringLiteral("user"), QStringLiteral("Tafelkrater"), QStringLiteral("/delete")})
-               .code);
-    hostPasswd.seek(0);
-    EXPECT_EQ(host, hostPasswd.readAll()) << "the machine's own accounts are untouched";
-}
-
-} // namespace
-
-namespace {
 
 // A program of the system with its output; code -1 when it could not be started.
 Uitkomst draai(const QString& programma, const QStringList& args,

@@ -1,73 +1,40 @@
 // The ways out of a running client: the stay on the system's desktop (what the way there changes
 // and starts, what each button of frmWindows does) and the escapes of the held function keys.
-#include "core/UnbuiltStartSteps.h"
-#include "platform/fake/FakeSystemActions.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "screens/taskbar/FrmWindowsView.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
-#include "session/ModMainSessie.h"
-#include "tests/support/OpnameSchermen.h"
-#include "tests/support/Werkplek.h"
+#include "tests/session/SessieWerkplek.h"
 
 #include <QPushButton>
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::Werkplek;
+using namespace tk::test;
 
 namespace {
 
-// The client's steps as far as this way out uses them: straight to the session.
-class SessieStappen : public UnbuiltStartSteps {
-public:
-    SessieStappen(Programma& p, ModMainSessie& s) : UnbuiltStartSteps(p), s(s) {}
-    void ZetProxy(bool aan) override { s.ZetProxy(aan); }
-    void NaarSysteembureaublad() override { s.NaarSysteembureaublad(); }
-    void StartVerkenner() override { s.StartVerkenner(); }
-    void TafelkraterDeactiveren() override { s.TafelkraterDeactiveren(true); }
-    void ZetAutomatischeAanmelding(const QString& a, const QString& w, const QString& d,
-                                   bool af) override {
-        s.AanmeldenAlsAccount(a, w, d, af);
-    }
-    bool StuurOpstartCommando(const QString& woord) override {
-        woorden << woord;
-        return true;
-    }
-    ModMainSessie& s;
-    QStringList woorden;
-};
-
-struct Omgeving : Werkplek {
-    explicit Omgeving(bool w98 = false) : sessie(p, systeem), stappen(p, sessie) {
+struct Omgeving : SessieWerkplek {
+    explicit Omgeving(bool w98 = false, Modus modus = Modus::Standalone)
+        : SessieWerkplek(w98 ? Familie::W98 : Familie::Nt, modus) {
         platform.fakeClock().setStepPerRead(50);
-        p.opstartStappen = &stappen;
         p.schermen = &schermen;
         p.maak(p.modMainAfsluiten, p);
-        p.modMain.MaakMappen(QStringLiteral("\\Data"));
-        p.modMain.IsWindows98 = w98;
-        platform.fakeEnvironment().setVariable(QStringLiteral("WINDIR"), QStringLiteral("\\W"));
         schrijf(QStringLiteral("W/system.ini"), "[boot]\r\nshell=/PROG/tafelkrater\r\n");
     }
     QString shell() {
         if (p.modMain.IsWindows98)
-            return p.modMain.LeesIni(QStringLiteral("boot"), QStringLiteral("shell"),
-                                     QStringLiteral("\\W\\system.ini"));
+            return ini("boot", "shell", QStringLiteral("\\W\\system.ini"));
         return p.modRegistry.LeesWaarde(RegistryRoot::LocalMachine,
                                         QString::fromLatin1(ModMainSessie::WinlogonNT),
                                         QStringLiteral("Shell"));
     }
-    FakeSystemActions systeem;
-    ModMainSessie sessie;
-    SessieStappen stappen;
-    test::OpnameSchermen schermen;
 };
 
 TEST(UitwegenTest, TheSystemsDesktopStartsFromItsSettingWhileTheShellStaysTheClients) {
     for (bool w98 : {false, true}) {
         SCOPED_TRACE(w98);
-        Omgeving o(w98);
-        o.p.modMain.ModusNetwerk = true;
+        Omgeving o(w98, Modus::Netwerk);
         o.sessie.proxyInGebruik = true;
         o.p.modMain.SchrijfIni(QStringLiteral("startxfce4 --replace"),
                                QStringLiteral("Instellingen"), QStringLiteral("Systeembureaublad"),
@@ -89,7 +56,7 @@ TEST(UitwegenTest, TheSystemsDesktopStartsFromItsSettingWhileTheShellStaysTheCli
 }
 
 TEST(UitwegenTest, EachButtonLogsOnAgainAsTheModesAccountOrAsksFirst) {
-    enum Modus { Standalone, Netwerk, Beheer };
+    constexpr auto Standalone = Modus::Standalone, Netwerk = Modus::Netwerk, Beheer = Modus::Beheer;
     struct Rij {
         const char* naam;
         Modus modus;
@@ -110,10 +77,7 @@ TEST(UitwegenTest, EachButtonLogsOnAgainAsTheModesAccountOrAsksFirst) {
     };
     for (const Rij& r : rijen) {
         SCOPED_TRACE(r.naam);
-        Omgeving o(r.w98);
-        o.p.modMain.ModusStandalone = r.modus == Standalone;
-        o.p.modMain.ModusNetwerk = r.modus == Netwerk;
-        o.p.modMain.ModusBeheer = r.modus == Beheer;
+        Omgeving o(r.w98, r.modus);
         FrmWindows& f = o.p.modMainAfsluiten->frmWindows;
         f.Laden(QStringLiteral("KLAS3"), QStringLiteral("geheim"));
         o.dialogen.antwoorden << QString::fromLatin1(r.antwoord);
@@ -188,7 +152,7 @@ TEST(UitwegenTest, TheWindowPaintsItsBandAndFrameAndFollowsTheModel) {
     f.Timer1_Timer();
     EXPECT_EQ(view.pos(), f.positie);
     // Back to the program: the window goes with its model.
-    o.p.modMain.ModusBeheer = true;
+    o.zetModus(Modus::Beheer);
     f.cmdKnop_Click(0);
     EXPECT_FALSE(view.isVisible());
 }
@@ -221,9 +185,7 @@ TEST(UitwegenTest, TheHeldFunctionKeysOfBothBarsLeaveTheClientTheirOwnWay) {
     for (const Rij& r : rijen) {
         SCOPED_TRACE(r.naam);
         for (bool bureaublad : {false, true}) {
-            Omgeving o;
-            o.p.modMain.ModusNetwerk = r.netwerk;
-            o.p.modMain.ModusStandalone = !r.netwerk;
+            Omgeving o(false, r.netwerk ? Modus::Netwerk : Modus::Standalone);
             bool gebruikt;
             if (bureaublad) {
                 o.p.maak(o.p.frmTaakbalk2, o.p);
