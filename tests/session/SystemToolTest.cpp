@@ -104,12 +104,9 @@ TEST_F(SystemToolTest, RefusesWhatIsNotOnItsListAndWritesNothing) {
 
 TEST_F(SystemToolTest, WritesTheLogonSessionAndProxyFilesWholeAndRemovesThem) {
     EXPECT_EQ(0, start({QStringLiteral("autologon-set"), QStringLiteral("tafelkrater")}).code);
-    const QString dropIn = lees(SystemTool::DropInPath);
-    EXPECT_EQ(SystemTool::lightdmDropIn(QStringLiteral("tafelkrater")), dropIn);
-    for (const char* regel :
-         {"[Seat:*]\n", "\nautologin-user=tafelkrater\n", "\nautologin-session=tafelkrater\n",
-          "\nuser-session=tafelkrater\n", "\ngreeter-session=lightdm-autologin-greeter\n"})
-        EXPECT_TRUE(dropIn.contains(QString::fromLatin1(regel))) << regel;
+    // What LightDM makes of it is checked against LightDM itself below.
+    EXPECT_EQ(SystemTool::lightdmDropIn(QStringLiteral("tafelkrater")),
+              lees(SystemTool::DropInPath));
     // A second account replaces the first whole; no temporary file stays beside it.
     EXPECT_EQ(0, start({QStringLiteral("autologon-set"), QStringLiteral("global")}).code);
     EXPECT_TRUE(lees(SystemTool::DropInPath).contains(u"autologin-user=global\n"));
