@@ -611,6 +611,7 @@ TEST(DownloadTest, TheSamePortsListenAgainAfterResetAndATakenPortIsAnError) {
     tweede.setLocalPortBinary(binair);
     EXPECT_FALSE(tweede.Listen());
     EXPECT_EQ(fouten.size(), 1);
+    tweede.setLocalPortBinary(0); // so that only the info port decides
     for (const qint64 poort : {qint64(-1), qint64(70000)}) {
         tweede.setLocalPortInfo(poort);
         EXPECT_FALSE(tweede.Listen()) << poort;
