@@ -260,8 +260,6 @@ SystemTool::Result SystemTool::net(const QStringList& args) {
         // One name answers as the system's own tool does; several (one call for a whole batch of
         // grants) answer with a line per name, the name as given first.
         const QStringList namen = a.mid(2, a.size() - 3);
-        if (namen.size() == 1 && !geldig(namen[0]))
-            return refused(QStringLiteral("'%1' is no account name Linux takes").arg(namen[0]));
         QStringList accounts;
         for (const QString& naam : namen)
             accounts << account(naam);

@@ -180,6 +180,7 @@ TEST(ModMainAccountsTest, AccountsAreMadeGrantedAndRemovedByTheRealProgramAndIts
 
     // The hand-back removes the account with its home folder; the machine's own stay.
     sessie.TafelkraterAccountVerwijderen();
+    EXPECT_FALSE(w.logboek().contains(u"refused")) << w.logboek().toStdString();
     EXPECT_FALSE(lees("etc/passwd").contains(u"tafelkrater:"));
     EXPECT_TRUE(lees("etc/passwd").contains(u"jansen:"));
     EXPECT_FALSE(QFileInfo::exists(root.filePath(QStringLiteral("home/tafelkrater"))));
