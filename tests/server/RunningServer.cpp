@@ -116,4 +116,11 @@ QStringList loadCategories(WireClient& c, const QString& letter) {
     return c.ask(QStringLiteral("LDNCA") + letter).mid(6).split(QStringLiteral(";<>;"));
 }
 
+void converse(WireClient& c, const QList<Exchange>& exchanges) {
+    for (const Exchange& e : exchanges) {
+        SCOPED_TRACE(e.request.left(60).toStdString());
+        EXPECT_EQ(e.reply, c.ask(e.request));
+    }
+}
+
 } // namespace tk::server::test

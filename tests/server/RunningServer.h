@@ -43,4 +43,12 @@ QList<QStringList> loadApplications(WireClient& c, const QString& letter);
 // Categories of a kind: the last ID first, then "id|naam" items.
 QStringList loadCategories(WireClient& c, const QString& letter);
 
+// A request and the one reply it must get, exactly.
+struct Exchange {
+    QString request;
+    QString reply;
+};
+// Plays the exchanges in their order on one connection; a failure names its request.
+void converse(WireClient& c, const QList<Exchange>& exchanges);
+
 } // namespace tk::server::test
