@@ -98,39 +98,21 @@ TEST_F(StandaardThemaTest, EightOrMoreNamedClassButtonColoursWithHoverPictures) 
 
 TEST_F(StandaardThemaTest, EveryColourAndPositionKeyReads) {
     const ThemeKeys k = m.keys();
-    for (const char* s : {"Laden",
-                          "Laadbalk rand",
-                          "Laadbalk status",
-                          "Laadbalk streep",
-                          "Koptekst",
-                          "Aanmeldentekst",
-                          "Laadbalk wachten streep",
-                          "Laadbalk wachten rand",
-                          "Bureaublad kop",
-                          "Bureaublad Icoon Achtergrond Hover",
-                          "Bureaublad Icoon Achtergrond Normaal",
-                          "Bureaublad Icoon Tekst",
-                          "Bureaublad Icoon Schaduw",
-                          "Onderhoudsmodule Menu help",
-                          "Onderhoudsmodule Laden",
-                          "Onderhoudsmodule Menu",
-                          "Onderhoudsmodule Menu sub",
-                          "Onderhoudsmodule Menu hover",
-                          "Onderhoudsmodule Menu geselecteerd",
-                          "Onderhoudsmodule Menu lijn",
-                          "Taakbalk accounts achtergrond",
-                          "Taakbalk accounts tekst",
-                          "Taakbalk accounts tekst geselecteerd",
-                          "Achtergrond taakbalk - Startscherm",
-                          "Achtergrond taakbalk - Onderhoudsmodule",
-                          "Achtergrond taakbalk - Bureaublad",
-                          "Taakbalk taken tekst",
-                          "Taakbalk taken tekst hover",
-                          "Taakbalk taken hover",
-                          "Taakbalk taken rand",
-                          "Taakbalk taken geselecteerd",
-                          "Taakbalk taken tekst geselecteerd"})
-        EXPECT_NO_THROW(k.colour("Kleuren", s)) << s;
+    const QStringList kleuren =
+        QString("Laden|Laadbalk rand|Laadbalk status|Laadbalk streep|Koptekst|Aanmeldentekst|"
+                "Laadbalk wachten streep|Laadbalk wachten rand|Bureaublad kop|"
+                "Bureaublad Icoon Achtergrond Hover|Bureaublad Icoon Achtergrond Normaal|"
+                "Bureaublad Icoon Tekst|Bureaublad Icoon Schaduw|Onderhoudsmodule Menu help|"
+                "Onderhoudsmodule Laden|Onderhoudsmodule Menu|Onderhoudsmodule Menu sub|"
+                "Onderhoudsmodule Menu hover|Onderhoudsmodule Menu geselecteerd|"
+                "Onderhoudsmodule Menu lijn|Taakbalk accounts achtergrond|Taakbalk accounts tekst|"
+                "Taakbalk accounts tekst geselecteerd|Achtergrond taakbalk - Startscherm|"
+                "Achtergrond taakbalk - Onderhoudsmodule|Achtergrond taakbalk - Bureaublad|"
+                "Taakbalk taken tekst|Taakbalk taken tekst hover|Taakbalk taken hover|"
+                "Taakbalk taken rand|Taakbalk taken geselecteerd|Taakbalk taken tekst geselecteerd")
+            .split('|');
+    for (const QString& s : kleuren)
+        EXPECT_NO_THROW(k.colour("Kleuren", s)) << s.toStdString();
     const struct {
         const char* sectie;
         QStringList woorden;

@@ -17,14 +17,13 @@ namespace {
 class ThemaTest : public ::testing::Test {
 protected:
     // A theme folder with its settings file ("" makes the folder only).
-    void thema(const QString& id, const QByteArray& ini,
-               const QString& iniNaam = "Instellingen.ini") {
+    void thema(const QString& id, const QByteArray& ini) {
         if (ini.isEmpty())
             QDir().mkpath(w.pad("Afbeeldingen/Skins/" + id));
         else
-            w.schrijf("Afbeeldingen/Skins/" + id + "/" + iniNaam, ini);
+            w.schrijf("Afbeeldingen/Skins/" + id + "/Instellingen.ini", ini);
         // The settings cache knows a file by its size and time: each rewrite gets its own time.
-        QFile f(w.pad("Afbeeldingen/Skins/" + id + "/" + iniNaam));
+        QFile f(w.pad("Afbeeldingen/Skins/" + id + "/Instellingen.ini"));
         if (f.open(QIODevice::ReadWrite))
             f.setFileTime(QDateTime::currentDateTime().addSecs(++m_keer),
                           QFileDevice::FileModificationTime);
@@ -45,7 +44,7 @@ protected:
 TEST_F(ThemaTest, StartUpFallsBackToOneThenStandaard) {
     struct Case {
         const char* thema;  // [Instellingen] Thema
-        QStringList metIni; // themes whose Instellingen.ini exists
+        QStringList metIni; // themes whose Instellingen.ini exists (or the file named)
         const char* gekozen;
         const char* naam;
     };
@@ -57,14 +56,16 @@ TEST_F(ThemaTest, StartUpFallsBackToOneThenStandaard) {
         {"8", {"Standaard"}, "Standaard", "Thema Standaard"},
         {"..", {"1"}, "1", "Thema 1"}, // not a folder of its own
         {"8\\..\\..\\Data", {"1"}, "1", "Thema 1"},
-        {"8", {}, "Standaard", ""}, // no further fallback
+        {"8", {}, "Standaard", ""},                         // no further fallback
+        {"3", {"1", "3/instellingen.INI"}, "3", "Thema 3"}, // the file in either spelling
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.thema);
         tk::test::Werkplek werkplek;
-        for (const QString& id : c.metIni)
-            werkplek.schrijf("Afbeeldingen/Skins/" + id + "/Instellingen.ini",
-                             "[Algemeen]\r\nNaam=Thema " + id.toUtf8() + "\r\n");
+        for (const QString& ini : c.metIni)
+            werkplek.schrijf(
+                "Afbeeldingen/Skins/" + (ini.contains('/') ? ini : ini + "/Instellingen.ini"),
+                "[Algemeen]\r\nNaam=Thema " + ini.section('/', 0, 0).toUtf8() + "\r\n");
         QDir().mkpath(werkplek.pad("Afbeeldingen/Skins/12")); // a folder without settings
         werkplek.schrijf("Data/Instellingen.ini",
                          QByteArray("[Instellingen]\r\nThema=") + c.thema + "\r\n");
@@ -77,14 +78,6 @@ TEST_F(ThemaTest, StartUpFallsBackToOneThenStandaard) {
         EXPECT_EQ(c.thema,
                   werkplek.p.modMain.LeesIni("Instellingen", "Thema", "\\Data\\Instellingen.ini"));
     }
-}
-
-TEST_F(ThemaTest, SettingsFileIsFoundInEitherSpelling) {
-    thema("3", "[Algemeen]\r\nNaam=Zee\r\n", "instellingen.INI");
-    kiesThema("3");
-    m.LaadThema();
-    EXPECT_EQ("3", m.huidigThema);
-    EXPECT_EQ("Zee", m.themaNaam);
 }
 
 TEST_F(ThemaTest, UserThemeFallsBackInTheReverseOrder) {
