@@ -19,39 +19,24 @@ TEST(SplitMessageTest, LongMessagesCutIntoSegmentsArriveWholeInBothDirections) {
     RunningServer server(true, 60, QString(), false,
                          [](ServerOptions& o) { o.pieceQuietMs = 500; });
     tk::test::SplittingProxy proxy(server.port(), 1400, 20);
-    tk::test::Werkplek w;
+    tk::test::Werkplek w(proxy.port(), tk::test::Werkplek::Rol::Netwerk);
     Programma& p = w.p;
-    p.maak(p.frmMain, p);
-    p.maak(p.modMainVerbinding, p);
-    p.modMain.ModusNetwerk = true;
-    p.modMain.MaakMappen(QStringLiteral("\\Data"));
-    p.modMain.SchrijfIni(QStringLiteral("127.0.0.1:%1").arg(proxy.port()),
-                         QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
-                         QString::fromLatin1(ModMain::Instellingen));
-    w.platform.fakeClock().setStepPerRead(100);
     p.frmMain->Berichten.setQuietMs(500);
-    ASSERT_TRUE(p.modMainVerbinding->BepaalServerlocatie() && p.frmMain->ServerVerbinden(true));
+    ASSERT_TRUE(w.verbind());
 
     QStringList list;
     for (int i = 0; list.join(QLatin1Char('|')).size() < 5000; ++i)
-        list << QStringLiteral("school%1.example.nl").arg(i);
+        list << QString("school%1.example.nl").arg(i);
     const QString sites = list.join(QLatin1Char('|'));
 
     // Towards the server: a save of more than three segments is stored whole.
-    p.frmMain->WS_Versturen(QStringLiteral("OPSITS") + sites, false);
-    EXPECT_TRUE(
-        waitFor([&] { return server.store().setting(QStringLiteral("allowed_sites")) == sites; }));
+    p.frmMain->WS_Versturen("OPSITS" + sites, false);
+    EXPECT_TRUE(waitFor([&] { return server.store().setting("allowed_sites") == sites; }));
     EXPECT_GE(proxy.splitToServer(), 1);
 
     // Towards the client: the answer of a load is one message, and the next one its own.
-    const auto vraag = [&](const QString& bericht) {
-        p.modMain.AntwoordOntvangen = false;
-        p.frmMain->WS_Versturen(bericht, false);
-        p.wacht.Tot([&] { return p.modMain.AntwoordOntvangen; });
-        return p.modMain.Antwoord;
-    };
-    EXPECT_EQ(sites, vraag(QStringLiteral("LDNITS")));
+    EXPECT_EQ(sites, w.vraag("LDNITS"));
     EXPECT_GE(proxy.splitToClient(), 1);
-    EXPECT_EQ(QStringLiteral("1043"), vraag(QStringLiteral("LDNTAA")));
+    EXPECT_EQ("1043", w.vraag("LDNTAA"));
     EXPECT_TRUE(w.meldingen().isEmpty()) << w.meldingen().join(QLatin1Char('\n')).toStdString();
 }
