@@ -192,6 +192,10 @@ TEST(ServerSaveTest, DeletesRemoveRecordsAndRefuseUnknownIds) {
     // The category's applications went with it: only those of category 2 and 3 are left.
     for (const QStringList& app : loadApplications(c, "K"))
         EXPECT_NE("1", app[2]);
+    // An empty teacher list is taken; the teachers it leaves out stay, in their order.
+    const auto teachers = loadTeachers(c);
+    converse(c, {{"OPSLRNbeheer;<>;0", "OPSLRNOK"}});
+    EXPECT_EQ(teachers, loadTeachers(c));
 }
 
 TEST(ServerStoreTest, EverythingSavedIsThereAfterARestart) {
@@ -301,6 +305,8 @@ TEST(ServerBadInputTest, BadMessagesAreRefusedOrDroppedAndNothingStoredIsLost) {
         {"OPSAPPk><1", "OPSAPPFOUT"},
         {"OPSCANgroep", "OPSCATFOUT"},
         {"OPSBEHk><abc><><><", "OPSBEHFOUT"},
+        {"OPSBEHk><2><7", "OPSBEHFOUT"}, // too few lists
+        {"LDNTH", nullptr},              // a theme without its ID
         {"OPSFAVGeenEigenaar;<>;1|2|3|4;<>;", "OPSFAVFOUT"},
         {"ACDNIEalleen", "ACDNIEFOUT"},
         {"LDNAPPPOSX1", "LDNAPPPOSFOUT"},
