@@ -11,18 +11,18 @@ using Knop = BrowserTabs::Knop;
 TEST(BrowserTabs, FortyTabsTakeTheFirstFreeSlotAndTheFortyFirstIsRefused) {
     BrowserTabs t;
     for (int i = 0; i < BrowserTabs::MaxTabs; ++i)
-        ASSERT_EQ(t.NieuwTabblad(QStringLiteral("t")), i);
-    EXPECT_EQ(t.NieuwTabblad(QStringLiteral("t")), -1);
+        ASSERT_EQ(t.NieuwTabblad("t"), i);
+    EXPECT_EQ(t.NieuwTabblad("t"), -1);
     EXPECT_EQ(t.aantal(), 40);
     EXPECT_EQ(t.TabIndex(), 39);
     // A closed slot in the middle is the next one taken, with a clean record, at the end of the
     // strip.
-    t.zetAdres(7, QStringLiteral("http://oud/"));
+    t.zetAdres(7, "http://oud/");
     t.zetGeladen(7, true);
     ASSERT_TRUE(t.Sluiten(7));
-    EXPECT_EQ(t.NieuwTabblad(QStringLiteral("nieuw")), 7);
+    EXPECT_EQ(t.NieuwTabblad("nieuw"), 7);
     EXPECT_EQ(t.strip().last(), 7);
-    EXPECT_EQ(t.tab(7).Titel, QStringLiteral("nieuw"));
+    EXPECT_EQ(t.tab(7).Titel, "nieuw");
     EXPECT_TRUE(t.tab(7).Adres.isEmpty());
     EXPECT_FALSE(t.tab(7).Geladen);
 }
@@ -91,28 +91,28 @@ TEST(BrowserTabs, EachTabKeepsItsOwnRecordAndOnlyTheActiveOneIsShown) {
     t.NieuwTabblad({});
     t.NieuwTabblad({});
     // Slot 1 is active.
-    EXPECT_FALSE(t.zetAdres(0, QStringLiteral("http://a/")));
-    EXPECT_FALSE(t.zetStatus(0, QStringLiteral("bezig a")));
+    EXPECT_FALSE(t.zetAdres(0, "http://a/"));
+    EXPECT_FALSE(t.zetStatus(0, "bezig a"));
     EXPECT_FALSE(t.zetVoortgang(0, 40, 200));
-    EXPECT_TRUE(t.zetAdres(1, QStringLiteral("http://b/")));
-    EXPECT_TRUE(t.zetTitel(1, QStringLiteral("B")));
+    EXPECT_TRUE(t.zetAdres(1, "http://b/"));
+    EXPECT_TRUE(t.zetTitel(1, "B"));
     EXPECT_TRUE(t.zetGeladen(1, true));
-    EXPECT_FALSE(t.zetStatus(9, QStringLiteral("vrij slot")));
-    EXPECT_FALSE(t.zetTitel(9, QStringLiteral("vrij slot")));
+    EXPECT_FALSE(t.zetStatus(9, "vrij slot"));
+    EXPECT_FALSE(t.zetTitel(9, "vrij slot"));
     EXPECT_FALSE(t.zetGeladen(9, true));
-    EXPECT_FALSE(t.zetAdres(-1, QStringLiteral("buiten")));
+    EXPECT_FALSE(t.zetAdres(-1, "buiten"));
     EXPECT_EQ(t.nieuweNavigatie(BrowserTabs::MaxTabs), 0u);
     EXPECT_EQ(t.nieuweNavigatie(-1), 0u);
-    EXPECT_EQ(t.tab(0).Adres, QStringLiteral("http://a/"));
-    EXPECT_EQ(t.tab(0).Status, QStringLiteral("bezig a"));
+    EXPECT_EQ(t.tab(0).Adres, "http://a/");
+    EXPECT_EQ(t.tab(0).Status, "bezig a");
     EXPECT_EQ(t.tab(0).Voortgang, 40);
     EXPECT_EQ(t.tab(0).Maximum, 200);
     EXPECT_FALSE(t.tab(0).Geladen);
-    EXPECT_EQ(t.tab(1).Adres, QStringLiteral("http://b/"));
+    EXPECT_EQ(t.tab(1).Adres, "http://b/");
     EXPECT_TRUE(t.tab(1).Geladen);
     EXPECT_TRUE(t.tab(9).Status.isEmpty());
     ASSERT_TRUE(t.WijzigTab(0));
-    EXPECT_TRUE(t.zetStatus(0, QStringLiteral("klaar")));
+    EXPECT_TRUE(t.zetStatus(0, "klaar"));
 }
 
 TEST(BrowserTabs, ToolbarButtonsByIndex) {
@@ -144,12 +144,6 @@ TEST(BrowserTabs, TheViewStandsBesideTheFavouritesPanelOrTakesTheWholeWidth) {
     EXPECT_EQ(BrowserTabs::favorietenPaneel(600), QRect(2, 2, 212, 596));
 }
 
-} // namespace
-} // namespace tk
-
-namespace tk {
-namespace {
-
 TEST(BrowserFavorieten, TheHeaderSetsTheFilterTheProxyAndTheActiveFavouritesTheTreeAndHomePage) {
     struct Geval {
         const char* antwoord;
@@ -159,7 +153,7 @@ TEST(BrowserFavorieten, TheHeaderSetsTheFilterTheProxyAndTheActiveFavouritesTheT
         QString thuis;
         bool proxy;
     };
-    const QString standaard = QStringLiteral(" http://school/ ");
+    const QString standaard = " http://school/ ";
     const Geval gevallen[] = {
         {"1|Ja|ja|Nee;<>;http://a/|A||Ja><http://b/|B||Nee><http://c/|C||JA",
          true,
@@ -191,11 +185,11 @@ TEST(BrowserFavorieten, TheHeaderSetsTheFilterTheProxyAndTheActiveFavouritesTheT
         EXPECT_EQ(b.proxy, g.proxy);
         ASSERT_EQ(b.lijst.size(), g.adressen.size());
         if (!b.lijst.isEmpty()) {
-            EXPECT_EQ(b.lijst.first().value(1), QStringLiteral("A"));
+            EXPECT_EQ(b.lijst.first().value(1), "A");
         }
     }
-    EXPECT_TRUE(BrowserFavorieten::uit(Favorieten::uitAntwoord(QStringLiteral("0|Nee|Nee|Nee;<>;")))
-                    .thuispagina.isEmpty());
+    EXPECT_TRUE(
+        BrowserFavorieten::uit(Favorieten::uitAntwoord("0|Nee|Nee|Nee;<>;")).thuispagina.isEmpty());
 }
 
 } // namespace
