@@ -4,6 +4,8 @@
 #include "A11yTree.h"
 #include "controls/AccessibleName.h"
 #include "screens/common/AccessibleFactory.h"
+#include "screens/common/PaintedControlAccessible.h"
+#include "screens/common/PaintedControls.h"
 #include "screens/desktop/FrmBureaubladView.h"
 #include "screens/start/FrmMainView.h"
 #include "screens/taskbar/FrmTaakbalk1View.h"
@@ -188,4 +190,106 @@ TEST(AccessibilityTest, DesktopItemsAndTaskButtonsAreNamedFromTheirModels) {
     QAccessibleInterface* rekenen = A11yTree::zoek(bureaublad, QAccessible::ListItem, "Rekenen");
     rekenen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(1, w.platform.fakeProcesses().started.size());
+}
+
+namespace {
+// A bare view with a list of painted controls that records its presses.
+struct ProefView : QWidget, PaintedControls {
+    QList<PaintedControl> lijst;
+    QList<int> gedrukt;
+    void druk(const PaintedControl& c) override { gedrukt << c.stop; }
+    QList<PaintedControl> maakGeschilderd() const override { return lijst; }
+};
+QStringList toestand(const QAccessible::State& s) {
+    QStringList uit;
+    const std::pair<bool, const char*> bits[] = {
+        {s.focusable, "focusable"}, {s.focused, "focused"},     {s.pressed, "pressed"},
+        {s.disabled, "disabled"},   {s.checkable, "checkable"}, {s.checked, "checked"},
+        {s.readOnly, "readOnly"},   {s.invisible, "invisible"}, {s.invalid, "invalid"}};
+    for (const auto& [aan, naam] : bits)
+        if (aan)
+            uit << naam;
+    return uit;
+}
+} // namespace
+
+TEST(AccessibilityTest, APaintedControlTellsItsStateAndPressesOnlyWhenItCan) {
+    // A control of each kind with the fields its `zet` names set, and what accessibility reads.
+    struct Case {
+        const char* naam;
+        const char* zet;
+        const char* toestand;
+        bool drukt;
+    };
+    const Case cases[] = {
+        {"Knop", "beschrijving", "focusable", true},
+        {"Vast", "focus ingedrukt", "focusable focused pressed", true},
+        {"Uit", "uitgeschakeld aanvinkbaar aangevinkt", "focusable disabled checkable checked",
+         false},
+        {"Tekst", "tekst", "readOnly", false},
+    };
+    ProefView view;
+    for (int i = 0; i < int(std::size(cases)); ++i) {
+        const QStringList zet = QString(cases[i].zet).split(' ');
+        PaintedControl c;
+        c.naam = cases[i].naam;
+        c.beschrijving = zet.contains("beschrijving") ? "Opent " + c.naam : QString();
+        c.focus = zet.contains("focus");
+        c.ingedrukt = zet.contains("ingedrukt");
+        c.uitgeschakeld = zet.contains("uitgeschakeld");
+        c.aanvinkbaar = zet.contains("aanvinkbaar");
+        c.aangevinkt = zet.contains("aangevinkt");
+        c.drukbaar = !zet.contains("tekst");
+        c.rol = c.drukbaar ? QAccessible::Button : QAccessible::StaticText;
+        c.plek = QRect(10, 10 + 30 * i, 80, 20);
+        c.stop = i + 1;
+        view.lijst << c;
+    }
+    view.resize(200, 200);
+    view.show();
+    for (int i = 0; i < int(std::size(cases)); ++i) {
+        const PaintedControl& c = view.lijst[i];
+        SCOPED_TRACE(cases[i].naam);
+        PaintedControlAccessible a(&view, &view, i);
+        EXPECT_TRUE(a.isValid());
+        EXPECT_EQ(c.rol, a.role());
+        EXPECT_EQ(c.naam, a.text(QAccessible::Name));
+        EXPECT_EQ(c.beschrijving, a.text(QAccessible::Description));
+        EXPECT_EQ("", a.text(QAccessible::Value));
+        EXPECT_EQ(QString(cases[i].toestand).split(' '), toestand(a.state()));
+        EXPECT_EQ(QRect(view.mapToGlobal(c.plek.topLeft()), c.plek.size()), a.rect());
+        EXPECT_EQ(cases[i].drukt ? QStringList{QAccessibleActionInterface::pressAction()}
+                                 : QStringList(),
+                  a.actionNames());
+        view.gedrukt.clear();
+        a.doAction(QAccessibleActionInterface::toggleAction());
+        a.doAction(QAccessibleActionInterface::pressAction());
+        EXPECT_EQ(cases[i].drukt ? QList<int>{c.stop} : QList<int>(), view.gedrukt);
+    }
+    // A control that went away, or whose view went, is no longer valid and tells nothing.
+    PaintedControlAccessible laatste(&view, &view, 3);
+    view.lijst.removeLast();
+    view.gewijzigd();
+    auto* weg = new ProefView;
+    weg->lijst = view.lijst;
+    PaintedControlAccessible zonderView(weg, weg, 0);
+    delete weg;
+    for (PaintedControlAccessible* a : {&laatste, &zonderView}) {
+        EXPECT_FALSE(a->isValid());
+        EXPECT_EQ("", a->text(QAccessible::Name));
+        EXPECT_EQ(QAccessible::NoRole, a->role());
+        EXPECT_EQ(QStringList{"invalid"}, toestand(a->state()));
+        EXPECT_TRUE(a->rect().isNull());
+        EXPECT_TRUE(a->actionNames().isEmpty());
+        a->doAction(QAccessibleActionInterface::pressAction());
+    }
+    EXPECT_EQ(nullptr, zonderView.parent());
+    EXPECT_TRUE(view.gedrukt.isEmpty());
+    // A hidden view's controls are there but not seen; a control acts, it holds no text.
+    view.hide();
+    PaintedControlAccessible eerste(&view, &view, 0);
+    EXPECT_EQ(QStringList({"focusable", "invisible"}), toestand(eerste.state()));
+    EXPECT_NE(nullptr, eerste.actionInterface());
+    EXPECT_EQ(nullptr, eerste.textInterface());
+    EXPECT_FALSE(PaintedControlAccessible(&view, &view, -1).isValid());
 }
