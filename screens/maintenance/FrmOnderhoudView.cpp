@@ -10,6 +10,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
 
 namespace tk {
 
@@ -162,8 +163,7 @@ void FrmOnderhoudView::druk(const PaintedControl& control) {
     m.Kies(control.stop);
 }
 
-void FrmOnderhoudView::tekenMenu(QPainter& g, const QRect& vak) {
-    const Ondergrond achter{m_achtergrond, size(), achtergrondKleur()};
+void FrmOnderhoudView::tekenMenu(QPainter& g, const QRect& vak, const Ondergrond& achter) {
     for (int gr = 0; gr < FrmOnderhoud::Groepen && !m.cel(gr, 0, FrmOnderhoud::Tekst).isEmpty();
          ++gr) {
         int soort = -1;
@@ -220,16 +220,27 @@ void FrmOnderhoudView::paintEvent(QPaintEvent* e) {
         g.drawImage(rect(), m_achtergrond);
     else
         g.fillRect(rect(), achtergrondKleur());
-    g.setPen(kleur(m.kleurMenu));
+    // The title and the log-off stand on the theme's band: outlined where they do not stand out
+    // from it (not the dead log-off while a record is edited).
+    const Ondergrond achter{m_achtergrond, size(), achtergrondKleur()};
+    auto schrijf = [&](const QRect& vak, Qt::Alignment uitlijning, const QString& tekst,
+                       const QColor& kleur, bool levend) {
+        const QFontMetrics fm(g.font());
+        const QRect inkt = QStyle::alignedRect(
+            Qt::LeftToRight, uitlijning, QSize(fm.horizontalAdvance(tekst), fm.height()), vak);
+        Contrast::schrijf(g, QPoint(inkt.left(), inkt.top() + fm.ascent()), tekst, kleur,
+                          levend && achter.randNodig(kleur, inkt));
+    };
     QFont kop(QStringLiteral("Verdana"));
     kop.setPixelSize(26);
     kop.setBold(true);
     g.setFont(kop);
-    g.drawText(QRect(80, 30, 600, 40), Qt::AlignLeft | Qt::AlignVCenter, m.lblKop);
+    schrijf(QRect(80, 30, 600, 40), Qt::AlignLeft | Qt::AlignVCenter, m.lblKop, kleur(m.kleurMenu),
+            true);
     g.setPen(kleur(m.kleurLijn));
     g.drawLine(290, 100, 290, 640);
 
-    tekenMenu(g, vak);
+    tekenMenu(g, vak, achter);
     const QRect ring = focusVak(m_focusStop);
     if (!ring.isEmpty())
         FocusRing::teken(g, ring, kleur(m.kleurMenu));
@@ -239,8 +250,8 @@ void FrmOnderhoudView::paintEvent(QPaintEvent* e) {
     g.setFont(klein);
     g.setPen(kleur(m.kleurHelp));
     g.drawText(QRect(m.plekHelp, QSize(250, 60)), Qt::TextWordWrap | Qt::AlignLeft, m.lblMenuHelp);
-    g.setPen(kleur(m.BewerkModus ? FrmOnderhoud::LichtGrijs : m.kleurMenu));
-    g.drawText(m.afmeldenVak(), Qt::AlignRight | Qt::AlignVCenter, m.lblAfmelden);
+    schrijf(m.afmeldenVak(), Qt::AlignRight | Qt::AlignVCenter, m.lblAfmelden,
+            kleur(m.BewerkModus ? FrmOnderhoud::LichtGrijs : m.kleurMenu), !m.BewerkModus);
     if (m.picMenuInfoZichtbaar) {
         g.fillRect(m.infoVak(), kleur(m.kleurLijn).lighter(110));
         g.setPen(kleur(m.kleurMenu));

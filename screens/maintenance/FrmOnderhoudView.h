@@ -56,7 +56,7 @@ private:
     void zetFocus(int stop);
     // Where the ring of a focus stop stands; empty when the stop is not shown.
     QRect focusVak(int stop) const;
-    void tekenMenu(class QPainter& g, const QRect& vak);
+    void tekenMenu(class QPainter& g, const QRect& vak, const struct Ondergrond& achter);
     FrmOnderhoud& m;
     QImage m_achtergrond;
     QString m_achtergrondPad;

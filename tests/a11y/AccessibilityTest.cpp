@@ -5,6 +5,7 @@
 #include "screens/common/AccessibleFactory.h"
 #include "screens/common/PaintedControlAccessible.h"
 #include "screens/common/PaintedControls.h"
+#include "screens/common/PaintingViewAccessible.h"
 #include "screens/desktop/FrmBureaubladView.h"
 #include "screens/start/FrmMainView.h"
 #include "screens/taskbar/FrmTaakbalk1View.h"
@@ -247,7 +248,11 @@ TEST(AccessibilityTest, APaintedControlTellsItsStateAndPressesOnlyWhenItCan) {
          false},
         {"Tekst", "tekst", "readOnly", false},
     };
-    ProefView view;
+    QWidget venster;
+    auto& view = *new ProefView;
+    view.setParent(&venster);
+    view.setWindowTitle("Proef");
+    (new QWidget(&view))->setGeometry(150, 150, 20, 20); // a widget child comes first
     for (int i = 0; i < int(std::size(cases)); ++i) {
         const QStringList zet = QString(cases[i].zet).split(' ');
         PaintedControl c;
@@ -265,7 +270,7 @@ TEST(AccessibilityTest, APaintedControlTellsItsStateAndPressesOnlyWhenItCan) {
         view.lijst << c;
     }
     view.resize(200, 200);
-    view.show();
+    venster.show();
     for (int i = 0; i < int(std::size(cases)); ++i) {
         const PaintedControl& c = view.lijst[i];
         SCOPED_TRACE(cases[i].naam);
@@ -285,6 +290,25 @@ TEST(AccessibilityTest, APaintedControlTellsItsStateAndPressesOnlyWhenItCan) {
         a.doAction(QAccessibleActionInterface::pressAction());
         EXPECT_EQ(cases[i].drukt ? QList<int>{c.stop} : QList<int>(), view.gedrukt);
     }
+    // The view: its widget child, then a child per control, found at its place; named after
+    // its title.
+    AccessibleFactory::installeren();
+    QAccessibleInterface* ouder = QAccessible::queryAccessibleInterface(&view);
+    ASSERT_EQ(1 + int(std::size(cases)), ouder->childCount());
+    EXPECT_EQ("Proef", ouder->text(QAccessible::Name));
+    EXPECT_EQ("", ouder->text(QAccessible::Description));
+    for (int i = 0; i < int(std::size(cases)); ++i) {
+        const QPoint midden = view.mapToGlobal(view.lijst[i].plek.center());
+        QAccessibleInterface* kind = ouder->childAt(midden.x(), midden.y());
+        ASSERT_NE(nullptr, kind) << i;
+        EXPECT_EQ(1 + i, ouder->indexOfChild(kind));
+    }
+    // Without a listener no focus is told, and the last one told is forgotten, so that a
+    // screen reader that comes hears the focus anew (offscreen accessibility is never on: the
+    // told focus is the AT-SPI walk's).
+    int gemeld = 3;
+    PaintingViewAccessible::meldFocus(&view, view, gemeld);
+    EXPECT_EQ(-1, gemeld);
     // A control that went away, or whose view went, is no longer valid and tells nothing.
     PaintedControlAccessible laatste(&view, &view, 3);
     view.lijst.removeLast();

@@ -404,36 +404,46 @@ TEST(ContrastTest, MaintenanceMenuReadsOnEveryLookAndShowsTheChosenRow) {
         auto kleurVan = [](quint32 bgr) {
             return QColor(int(bgr & 0xff), int(bgr >> 8 & 0xff), int(bgr >> 16 & 0xff));
         };
-        struct Rij {
+        // The title and the log-off on the band, and the menu rows (their ink within their
+        // hit boxes, bold headings too).
+        struct Bijschrift {
             QString naam;
             QColor kleur;
-            QRect vak;
+            QRect gebied;
+            bool rij;
         };
-        QList<Rij> rijen;
+        QList<Bijschrift> bijschriften = {
+            {f.lblKop, kleurVan(f.kleurMenu), QRect(80, 30, 600, 40), false},
+            {f.lblAfmelden, kleurVan(f.kleurMenu), f.afmeldenVak(), false}};
         for (int g = 0; g < FrmOnderhoud::Groepen; ++g)
             for (int r = 0; r < FrmOnderhoud::Rijen; ++r)
-                if (f.cel(g, r, FrmOnderhoud::Getoond) == "ja")
-                    rijen.append({f.cel(g, r, FrmOnderhoud::Tekst),
-                                  kleurVan(f.cel(g, r, FrmOnderhoud::Kleur).toUInt()),
-                                  f.rijVak(g, r)});
-        // What lies under the captions: the same window with them blank.
-        for (int g = 0; g < FrmOnderhoud::Groepen; ++g)
-            for (int r = 0; r < FrmOnderhoud::Rijen; ++r)
-                if (f.cel(g, r, FrmOnderhoud::Getoond) == "ja")
+                if (f.cel(g, r, FrmOnderhoud::Getoond) == "ja") {
+                    bijschriften.append({f.cel(g, r, FrmOnderhoud::Tekst),
+                                         kleurVan(f.cel(g, r, FrmOnderhoud::Kleur).toUInt()),
+                                         f.rijVak(g, r), true});
                     f.cel(g, r, FrmOnderhoud::Tekst) = " ";
+                }
+        // What lies under the captions: the same window with them blank.
+        f.lblKop = f.lblAfmelden = "";
         const QImage kaal = view.grab().toImage();
-        ASSERT_EQ(rijen.size(), 8); // seven headings and Server
-        for (const Rij& rij : rijen) {
-            leest((thema ? "theme menu " : "plain menu ") + rij.naam.toStdString(), rij.kleur, kaal,
-                  rij.vak, beeld);
-            // The caption's ink stays inside the row's hit box, bold headings too.
+        ASSERT_EQ(bijschriften.size(), 10); // title, log-off, seven headings, Server
+        for (const Bijschrift& b : bijschriften) {
+            const QRect zoek =
+                b.rij ? QRect(QPoint(b.gebied.left() - 2, b.gebied.top()),
+                              QPoint(FrmOnderhoudView::menuVak().right() - 1, b.gebied.bottom()))
+                      : b.gebied;
             QRect inkt;
-            for (int y = rij.vak.top(); y <= rij.vak.bottom(); ++y)
-                for (int x = rij.vak.left() - 2; x < FrmOnderhoudView::menuVak().right(); ++x)
+            for (int y = zoek.top(); y <= zoek.bottom(); ++y)
+                for (int x = zoek.left(); x <= zoek.right(); ++x)
                     if (beeld.pixel(x, y) != kaal.pixel(x, y))
                         inkt |= QRect(x, y, 1, 1);
-            EXPECT_LE(inkt.right(), rij.vak.right() + 1) << rij.naam.toStdString();
-            EXPECT_GE(inkt.left(), rij.vak.left() - 1) << rij.naam.toStdString();
+            ASSERT_FALSE(inkt.isEmpty()) << b.naam.toStdString();
+            leest((thema ? "theme: " : "plain: ") + b.naam.toStdString(), b.kleur, kaal, inkt,
+                  beeld);
+            if (b.rij) {
+                EXPECT_LE(inkt.right(), b.gebied.right() + 1) << b.naam.toStdString();
+                EXPECT_GE(inkt.left(), b.gebied.left() - 1) << b.naam.toStdString();
+            }
         }
         // The chosen row is drawn in the chosen colour, unlike any row not chosen, and with a
         // bar before it.
