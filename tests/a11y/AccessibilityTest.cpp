@@ -288,7 +288,9 @@ TEST(AccessibilityTest, APaintedControlTellsItsStateAndPressesOnlyWhenItCan) {
         view.gedrukt.clear();
         a.doAction(QAccessibleActionInterface::toggleAction());
         a.doAction(QAccessibleActionInterface::pressAction());
-        EXPECT_EQ(cases[i].drukt ? QList<int>{c.stop} : QList<int>(), view.gedrukt);
+        // (an empty QList<int> compared with == trips UBSan inside Qt 6.4: compare sizes)
+        EXPECT_EQ(cases[i].drukt ? 1 : 0, view.gedrukt.size());
+        EXPECT_EQ(cases[i].drukt ? c.stop : -1, view.gedrukt.value(0, -1));
     }
     // The view: its widget child, then a child per control, found at its place; named after
     // its title.
