@@ -305,8 +305,10 @@ TEST(ServerBadInputTest, BadMessagesAreRefusedOrDroppedAndNothingStoredIsLost) {
         {"OPSAPPk><1", "OPSAPPFOUT"},
         {"OPSCANgroep", "OPSCATFOUT"},
         {"OPSBEHk><abc><><><", "OPSBEHFOUT"},
-        {"OPSBEHk><2><7", "OPSBEHFOUT"}, // too few lists
-        {"LDNTH", nullptr},              // a theme without its ID
+        {"OPSBEHk><2><7", "OPSBEHFOUT"},             // too few lists
+        {"OPSBEHa><1><7|a1><Nee><a1", "OPSBEHFOUT"}, // everyone's applications have no desktop
+        {"OPSBEHx><1><7|a1><Nee><a1", "OPSBEHFOUT"},
+        {"LDNTH", nullptr}, // a theme without its ID
         {"OPSFAVGeenEigenaar;<>;1|2|3|4;<>;", "OPSFAVFOUT"},
         {"ACDNIEalleen", "ACDNIEFOUT"},
         {"LDNAPPPOSX1", "LDNAPPPOSFOUT"},
