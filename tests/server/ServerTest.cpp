@@ -61,6 +61,25 @@ TEST(ServerLoadTest, ABlockStaysSmallAndAFullTableSplitsIntoSeveralBlocks) {
     EXPECT_EQ(21, loadClasses(c).size());
 }
 
+TEST(ServerSaveTest, AFullKindRefusesANewCategoryOrApplicationButTakesChanges) {
+    RunningServer s;
+    WireClient c(s.port());
+    for (int n = loadCategories(c, "A").size() - 1; n < Store::maxCategories; ++n)
+        ASSERT_TRUE(c.ask(QString("OPSCANalgemeen;<>;-1;<>;Soort %1").arg(n)).startsWith("OPSCAT"));
+    EXPECT_EQ("OPSCATFOUT", c.ask("OPSCANalgemeen;<>;-1;<>;Een te veel"));
+    const auto save = [&](const QString& id, const QString& naam) {
+        return c.ask("OPSAPPa><" + id + "><ja><" + naam + "><1><x><eigen><><><800x600x16xJA");
+    };
+    QString app;
+    for (int n = loadApplications(c, "A").size(); n < Store::maxApplications; ++n) {
+        app = field(c.ask("OPSAPPNIEa"), "OPSAPP");
+        ASSERT_EQ("OPSAPPOK", save(app, "App"));
+    }
+    EXPECT_EQ("OPSAPPFOUT", save(field(c.ask("OPSAPPNIEa"), "OPSAPP"), "Een te veel"));
+    EXPECT_EQ("OPSAPPOK", save(app, "Gewijzigd"));
+    EXPECT_EQ("Gewijzigd", loadApplications(c, "A").last()[1]);
+}
+
 TEST(ServerSaveTest, SavedRecordsComeBackInTheirColumns) {
     RunningServer s;
     WireClient c(s.port());
@@ -120,6 +139,8 @@ TEST(ServerSaveTest, SavedRecordsComeBackInTheirColumns) {
     const QString cat = field(c.ask("OPSCANgroep;<>;-1;<>;Muziek"), "OPSCAT");
     const QString cat2 = field(c.ask("OPSCANgroep;<>;Natuur;<>;-1"), "OPSCAT");
     EXPECT_NE(cat, cat2);
+    EXPECT_EQ(QStringList({cat + "|Muziek", cat2 + "|Natuur"}), loadCategories(c, "K").mid(4))
+        << "a new category comes last of its kind";
     converse(c, {{QString("OPSCANgroep;<>;%1;<>;Zang").arg(cat), "OPSCAT" + cat},
                  {QString("OPSCATklas;<>;nee;<>;nee;<>;1><%1><Zang;<>;2><1><Rekenen").arg(cat),
                   "OPSCATOK"}});
@@ -133,6 +154,12 @@ TEST(ServerSaveTest, SavedRecordsComeBackInTheirColumns) {
     EXPECT_EQ(QStringList({app, "Ogen", "1", "/usr/bin/xeyes", "Kijk mee", "eigen",
                            "-geometry 200x200", "800x600x16xJA"}),
               loadApplications(c, "A").last());
+    // Saved again, it changes in its place.
+    const qsizetype apps = loadApplications(c, "A").size();
+    EXPECT_EQ("OPSAPPOK",
+              c.ask("OPSAPPa><" + app + "><ja><Oog><1><xeyes><eigen><><><800x600x16xJA"));
+    EXPECT_EQ(apps, loadApplications(c, "A").size());
+    EXPECT_EQ("Oog", loadApplications(c, "A").last()[1]);
 
     // Desktop, positions, favourites, word list in pieces, sites, settings, accounts.
     converse(c, {
@@ -300,6 +327,7 @@ TEST(ServerBadInputTest, BadMessagesAreRefusedOrDroppedAndNothingStoredIsLost) {
         {"LDNKLSDAabc", "LDNKLSDAFOUT"},
         {"LDNAPKDAT999", "LDNAPKDATFOUT"},
         {"OPSKLZ1><te><weinig", "OPSKLZFOUT"},
+        {"OPSKLZkopie99><Kopie><K><1a.jpg><Geen><k><w><1><Ja><><0,0><1", "OPSKLZFOUT"}, // no 99
         {"OPSKLZ1><Groep;<>;1><a><b><c><d><e><f><g><h><i><j", "OPSKLZFOUT"},
         {"OPSLRZ0><alleen", "OPSLRZFOUT"},
         {"OPSAPPk><1", "OPSAPPFOUT"},
