@@ -152,13 +152,9 @@ void ModMain::LaadTaal() {
     p.modTaal.ProgrammaPad = p.platform.programFile();
     QString waarde;
     bool vanServer = false;
-    if (Verbonden()) {
-        AntwoordOntvangen = false;
-        p.kanaal->WS_Versturen(QString(wire::LDNTAA), false);
-        if (p.wacht.Tot([this] { return AntwoordOntvangen; }) == Wacht::Uitkomst::Voldaan) {
-            waarde = Antwoord;
-            vanServer = true;
-        }
+    if (const auto antwoord = Vraag(QString(wire::LDNTAA))) {
+        waarde = *antwoord;
+        vanServer = true;
     }
     if (!vanServer) {
         waarde = p.modRegistry.LeesWaarde(RegistryRoot::LocalMachine,
@@ -191,6 +187,23 @@ QString ModMain::ToonVraag(const QString& titel, const QString& tekst, const QSt
     if (!p.dialogen)
         return QString();
     return p.dialogen->vraag(titel, tekst, stijl);
+}
+
+std::optional<QString> ModMain::Vraag(const QString& bericht, Klasse klasse,
+                                      const std::function<void()>& naVersturen) {
+    if (!Verbonden())
+        return std::nullopt;
+    const bool opslaan = klasse == KlasseB;
+    bool& ontvangen = opslaan ? AntwoordOpslaanOntvangen : AntwoordOntvangen;
+    if (opslaan)
+        AntwoordOpslaan.clear();
+    ontvangen = false;
+    p.kanaal->WS_Versturen(bericht, false);
+    if (naVersturen)
+        naVersturen();
+    if (p.wacht.Tot([&ontvangen] { return ontvangen; }) != Wacht::Uitkomst::Voldaan)
+        return std::nullopt;
+    return opslaan ? AntwoordOpslaan : Antwoord;
 }
 
 bool ModMain::Verbonden() {

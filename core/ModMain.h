@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+#include <functional>
+#include <optional>
 
 namespace tk {
 
@@ -43,6 +45,18 @@ public:
     void Wacht(qint64 ms);
     QString ToonVraag(const QString& titel, const QString& tekst, const QString& stijl);
     bool Verbonden();
+    // The reply slot a question waits on: class A (AntwoordOntvangen, for ACD, LDN and INF
+    // answers) or class B (AntwoordOpslaanOntvangen, for OPS and VWN answers: saves, deletes).
+    enum Klasse { KlasseA, KlasseB };
+    // The one wait for an answer of the server: clears the slot's flag, sends `bericht`, calls
+    // `naVersturen` (a loader clears its table there), and pumps until the dispatcher raises the
+    // flag. The answer, or nothing when there is no link or the link went while waiting.
+    // There is deliberately no time limit: a question is answered or the link goes, and a lost
+    // link ends every wait (the client then says so and restarts). A limit would have to guess
+    // how long a server may take over a large save, and an edit that timed out would not know
+    // whether the server had stored it.
+    std::optional<QString> Vraag(const QString& bericht, Klasse klasse = KlasseA,
+                                 const std::function<void()>& naVersturen = {});
     // The system's name, upper-cased by the caller where needed ("Windows XP").
     QString WindowsNaam();
     // "<major>.<minor>.<revision>" of this program.

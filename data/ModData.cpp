@@ -55,35 +55,9 @@ bool ModData::verbonden() {
     return p.modMain.Verbonden() && p.kanaal;
 }
 
-std::optional<QString> ModData::vraag(const QString& bericht,
-                                      const std::function<void()>& naVersturen) {
-    if (!verbonden())
-        return std::nullopt;
-    ModMain& m = p.modMain;
-    m.AntwoordOntvangen = false;
-    p.kanaal->WS_Versturen(bericht, false);
-    if (naVersturen)
-        naVersturen();
-    if (p.wacht.Tot([&m] { return m.AntwoordOntvangen; }) != Wacht::Uitkomst::Voldaan)
-        return std::nullopt;
-    return m.Antwoord;
-}
-
-std::optional<QString> ModData::vraagOpslaan(const QString& bericht) {
-    if (!verbonden())
-        return std::nullopt;
-    ModMain& m = p.modMain;
-    m.AntwoordOpslaan.clear();
-    m.AntwoordOpslaanOntvangen = false;
-    p.kanaal->WS_Versturen(bericht, false);
-    if (p.wacht.Tot([&m] { return m.AntwoordOpslaanOntvangen; }) != Wacht::Uitkomst::Voldaan)
-        return std::nullopt;
-    return m.AntwoordOpslaan;
-}
-
 QString ModData::haal(const QString& bericht, const QString& sectie, const QString& sleutel,
                       int echo) {
-    if (const auto antwoord = vraag(bericht)) {
+    if (const auto antwoord = p.modMain.Vraag(bericht)) {
         const QString waarde = antwoord->mid(echo);
         cache.write(sectie, sleutel, waarde);
         return waarde;
@@ -166,7 +140,8 @@ void ModData::LaadCategorien(int soort) {
         const QString letter = QString(wire::kindLetters[soort]);
         const QString sleutel = QString::number(soort);
         QString antwoord;
-        if (const auto a = vraag(wire::LDNCA + letter, [&] { tabel.leegmaken(); })) {
+        if (const auto a = p.modMain.Vraag(wire::LDNCA + letter, ModMain::KlasseA,
+                                           [&] { tabel.leegmaken(); })) {
             antwoord = *a;
             cache.write(t("Categorien"), sleutel, antwoord);
         } else {
@@ -193,7 +168,8 @@ void ModData::LaadApplicaties(int soort) {
         const QString sectie = t("Applicaties: ") + QString::number(soort);
         QString info;
         // The command goes out first, then the table is cleared, then the answer is awaited.
-        if (const auto a = vraag(voorvoegsel + wire::SNC, [&] { tabel.leegmaken(); })) {
+        if (const auto a = p.modMain.Vraag(voorvoegsel + wire::SNC, ModMain::KlasseA,
+                                           [&] { tabel.leegmaken(); })) {
             info = *a;
             cache.write(sectie, t("Info"), info);
         } else {
@@ -308,7 +284,7 @@ QString ModData::haalApart(const char* procedure, const QString& bericht, const 
             meldProcedureFout(p, procedure, f.omschrijving(), QString::number(f.lijn()), false);
         }
     }
-    if (const auto antwoord = vraag(bericht)) {
+    if (const auto antwoord = p.modMain.Vraag(bericht)) {
         c.write(sectie, sleutel, *antwoord);
         if (eigen && leesbaar) {
             p.modMain.MaakMappen(t("\\Data"));

@@ -131,11 +131,6 @@ private:
     // cache is read.
     QString haal(const QString& bericht, const QString& sectie, const QString& sleutel,
                  int echo = 0);
-    // A class A request: the answer, or nothing when the link is absent or went while waiting.
-    std::optional<QString> vraag(const QString& bericht,
-                                 const std::function<void()>& naVersturen = {});
-    // A class B request (saves and deletes).
-    std::optional<QString> vraagOpslaan(const QString& bericht);
     bool verbonden();
     void laadBlokken(const QString& snc, const QString& da, const QString& sectie,
                      QString& laatsteID, const std::function<void(int, const QStringList&)>& zet);

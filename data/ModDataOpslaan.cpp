@@ -64,7 +64,8 @@ QString ModData::LerarenBericht(const QString& tekst) {
 QString ModData::OpslaanKlasRecord(int rij, bool metAccountExtra) {
     return Procedure(p, "modData.OpslaanKlasRecord", QString(), [&] {
         const QString antwoord =
-            vraagOpslaan(KlasBericht(rij, metAccountExtra)).value_or(QString());
+            p.modMain.Vraag(KlasBericht(rij, metAccountExtra), ModMain::KlasseB)
+                .value_or(QString());
         if (!antwoord.isEmpty() && antwoord != u"FOUT" && isNieuw(Klassen(rij, 6)))
             Klassen(rij, 6) = antwoord;
         return antwoord;
@@ -73,7 +74,8 @@ QString ModData::OpslaanKlasRecord(int rij, bool metAccountExtra) {
 
 QString ModData::OpslaanLeraarRecord(int rij) {
     return Procedure(p, "modData.OpslaanLeraarRecord", QString(), [&] {
-        const QString antwoord = vraagOpslaan(LeraarBericht(rij)).value_or(QString());
+        const QString antwoord =
+            p.modMain.Vraag(LeraarBericht(rij), ModMain::KlasseB).value_or(QString());
         if (!antwoord.isEmpty() && antwoord != u"FOUT" && isNieuw(Leraren(rij, 5)))
             Leraren(rij, 5) = antwoord;
         return antwoord;
@@ -81,13 +83,14 @@ QString ModData::OpslaanLeraarRecord(int rij) {
 }
 
 bool ModData::OpslaanAlleLerarenRecord(const QString& tekst) {
-    return Procedure(p, "modData.OpslaanAlleLerarenRecord", false,
-                     [&] { return vraagOpslaan(LerarenBericht(tekst)) == wire::ok; });
+    return Procedure(p, "modData.OpslaanAlleLerarenRecord", false, [&] {
+        return p.modMain.Vraag(LerarenBericht(tekst), ModMain::KlasseB) == wire::ok;
+    });
 }
 
 bool ModData::VerwijderKlas(int rij) {
     return Procedure(p, "modData.VerwijderKlas", false, [&] {
-        const auto antwoord = vraagOpslaan(wire::VWNKLS + Klassen(rij, 6));
+        const auto antwoord = p.modMain.Vraag(wire::VWNKLS + Klassen(rij, 6), ModMain::KlasseB);
         if (!antwoord || *antwoord == u"FOUT")
             return false;
         schuifOp(Klassen, rij, 12);
@@ -97,7 +100,7 @@ bool ModData::VerwijderKlas(int rij) {
 
 bool ModData::VerwijderLeraar(int rij) {
     return Procedure(p, "modData.VerwijderLeraar", false, [&] {
-        const auto antwoord = vraagOpslaan(wire::VWNLRN + Leraren(rij, 5));
+        const auto antwoord = p.modMain.Vraag(wire::VWNLRN + Leraren(rij, 5), ModMain::KlasseB);
         if (!antwoord || *antwoord == u"FOUT")
             return false;
         schuifOp(Leraren, rij, 15);
@@ -130,7 +133,8 @@ bool ModData::OpslaanVerbodenWoorden() {
         }
         std::optional<QString> antwoord;
         for (const QString& stuk : std::as_const(stukken)) {
-            antwoord = vraagOpslaan(QString(wire::OPSVBW) + wire::OPSVBWkop + stuk);
+            antwoord =
+                p.modMain.Vraag(QString(wire::OPSVBW) + wire::OPSVBWkop + stuk, ModMain::KlasseB);
             if (!antwoord)
                 return false;
         }
@@ -139,8 +143,9 @@ bool ModData::OpslaanVerbodenWoorden() {
 }
 
 bool ModData::OpslaanToegestaneSites() {
-    return Procedure(p, "modData.OpslaanToegestaneSites", false,
-                     [&] { return vraagOpslaan(wire::OPSITS + ToegestaneSites) == wire::ok; });
+    return Procedure(p, "modData.OpslaanToegestaneSites", false, [&] {
+        return p.modMain.Vraag(wire::OPSITS + ToegestaneSites, ModMain::KlasseB) == wire::ok;
+    });
 }
 
 bool ModData::OpslaanFavorieten(const QString& eigenaar, const Favorieten& favorieten) {
@@ -154,14 +159,15 @@ bool ModData::OpslaanFavorieten(const QString& eigenaar, const Favorieten& favor
                     .arg(veranderd),
                 QStringLiteral("Tafelkrater"), QStringLiteral("modData.OpslaanFavorieten"),
                 QString());
-        return vraagOpslaan(wire::OPSFAV + eigenaar + wire::fieldSep + schoon.alsTekst()) ==
-               wire::ok;
+        return p.modMain.Vraag(wire::OPSFAV + eigenaar + wire::fieldSep + schoon.alsTekst(),
+                               ModMain::KlasseB) == wire::ok;
     });
 }
 
 bool ModData::Opslaan_Instellingen(const QString& instellingen) {
-    return Procedure(p, "modData.Opslaan_Instellingen", false,
-                     [&] { return vraagOpslaan(wire::OPSINS + instellingen) == wire::ok; });
+    return Procedure(p, "modData.Opslaan_Instellingen", false, [&] {
+        return p.modMain.Vraag(wire::OPSINS + instellingen, ModMain::KlasseB) == wire::ok;
+    });
 }
 
 } // namespace tk

@@ -1,6 +1,5 @@
 #include "FrmOnderhoud.h"
 
-#include "BewerkPaneel.h"
 #include "OnderhoudPaneel.h"
 #include "OnderhoudServer.h"
 #include "controls/AccessibleName.h"
@@ -194,8 +193,7 @@ void FrmOnderhoud::LaadWindowsAccounts(bool alleenGroepen) {
     Procedure(p, "frmOnderhoud.LaadWindowsAccounts", [&] {
         if (!alleenGroepen) {
             WindowsAccounts.clear();
-            const QString antwoord =
-                BewerkPaneel::wachtA(p, QString(wire::LDNWSA)).value_or(QString());
+            const QString antwoord = p.modMain.Vraag(QString(wire::LDNWSA)).value_or(QString());
             for (const QString& naam : antwoord.split(wire::valueSep))
                 if (!naam.trimmed().isEmpty())
                     WindowsAccounts << Ansi::hoofdletters(naam.trimmed());
@@ -203,7 +201,7 @@ void FrmOnderhoud::LaadWindowsAccounts(bool alleenGroepen) {
         WindowsGroepen.clear();
         for (const auto& [bericht, voor, soort] : {std::tuple{wire::LDNGRPGLB, "[GLOBAAL] ", "g"},
                                                    {wire::LDNGRPLKL, "[LOKAAL] ", "l"}}) {
-            const QString antwoord = BewerkPaneel::wachtA(p, QString(bericht)).value_or(QString());
+            const QString antwoord = p.modMain.Vraag(QString(bericht)).value_or(QString());
             for (const QString& item : antwoord.split(wire::valueSep, Qt::SkipEmptyParts))
                 WindowsGroepen.append({QLatin1String(voor) + item.section(QLatin1Char(':'), 0, 0),
                                        QLatin1String(soort)});
@@ -228,8 +226,7 @@ void FrmOnderhoud::LaadPrinterLijst() {
 void FrmOnderhoud::LaadAanmeldscripts() {
     Procedure(p, "frmOnderhoud.LaadAanmeldscripts", [&] {
         Aanmeldscripts.clear();
-        const QString antwoord =
-            BewerkPaneel::wachtA(p, QString(wire::LDNACCLST)).value_or(QString());
+        const QString antwoord = p.modMain.Vraag(QString(wire::LDNACCLST)).value_or(QString());
         for (const QString& pad : antwoord.split(wire::valueSep, Qt::SkipEmptyParts))
             Aanmeldscripts << pad;
     });
@@ -317,7 +314,7 @@ bool FrmOnderhoud::OpslaanKlas(const QString& naam, const QString& kort, const Q
         k(rij, 13) = QStringLiteral("||||NEE");
         const auto gestopt = [&] { return p.beeindigd; };
         if (!p.modMain.ModusStandalone) {
-            const auto bestaat = BewerkPaneel::wachtA(p, wire::ACDCON + account);
+            const auto bestaat = p.modMain.Vraag(wire::ACDCON + account);
             if (gestopt())
                 return false;
             if (bestaat != wire::ja) {
@@ -325,13 +322,13 @@ bool FrmOnderhoud::OpslaanKlas(const QString& naam, const QString& kort, const Q
                     p.modTaal.LaadTekst(3388).replace(QStringLiteral("%account%"), account);
                 if (p.modMain.ToonVraag(p.modTaal.LaadTekst(3359), vraag, QStringLiteral("?")) ==
                     u"ja") {
-                    BewerkPaneel::wachtA(p, wire::ACDNIE + account + wire::valueSep + wachtwoord +
-                                                QStringLiteral("|1|") + naam);
+                    p.modMain.Vraag(wire::ACDNIE + account + wire::valueSep + wachtwoord +
+                                    QStringLiteral("|1|") + naam);
                     LaadWindowsAccounts(false);
                 }
             }
         }
-        BewerkPaneel::wachtB(p, wire::OPSWAG + account + QStringLiteral("><"));
+        p.modMain.Vraag(wire::OPSWAG + account + QStringLiteral("><"), ModMain::KlasseB);
         const QString antwoord = p.modData->OpslaanKlasRecord(rij);
         return !antwoord.isEmpty() && antwoord != u"FOUT";
     });
