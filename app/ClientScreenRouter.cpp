@@ -7,10 +7,10 @@
 #include "screens/browser/BrowserPane.h"
 #include "screens/desktop/FrmBureaublad.h"
 #include "screens/desktop/FrmBureaubladView.h"
+#include "screens/maintenance/BewerkPaneel.h"
+#include "screens/maintenance/BewerkPaneelView.h"
 #include "screens/maintenance/FrmOnderhoud.h"
 #include "screens/maintenance/FrmOnderhoudView.h"
-#include "screens/maintenance/OnderhoudInstellingen.h"
-#include "screens/maintenance/OnderhoudInstellingenView.h"
 #include "screens/maintenance/OnderhoudServer.h"
 #include "screens/maintenance/OnderhoudServerView.h"
 #include "screens/start/FrmAanmelden.h"
@@ -137,10 +137,9 @@ bool ClientScreenRouter::openOnderhoudsmodule(int leraar, const QList<int>& klas
         m_onderhoud = std::make_unique<FrmOnderhoudView>(*p.frmOnderhoud);
         // The panels' views, owned by the module's window.
         FrmOnderhoud& f = *p.frmOnderhoud;
-        if (auto* instellingen =
-                dynamic_cast<OnderhoudInstellingen*>(f.paneel(FrmOnderhoud::PInstellingen)))
+        if (auto* instellingen = dynamic_cast<BewerkPaneel*>(f.paneel(FrmOnderhoud::PInstellingen)))
             m_onderhoud->plaatsPaneelView(FrmOnderhoud::PInstellingen,
-                                          new OnderhoudInstellingenView(*instellingen));
+                                          new BewerkPaneelView(*instellingen));
         if (auto* server = dynamic_cast<OnderhoudServer*>(f.paneel(FrmOnderhoud::PServer)))
             m_onderhoud->plaatsPaneelView(FrmOnderhoud::PServer, new OnderhoudServerView(*server));
         p.frmOnderhoud->verlaten = [this] {

@@ -4,6 +4,7 @@
 // server's own name comes back from what the list shows; a port is a real port.
 #include "FuzzSupport.h"
 #include "core/Ansi.h"
+#include "link/Serverlocatie.h"
 #include "screens/maintenance/InstellingenTeksten.h"
 
 using namespace tk;
@@ -28,7 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             fuzz::require(InstellingenTeksten::bestandsnaam(InstellingenTeksten::leesbaar(naam)) ==
                           naam);
 
-    const auto l = InstellingenTeksten::locatie(tekst);
+    const auto l = Serverlocatie::lees(tekst);
     fuzz::require(l.poort >= 1 && l.poort <= 65535);
     fuzz::require(!l.host.contains(QLatin1Char(':')));
     return 0;

@@ -4,6 +4,7 @@
 #include "core/MessageAssembler.h"
 #include "link/BinaryReceiver.h"
 #include "link/BinarySender.h"
+#include "link/Serverlocatie.h"
 
 #include <QObject>
 #include <QString>
@@ -40,7 +41,7 @@ public:
     QTcpSocket WS;
     MessageAssembler Berichten; // the messages of WS
     QString ServerHost;
-    long ServerPoort = 34487;
+    long ServerPoort = Serverlocatie::StandaardPoort;
     bool BevestigdBericht = false;
     bool Offline = false;
     bool ShiftIngedrukt = false;

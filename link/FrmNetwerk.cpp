@@ -3,6 +3,7 @@
 #include "core/DialogService.h"
 #include "core/Programma.h"
 #include "link/FrmMainLink.h"
+#include "link/Serverlocatie.h"
 
 namespace tk {
 
@@ -23,7 +24,7 @@ QString FrmNetwerk::Computernaam() {
     if (p.frmMain) {
         tekst = p.frmMain->ServerHost;
         const long poort = p.frmMain->ServerPoort;
-        if (poort != 34487 && poort >= 1)
+        if (poort != Serverlocatie::StandaardPoort && poort >= 1)
             tekst += QLatin1Char(':') + QString::number(poort);
     }
     txtNaam_Change(tekst);

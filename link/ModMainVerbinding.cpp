@@ -7,6 +7,7 @@
 #include "core/StartScreenEvents.h"
 #include "core/Wire.h"
 #include "link/FrmMainLink.h"
+#include "link/Serverlocatie.h"
 #include "platform/Clock.h"
 #include "platform/Environment.h"
 #include "platform/Processes.h"
@@ -24,12 +25,9 @@ const QString softwareSleutel() {
 } // namespace
 
 void ModMainVerbinding::ZetServerlocatie(const QString& tekst) {
-    // "host" or "host:port"; a port that is not a number is the default one.
-    const QStringList delen = tekst.split(QLatin1Char(':'));
-    p.frmMain->ServerHost = delen[0];
-    bool numeriek = false;
-    const long poort = delen.value(1).toLong(&numeriek);
-    p.frmMain->ServerPoort = delen.size() > 1 && numeriek ? poort : 34487;
+    const Serverlocatie locatie = Serverlocatie::lees(tekst);
+    p.frmMain->ServerHost = locatie.host;
+    p.frmMain->ServerPoort = locatie.poort;
 }
 
 bool ModMainVerbinding::BepaalServerlocatie() {
@@ -39,9 +37,8 @@ bool ModMainVerbinding::BepaalServerlocatie() {
                               QString::fromLatin1(ModMain::Instellingen));
         if (p.modMain.ModusStandalone) {
             // The server is on this machine; a port named in the settings is still used.
-            const QStringList delen = tekst.split(QLatin1Char(':'));
-            tekst = delen.size() > 1 ? QStringLiteral("localhost:") + delen[1]
-                                     : QStringLiteral("localhost");
+            tekst =
+                Serverlocatie::tekst(QStringLiteral("localhost"), Serverlocatie::lees(tekst).poort);
         } else if (tekst.isEmpty()) {
             tekst = p.platform.environment()
                         .variable(QStringLiteral("LOGONSERVER"))

@@ -11,10 +11,10 @@
 #include "data/ModMainLaden.h"
 #include "link/ModMainVerbinding.h"
 #include "screens/ScreenRouter.h"
+#include "screens/maintenance/BewerkPaneel.h"
+#include "screens/maintenance/BewerkPaneelView.h"
 #include "screens/maintenance/FrmOnderhoud.h"
 #include "screens/maintenance/FrmOnderhoudView.h"
-#include "screens/maintenance/OnderhoudInstellingen.h"
-#include "screens/maintenance/OnderhoudInstellingenView.h"
 #include "screens/maintenance/OnderhoudServer.h"
 #include "screens/maintenance/OnderhoudServerView.h"
 #include "screens/start/FrmMain.h"
@@ -75,7 +75,7 @@ struct Beheerplek {
             return false;
         view = std::make_unique<FrmOnderhoudView>(*f);
         view->plaatsPaneelView(FrmOnderhoud::PInstellingen,
-                               new OnderhoudInstellingenView(dynamic_cast<OnderhoudInstellingen&>(
+                               new BewerkPaneelView(dynamic_cast<BewerkPaneel&>(
                                    *f->paneel(FrmOnderhoud::PInstellingen))));
         view->plaatsPaneelView(FrmOnderhoud::PServer,
                                new OnderhoudServerView(dynamic_cast<OnderhoudServer&>(

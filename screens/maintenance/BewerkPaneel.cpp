@@ -1,7 +1,6 @@
 #include "BewerkPaneel.h"
 
 #include "FrmOnderhoud.h"
-#include "core/CommandChannel.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
 #include "data/ModData.h"
@@ -63,6 +62,7 @@ void BewerkPaneel::LaadLijst() {
         if (vorm == Live) {
             Weergeven(QString());
             knoppenBlader();
+            hertekenen();
             return;
         }
         lijst = Records();
@@ -85,7 +85,7 @@ void BewerkPaneel::LaadLijst() {
 
 void BewerkPaneel::Weergeven(const QString& sleutel) {
     Procedure(p, "frmOnderhoud.Weergeven", [&] {
-        if (bewerken || sleutel == leeg)
+        if (bewerken || bezig || sleutel == leeg)
             return;
         huidig = sleutel;
         for (Item& item : lijst)
@@ -162,6 +162,11 @@ void BewerkPaneel::HerstellenWijziging() {
     hertekenen();
 }
 
+void BewerkPaneel::chckWachtwoord_Click(bool tonen) {
+    wachtwoordenTonen = tonen;
+    hertekenen();
+}
+
 bool BewerkPaneel::ZetVeld(int veld, const QString& waarde) {
     if (!bewerkbaar() || veld < 0 || veld >= velden.size())
         return false;
@@ -175,7 +180,7 @@ bool BewerkPaneel::ZetVeld(int veld, const QString& waarde) {
 
 void BewerkPaneel::cmd_Click(int knop) {
     Procedure(p, "frmOnderhoud.cmd_Click", [&] {
-        if (knop < 0 || knop >= int(knoppen.size()) || !knoppen[size_t(knop)].ingeschakeld)
+        if (bezig || knop < 0 || knop >= int(knoppen.size()) || !knoppen[size_t(knop)].ingeschakeld)
             return;
         FrmOnderhoud* shell = p.frmOnderhoud;
         switch (knop) {
@@ -204,6 +209,8 @@ void BewerkPaneel::cmd_Click(int knop) {
             break;
         }
         case Opslaan: {
+            if (!MagOpslaan())
+                return;
             zetKnop(Opslaan, true, false);
             zetKnop(Annuleren, vorm == Lijst, false);
             zetKnop(Herstellen, true, false);
@@ -213,8 +220,12 @@ void BewerkPaneel::cmd_Click(int knop) {
                 wachtTekst() && wachten && p.modData && p.modData->ActiveDirectoryModule;
             if (metVenster)
                 wachten->Openen(p.modTaal.LaadTekst(wachtTekst()), 0);
-            const bool gelukt = Procedure<bool>(p, "frmOnderhoud.Opslaan", false,
-                                                [&] { return OpslaanRecord(nieuw); });
+            bool gelukt = false;
+            {
+                const Wachten wachtend(*this);
+                gelukt = Procedure<bool>(p, "frmOnderhoud.Opslaan", false,
+                                         [&] { return OpslaanRecord(nieuw); });
+            }
             if (metVenster)
                 wachten->Sluiten();
             if (p.beeindigd)
@@ -246,27 +257,29 @@ void BewerkPaneel::cmd_Click(int knop) {
     });
 }
 
-std::optional<QString> BewerkPaneel::wachtA(Programma& p, const QString& bericht) {
-    ModMain& m = p.modMain;
-    if (!p.kanaal || !m.Verbonden())
-        return std::nullopt;
-    m.AntwoordOntvangen = false;
-    p.kanaal->WS_Versturen(bericht, false);
-    if (p.wacht.Tot([&m] { return m.AntwoordOntvangen; }) != Wacht::Uitkomst::Voldaan)
-        return std::nullopt;
-    return m.Antwoord;
+BewerkPaneel::Wachten::Wachten(BewerkPaneel& b)
+    : b(b), wasBezig(b.bezig), menuLeefde(b.p.frmOnderhoud && !b.p.frmOnderhoud->BewerkModus) {
+    b.bezig = true;
+    if (menuLeefde)
+        b.p.frmOnderhoud->ZetBewerkModus(true);
+    b.hertekenen();
 }
 
-std::optional<QString> BewerkPaneel::wachtB(Programma& p, const QString& bericht) {
-    ModMain& m = p.modMain;
-    if (!p.kanaal || !m.Verbonden())
-        return std::nullopt;
-    m.AntwoordOpslaan.clear();
-    m.AntwoordOpslaanOntvangen = false;
-    p.kanaal->WS_Versturen(bericht, false);
-    if (p.wacht.Tot([&m] { return m.AntwoordOpslaanOntvangen; }) != Wacht::Uitkomst::Voldaan)
-        return std::nullopt;
-    return m.AntwoordOpslaan;
+BewerkPaneel::Wachten::~Wachten() {
+    b.bezig = wasBezig;
+    if (menuLeefde && b.p.frmOnderhoud)
+        b.p.frmOnderhoud->ZetBewerkModus(false);
+    b.hertekenen();
+}
+
+std::optional<QString> BewerkPaneel::VraagA(const QString& bericht) {
+    const Wachten wachtend(*this);
+    return p.modMain.Vraag(bericht, ModMain::KlasseA);
+}
+
+std::optional<QString> BewerkPaneel::VraagB(const QString& bericht) {
+    const Wachten wachtend(*this);
+    return p.modMain.Vraag(bericht, ModMain::KlasseB);
 }
 
 QString BewerkPaneel::ToonVraag(const QString& tekst, const QString& soort) {

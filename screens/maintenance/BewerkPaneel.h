@@ -1,10 +1,10 @@
 #pragma once
 
+#include "Keuze.h"
 #include "OnderhoudPaneel.h"
 
 #include <QList>
 #include <QString>
-#include <QStringList>
 #include <array>
 #include <optional>
 
@@ -14,8 +14,8 @@ class Programma;
 
 // The edit pattern of the maintenance module, written once. A record panel (classes, teachers,
 // applications, ...) derives from it and supplies four things: its records, how a record fills
-// the fields, how the fields are saved, and its texts. A settings panel uses the live form: no
-// list and no Change button, every field editable at once.
+// the fields, how the fields are saved, and its texts. The settings panels use the live form: no
+// list and no Change button, every field editable at once, Save and Restore changes only.
 //
 // The pattern, step by step (the names are the procedures below):
 //  list     LaadLijst: one item per record, key "<soort> <slot>"; no record gives the item
@@ -31,16 +31,18 @@ class Programma;
 //  restore  Restore changes (5): the tags back into the fields, both buttons off again.
 //  cancel   Cancel (4): edit mode off, the record restored unless the list is "leeg", the menu
 //           alive again.
-//  save     Save (3): the three buttons off, the wait window with the panel's text (only with
-//           the Active Directory module), OpslaanRecord, edit mode off, the menu reloaded. A
+//  save     Save (3): the panel's own questions first (MagOpslaan; a refusal stops quietly),
+//           the three buttons off, the wait window with the panel's text (only with the
+//           Active Directory module), OpslaanRecord, edit mode off, the menu reloaded. A
 //           failure tells string 3332 and keeps the edit (fields as typed, still in edit
 //           mode, Save ready for another try). A link lost during the save ends the program
-//           (the link's own message); nothing more is told.
+//           (the link's own message); nothing more is told. In the live form the stored
+//           values become the new tags and the panel stays as it is.
 //
-// The waits: VraagA sends a message of class A and pumps until the dispatcher raises
-// AntwoordOntvangen; VraagB does the same for class B (saves and deletes,
-// AntwoordOpslaanOntvangen). There is no time-out; only a lost link ends a wait, and then they
-// give no answer. Questions go through ToonVraag (the program's question service).
+// The waits: VraagA and VraagB ask the server through modMain's one wait (class A or class B
+// answers, see ModMain::Vraag: no time limit, only a lost link ends one). While a wait lasts the
+// panel takes no input (`bezig`) and the shell's menu is dead, so that no click starts a second
+// question. Questions to the user go through ToonVraag (the program's question service).
 //
 // Plugging in: FrmOnderhoud::plaatsPaneel(number, panel) and, for the window,
 // FrmOnderhoudView::plaatsPaneelView(number, new BewerkPaneelView(panel)).
@@ -62,13 +64,17 @@ public:
     };
     struct Veld {
         QString naam;                    // the control's name, also its accessible name's fall-back
-        QString caption;                 // the label in front of it
+        QString caption = {};            // the label in front of it
         QString waarde = {};             // what the field shows now
         QString tag = {};                // the stored value
         bool verplicht = false;          // must be filled in for a new record
         bool zonderHoofdletters = false; // compared case-insensitively (Active Directory)
-        bool wachtwoord = false;         // shown masked
-        QStringList keuzes = {};         // a combo box: its items; empty for a text box
+        bool wachtwoord = false;         // shown masked (unless wachtwoordenTonen)
+        QList<Keuze> keuzes = {};        // a combo box: its items, `waarde` the chosen data;
+                                         // empty for a text box
+        QString groep = {};  // the caption of the frame it stands in (fields of one frame
+                             // follow each other); empty for none
+        QString uitleg = {}; // a text above the field, inside its frame
     };
     struct KnopStaat {
         QString tekst;
@@ -88,15 +94,15 @@ public:
     void EditModus(bool aan, bool nieuw);
     void ControleerNieuw();
     void ControleerWijziging();
-    void HerstellenWijziging();
-    bool bewerkbaar() const { return vorm == Live || bewerken; }
+    // The stored values back in the fields (a panel may read them anew instead).
+    virtual void HerstellenWijziging();
+    bool bewerkbaar() const { return !bezig && (vorm == Live || bewerken); }
+    // The check box that shows the password fields as typed.
+    void chckWachtwoord_Click(bool tonen);
 
     // --- the waits and the questions
-    std::optional<QString> VraagA(const QString& bericht) { return wachtA(p, bericht); }
-    std::optional<QString> VraagB(const QString& bericht) { return wachtB(p, bericht); }
-    // The same for code outside a panel (the shell's loaders).
-    static std::optional<QString> wachtA(Programma& p, const QString& bericht);
-    static std::optional<QString> wachtB(Programma& p, const QString& bericht);
+    std::optional<QString> VraagA(const QString& bericht);
+    std::optional<QString> VraagB(const QString& bericht);
     QString ToonVraag(const QString& tekst, const QString& soort);
 
     // --- state the view shows
@@ -107,6 +113,10 @@ public:
     std::array<KnopStaat, 6> knoppen;
     QList<Veld> velden;
     bool bewerken = false, nieuw = false;
+    bool bezig = false; // a wait for the server: no input
+    // The password fields as typed; the check box's caption (empty: the panel has none).
+    bool wachtwoordenTonen = false;
+    QString wachtwoordenTonenTekst;
 
 protected:
     // The panel's records, in list order.
@@ -118,6 +128,8 @@ protected:
     virtual bool OpslaanRecord(bool nieuwRecord) = 0;
     // Delete (button 2): the panel's own question and messages.
     virtual void VerwijderRecord() {}
+    // The panel's questions before a save; false stops it without a message, the edit kept.
+    virtual bool MagOpslaan() { return true; }
     // Save is possible for a new record: by default every mandatory field is filled in.
     virtual bool NieuwCompleet() const;
     // Texts: the empty list's item (3298), the new item (3387), the save's wait window (3331; 0
@@ -132,6 +144,17 @@ protected:
     Programma& p;
 
 private:
+    // A wait for the server, for as long as it lives: the panel takes no input and the shell's
+    // menu is dead (unless it was already, as it is while a record is edited).
+    class Wachten {
+    public:
+        explicit Wachten(BewerkPaneel& b);
+        ~Wachten();
+
+    private:
+        BewerkPaneel& b;
+        const bool wasBezig, menuLeefde;
+    };
     bool verschilt(const Veld& v) const;
     void zetKnop(int knop, bool zichtbaar, bool ingeschakeld);
     void knoppenBlader();

@@ -76,21 +76,4 @@ QString InstellingenTeksten::bestandsnaam(const QString& leesbaar) {
     return naam.replace(QLatin1Char(':'), QLatin1Char('.')) + backupExtensie;
 }
 
-InstellingenTeksten::Locatie InstellingenTeksten::locatie(const QString& tekst) {
-    Locatie l;
-    const qsizetype dubbelepunt = tekst.indexOf(QLatin1Char(':'));
-    l.host = (dubbelepunt < 0 ? tekst : tekst.left(dubbelepunt)).trimmed();
-    if (dubbelepunt >= 0) {
-        bool getal = false;
-        const long poort = tekst.mid(dubbelepunt + 1).trimmed().toLong(&getal);
-        if (getal && poort >= 1 && poort <= 65535)
-            l.poort = poort;
-    }
-    return l;
-}
-
-QString InstellingenTeksten::locatieTekst(const QString& host, long poort) {
-    return host + QLatin1Char(':') + QString::number(poort);
-}
-
 } // namespace tk

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Keuze.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -7,15 +9,11 @@
 namespace tk {
 
 // The texts of the settings and server panels that come from outside the panel: the language
-// rows of the string table, the server's settings answer, its list of backups and a typed
-// server location. Pure functions, so that they are tested as tables and fuzzed.
+// rows of the string table, the server's settings answer and its list of backups. Pure functions,
+// so that they are tested as tables and fuzzed.
 class InstellingenTeksten {
 public:
-    // An item of a list box: the text shown and the item's data.
-    struct Keuze {
-        QString tekst, data;
-        bool operator==(const Keuze&) const = default;
-    };
+    using Keuze = tk::Keuze;
     // The rows of the language table in the string table.
     static constexpr int EersteTaalRij = 10, LaatsteTaalRij = 49;
     // The language list from those rows, up to the first empty one. A row "1043|Nederlands"
@@ -41,16 +39,6 @@ public:
     // "5-3-2024 14.07.09.backup" reads "5-3-2024 14:07:09", and back.
     static QString leesbaar(const QString& bestand);
     static QString bestandsnaam(const QString& leesbaar);
-
-    // A location "host" or "host:port"; a port that is not a number in 1..65535 is the
-    // standard port.
-    struct Locatie {
-        QString host;
-        long poort = StandaardPoort;
-    };
-    static constexpr long StandaardPoort = 34487;
-    static Locatie locatie(const QString& tekst);
-    static QString locatieTekst(const QString& host, long poort);
 };
 
 } // namespace tk

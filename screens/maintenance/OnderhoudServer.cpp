@@ -1,6 +1,5 @@
 #include "OnderhoudServer.h"
 
-#include "BewerkPaneel.h"
 #include "FrmOnderhoud.h"
 #include "InstellingenTeksten.h"
 #include "core/OpstartStappen.h"
@@ -9,6 +8,7 @@
 #include "core/Wire.h"
 #include "link/FrmMainLink.h"
 #include "link/ModMainVerbinding.h"
+#include "link/Serverlocatie.h"
 
 namespace tk {
 
@@ -18,7 +18,10 @@ const QString instellingenIni = QString::fromLatin1(ModMain::Instellingen);
 
 } // namespace
 
-OnderhoudServer::OnderhoudServer(Programma& p) : p(p) {
+OnderhoudServer::OnderhoudServer(Programma& p) : BewerkPaneel(p, Live) {
+    velden = {{.naam = QStringLiteral("txtServerlocatie")},
+              {.naam = QStringLiteral("cmbServer(1)"), .waarde = QStringLiteral("Nee")},
+              {.naam = QStringLiteral("cmbServer(2)"), .waarde = QStringLiteral("Nee")}};
     LaadTaal();
 }
 
@@ -28,16 +31,16 @@ QString OnderhoudServer::titel() const {
 
 void OnderhoudServer::LaadTaal() {
     auto t = [&](int id) { return p.modTaal.LaadTekst(id); };
-    lblServerlocatie = t(3181);
     fraUpdates = t(3184).trimmed();
     lblClientversie = t(3185);
     lblServerversie = t(9548);
-    lblBeta = t(3186);
-    lblAutomatisch = t(3187);
-    ja = t(3188);
-    nee = t(3189);
     lblNoot = t(3191);
     fraBackup = t(3192).trimmed();
+    velden[Locatie].caption = t(3181);
+    velden[Automatisch].caption = t(3187);
+    velden[Beta].caption = t(3186);
+    for (int veld : {Automatisch, Beta})
+        velden[veld].keuzes = {{t(3188), QLatin1String(ja_)}, {t(3189), QStringLiteral("Nee")}};
     cmdServer = {QString(), t(3197), t(3190), t(3195), t(3196), t(3199)};
     cmdBackup = {t(3193), t(3194)};
     changelogTitel = t(900);
@@ -45,21 +48,13 @@ void OnderhoudServer::LaadTaal() {
     // The list's note follows the language too.
     if (m_backups.isEmpty() && !cmbBackup.isEmpty())
         cmbBackup = {t(3429)};
-    hertekenen();
+    BewerkPaneel::LaadTaal();
 }
 
-void OnderhoudServer::Tonen(int) {
-    LaadServerInstellingen();
+void OnderhoudServer::Tonen(int rij) {
+    BewerkPaneel::Tonen(rij);
     // The backups were read when the module was loaded, and anew after each export.
     LaadBackups(false);
-}
-
-std::optional<QString> OnderhoudServer::vraag(const QString& bericht) {
-    return BewerkPaneel::wachtA(p, bericht);
-}
-
-std::optional<QString> OnderhoudServer::vraagOpslaan(const QString& bericht) {
-    return BewerkPaneel::wachtB(p, bericht);
 }
 
 void OnderhoudServer::meld(int tekst) {
@@ -81,54 +76,37 @@ void OnderhoudServer::herstart(const QString& woord) {
 // --- the server's settings
 
 void OnderhoudServer::LaadServerInstellingen() {
-    Procedure(p, "frmOnderhoud.LaadServerInstellingen", [&] {
-        cmdServerEnabled[3] = cmdServerEnabled[4] = false;
-        lblClientversieWaarde = ModMain::ProgrammaVersie();
-        if (p.frmMain)
-            txtServerlocatie =
-                InstellingenTeksten::locatieTekst(p.frmMain->ServerHost, p.frmMain->ServerPoort);
-        locatieTag = txtServerlocatie;
-        ModusInstellingenServer(false);
-        const std::optional<QString> antwoord = vraag(wire::LDNSIN);
-        ModusInstellingenServer(true);
-        if (antwoord) {
-            const auto s = InstellingenTeksten::serverInstellingen(*antwoord);
-            automatisch = automatischTag = s.automatisch;
-            beta = betaTag = s.beta;
-            lblServerversieWaarde = s.versie;
-            if (!s.module.isEmpty())
-                lblServerversieWaarde += QStringLiteral(" (") + s.module + QLatin1Char(')');
-        }
-        ControleerInstellingenServer();
-    });
+    Procedure(p, "frmOnderhoud.LaadServerInstellingen", [&] { LaadLijst(); });
 }
 
-void OnderhoudServer::ModusInstellingenServer(bool aan) {
-    ingeschakeld = aan;
-    if (p.frmOnderhoud && p.frmOnderhoud->BewerkModus == aan)
-        p.frmOnderhoud->ZetBewerkModus(!aan);
-    hertekenen();
+void OnderhoudServer::HerstellenWijziging() {
+    LaadServerInstellingen();
 }
 
-void OnderhoudServer::ControleerInstellingenServer() {
-    const bool anders =
-        txtServerlocatie != locatieTag || automatisch != automatischTag || beta != betaTag;
-    cmdServerEnabled[3] = cmdServerEnabled[4] = anders;
-    hertekenen();
+void OnderhoudServer::VulVelden(const QString&) {
+    lblClientversieWaarde = ModMain::ProgrammaVersie();
+    if (p.frmMain)
+        velden[Locatie].waarde =
+            Serverlocatie::tekst(p.frmMain->ServerHost, p.frmMain->ServerPoort);
+    if (const std::optional<QString> antwoord = VraagA(wire::LDNSIN)) {
+        const auto s = InstellingenTeksten::serverInstellingen(*antwoord);
+        auto janee = [](bool ja) { return ja ? QLatin1String(ja_) : QLatin1String("Nee"); };
+        velden[Automatisch].waarde = janee(s.automatisch);
+        velden[Beta].waarde = janee(s.beta);
+        lblServerversieWaarde = s.versie;
+        if (!s.module.isEmpty())
+            lblServerversieWaarde += QStringLiteral(" (") + s.module + QLatin1Char(')');
+    }
 }
 
 void OnderhoudServer::cmbServer_Click(int index, bool keuze) {
-    if (!ingeschakeld)
-        return;
-    if (index == 1)
-        automatisch = keuze;
-    else if (index == 2)
-        beta = keuze;
-    ControleerInstellingenServer();
+    if (index == 1 || index == 2)
+        ZetVeld(index == 1 ? Automatisch : Beta,
+                keuze ? QLatin1String(ja_) : QStringLiteral("Nee"));
 }
 
 void OnderhoudServer::cmdServer_Click(int index) {
-    if (!ingeschakeld || index < 1 || index > 5 || !cmdServerEnabled[size_t(index)])
+    if (bezig)
         return;
     Procedure(p, "frmOnderhoud.cmdServer_Click", [&] {
         switch (index) {
@@ -136,18 +114,17 @@ void OnderhoudServer::cmdServer_Click(int index) {
             if (p.modMainVerbinding) {
                 const QString gekozen = p.modMainVerbinding->frmNetwerk.Computernaam();
                 if (!gekozen.isEmpty())
-                    txtServerlocatie = gekozen;
+                    ZetVeld(Locatie, gekozen);
             }
-            ControleerInstellingenServer();
             break;
         case 2:
             controleerUpdates();
             break;
         case 3:
-            opslaan();
+            cmd_Click(Opslaan);
             break;
         case 4:
-            LaadServerInstellingen();
+            cmd_Click(Herstellen);
             break;
         case 5:
             if (changelogAdres().isEmpty())
@@ -160,9 +137,7 @@ void OnderhoudServer::cmdServer_Click(int index) {
 }
 
 void OnderhoudServer::controleerUpdates() {
-    ModusInstellingenServer(false);
-    const std::optional<QString> versie = vraag(wire::UPDCON);
-    ModusInstellingenServer(true);
+    const std::optional<QString> versie = VraagA(wire::UPDCON);
     if (!versie)
         return;
     if (*versie == ModMain::ProgrammaVersie()) {
@@ -172,42 +147,37 @@ void OnderhoudServer::controleerUpdates() {
     herstart(QStringLiteral("UPDATE"));
 }
 
-void OnderhoudServer::opslaan() {
-    if (beta && !betaTag) {
-        const QString wachtwoord = p.modMain.ToonVraag(
-            p.modTaal.LaadTekst(3359), p.modTaal.LaadTekst(3340), QStringLiteral("*"));
-        if (wachtwoord.isEmpty())
-            return;
-        if (wachtwoord != QLatin1String(BetaWachtwoord)) {
-            meld(3341);
-            return;
-        }
+bool OnderhoudServer::MagOpslaan() {
+    if (!ja(Beta) || velden[Beta].tag == QLatin1String(ja_))
+        return true;
+    const QString wachtwoord = ToonVraag(p.modTaal.LaadTekst(3340), QStringLiteral("*"));
+    if (wachtwoord.isEmpty())
+        return false;
+    if (wachtwoord != QLatin1String(BetaWachtwoord)) {
+        meld(3341);
+        return false;
     }
-    ModusInstellingenServer(false);
-    const std::optional<QString> antwoord =
-        vraagOpslaan(wire::OPSSIN + InstellingenTeksten::opslaanServer(automatisch, beta));
-    ModusInstellingenServer(true);
-    if (!antwoord)
-        return;
-    automatischTag = automatisch;
-    betaTag = beta;
-    const auto locatie = InstellingenTeksten::locatie(txtServerlocatie);
+    return true;
+}
+
+bool OnderhoudServer::OpslaanRecord(bool) {
+    if (!VraagB(wire::OPSSIN + InstellingenTeksten::opslaanServer(ja(Automatisch), ja(Beta))))
+        return false;
+    const QString tekst = velden[Locatie].waarde;
+    const Serverlocatie locatie = Serverlocatie::lees(tekst);
     const bool anders = p.frmMain && (locatie.host != p.frmMain->ServerHost ||
                                       locatie.poort != p.frmMain->ServerPoort);
-    if (!locatie.host.isEmpty() && anders) {
-        p.modMain.SchrijfIni(txtServerlocatie, QStringLiteral("Instellingen"),
-                             QStringLiteral("Serverlocatie"), instellingenIni);
-        meld(3342);
-        if (p.modMain.ModusNetwerk) {
-            p.opstartStappen->ZetAutomatischeAanmelding(
-                QStringLiteral("ONDERHOUD"), ModMain::IngebouwdWachtwoord(), QString(), true);
-            return;
-        }
+    if (locatie.host.isEmpty() || !anders)
+        return true;
+    p.modMain.SchrijfIni(tekst, QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
+                         instellingenIni);
+    meld(3342);
+    if (p.modMain.ModusNetwerk)
+        p.opstartStappen->ZetAutomatischeAanmelding(
+            QStringLiteral("ONDERHOUD"), ModMain::IngebouwdWachtwoord(), QString(), true);
+    else
         herstart(QStringLiteral("resolutie"));
-        return;
-    }
-    locatieTag = txtServerlocatie;
-    ControleerInstellingenServer();
+    return true;
 }
 
 QString OnderhoudServer::changelogAdres() const {
@@ -228,9 +198,7 @@ QString OnderhoudServer::changelogAdres() const {
 void OnderhoudServer::LaadBackups(bool opnieuw) {
     Procedure(p, "frmOnderhoud.LaadBackups", [&] {
         if (opnieuw) {
-            ModusInstellingenServer(false);
-            const std::optional<QString> antwoord = vraag(wire::BCKLST);
-            ModusInstellingenServer(true);
+            const std::optional<QString> antwoord = VraagA(wire::BCKLST);
             if (antwoord)
                 m_backups = InstellingenTeksten::backups(*antwoord);
         }
@@ -252,7 +220,7 @@ void OnderhoudServer::cmbBackup_Click(int index) {
 }
 
 void OnderhoudServer::cmdBackup_Click(int index) {
-    if (!ingeschakeld || index < 0 || index > 1 || !cmdBackupEnabled[size_t(index)])
+    if (bezig || index < 0 || index > 1 || !cmdBackupEnabled[size_t(index)])
         return;
     Procedure(p, "frmOnderhoud.cmdBackup_Click", [&] {
         if (index == 0)
@@ -265,15 +233,12 @@ void OnderhoudServer::cmdBackup_Click(int index) {
 void OnderhoudServer::importeren() {
     if (backupIndex < 0 || backupIndex >= m_backups.size())
         return;
-    if (p.modMain.ToonVraag(p.modTaal.LaadTekst(3359), p.modTaal.LaadTekst(3324),
-                            QStringLiteral("?")) != u"ja")
+    if (ToonVraag(p.modTaal.LaadTekst(3324), QStringLiteral("?")) != u"ja")
         return;
     cmdBackupEnabled = {false, false};
     hertekenen();
     const QString bestand = InstellingenTeksten::bestandsnaam(m_backups[backupIndex]);
-    ModusInstellingenServer(false);
-    const std::optional<QString> antwoord = vraag(wire::BCKRST + bestand);
-    ModusInstellingenServer(true);
+    const std::optional<QString> antwoord = VraagA(wire::BCKRST + bestand);
     if (!antwoord) {
         LaadBackups(false);
         return;
@@ -290,9 +255,7 @@ void OnderhoudServer::importeren() {
 void OnderhoudServer::exporteren() {
     cmdBackupEnabled = {false, false};
     hertekenen();
-    ModusInstellingenServer(false);
-    const std::optional<QString> antwoord = vraag(wire::BCKMKB);
-    ModusInstellingenServer(true);
+    const std::optional<QString> antwoord = VraagA(wire::BCKMKB);
     if (!antwoord) {
         LaadBackups(false);
         return;

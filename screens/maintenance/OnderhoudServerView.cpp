@@ -110,22 +110,27 @@ void OnderhoudServerView::bijwerken() {
     m_lblServer->setText(m.lblServerversie);
     m_server->setText(m.lblServerversieWaarde);
     m_server->setAccessibleName(W::naam(m.lblServerversie));
-    m_lblLocatie->setText(m.lblServerlocatie);
-    W::tekst(txtServerlocatie, m.txtServerlocatie, m.lblServerlocatie);
-    m_lblAutomatisch->setText(m.lblAutomatisch);
-    m_lblBeta->setText(m.lblBeta);
+    const BewerkPaneel::Veld& locatie = m.velden[OnderhoudServer::Locatie];
+    m_lblLocatie->setText(locatie.caption);
+    W::tekst(txtServerlocatie, locatie.waarde, locatie.caption);
+    m_lblAutomatisch->setText(m.velden[OnderhoudServer::Automatisch].caption);
+    m_lblBeta->setText(m.velden[OnderhoudServer::Beta].caption);
     m_noot->setText(m.lblNoot);
-    const QStringList janee{m.ja, m.nee};
-    W::lijst(cmbServer[1], janee, m.automatisch ? 0 : 1, m.lblAutomatisch);
-    W::lijst(cmbServer[2], janee, m.beta ? 0 : 1, m.lblBeta);
-    for (size_t i = 1; i <= 2; ++i)
-        cmbServer[i]->setEnabled(m.ingeschakeld);
-    for (size_t i = 1; i <= 5; ++i)
-        W::knop(cmdServer[i], m.cmdServer[i], m.ingeschakeld && m.cmdServerEnabled[i]);
+    const bool aan = !m.bezig;
+    for (int veld : {OnderhoudServer::Automatisch, OnderhoudServer::Beta}) {
+        const BewerkPaneel::Veld& v = m.velden[veld];
+        W::lijst(cmbServer[size_t(veld)], v.keuzes, m.ja(veld) ? 0 : 1, v.caption);
+        cmbServer[size_t(veld)]->setEnabled(aan);
+    }
+    // Browse, Check and Changelog are always there; Save and Restore are the pattern's.
+    for (size_t i : {1, 2, 5})
+        W::knop(cmdServer[i], m.cmdServer[i], aan);
+    W::knop(cmdServer[3], m.cmdServer[3], aan && m.knoppen[BewerkPaneel::Opslaan].ingeschakeld);
+    W::knop(cmdServer[4], m.cmdServer[4], aan && m.knoppen[BewerkPaneel::Herstellen].ingeschakeld);
     W::lijst(cmbBackup, m.cmbBackup, m.backupIndex, m.fraBackup);
-    cmbBackup->setEnabled(m.ingeschakeld && m.fraBackupEnabled);
+    cmbBackup->setEnabled(aan && m.fraBackupEnabled);
     for (size_t i = 0; i < 2; ++i)
-        W::knop(cmdBackup[i], m.cmdBackup[i], m.ingeschakeld && m.cmdBackupEnabled[i]);
+        W::knop(cmdBackup[i], m.cmdBackup[i], aan && m.cmdBackupEnabled[i]);
 }
 
 } // namespace tk

@@ -328,6 +328,9 @@ TEST(ServerlocatieTest, TheLocationComesFromTheSettingsOrTheLogonServer) {
     const Case cases[] = {
         {false, "pc1:4000", "\\\\DC", true, "pc1", 4000},
         {false, "pc1:abc", "", true, "pc1", 34487},
+        {false, " pc1 : 80 ", "", true, "pc1", 80},
+        {false, "pc1:0", "", true, "pc1", 34487}, // not a port: the standard one
+        {false, "pc1:70000", "", true, "pc1", 34487},
         {false, "pc1", "", true, "pc1", 34487},
         {false, "", "\\\\DC01", true, "DC01", 34487},
         {false, "", "", false, "", 34487},

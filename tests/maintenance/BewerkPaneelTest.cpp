@@ -13,8 +13,10 @@
 #include <gtest/gtest.h>
 
 using namespace tk;
+using tk::test::knoppen;
 using tk::test::OnderhoudPlek;
 using tk::test::ScriptedPeer;
+using tk::test::waarden;
 using Levering = ScriptedPeer::Levering;
 
 namespace {
@@ -67,27 +69,10 @@ struct KlassenProef : BewerkPaneel {
     std::array<int, 6> knopTeksten() const override { return {3170, 3179, 3180, 3167, 3168, 3169}; }
 };
 
-// The enabled buttons, as a word of six letters: C(hange) N(ew) D(elete) S(ave) c(ancel)
-// R(estore), "." for a button that is off or gone.
-QString knoppen(const BewerkPaneel& b) {
-    const char letters[] = "CNDScR";
-    QString uit;
-    for (size_t i = 0; i < 6; ++i)
-        uit += b.knoppen[i].ingeschakeld ? QChar::fromLatin1(letters[i]) : QChar('.');
-    return uit;
-}
-
 QStringList items(const BewerkPaneel& b) {
     QStringList uit;
     for (const auto& item : b.lijst)
         uit << item.sleutel + (item.vet ? "*" : "");
-    return uit;
-}
-
-QStringList waarden(const BewerkPaneel& b) {
-    QStringList uit;
-    for (const auto& v : b.velden)
-        uit << v.waarde;
     return uit;
 }
 
@@ -202,7 +187,7 @@ TEST(BewerkPaneelTest, ListShowChangeRestoreCancelAndNewWithTheMenuDeadMeanwhile
     EXPECT_EQ(knoppen(b), ".N....");
 }
 
-TEST(BewerkPaneelTest, TheLiveFormEditsAtOnceAndSavesWithoutTheMenuGoingDead) {
+TEST(BewerkPaneelTest, TheLiveFormEditsAtOnceAndTheMenuIsDeadOnlyWhileItSaves) {
     struct Instellingen : BewerkPaneel {
         explicit Instellingen(Programma& p) : BewerkPaneel(p, Live) {
             velden = {{.naam = "txtWachtwoord", .caption = "Password:", .wachtwoord = true}};
@@ -212,9 +197,12 @@ TEST(BewerkPaneelTest, TheLiveFormEditsAtOnceAndSavesWithoutTheMenuGoingDead) {
         void VulVelden(const QString&) override { velden[0].waarde = opgeslagen; }
         bool OpslaanRecord(bool) override {
             opgeslagen = velden[0].waarde;
+            menuDood = p.frmOnderhoud->BewerkModus;
+            tussendoor = ZetVeld(0, "tussendoor") ? "taken" : velden[0].waarde;
             return true;
         }
-        QString opgeslagen = "geheim";
+        QString opgeslagen = "geheim", tussendoor;
+        bool menuDood = false;
     };
     OnderhoudPlek plek(0);
     ASSERT_TRUE(plek.betreed());
@@ -228,6 +216,10 @@ TEST(BewerkPaneelTest, TheLiveFormEditsAtOnceAndSavesWithoutTheMenuGoingDead) {
     EXPECT_FALSE(plek.f().BewerkModus);
     b.cmd_Click(BewerkPaneel::Opslaan);
     EXPECT_EQ(b.opgeslagen, "nieuw");
+    EXPECT_TRUE(b.menuDood);
+    EXPECT_EQ(b.tussendoor, "nieuw") << "no input while the server is asked";
+    EXPECT_FALSE(plek.f().BewerkModus);
+    EXPECT_EQ(waarden(b), QStringList({"nieuw"}));
     EXPECT_EQ(knoppen(b), "......");
     b.ZetVeld(0, "weer anders");
     b.cmd_Click(BewerkPaneel::Herstellen);
@@ -315,7 +307,7 @@ TEST(BewerkPaneelTest, TheWindowNamesEveryControlAndHandsEditsToThePattern) {
     EXPECT_EQ(view.lijst()->count(), 1);
     auto* naam = qobject_cast<QLineEdit*>(view.veld(0));
     ASSERT_TRUE(naam);
-    EXPECT_EQ(naam->accessibleName(), "Full name:");
+    EXPECT_EQ(naam->accessibleName(), "Full name");
     EXPECT_EQ(naam->text(), "Groep 1");
     EXPECT_FALSE(naam->isEnabled()) << "read-only until Change";
     EXPECT_EQ(view.knop(BewerkPaneel::Wijzigen)->accessibleName(),

@@ -5,6 +5,7 @@
 #include "screens/maintenance/OnderhoudServer.h"
 #include "tests/maintenance/OnderhoudWerkplek.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace tk;
@@ -55,14 +56,13 @@ TEST_F(InstellingenE2ETest, ANewLanguageReachesTheServerAndEveryCaption) {
     b.p().modMain.LaadTaal();
     ASSERT_EQ(b.p().modTaal.Taal, 1043);
     b.f().Kies(400); // the settings heading
+    using I = OnderhoudInstellingen;
     OnderhoudInstellingen& m = b.inst();
-    int engels = -1;
-    for (int i = 0; i < m.cmbInstellingen_Taal.size(); ++i)
-        if (m.cmbInstellingen_Taal[i].data == "1033")
-            engels = i;
-    ASSERT_GE(engels, 0);
-    m.cmbInstellingen_Taal_Click(engels);
-    m.cmdInstellingen_Click(0);
+    const QList<Keuze>& talen = m.velden[I::Taal].keuzes;
+    ASSERT_TRUE(
+        std::any_of(talen.cbegin(), talen.cend(), [](const Keuze& k) { return k.data == "1033"; }));
+    m.ZetVeld(I::Taal, "1033");
+    m.cmd_Click(BewerkPaneel::Opslaan);
     EXPECT_TRUE(b.ws.meldingen().isEmpty()) << b.ws.meldingen().join("\n").toStdString();
     EXPECT_EQ(b.p().modTaal.Taal, 1033);
     EXPECT_EQ(leesVanServer("LDNTAA"), "1033");
@@ -81,18 +81,17 @@ TEST_F(InstellingenE2ETest, ANewLanguageReachesTheServerAndEveryCaption) {
     EXPECT_EQ(rijen, 21);
     EXPECT_EQ(b.f().lblKop, t.LaadTekst(3359, 1033));
     EXPECT_EQ(b.f().lblMenuHelp, t.LaadTekst(3360, 1033));
-    const QStringList instellingen{m.fraWachtwoorden,   m.lblWachtwoord[0], m.lblWachtwoord[1],
-                                   m.lblInternet,       m.fraEmail,         m.lblEmail[2],
-                                   m.lblThema,          m.lblTaal,          m.cmdInstellingen[0],
-                                   m.cmdInstellingen[1]};
-    const QStringList verwacht{t.LaadTekst(3266, 1033).trimmed(), t.LaadTekst(3267, 1033),
-                               t.LaadTekst(3268, 1033),           t.LaadTekst(3270, 1033),
-                               t.LaadTekst(3271, 1033).trimmed(), t.LaadTekst(3275, 1033),
-                               t.LaadTekst(3276, 1033),           t.LaadTekst(3439, 1033),
-                               t.LaadTekst(3277, 1033),           t.LaadTekst(3278, 1033)};
+    QStringList instellingen{m.knoppen[BewerkPaneel::Opslaan].tekst,
+                             m.knoppen[BewerkPaneel::Herstellen].tekst};
+    for (int veld : {I::WachtwoordBeheer, I::Startpagina, I::EmailAfzender, I::Thema})
+        instellingen << m.velden[veld].groep << m.velden[veld].caption;
+    QStringList verwacht{t.LaadTekst(3277, 1033), t.LaadTekst(3278, 1033)};
+    for (auto [groep, caption] : {std::pair{3266, 3268}, {3269, 3270}, {3271, 3275}, {3438, 3276}})
+        verwacht << t.LaadTekst(groep, 1033).trimmed() << t.LaadTekst(caption, 1033);
     EXPECT_EQ(instellingen, verwacht);
     const OnderhoudServer& s = b.server();
-    EXPECT_EQ(QStringList({s.lblServerlocatie, s.fraBackup, s.cmdServer[2], s.cmdBackup[0]}),
+    EXPECT_EQ(QStringList({s.velden[OnderhoudServer::Locatie].caption, s.fraBackup, s.cmdServer[2],
+                           s.cmdBackup[0]}),
               QStringList({t.LaadTekst(3181, 1033), t.LaadTekst(3192, 1033).trimmed(),
                            t.LaadTekst(3190, 1033), t.LaadTekst(3193, 1033)}));
 }
@@ -103,7 +102,7 @@ TEST_F(InstellingenE2ETest, AnExportedBackupBringsTheDataBackWhenImported) {
     b.f().Kies(401); // Settings > Server
     OnderhoudServer& s = b.server();
     const int voor = s.fraBackupEnabled ? int(s.cmbBackup.size()) : 0;
-    const QString startpagina = b.inst().txtInstellingen_Internet.tag;
+    const QString startpagina = b.inst().velden[OnderhoudInstellingen::Startpagina].tag;
     s.cmdBackup_Click(1);
     ASSERT_EQ(b.ws.meldingen(), QStringList(b.p().modTaal.LaadTekst(3327)))
         << server.uitvoer().toStdString();
@@ -112,8 +111,8 @@ TEST_F(InstellingenE2ETest, AnExportedBackupBringsTheDataBackWhenImported) {
 
     // A change after the backup.
     b.f().Kies(400);
-    b.inst().txtInstellingen_Internet_Change("http://na-de-backup.example");
-    b.inst().cmdInstellingen_Click(0);
+    b.inst().ZetVeld(OnderhoudInstellingen::Startpagina, "http://na-de-backup.example");
+    b.inst().cmd_Click(BewerkPaneel::Opslaan);
     ASSERT_TRUE(leesVanServer("LDNOVR").startsWith("http://na-de-backup.example"));
 
     b.f().Kies(400);

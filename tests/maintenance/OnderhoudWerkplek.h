@@ -6,6 +6,7 @@
 #include "link/FrmMainLink.h"
 #include "link/ModMainVerbinding.h"
 #include "screens/ScreenRouter.h"
+#include "screens/maintenance/BewerkPaneel.h"
 #include "screens/maintenance/FrmOnderhoud.h"
 #include "screens/maintenance/FrmOnderhoudVraag.h"
 #include "screens/start/FrmMain.h"
@@ -58,6 +59,23 @@ struct OnderhoudPlek {
     Werkplek ws;
     ScreenRouter router;
 };
+
+// The enabled buttons of an edit-pattern panel as a word of six letters: C(hange) N(ew)
+// D(elete) S(ave) c(ancel) R(estore), "." for a button that is off or gone.
+inline QString knoppen(const BewerkPaneel& b) {
+    const char letters[] = "CNDScR";
+    QString uit;
+    for (size_t i = 0; i < 6; ++i)
+        uit += b.knoppen[i].ingeschakeld ? QChar::fromLatin1(letters[i]) : QChar(u'.');
+    return uit;
+}
+
+inline QStringList waarden(const BewerkPaneel& b) {
+    QStringList uit;
+    for (const auto& v : b.velden)
+        uit << v.waarde;
+    return uit;
+}
 
 // The lists the module reads from a scripted peer when it is first made (Form_Load); `backups`
 // is the answer to BCKLST.
