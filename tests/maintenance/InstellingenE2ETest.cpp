@@ -24,12 +24,6 @@ struct Beheerder : tk::test::OnderhoudPlek {
         p().modData->LaadOverigeInstellingen();
         return router.openOnderhoudsmodule(-1, {});
     }
-    OnderhoudInstellingen& inst() {
-        return dynamic_cast<OnderhoudInstellingen&>(*f().paneel(FrmOnderhoud::PInstellingen));
-    }
-    OnderhoudServer& server() {
-        return dynamic_cast<OnderhoudServer&>(*f().paneel(FrmOnderhoud::PServer));
-    }
 };
 
 class InstellingenE2ETest : public ::testing::Test {

@@ -70,42 +70,25 @@ struct Launcher {
     QString woord;
 };
 
-// A workstation in the maintenance module, its link pointed at a scripted server, with a second
-// theme installed besides the default one.
-struct Plek {
-    explicit Plek(ScriptedPeer* peer = nullptr) : router(w.p) {
-        Programma& p = w.p;
-        p.schermen = &router;
-        p.maak(p.modMainVerbinding, p);
-        p.modMain.MaakMappen(QStringLiteral("\\Data"));
-        p.modMain.SchrijfIni(QStringLiteral("1033"), QStringLiteral("Instellingen"),
-                             QStringLiteral("Language"), ini);
-        w.kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/2/"));
-        p.modMain.SchrijfIni(QStringLiteral("Blauw"), QStringLiteral("Algemeen"),
-                             QStringLiteral("Naam"),
-                             QStringLiteral("\\Afbeeldingen\\Skins\\2\\Instellingen.ini"));
-        p.modData->Wachtwoorden = QStringList{QStringLiteral("leraar"), QStringLiteral("beheer")};
-        p.modData->Overige = QStringList{QStringLiteral("http://school.example"),
-                                         QStringLiteral("aan@school.example"),
-                                         QStringLiteral("De Klimop"),
-                                         QStringLiteral("van@school.example"),
-                                         QStringLiteral("1"),
-                                         QStringLiteral("1033")};
-        if (peer) {
-            p.modMain.SchrijfIni(QStringLiteral("127.0.0.1:%1").arg(peer->poort()),
-                                 QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
-                                 ini);
-            p.modMainVerbinding->BepaalServerlocatie();
-            p.frmMain->ServerVerbinden(true);
-        }
+// A workstation in the maintenance module, its link pointed at a scripted server, with stored
+// settings and a second theme installed besides the default one.
+struct Plek : tk::test::OnderhoudPlek {
+    explicit Plek(ScriptedPeer* peer = nullptr) : OnderhoudPlek(peer ? peer->poort() : 0) {
+        Programma& p = this->p();
+        p.modMain.SchrijfIni("1033", "Instellingen", "Language", ini);
+        ws.kopieer(TK_DEFAULT_THEME, "Afbeeldingen/Skins/2/");
+        p.modMain.SchrijfIni("Blauw", "Algemeen", "Naam",
+                             "\\Afbeeldingen\\Skins\\2\\Instellingen.ini");
+        p.modData->Wachtwoorden = QStringList{"leraar", "beheer"};
+        p.modData->Overige = QStringList{"http://school.example",
+                                         "aan@school.example",
+                                         "De Klimop",
+                                         "van@school.example",
+                                         "1",
+                                         "1033"};
+        if (peer)
+            verbindKaal();
         router.openOnderhoudsmodule(-1, {});
-    }
-    FrmOnderhoud& f() { return *w.p.frmOnderhoud; }
-    OnderhoudInstellingen& inst() {
-        return dynamic_cast<OnderhoudInstellingen&>(*f().paneel(FrmOnderhoud::PInstellingen));
-    }
-    OnderhoudServer& server() {
-        return dynamic_cast<OnderhoudServer&>(*f().paneel(FrmOnderhoud::PServer));
     }
     // The settings heading, or the Server entry under it, as the user clicks it.
     void kies(int rij) {
@@ -114,12 +97,9 @@ struct Plek {
             f().Kies(400 + rij);
     }
     QString leesIni(const char* sleutel) {
-        return w.p.modMain.LeesIni(QStringLiteral("Instellingen"), QLatin1String(sleutel), ini);
+        return p().modMain.LeesIni("Instellingen", QLatin1String(sleutel), ini);
     }
-    QString tekst(int id) { return w.p.modTaal.LaadTekst(id); }
-
-    Werkplek w{Werkplek::startscherm};
-    ScreenRouter router;
+    QString tekst(int id) { return p().modTaal.LaadTekst(id); }
 };
 
 // The link test and the lists the module reads when it is made.
@@ -199,13 +179,13 @@ TEST(InstellingenTest, TheFieldsShowTheStoredSettingsTheInstalledThemesAndTheLan
     // Shown again, the lists are read anew: the theme in use is the one of the settings file,
     // and one whose folder is gone still stands, so that it is not changed unasked.
     for (const char* thema : {"2", "7"}) {
-        plek.w.p.modMain.SchrijfIni(thema, "Instellingen", "Thema", ini);
+        plek.p().modMain.SchrijfIni(thema, "Instellingen", "Thema", ini);
         m.Tonen(0);
         EXPECT_EQ(m.velden[I::Thema].waarde, thema);
         EXPECT_EQ(m.velden[I::Thema].keuzes.last().data, thema);
         EXPECT_EQ(knoppen(m), "......");
     }
-    EXPECT_TRUE(plek.w.meldingen().isEmpty());
+    EXPECT_TRUE(plek.ws.meldingen().isEmpty());
 }
 
 TEST(InstellingenTest, SaveStoresTheSettingsAndAChangedLanguageRecaptionsEveryForm) {
@@ -232,7 +212,7 @@ TEST(InstellingenTest, SaveStoresTheSettingsAndAChangedLanguageRecaptionsEveryFo
         const bool mislukt = QString(c.antwoord) == "FOUT";
         Plek plek(&peer);
         QStringList log;
-        OpnameForm eerste(plek.w.p, log, "eerste"), laatste(plek.w.p, log, "laatste");
+        OpnameForm eerste(plek.p(), log, "eerste"), laatste(plek.p(), log, "laatste");
         plek.kies(0);
         OnderhoudInstellingen& m = plek.inst();
         m.ZetVeld(I::WachtwoordBeheer, "nieuw");
@@ -246,9 +226,9 @@ TEST(InstellingenTest, SaveStoresTheSettingsAndAChangedLanguageRecaptionsEveryFo
         EXPECT_EQ(peer.ontvangen.last(), vast + c.themaTaal);
         EXPECT_EQ(plek.leesIni("Thema"), c.thema);
         EXPECT_EQ(plek.leesIni("Language"), QString::number(c.iniTaal));
-        EXPECT_EQ(plek.w.p.modTaal.Taal, c.taalNa);
-        EXPECT_EQ(plek.w.p.modData->Wachtwoorden.value(1), "nieuw");
-        EXPECT_EQ(plek.w.meldingen(), mislukt ? QStringList(plek.tekst(3332)) : QStringList());
+        EXPECT_EQ(plek.p().modTaal.Taal, c.taalNa);
+        EXPECT_EQ(plek.p().modData->Wachtwoorden.value(1), "nieuw");
+        EXPECT_EQ(plek.ws.meldingen(), mislukt ? QStringList(plek.tekst(3332)) : QStringList());
         // A refused save keeps what was typed, so that Save can be pressed again; a stored one
         // shows the language in use.
         EXPECT_EQ(knoppen(m), mislukt ? "...S.R" : "......");
@@ -260,27 +240,38 @@ TEST(InstellingenTest, SaveStoresTheSettingsAndAChangedLanguageRecaptionsEveryFo
         EXPECT_EQ(log, nieuweTaal ? QStringList({"laatste1043", "eerste1043"}) : QStringList());
         // The module's menu and both panels speak the language now.
         EXPECT_EQ(plek.f().cel(4, 0, FrmOnderhoud::Tekst),
-                  plek.w.p.modTaal.LaadTekst(3372, c.taalNa));
-        EXPECT_EQ(m.velden[I::Taal].caption, plek.w.p.modTaal.LaadTekst(3439, c.taalNa));
-        EXPECT_EQ(plek.server().cmdBackup[1], plek.w.p.modTaal.LaadTekst(3194, c.taalNa));
+                  plek.p().modTaal.LaadTekst(3372, c.taalNa));
+        EXPECT_EQ(m.velden[I::Taal].caption, plek.p().modTaal.LaadTekst(3439, c.taalNa));
+        EXPECT_EQ(plek.server().cmdBackup[1], plek.p().modTaal.LaadTekst(3194, c.taalNa));
         EXPECT_EQ(plek.f().ZichtbaarPaneel, FrmOnderhoud::PInstellingen);
     }
 }
 
-TEST(InstellingenTest, TheServerPanelReadsTheSettingsAndAsksTheBetaPasswordOnlyWhenSwitchedOn) {
+// The server panel reads its settings from LDNSIN; Save asks the beta password only when beta is
+// switched on, sends OPSSIN, and a moved server restarts the client (through the launcher, or on
+// a Network workstation through a new logon as the maintenance account).
+TEST(InstellingenTest, TheServerPanelSavesAsksTheBetaPasswordAndRestartsForAMovedServer) {
     struct Case {
         const char* wat;
-        bool automatisch, beta; // chosen before Save
+        bool automatisch, beta; // chosen before Save (the server said: no, no)
         const char* wachtwoord; // typed at the question, nullptr: no question
-        bool verstuurd;
-        int melding;
+        const char* locatie;    // chosen through Browse, nullptr: not pressed, "": Cancel
+        bool netwerk, verstuurd;
+        QList<int> meldingen;
+        const char *woord, *aanmelding; // told to the launcher; the new logon
     };
+    // clang-format off
     const Case cases[] = {
-        {"beta unchanged", false, false, nullptr, true, 0},
-        {"beta on, no password typed", true, true, "", false, 0},
-        {"beta on, a wrong password", true, true, "toetsvee", false, 3341},
-        {"beta on, the password", true, true, "toetsveer", true, 0},
+        {"beta unchanged", true, false, nullptr, nullptr, false, true, {}, "", ""},
+        {"beta on, no password typed", true, true, "", nullptr, false, false, {3340}, "", ""},
+        {"beta on, a wrong password", true, true, "toetsvee", nullptr, false, false, {3340, 3341}, "", ""},
+        {"beta on, the password", false, true, "toetsveer", nullptr, false, true, {3340}, "", ""},
+        {"a new location", false, false, nullptr, "elders:4000", false, true, {3342}, "resolutie", ""},
+        {"a new location on a Network workstation", false, false, nullptr, "elders", true, true, {3342}, "",
+         "ONDERHOUD/Sleutelwrk42/afmelden"},
+        {"Browse, then Cancel: nothing to save", false, false, nullptr, "", false, false, {}, "", ""},
     };
+    // clang-format on
     for (const Case& c : cases) {
         SCOPED_TRACE(c.wat);
         ScriptedPeer peer;
@@ -288,143 +279,99 @@ TEST(InstellingenTest, TheServerPanelReadsTheSettingsAndAsksTheBetaPasswordOnlyW
         if (c.verstuurd)
             peer.op("OPSSIN*", "OPSSIN");
         Plek plek(&peer);
+        Launcher launcher(plek.ws.map());
+        struct Stappen : UnbuiltStartSteps {
+            using UnbuiltStartSteps::UnbuiltStartSteps;
+            void ZetAutomatischeAanmelding(const QString& a, const QString& w, const QString&,
+                                           bool afmelden) override {
+                aanmelding = a + "/" + w + (afmelden ? "/afmelden" : "");
+            }
+            QString aanmelding;
+        } stappen(plek.p());
+        plek.p().opstartStappen = &stappen;
+        plek.p().modMain.ModusNetwerk = c.netwerk;
         plek.kies(1);
         OnderhoudServer& s = plek.server();
         EXPECT_EQ(s.lblServerversieWaarde, "2.0.1 (sqlite)");
         EXPECT_EQ(s.lblClientversieWaarde, ModMain::ProgrammaVersie());
-        EXPECT_EQ(s.velden[OnderhoudServer::Locatie].waarde,
-                  QString("127.0.0.1:%1").arg(peer.poort()));
+        EXPECT_EQ(waarden(s),
+                  QStringList({QString("127.0.0.1:%1").arg(peer.poort()), "Nee", "Nee"}));
         EXPECT_EQ(knoppen(s), "......");
-        EXPECT_FALSE(s.bezig);
         EXPECT_FALSE(plek.f().BewerkModus) << "the menu lives again after the question";
-        s.cmbServer_Click(1, true);
         s.cmbServer_Click(1, c.automatisch);
         s.cmbServer_Click(2, c.beta);
-        if (!c.automatisch && !c.beta)
-            s.cmbServer_Click(1, true); // something must differ for Save
-        ASSERT_EQ(knoppen(s), "...S.R");
+        if (c.locatie) {
+            plek.ws.dialogen.opModaal = [&](Form& f) {
+                if (auto* n = dynamic_cast<FrmNetwerk*>(&f)) {
+                    n->txtNaam_Change(c.locatie);
+                    *c.locatie ? n->cmdOK_Click() : n->cmdAnnuleren_Click();
+                }
+            };
+            s.cmdServer_Click(1);
+        }
         if (c.wachtwoord)
-            plek.w.dialogen.antwoorden << c.wachtwoord;
-        plek.w.dialogen.gesteld.clear();
+            plek.ws.dialogen.antwoorden << c.wachtwoord;
         s.cmdServer_Click(3);
-        ASSERT_TRUE(waitUntil([&] { return peer.klaar(); }));
+        EXPECT_TRUE(peer.klaar());
         EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
-        QStringList gevraagd;
-        for (const auto& v : plek.w.dialogen.gesteld)
-            gevraagd << v.tekst;
-        QStringList verwacht;
-        if (c.wachtwoord)
-            verwacht << plek.tekst(3340);
-        if (c.melding)
-            verwacht << plek.tekst(c.melding);
-        EXPECT_EQ(gevraagd, verwacht);
-        EXPECT_EQ(peer.ontvangen.last(), c.verstuurd
-                                             ? "OPSSIN" + InstellingenTeksten::opslaanServer(
-                                                              c.automatisch || !c.beta, c.beta)
-                                             : QString("LDNSIN"));
+        QStringList meldingen;
+        for (int id : c.meldingen)
+            meldingen << plek.tekst(id);
+        EXPECT_EQ(plek.ws.meldingen(), meldingen);
+        EXPECT_EQ(peer.ontvangen.last(),
+                  c.verstuurd ? "OPSSIN" + InstellingenTeksten::opslaanServer(c.automatisch, c.beta)
+                              : QString("LDNSIN"));
+        if (c.locatie && *c.locatie && !c.netwerk) {
+            EXPECT_EQ(plek.leesIni("Serverlocatie"), c.locatie);
+        }
+        EXPECT_EQ(stappen.aanmelding, c.aanmelding);
+        plek.p().opstartStappen = &plek.p().unbuiltSteps;
         // Once stored, nothing differs; a stopped save keeps the choice for another try.
-        EXPECT_EQ(knoppen(s), c.verstuurd ? "......" : "...S.R");
-        EXPECT_FALSE(plek.w.p.beeindigd);
+        const bool anders = c.automatisch || c.beta;
+        EXPECT_EQ(knoppen(s), !c.verstuurd && anders ? "...S.R" : "......");
+        EXPECT_EQ(plek.p().beeindigd, *c.woord != 0);
+        if (*c.woord) {
+            EXPECT_TRUE(waitUntil([&] { return launcher.woord == c.woord; }));
+        }
     }
 }
 
-TEST(InstellingenTest, UpdatesAndAMovedServerRestartTheClientThroughTheLauncher) {
+TEST(InstellingenTest, TheCheckForUpdatesAndTheChangeLog) {
     struct Case {
-        const char* wat;
-        std::function<void(Plek&, ScriptedPeer&)> doe;
-        const char* woord; // told to the launcher, "" none
+        const char *wat, *updcon, *webadres; // the server's offer; the configured web site
+        int knop;
+        const char *woord, *adres; // told to the launcher; the change log's page
         int melding;
     };
+    const QString versie = ModMain::ProgrammaVersie();
+    // clang-format off
     const Case cases[] = {
-        {"no newer version",
-         [](Plek& plek, ScriptedPeer& peer) {
-             peer.op("UPDCON", "UPDCON" + ModMain::ProgrammaVersie());
-             plek.server().cmdServer_Click(2);
-         },
-         "", 3339},
-        {"another version on offer",
-         [](Plek& plek, ScriptedPeer& peer) {
-             peer.op("UPDCON", "UPDCON99.0.0");
-             plek.server().cmdServer_Click(2);
-         },
-         "UPDATE", 0},
-        {"a new location",
-         [](Plek& plek, ScriptedPeer& peer) {
-             peer.op("OPSSIN*", "OPSSIN");
-             plek.w.dialogen.opModaal = [&](Form& f) {
-                 if (auto* n = dynamic_cast<FrmNetwerk*>(&f)) {
-                     n->txtNaam_Change("elders:4000");
-                     n->cmdOK_Click();
-                 }
-             };
-             plek.server().cmdServer_Click(1);
-             plek.server().cmdServer_Click(3);
-             EXPECT_EQ(plek.leesIni("Serverlocatie"), "elders:4000");
-         },
-         "resolutie", 3342},
-        {"change log without a web site",
-         [](Plek& plek, ScriptedPeer&) { plek.server().cmdServer_Click(5); }, "", 9549},
-        {"change log",
-         [](Plek& plek, ScriptedPeer&) {
-             plek.w.p.modMain.SchrijfIni("http://web.example/", "Instellingen", "Webadres", ini);
-             QString adres;
-             plek.server().toonChangelog = [&](const QString& a) { adres = a; };
-             plek.server().cmdServer_Click(5);
-             EXPECT_EQ(adres, "http://web.example/applicatie/download_changelog.php4?versie=" +
-                                  ModMain::ProgrammaVersie());
-         },
-         "", 0},
-        {"a new location on a Network workstation",
-         [](Plek& plek, ScriptedPeer& peer) {
-             struct Stappen : UnbuiltStartSteps {
-                 using UnbuiltStartSteps::UnbuiltStartSteps;
-                 void ZetAutomatischeAanmelding(const QString& a, const QString& w, const QString&,
-                                                bool afmelden) override {
-                     aanmelding = a + "/" + w + (afmelden ? "/afmelden" : "");
-                 }
-                 QString aanmelding;
-             } stappen(plek.w.p);
-             plek.w.p.opstartStappen = &stappen;
-             plek.w.p.modMain.ModusNetwerk = true;
-             peer.op("OPSSIN*", "OPSSIN");
-             plek.w.dialogen.opModaal = [](Form& f) {
-                 if (auto* n = dynamic_cast<FrmNetwerk*>(&f)) {
-                     n->txtNaam_Change("elders");
-                     n->cmdOK_Click();
-                 }
-             };
-             plek.server().cmdServer_Click(1);
-             plek.server().cmdServer_Click(3);
-             plek.w.p.opstartStappen = &plek.w.p.unbuiltSteps;
-             EXPECT_EQ(stappen.aanmelding, "ONDERHOUD/Sleutelwrk42/afmelden");
-         },
-         "", 3342},
-        {"Browse, then Cancel",
-         [](Plek& plek, ScriptedPeer&) {
-             plek.w.dialogen.opModaal = [](Form& f) {
-                 if (auto* n = dynamic_cast<FrmNetwerk*>(&f))
-                     n->cmdAnnuleren_Click();
-             };
-             plek.server().cmdServer_Click(1);
-             EXPECT_EQ(knoppen(plek.server()), "......");
-         },
-         "", 0},
+        {"no newer version", "", "", 2, "", "", 3339},
+        {"another version on offer", "99.0.0", "", 2, "UPDATE", "", 0},
+        {"change log without a web site", "", "", 5, "", "", 9549},
+        {"change log", "", "http://web.example/", 5, "", "http://web.example/applicatie/download_changelog.php4?versie=", 0},
     };
+    // clang-format on
     for (const Case& c : cases) {
         SCOPED_TRACE(c.wat);
         ScriptedPeer peer;
         begin(peer).op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE");
+        if (c.knop == 2)
+            peer.op("UPDCON", "UPDCON" + (*c.updcon ? QString(c.updcon) : versie));
         Plek plek(&peer);
-        Launcher launcher(plek.w.map());
+        Launcher launcher(plek.ws.map());
+        plek.p().modMain.SchrijfIni(c.webadres, "Instellingen", "Webadres", ini);
         plek.kies(1);
-        c.doe(plek, peer);
+        QString adres;
+        plek.server().toonChangelog = [&](const QString& a) { adres = a; };
+        plek.server().cmdServer_Click(c.knop);
         EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
-        EXPECT_EQ(plek.w.meldingen(),
+        EXPECT_EQ(plek.ws.meldingen(),
                   c.melding ? QStringList(plek.tekst(c.melding)) : QStringList());
-        EXPECT_EQ(plek.w.p.beeindigd, *c.woord != 0);
+        EXPECT_EQ(adres, *c.adres ? c.adres + versie : QString());
+        EXPECT_EQ(plek.p().beeindigd, *c.woord != 0);
         if (*c.woord) {
-            EXPECT_TRUE(waitUntil([&] { return launcher.woord == c.woord; }))
-                << launcher.woord.toStdString();
+            EXPECT_TRUE(waitUntil([&] { return launcher.woord == c.woord; }));
         }
     }
 }
@@ -433,71 +380,28 @@ TEST(InstellingenTest, TheBackupBoxListsExportsAndImportsTheServersBackups) {
     using Stappen = QList<std::pair<QString, QString>>; // after the load and LDNSIN
     struct Case {
         const char* wat;
-        const char* lijst;           // the BCKLST answer of the module's load, after "BCK"
-        int gekozen, knop;           // the backup chosen (-1 as shown) and the button pressed
-        const char* vraag;           // the answer to the import question
-        Stappen stappen;             // the server's part after the press
-        QStringList getoond;         // the list afterwards
-        std::array<bool, 2> knoppen; // Import, Export enabled afterwards
+        const char* lijst; // the BCKLST answer of the module's load, after "BCK"
+        int gekozen, knop; // the backup chosen (-1 as shown) and the button pressed
+        const char* vraag; // the answer to the import question
+        Stappen stappen;   // the server's part after the press; "" the server's own message
+        const char *getoond, *knoppen; // the list afterwards; I(mport) E(xport) enabled
         QList<int> meldingen;
         const char* woord; // told to the launcher
     };
-    const QString eerste = "5-3-2024 14.07.09.backup", nieuwe = "7-3-2024 8.15.00.backup";
+    // clang-format off
     const Case cases[] = {
-        {"no backups", "", -1, 0, "ja", {}, {"No backups available"}, {false, true}, {}, ""},
-        {"export",
-         "5-3-2024 14.07.09.backup",
-         -1,
-         1,
-         "",
-         {{"BCKMKB", "BCK" + nieuwe}, {"BCKLST", "BCK" + eerste + "|" + nieuwe}},
-         {"5-3-2024 14:07:09", "7-3-2024 8:15:00"},
-         {true, true},
-         {3327},
-         ""},
-        {"export refused",
-         "",
-         -1,
-         1,
-         "",
-         {{"BCKMKB", "BCKFOUT"}},
-         {"No backups available"},
-         {false, true},
-         {3328},
-         ""},
+        {"no backups", "", -1, 0, "ja", {}, "No backups available", ".E", {}, ""},
+        {"export", "1.1.backup", -1, 1, "", {{"BCKMKB", "BCK2.2.backup"}, {"BCKLST", "BCK1.1.backup|2.2.backup"}},
+         "1:1|2:2", "IE", {3327}, ""},
+        {"export refused", "", -1, 1, "", {{"BCKMKB", "BCKFOUT"}}, "No backups available", ".E", {3328}, ""},
         // The keep-alive merged into the answer leaves it no "FOUT".
-        {"import",
-         "5-3-2024 14.07.09.backup|6-3-2024 9.00.00.backup",
-         0,
-         0,
-         "ja",
-         {{"BCKRST" + eerste, "BCKOK"}, {"", "PIN"}},
-         {"5-3-2024 14:07:09", "6-3-2024 9:00:00"},
-         {false, false},
-         {3324, 3325},
-         "resolutie"},
-        {"import refused",
-         "5-3-2024 14.07.09.backup",
-         -1,
-         0,
-         "ja",
-         {{"BCKRST" + eerste, "BCKFOUT"}},
-         {"5-3-2024 14:07:09"},
-         {true, true},
-         {3324, 3326},
-         ""},
-        {"import not wanted",
-         "5-3-2024 14.07.09.backup",
-         -1,
-         0,
-         "nee",
-         {},
-         {"5-3-2024 14:07:09"},
-         {true, true},
-         {3324},
-         ""},
-        {"odd names", "||x.backup|  |a.b|", -1, -1, "", {}, {"x", "a:b"}, {true, true}, {}, ""},
+        {"import", "1.1.backup|2.2.backup", 0, 0, "ja", {{"BCKRST1.1.backup", "BCKOK"}, {"", "PIN"}},
+         "1:1|2:2", "..", {3324, 3325}, "resolutie"},
+        {"import refused", "1.1.backup", -1, 0, "ja", {{"BCKRST1.1.backup", "BCKFOUT"}}, "1:1", "IE", {3324, 3326}, ""},
+        {"import not wanted", "1.1.backup", -1, 0, "nee", {}, "1:1", "IE", {3324}, ""},
+        {"odd names", "||x.backup|  |a.b|", -1, -1, "", {}, "x|a:b", "IE", {}, ""},
     };
+    // clang-format on
     for (const Case& c : cases) {
         SCOPED_TRACE(c.wat);
         ScriptedPeer peer;
@@ -512,11 +416,11 @@ TEST(InstellingenTest, TheBackupBoxListsExportsAndImportsTheServersBackups) {
                             : Levering::Heel);
         }
         Plek plek(&peer);
-        Launcher launcher(plek.w.map());
+        Launcher launcher(plek.ws.map());
         plek.kies(1);
         OnderhoudServer& s = plek.server();
         s.cmbBackup_Click(c.gekozen);
-        plek.w.dialogen.antwoorden << c.vraag;
+        plek.ws.dialogen.antwoorden << c.vraag;
         // A moment into a wait for the server, the menu is dead.
         bool menuDood = false;
         QObject peiler; // goes before the workstation it looks at
@@ -525,19 +429,21 @@ TEST(InstellingenTest, TheBackupBoxListsExportsAndImportsTheServersBackups) {
         EXPECT_EQ(menuDood, !c.stappen.isEmpty());
         EXPECT_TRUE(peer.klaar());
         EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
-        EXPECT_EQ(s.cmbBackup, c.getoond);
-        EXPECT_EQ(s.backupIndex, c.gekozen >= 0 ? c.gekozen : c.getoond.size() - 1)
+        const QStringList getoond = QString(c.getoond).split('|');
+        EXPECT_EQ(s.cmbBackup, getoond);
+        EXPECT_EQ(s.backupIndex, c.gekozen >= 0 ? c.gekozen : getoond.size() - 1)
             << "the newest stands chosen";
-        EXPECT_EQ(s.fraBackupEnabled, c.getoond.value(0) != "No backups available");
-        EXPECT_EQ(s.cmdBackupEnabled, c.knoppen);
+        EXPECT_EQ(s.fraBackupEnabled, getoond.value(0) != "No backups available");
+        EXPECT_EQ(QString(s.cmdBackupEnabled[0] ? "I" : ".") + (s.cmdBackupEnabled[1] ? "E" : "."),
+                  c.knoppen);
         QStringList meldingen;
         for (int id : c.meldingen)
             meldingen << plek.tekst(id);
-        EXPECT_EQ(plek.w.meldingen(), meldingen);
+        EXPECT_EQ(plek.ws.meldingen(), meldingen);
         if (*c.woord) {
             EXPECT_TRUE(waitUntil([&] { return launcher.woord == c.woord; }));
         }
-        EXPECT_EQ(plek.w.p.beeindigd, *c.woord != 0);
+        EXPECT_EQ(plek.p().beeindigd, *c.woord != 0);
     }
 
     // A long list arrives in two reads and is read whole.
@@ -550,7 +456,7 @@ TEST(InstellingenTest, TheBackupBoxListsExportsAndImportsTheServersBackups) {
     begin(peer).op("BCKLST", "BCK" + namen.join('|'), Levering::Gesplitst);
     Plek plek(&peer);
     // The halves come 50 ms apart; the pieces of a long read may be that far apart.
-    plek.w.p.frmMain->Berichten.setQuietMs(500);
+    plek.p().frmMain->Berichten.setQuietMs(500);
     plek.server().LaadBackups(true);
     EXPECT_EQ(plek.server().cmbBackup, leesbaar);
 }

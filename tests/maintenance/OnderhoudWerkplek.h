@@ -9,6 +9,8 @@
 #include "screens/maintenance/BewerkPaneel.h"
 #include "screens/maintenance/FrmOnderhoud.h"
 #include "screens/maintenance/FrmOnderhoudVraag.h"
+#include "screens/maintenance/OnderhoudInstellingen.h"
+#include "screens/maintenance/OnderhoudServer.h"
 #include "screens/start/FrmMain.h"
 #include "tests/support/ScriptedPeer.h"
 #include "tests/support/Werkplek.h"
@@ -42,6 +44,12 @@ struct OnderhoudPlek {
     }
     Programma& p() { return ws.p; }
     FrmOnderhoud& f() { return *p().frmOnderhoud; }
+    OnderhoudInstellingen& inst() {
+        return dynamic_cast<OnderhoudInstellingen&>(*f().paneel(FrmOnderhoud::PInstellingen));
+    }
+    OnderhoudServer& server() {
+        return dynamic_cast<OnderhoudServer&>(*f().paneel(FrmOnderhoud::PServer));
+    }
     FrmOnderhoudVraag& vraag() { return *p().frmOnderhoudVraag; }
     FakeClock& klok() { return ws.platform.fakeClock(); }
     // Connects without the identification a scripted peer would have to expect.
