@@ -127,26 +127,18 @@ TEST(InstellingenTekstenTest, TheTextsFromOutsideAreReadAsThePanelsShowThem) {
         EXPECT_EQ(InstellingenTeksten::taalLijst(c.rijen), c.lijst);
     }
 
-    struct ServerCase {
-        const char* antwoord;
-        const char* versie;
-        bool automatisch, beta;
-        const char* module;
+    // The answer to LDNSIN as "version/automatic/beta/store".
+    const std::pair<const char*, const char*> servers[] = {
+        {"2.0.1;<>;JA;<>;NEE;<>;SQLite", "2.0.1/1/0/sqlite"},
+        {"2.0.1;<>;nee;<>;ja", "2.0.1/0/1/"}, // an older server has three fields
+        {"3;<>;Ja;<>;JA;<>;x;<>;PostgreSQL", "3/1/1/postgresql"},
+        {"", "/0/0/"},
+        {";<>;;<>;;<>;", "/0/0/"},
     };
-    const ServerCase servers[] = {
-        {"2.0.1;<>;JA;<>;NEE;<>;SQLite", "2.0.1", true, false, "sqlite"},
-        {"2.0.1;<>;nee;<>;ja", "2.0.1", false, true, ""}, // an older server has three fields
-        {"3;<>;Ja;<>;JA;<>;x;<>;PostgreSQL", "3", true, true, "postgresql"},
-        {"", "", false, false, ""},
-        {";<>;;<>;;<>;", "", false, false, ""},
-    };
-    for (const ServerCase& c : servers) {
-        SCOPED_TRACE(c.antwoord);
-        const auto s = InstellingenTeksten::serverInstellingen(c.antwoord);
-        EXPECT_EQ(s.versie, c.versie);
-        EXPECT_EQ(s.automatisch, c.automatisch);
-        EXPECT_EQ(s.beta, c.beta);
-        EXPECT_EQ(s.module, c.module);
+    for (const auto& [antwoord, verwacht] : servers) {
+        const auto s = InstellingenTeksten::serverInstellingen(antwoord);
+        EXPECT_EQ(QString("%1/%2/%3/%4").arg(s.versie).arg(s.automatisch).arg(s.beta).arg(s.module),
+                  verwacht);
     }
     EXPECT_EQ(InstellingenTeksten::opslaanServer(true, false), "6;<>;Ja;<>;Nee;<>;Nee");
     EXPECT_EQ(InstellingenTeksten::opslaanServer(false, true), "6;<>;Nee;<>;Ja;<>;Nee");
