@@ -70,8 +70,8 @@ public:
         bool verplicht = false;          // must be filled in for a new record
         bool zonderHoofdletters = false; // compared case-insensitively (Active Directory)
         bool wachtwoord = false;         // shown masked (unless wachtwoordenTonen)
-        QList<Keuze> keuzes = {};        // a combo box: its items, `waarde` the chosen data;
-                                         // empty for a text box
+        bool keuzelijst = false;         // a combo box rather than a text box
+        QList<Keuze> keuzes = {};        // its items, `waarde` the chosen one's data
         QString groep = {};  // the caption of the frame it stands in (fields of one frame
                              // follow each other); empty for none
         QString uitleg = {}; // a text above the field, inside its frame

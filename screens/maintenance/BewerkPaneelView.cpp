@@ -83,7 +83,7 @@ void BewerkPaneelView::maakVelden() {
         m_uitleg << uitleg;
         auto* label = new QLabel(vak);
         QWidget* veld = nullptr;
-        if (v.keuzes.isEmpty()) {
+        if (!v.keuzelijst) {
             auto* tekst = new QLineEdit(vak);
             connect(tekst, &QLineEdit::textEdited, this,
                     [this, i](const QString& t) { m.ZetVeld(i, t); });

@@ -26,8 +26,8 @@ OnderhoudInstellingen::OnderhoudInstellingen(Programma& p) : BewerkPaneel(p, Liv
               {.naam = QStringLiteral("txtInstellingen_Email(0)")},
               {.naam = QStringLiteral("txtInstellingen_Email(1)")},
               {.naam = QStringLiteral("txtInstellingen_Email(2)")},
-              {.naam = QStringLiteral("cmbInstellingen_Thema")},
-              {.naam = QStringLiteral("cmbInstellingen_Taal")}};
+              {.naam = QStringLiteral("cmbInstellingen_Thema"), .keuzelijst = true},
+              {.naam = QStringLiteral("cmbInstellingen_Taal"), .keuzelijst = true}};
     LaadTaal();
 }
 

@@ -20,8 +20,12 @@ const QString instellingenIni = QString::fromLatin1(ModMain::Instellingen);
 
 OnderhoudServer::OnderhoudServer(Programma& p) : BewerkPaneel(p, Live) {
     velden = {{.naam = QStringLiteral("txtServerlocatie")},
-              {.naam = QStringLiteral("cmbServer(1)"), .waarde = QStringLiteral("Nee")},
-              {.naam = QStringLiteral("cmbServer(2)"), .waarde = QStringLiteral("Nee")}};
+              {.naam = QStringLiteral("cmbServer(1)"),
+               .waarde = QStringLiteral("Nee"),
+               .keuzelijst = true},
+              {.naam = QStringLiteral("cmbServer(2)"),
+               .waarde = QStringLiteral("Nee"),
+               .keuzelijst = true}};
     LaadTaal();
 }
 

@@ -458,10 +458,11 @@ TEST(InstellingenTest, ThePanelsPaintTheirFieldsAndNameEveryControl) {
     begin(peer, "BCK5-3-2024 14.07.09.backup|6-3-2024 9.00.00.backup")
         .op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE;<>;SQLite");
     Plek plek(&peer);
-    plek.kies(0);
     using I = OnderhoudInstellingen;
+    // The window stands before the panel is first shown, as in the client.
     BewerkPaneelView inst(plek.inst());
     inst.resize(plek.f().paneelVak().size());
+    plek.kies(0);
     // The fields in their frames; the lists show the item of the stored data.
     auto* wachtwoord = qobject_cast<QLineEdit*>(inst.veld(I::WachtwoordLeraren));
     ASSERT_TRUE(wachtwoord);
