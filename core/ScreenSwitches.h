@@ -23,6 +23,9 @@ public:
     virtual bool openOnderhoudsmodule(int leraar, const QList<int>& klassen) = 0;
     // modMain.ControleerAanwezigOnderhoudsmodule: true when somebody else is in the module.
     virtual bool ControleerAanwezigOnderhoudsmodule(bool stil) = 0;
+    // Another workstation asks for the maintenance module this one has open (true), or no
+    // longer asks (false).
+    virtual void onderhoudVerzoek(bool gevraagd) = 0;
     // The internet pane of the desktop.
     virtual bool openInternet() = 0;
     // The desktop comes to the front again: the internet pane (when there is one) hides, its tabs

@@ -69,6 +69,15 @@ bool ScreenRouter::ControleerAanwezigOnderhoudsmodule(bool stil) {
     return p.modMainOnderhoud->ControleerAanwezigOnderhoudsmodule(stil);
 }
 
+void ScreenRouter::onderhoudVerzoek(bool gevraagd) {
+    if (!p.modMainOnderhoud)
+        p.maak(p.modMainOnderhoud, p);
+    if (gevraagd)
+        p.modMainOnderhoud->OnderhoudGevraagd();
+    else
+        p.modMainOnderhoud->OnderhoudVraagIngetrokken();
+}
+
 bool ScreenRouter::openInternet() {
     return false;
 }

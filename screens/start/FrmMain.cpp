@@ -15,7 +15,6 @@
 #include "screens/common/FocusOrder.h"
 #include "screens/common/Laadbalk.h"
 #include "screens/common/ThemePicture.h"
-#include "screens/maintenance/ModMainOnderhoud.h"
 #include "screens/taskbar/FrmTaakbalk1.h"
 #include "screens/taskbar/FrmTaakbalk2.h"
 #include "theme/ModThema.h"
@@ -91,16 +90,15 @@ void FrmMain::taakbalkHertekenen() {
     p.frmTaakbalk1->TekenKnop();
 }
 
+// The module is above the start screen: the ways between the screens reach it.
 void FrmMain::onderhoudGevraagd() {
-    if (!p.modMainOnderhoud)
-        p.maak(p.modMainOnderhoud, p);
-    p.modMainOnderhoud->OnderhoudGevraagd();
+    if (p.schermen)
+        p.schermen->onderhoudVerzoek(true);
 }
 
 void FrmMain::onderhoudVraagIngetrokken() {
-    if (!p.modMainOnderhoud)
-        p.maak(p.modMainOnderhoud, p);
-    p.modMainOnderhoud->OnderhoudVraagIngetrokken();
+    if (p.schermen)
+        p.schermen->onderhoudVerzoek(false);
 }
 
 QPoint FrmMain::standaardPlek(int i) {

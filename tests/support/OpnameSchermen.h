@@ -11,7 +11,7 @@ namespace tk::test {
 
 // The ways between the screens, recorded: "bureaublad <soort>:<id>", "verlaten",
 // "onderhoud <leraar>:<klassen>", "internet", "internet verbergen", "open <woord>",
-// "vensters <0|1>". The maintenance
+// "vensters <0|1>", "onderhoudverzoek <0|1>". The maintenance
 // module, the browser and the other screens are there when `elders` says so.
 struct OpnameSchermen : ScreenSwitches {
     void openBureaublad(int soort, const QString& id) override {
@@ -26,6 +26,9 @@ struct OpnameSchermen : ScreenSwitches {
         return elders;
     }
     bool ControleerAanwezigOnderhoudsmodule(bool) override { return bezet; }
+    void onderhoudVerzoek(bool gevraagd) override {
+        log << QStringLiteral("onderhoudverzoek %1").arg(int(gevraagd));
+    }
     bool openInternet() override {
         log << QStringLiteral("internet");
         return elders;
