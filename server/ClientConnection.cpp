@@ -19,12 +19,19 @@ ClientConnection::ClientConnection(QTcpSocket* socket, int number, const Limits&
     m_socket->setParent(this);
     // Before the assembler reads: a connection whose first bytes are no command word is closed
     // before its input is read at all.
-    connect(m_socket, &QTcpSocket::readyRead, this, &ClientConnection::checkFirstWord);
+    connect(m_socket, &QTcpSocket::readyRead, this, [this] {
+        // What the socket took from the system this turn; the assembler reads it all after.
+        m_bytesIn += m_socket->bytesAvailable();
+        m_activity.restart();
+        checkFirstWord();
+    });
     if (m_socket->bytesAvailable() > 0)
         QTimer::singleShot(0, this, &ClientConnection::checkFirstWord);
     m_assembler = new tk::MessageAssembler(socket, this);
-    // A peer that sends without pause fills at most this much memory before it is read.
-    m_socket->setReadBufferSize(64 * 1024);
+    // The socket reads no more from the system than its buffer holds, and reads again at the
+    // next turn of the event loop: a peer that sends without pause gets one slice a turn and
+    // fills no more memory than that before it is read.
+    m_socket->setReadBufferSize(m_limits.turnSlice);
     // Each message in a segment of its own, at once: without this the system holds a small
     // message back until the one before it is acknowledged, and may send the two together.
     m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
@@ -50,7 +57,6 @@ ClientConnection::ClientConnection(QTcpSocket* socket, int number, const Limits&
         close();
     });
     m_firstMessage->start(m_limits.firstMessageMs);
-    connect(m_socket, &QTcpSocket::readyRead, this, [this] { m_activity.restart(); });
     connect(m_socket, &QTcpSocket::bytesWritten, this, &ClientConnection::flush);
     connect(m_socket, &QTcpSocket::disconnected, this, [this] {
         if (!m_closed) {

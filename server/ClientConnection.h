@@ -36,6 +36,9 @@ public:
         qint64 maxMessage = 256 * 1024;
         int firstMessageMs = 30000;
         int pieceQuietMs = MessageAssembler::defaultQuietMs;
+        // What one turn of the event loop reads at most: a peer that sends without pause gets
+        // this slice and the others are served in the same turn.
+        qint64 turnSlice = 16 * 1024;
     };
 
     ClientConnection(QTcpSocket* socket, int number, const Limits& limits,
@@ -59,6 +62,8 @@ public:
     // Whether a first message came, and how long ago the connection came.
     bool spoken() const { return m_spoken; }
     qint64 ageMs() const { return m_clock.elapsed(); }
+    // Bytes read from the client so far.
+    qint64 bytesIn() const { return m_bytesIn; }
     bool awaitingPing() const { return m_awaitingPing; }
     void setAwaitingPing(bool waiting) { m_awaitingPing = waiting; }
 
@@ -95,6 +100,7 @@ private:
     qint64 m_quietUntil = 0; // in m_clock milliseconds
     QElapsedTimer m_clock;
     QTimer* m_timer = nullptr;
+    qint64 m_bytesIn = 0;
     bool m_awaitingPing = false;
     bool m_spoken = false;
     bool m_firstWordSeen = false;

@@ -27,7 +27,8 @@ CommandServer::CommandServer(Store& store, const ServerOptions& options, QObject
       m_maintenance(store, *m_transfers, m_packages, *m_backups, m_updates, m_catalogue),
       m_server(new QTcpServer(this)),
       m_throttle(new AcceptThrottle(m_server, QStringLiteral("command port"), options.fileLimit)),
-      m_keepAlive(new QTimer(this)) {
+      m_sources({options.sourceRate, options.sourceBurst}), m_keepAlive(new QTimer(this)) {
+    m_clock.start();
     m_throttle->onShortage = [this] { closeSilent(); };
     m_throttle->onResume = [this] { takeConnections(true); };
     // Waiting clients wait in the system's listen queue, not in QTcpServer: it holds at most one
@@ -80,7 +81,8 @@ QString CommandServer::domain() {
 
 void CommandServer::takeConnections(bool retry) {
     const ClientConnection::Limits limits{m_options.settleMs, m_options.maxMessage,
-                                          m_options.firstMessageMs, m_options.pieceQuietMs};
+                                          m_options.firstMessageMs, m_options.pieceQuietMs,
+                                          m_options.turnSliceBytes};
     // Short of descriptors, nothing is taken but on a retry, and then one.
     while (retry || !m_throttle->paused()) {
         retry = false;
@@ -88,6 +90,12 @@ void CommandServer::takeConnections(bool retry) {
         if (!socket)
             break;
         m_throttle->accepted(socket->socketDescriptor());
+        if (!m_sources.admit(socket->peerAddress(), m_clock.elapsed())) {
+            socket->abort();
+            delete socket;
+            reportFlood();
+            continue;
+        }
         if (m_connections.size() >= maxConnections) {
             ServerLog::fault(QStringLiteral("command port"),
                              QStringLiteral("too many connections; refused %1")
@@ -123,6 +131,12 @@ void CommandServer::onClosed(ClientConnection* c) {
     // Its descriptor is free once the object is gone: a paused accept may try again then.
     QTimer::singleShot(0, m_throttle, &AcceptThrottle::resume);
     Q_EMIT connectionCountChanged(int(m_connections.size()));
+}
+
+void CommandServer::reportFlood() {
+    const QString line = m_sources.report(m_clock.elapsed());
+    if (!line.isEmpty())
+        ServerLog::fault(QStringLiteral("command port"), line);
 }
 
 void CommandServer::closeSilent() {
@@ -190,6 +204,7 @@ void CommandServer::newcomerGivesUp(ClientConnection* newcomer) {
 }
 
 void CommandServer::keepAliveTick() {
+    reportFlood();
     const qint64 idleLimit = qint64(m_options.keepAliveSeconds) * 1000;
     const QList<ClientConnection*> open = m_connections;
     for (ClientConnection* c : open) {

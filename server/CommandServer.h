@@ -5,9 +5,11 @@
 #include "LoadCache.h"
 #include "MaintenanceCommands.h"
 #include "ServerOptions.h"
+#include "SourceRateLimit.h"
 #include "ThemeCatalogue.h"
 #include "UpdateOffer.h"
 
+#include <QElapsedTimer>
 #include <QList>
 #include <QObject>
 
@@ -70,6 +72,7 @@ private:
     void takeConnections(bool retry);
     void onClosed(ClientConnection* connection);
     void closeSilent();
+    void reportFlood();
 
     Store& m_store;
     ServerOptions m_options;
@@ -83,6 +86,8 @@ private:
     MaintenanceCommands m_maintenance;
     QTcpServer* m_server;
     AcceptThrottle* m_throttle;
+    SourceRateLimit m_sources;
+    QElapsedTimer m_clock;
     QTimer* m_keepAlive;
     QList<ClientConnection*> m_connections;
     // Who asked whom: newcomer -> insider.

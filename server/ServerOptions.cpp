@@ -97,6 +97,18 @@ bool ServerOptions::parse(const QStringList& arguments, const QString& programFo
                 ok = false;
             }
             firstMessageMs = seconds * 1000;
+        } else if (name == QStringLiteral("--source-rate") ||
+                   name == QStringLiteral("--source-burst")) {
+            QString text;
+            ok = value(&text);
+            bool number = false;
+            const int n = text.toInt(&number);
+            if (ok && (!number || n < 0 || n > 1000000)) {
+                *error =
+                    QStringLiteral("%1 needs a number of connections from 0 to 1000000").arg(name);
+                ok = false;
+            }
+            (name == QStringLiteral("--source-rate") ? sourceRate : sourceBurst) = n;
         } else if (name == QStringLiteral("--demo"))
             demo = true;
         else {
@@ -132,7 +144,8 @@ QString ServerOptions::usage() {
                           "         [--upload-data-port N] [--upload-info-port N]\n"
                           "         [--domain NAME] [--theme DIR] [--keep-alive SECONDS]\n"
                           "         [--updates DIR] [--web-port N]\n"
-                          "         [--max-message BYTES] [--first-message SECONDS]\n");
+                          "         [--max-message BYTES] [--first-message SECONDS]\n"
+                          "         [--source-rate PER_SECOND] [--source-burst CONNECTIONS]\n");
 }
 
 } // namespace tk::server

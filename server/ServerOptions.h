@@ -38,6 +38,13 @@ struct ServerOptions {
     // How long the pieces of a long message may lie apart on the network; not on the command
     // line.
     int pieceQuietMs = 50;
+    // New connections per second from one address, and how many may come at once; beyond that
+    // they are closed at accept (0: no limit).
+    int sourceRate = 100;
+    int sourceBurst = 500;
+    // How many bytes one connection's input may give per turn of the event loop, so that one
+    // that sends megabytes cannot keep the others waiting; not on the command line.
+    qint64 turnSliceBytes = 16 * 1024;
     // The open-file limit the server runs under (0 unknown); set at start, not an option.
     qint64 fileLimit = 0;
 

@@ -8,7 +8,10 @@
 // log says about limits and descriptors.
 //
 //   tk_server_hostile_bench [--clients N] [--server-files N] [--attacker-nice N]
+//                           [--attack-from ADDRESS]
 //
+// The attacker connects from 127.0.0.2 (another loopback address, as another machine would), the
+// clients from 127.0.0.1; --attack-from 127.0.0.1 makes them share one address.
 // --server-files runs the server under that open-file limit (for example 1024, to see it run out
 // of descriptors during the flood). Run bench/server/hostile.sh for both.
 #include "BenchSchool.h"
@@ -36,6 +39,15 @@ QString s(const char* t) {
 }
 
 // --- the attacking side
+
+// The attacker's own address: another loopback address than the clients' 127.0.0.1, so that
+// the server can tell the two apart as it would two machines.
+QHostAddress attackFrom(QStringLiteral("127.0.0.2"));
+
+void connectFromAttacker(QTcpSocket& socket, quint16 port) {
+    socket.bind(attackFrom);
+    socket.connectToHost(QHostAddress::LocalHost, port);
+}
 
 struct AttackCounts {
     qint64 idleReconnects = 0;
@@ -72,7 +84,7 @@ public:
 private:
     void open(quint16 port) {
         if (m_socket.state() == QAbstractSocket::UnconnectedState)
-            m_socket.connectToHost(QHostAddress::LocalHost, port);
+            connectFromAttacker(m_socket, port);
     }
     void feed() {
         if (m_kind == Kind::Idle || m_socket.state() != QAbstractSocket::ConnectedState)
@@ -169,7 +181,7 @@ int attack(quint16 port, int seconds) {
                     socket->deleteLater();
                 }
             });
-            socket->connectToHost(QHostAddress::LocalHost, port);
+            connectFromAttacker(*socket, port);
         }
     });
     flood.start();
@@ -278,6 +290,8 @@ int main(int argc, char** argv) {
         const qsizetype at = args.indexOf(s(name));
         return at > 0 && at + 1 < args.size() ? args[at + 1].toInt() : fallback;
     };
+    if (const qsizetype at = args.indexOf(s("--attack-from")); at > 0 && at + 1 < args.size())
+        attackFrom = QHostAddress(args[at + 1]);
     if (args.contains(s("--attack")))
         return attack(quint16(option("--attack", 0)), option("--seconds", 12));
     const int clients = option("--clients", 200);
@@ -334,8 +348,9 @@ int main(int argc, char** argv) {
         // processors so that it does not take the clients' on a small machine.
         attacker.start(s("nice"),
                        {s("-n"), QString::number(option("--attacker-nice", 0)),
-                        QCoreApplication::applicationFilePath(), s("--attack"),
-                        QString::number(server.port()), s("--seconds"), QString::number(seconds)});
+                        QCoreApplication::applicationFilePath(), s("--attack-from"),
+                        attackFrom.toString(), s("--attack"), QString::number(server.port()),
+                        s("--seconds"), QString::number(seconds)});
         QByteArray attackOut;
         while (!attackOut.contains("ready") && attacker.waitForReadyRead(10000))
             attackOut += attacker.readAllStandardOutput();
@@ -377,6 +392,8 @@ int main(int argc, char** argv) {
                     server.logCount(s("above the limit")), server.logCount(s("no first message")),
                     server.logCount(s("accepting paused")), server.logCount(s("accepting again")),
                     server.logCount(s("too many connections")));
+        std::printf("server log: %d connection-flood reports\n",
+                    server.logCount(s("connection flood")));
     }
     const double ratio = double(hostile.medianMs) / double(std::max<qint64>(1, quiet.medianMs));
     std::printf("median load time under attack / in quiet: %.2f (goal at most 1.5); server alive "

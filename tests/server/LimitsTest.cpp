@@ -1,9 +1,14 @@
 // What one client may cost the server: a connection that never speaks is closed after the set
-// time, input beyond the limit closes its connection and stores nothing, and a server out of file
-// descriptors waits and serves everyone in turn. Small limits, so that the cases are quick.
+// time, input beyond the limit closes its connection and stores nothing, a connection flood from
+// one address is closed at accept, a peer that sends without pause gets one slice a turn, and a
+// server out of file descriptors waits and serves everyone in turn. Small limits, so that the
+// cases are quick.
 #include "RunningServer.h"
 #include "WireClient.h"
+#include "server/ClientConnection.h"
+#include "server/SourceRateLimit.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
@@ -148,4 +153,123 @@ TEST(ServerLimitsTest, OutOfFileDescriptorsSilentConnectionsGiveWayAndTheRestWai
     EXPECT_TRUE(readLog().contains(s("accepting again")));
     process.terminate();
     process.waitForFinished(10000);
+}
+
+TEST(ServerLimitsTest, NewConnectionsPerAddressFollowTheirBucket) {
+    // Connections that come at one moment from one address, and how many of them may stay.
+    struct Step {
+        qint64 ms;
+        const char* from;
+        int come;
+        int stay;
+    };
+    struct Case {
+        const char* what;
+        SourceRateLimit::Limits limits;
+        std::vector<Step> steps;
+    };
+    const SourceRateLimit::Limits defaults;
+    const Case cases[] = {
+        {"200 workstations behind one address after a power cut, and again at once",
+         defaults,
+         {{0, "10.0.0.1", 200, 200}, {500, "10.0.0.1", 200, 200}}},
+        {"a flood from one address: the burst, then the rate",
+         defaults,
+         {{0, "10.0.0.9", 2000, 500}, {1000, "10.0.0.9", 2000, 100}, {1500, "10.0.0.9", 10, 10}}},
+        {"one address's flood leaves another's bucket alone",
+         {1, 3, 10000},
+         {{0, "10.0.0.9", 5, 3}, {0, "10.0.0.2", 3, 3}, {0, "::1", 4, 3}}},
+        {"an IPv4 address and its IPv6-mapped form are one address",
+         {1, 3, 10000},
+         {{0, "10.0.0.9", 2, 2}, {0, "::ffff:10.0.0.9", 2, 1}}},
+        {"a bucket refills at the rate and no further than the burst",
+         {2, 3, 10000},
+         {{0, "10.0.0.9", 3, 3},
+          {499, "10.0.0.9", 1, 0},
+          {500, "10.0.0.9", 2, 1},
+          {60000, "10.0.0.9", 5, 3}}},
+        {"rate 0: no limit", {0, 1, 10000}, {{0, "10.0.0.9", 1000, 1000}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        SourceRateLimit limit(c.limits);
+        for (const Step& step : c.steps) {
+            SCOPED_TRACE(step.ms);
+            int stayed = 0;
+            for (int i = 0; i < step.come; ++i)
+                stayed += limit.admit(QHostAddress(s(step.from)), step.ms) ? 1 : 0;
+            EXPECT_EQ(step.stay, stayed);
+        }
+    }
+}
+
+TEST(ServerLimitsTest, AFloodIsReportedAtOnceThenOncePerIntervalAndForgottenWhenOver) {
+    SourceRateLimit limit({10, 10, 5000});
+    const QHostAddress flood(s("10.0.0.9"));
+    const QHostAddress quiet(s("10.0.0.2"));
+    EXPECT_TRUE(limit.admit(quiet, 0));
+    EXPECT_EQ(QString(), limit.report(0)); // nothing closed, nothing to say
+    for (int i = 0; i < 25; ++i)
+        limit.admit(flood, 100);
+    const QString first = limit.report(100);
+    EXPECT_TRUE(first.contains(s("closed 15 new connections"))) << qPrintable(first);
+    EXPECT_TRUE(first.contains(s("15 from 10.0.0.9"))) << qPrintable(first);
+    for (int i = 0; i < 100; ++i)
+        limit.admit(flood, 200 + i);
+    EXPECT_EQ(QString(), limit.report(4000)); // within the interval: one line per interval
+    const QString second = limit.report(5100);
+    EXPECT_TRUE(second.contains(s("closed 99 new connections"))) << qPrintable(second);
+    EXPECT_EQ(QString(), limit.report(10200)); // the flood is over
+    // Addresses whose bucket is full again are forgotten: the table stays small.
+    EXPECT_EQ(0, int(limit.sources()));
+}
+
+TEST(ServerLimitsTest, AFloodFromOneAddressIsClosedAtAcceptWhileAnotherIsServed) {
+    RunningServer server(true, 60, QString(), false, [](ServerOptions& o) {
+        QString error;
+        EXPECT_TRUE(
+            o.parse({s("--source-rate"), s("1"), s("--source-burst"), s("3")}, QString(), &error))
+            << qPrintable(error);
+    });
+    std::vector<std::unique_ptr<QTcpSocket>> flood;
+    for (int i = 0; i < 10; ++i) {
+        flood.push_back(std::make_unique<QTcpSocket>());
+        flood.back()->bind(QHostAddress(s("127.0.0.2")));
+        flood.back()->connectToHost(QHostAddress::LocalHost, server.port());
+    }
+    auto closed = [&] {
+        int n = 0;
+        for (const auto& f : flood)
+            n += f->state() == QAbstractSocket::UnconnectedState ? 1 : 0;
+        return n;
+    };
+    // Three at once, and one more if a second passed meanwhile.
+    EXPECT_TRUE(waitFor([&] { return closed() >= 6; }));
+    WireClient client(server.port());
+    EXPECT_EQ(s("TST"), client.ask(s("TST")));
+    EXPECT_LE(int(server.server().connections().size()), 5);
+}
+
+TEST(ServerLimitsTest, APeerThatSendsWithoutPauseGetsOneSliceATurn) {
+    constexpr qint64 slice = 16 * 1024;
+    RunningServer server(true, 60, QString(), false, [](ServerOptions& o) {
+        o.turnSliceBytes = slice;
+        o.maxMessage = 64 * 1024 * 1024;
+    });
+    WireClient flooder(server.port());
+    ASSERT_TRUE(waitFor([&] { return server.server().connections().size() == 1; }));
+    ClientConnection* flooding = server.server().connections().first();
+    // Far more than a slice waits in the system before the server looks again.
+    flooder.sendBytes("OPSITS" + QByteArray(4 << 20, 'x'));
+    while (flooder.socket().bytesToWrite() > 0 && flooder.socket().waitForBytesWritten(200)) {
+    }
+    ASSERT_GT(flooder.socket().bytesToWrite(), 0) << "the system took the whole input at once";
+    const qint64 before = flooding->bytesIn();
+    QCoreApplication::processEvents();
+    EXPECT_GT(flooding->bytesIn(), before);
+    EXPECT_LE(flooding->bytesIn() - before, slice);
+    // Others are served meanwhile.
+    WireClient other(server.port());
+    EXPECT_EQ(s("TST"), other.ask(s("TST")));
+    EXPECT_TRUE(flooder.connected());
 }
