@@ -83,6 +83,14 @@ void FrmFoutrapportage::Tonen(const QString& procedure, const QString& lijn,
 
 bool FrmFoutrapportage::IsGenegeerd(const QString& applicatie, const QString& procedure,
                                     const QString& lijn, const QString& omschrijving) {
+    // Asked at every fault: one look at the file for the whole list of stored reports, not five
+    // per report.
+    const IniDocument* lijst = p.iniFiles.document(p.modMain.Pad(bestand()));
+    if (!lijst)
+        return false;
+    auto lees = [lijst](const QString& sectie, const QString& sleutel) {
+        return lijst->value(sectie, sleutel).value_or(QString()).left(ModMain::IniWaardeMax);
+    };
     const int laatste = lees(kop(), QStringLiteral("Laatste ID")).toInt();
     for (int id = 1; id <= laatste; ++id) {
         const QString sectie = QStringLiteral("ID=%1").arg(id);

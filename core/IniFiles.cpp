@@ -55,6 +55,11 @@ std::optional<QString> IniFiles::read(const QString& path, const QString& sectio
     return entry->document.value(section, key);
 }
 
+const IniDocument* IniFiles::document(const QString& path) {
+    const Entry* entry = load(path);
+    return entry ? &entry->document : nullptr;
+}
+
 bool IniFiles::write(const QString& path, const QString& section, const QString& key,
                      const QString& value) {
     if (section.trimmed().isEmpty() || key.trimmed().isEmpty())

@@ -22,6 +22,9 @@ public:
     bool removeSection(const QString& path, const QString& section);
     QStringList sections(const QString& path);
     QStringList keys(const QString& path, const QString& section);
+    // The file as it is on disk now, for many reads after one look at the file; null when it does
+    // not exist. Valid until the next call on this object.
+    const IniDocument* document(const QString& path);
 
 private:
     struct Entry {

@@ -31,9 +31,8 @@ QString ModMain::Pad(const QString& pad) const {
 
 QString ModMain::LeesIni(const QString& sectie, const QString& sleutel, const QString& bestand) {
     QString waarde = p.iniFiles.read(Pad(bestand), sectie, sleutel).value_or(QString());
-    // The profile function fills a buffer of 5000 characters: the text ends at 4999.
-    if (waarde.size() > 4999)
-        waarde.truncate(4999);
+    if (waarde.size() > IniWaardeMax)
+        waarde.truncate(IniWaardeMax);
     return waarde;
 }
 
@@ -122,7 +121,6 @@ void ModMain::Foutmelding(const QString& omschrijving, const QString& naam,
 
 void ModMain::SchrijfLogboek(const QString& omschrijving, const QString& naam,
                              const QString& procedure, const QString& lijn) {
-    MaakMappen(QStringLiteral("\\Logboek"));
     const QDateTime nu = p.platform.clock().now();
     const QString datum = nu.date().toString(QStringLiteral("d-M-yyyy"));
     const QString eol = QStringLiteral("\r\n");
@@ -143,9 +141,24 @@ void ModMain::SchrijfLogboek(const QString& omschrijving, const QString& naam,
     }
     regels += streep + eol;
 
-    QFile bestand(Pad(QStringLiteral("\\Logboek\\") + datum + QStringLiteral(".txt")));
-    if (bestand.open(QIODevice::Append))
-        bestand.write(regels.toUtf8());
+    // A client that meets many faults (a malformed answer of many rows) pays one open per fault:
+    // the folder is made and the file looked up again only when today's file cannot be opened
+    // where it was last found (the first fault of a day, or the folder was removed or renamed).
+    const QString bestandNaam = QStringLiteral("\\Logboek\\") + datum + QStringLiteral(".txt");
+    QFile bestand;
+    if (bestandNaam == m_logboekNaam) {
+        bestand.setFileName(m_logboekPad);
+        bestand.open(QIODevice::Append);
+    }
+    if (!bestand.isOpen()) {
+        MaakMappen(QStringLiteral("\\Logboek"));
+        m_logboekNaam = bestandNaam;
+        m_logboekPad = Pad(bestandNaam);
+        bestand.setFileName(m_logboekPad);
+        if (!bestand.open(QIODevice::Append))
+            return;
+    }
+    bestand.write(regels.toUtf8());
 }
 
 void ModMain::LaadTaal() {

@@ -18,6 +18,8 @@ public:
     // --- settings store and file tree
     // A "\Data\x.ini" path (or a native absolute one) as a native path below the program folder.
     QString Pad(const QString& pad) const;
+    // The profile function fills a buffer of 5000 characters: a value read ends at 4999.
+    static constexpr qsizetype IniWaardeMax = 4999;
     QString LeesIni(const QString& sectie, const QString& sleutel, const QString& bestand);
     // The value comes first, as everywhere in the program.
     void SchrijfIni(const QString& waarde, const QString& sectie, const QString& sleutel,
@@ -104,6 +106,9 @@ public:
 private:
     Programma& p;
     int m_rapportDiepte = 0;
+    // Today's log-book file as last found on disk, so that a fault costs one open.
+    QString m_logboekNaam;
+    QString m_logboekPad;
 };
 
 } // namespace tk

@@ -9,7 +9,8 @@ rounds=${2:-3}
 build=${3:-build}
 shift 3 2>/dev/null || shift $#
 bench=$build/bench/server/tk_server_hostile_bench
-new=$build/server/tafelkrater-server
+# TK_NEW_SERVER: a copy of the new build, so that a rebuild meanwhile does not change it.
+new=${TK_NEW_SERVER:-$build/server/tafelkrater-server}
 cmake --build "$build" --target tk_server_hostile_bench tafelkrater-server >/dev/null
 ulimit -n "$(ulimit -Hn)"
 i=0

@@ -3,6 +3,7 @@
 #include "core/Procedure.h"
 #include "tests/support/Werkplek.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -43,6 +44,25 @@ TEST(LogboekTest, TwoFaultsOfOneDayStandInOneFileEachBetweenItsOwnLines) {
                                             "\t\t   regel twee\r\n") +
                              streep + QStringLiteral("\r\n");
     EXPECT_EQ(logboek(w), verwacht);
+    // The folder removed, or made again in another spelling, between two faults: the next fault
+    // still lands, in the folder as it is now.
+    struct Case {
+        const char* madeBySomeoneElse;
+        const char* found;
+    };
+    for (const Case& c : {Case{nullptr, "Logboek"}, Case{"LOGBOEK", "LOGBOEK"}}) {
+        SCOPED_TRACE(c.found);
+        for (const char* weg : {"Logboek", "LOGBOEK"})
+            QDir(w.map() + QLatin1Char('/') + QString::fromLatin1(weg)).removeRecursively();
+        if (c.madeBySomeoneElse) {
+            ASSERT_TRUE(QDir(w.map()).mkdir(QString::fromLatin1(c.madeBySomeoneElse)));
+        }
+        w.p.modMain.SchrijfLogboek(QStringLiteral("Na het opruimen"), QStringLiteral("Naam"),
+                                   QString(), QStringLiteral("-"));
+        EXPECT_TRUE(QString::fromUtf8(
+                        w.lees(QString::fromLatin1(c.found) + QStringLiteral("/9-3-2026.txt")))
+                        .contains(QStringLiteral("Na het opruimen")));
+    }
 }
 
 TEST(FoutrapportTest, ACrLfIsSplitInTheLogAndStaysOnOneLineInTheReports) {
