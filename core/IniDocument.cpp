@@ -86,6 +86,8 @@ void IniDocument::reindex() {
             if (!current->keys.contains(lower)) {
                 current->keys.insert(lower, i - current->header);
                 current->keyOrder.append(line.name);
+            } else {
+                current->shadowed = true;
             }
         }
     }
@@ -164,37 +166,76 @@ void IniDocument::setValue(const QString& section, const QString& key, const QSt
     s.keys.insert(lowerKey, line - s.header);
     s.keyOrder.append(written.name);
     s.lastEntry = line;
-    // Every later section moved down one line; their keys count from their headers.
+    shiftAfter(idx, 1);
+}
+
+void IniDocument::shiftAfter(qsizetype idx, int by) {
+    // Keys count from their section's header: only the headers and ends move.
     for (qsizetype i = idx + 1; i < m_sections.size(); ++i) {
-        ++m_sections[i].header;
-        ++m_sections[i].lastEntry;
+        m_sections[i].header += by;
+        m_sections[i].lastEntry += by;
     }
 }
 
+// Like setValue, the index follows the removal: the section's own keys after the line move up
+// one, later sections move as a whole. A section where a key appears twice (the second is
+// uncovered by the removal) is indexed the slow way.
 void IniDocument::removeKey(const QString& section, const QString& key) {
-    const Section* s = find(section);
-    if (!s)
+    const int idx = findIndex(section);
+    if (idx < 0)
         return;
-    const int offset = s->keys.value(key.trimmed().toLower(), -1);
+    Section& s = m_sections[idx];
+    const QString lowerKey = key.trimmed().toLower();
+    const int offset = s.keys.value(lowerKey, -1);
     if (offset < 0)
         return;
-    m_lines.removeAt(s->header + offset);
-    reindex();
+    const int line = s.header + offset;
+    m_lines.removeAt(line);
+    if (s.shadowed) {
+        reindex();
+        return;
+    }
+    s.keys.remove(lowerKey);
+    qsizetype before = 0; // keys above the removed one: its place in keyOrder
+    for (auto it = s.keys.begin(); it != s.keys.end(); ++it) {
+        if (it.value() > offset)
+            --it.value();
+        else
+            ++before;
+    }
+    s.keyOrder.removeAt(before);
+    if (line == s.lastEntry) {
+        // The section now ends at the last line above that is not blank.
+        int last = line - 1;
+        while (last > s.header && visible(m_lines[last]).trimmed().isEmpty())
+            --last;
+        s.lastEntry = last;
+    } else {
+        --s.lastEntry;
+    }
+    shiftAfter(idx, -1);
 }
 
 void IniDocument::removeSection(const QString& section) {
-    const Section* s = find(section);
-    if (!s)
+    const int idx = findIndex(section);
+    if (idx < 0)
         return;
-    const int from = s->header;
-    int to = int(m_lines.size());
-    for (const Section& other : m_sections)
-        if (other.header > from) {
-            to = other.header;
+    const int from = m_sections[idx].header;
+    const int to = idx + 1 < m_sections.size() ? m_sections[idx + 1].header : int(m_lines.size());
+    m_lines.erase(m_lines.begin() + from, m_lines.begin() + to);
+    const QString lowerName = m_sections[idx].name.toLower();
+    m_sections.removeAt(idx);
+    shiftAfter(idx - 1, from - to);
+    for (auto it = m_sectionIndex.begin(); it != m_sectionIndex.end(); ++it)
+        if (it.value() > idx)
+            --it.value();
+    // A later section of the same name is the first of that name now.
+    m_sectionIndex.remove(lowerName);
+    for (qsizetype i = idx; i < m_sections.size(); ++i)
+        if (m_sections[i].name.toLower() == lowerName) {
+            m_sectionIndex.insert(lowerName, int(i));
             break;
         }
-    m_lines.erase(m_lines.begin() + from, m_lines.begin() + to);
-    reindex();
 }
 
 QStringList IniDocument::sections() const {

@@ -35,6 +35,7 @@ private:
         int lastEntry = -1;       // last non-blank line that belongs to the section
         QHash<QString, int> keys; // lower-cased key -> line after the header, first occurrence
         QStringList keyOrder;
+        bool shadowed = false; // a key appears twice: a removal uncovers the second
     };
     // What one line is to the index: a section header or a key (with its name), or neither.
     struct Line {
@@ -43,6 +44,8 @@ private:
     };
     static Line classify(const QString& line);
     void reindex();
+    // Every section after `idx` moved by `by` lines.
+    void shiftAfter(qsizetype idx, int by);
     int findIndex(const QString& section) const;
     const Section* find(const QString& section) const;
     static bool splitEntry(QStringView line, QStringView& key, QStringView& value);

@@ -1,5 +1,5 @@
 // Settings files and the cache cipher: a 1 MB INI file read cold, one key written into it, a
-// document gaining many keys, and RC4 over 10 MB.
+// document gaining and losing many keys and sections, and RC4 over 10 MB.
 #include "core/ClsRC4.h"
 #include "core/IniDocument.h"
 #include "core/IniFiles.h"
@@ -83,6 +83,35 @@ void BM_IniDocumentGainsKeys(benchmark::State& state) {
 }
 // 2,000 and 20,000 keys: a constant cost per key keeps items per second flat.
 BENCHMARK(BM_IniDocumentGainsKeys)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
+
+// A document that loses every key, one at a time, and one that loses every section (a tool that
+// clears a large file): each removal costs its own section, not a pass over the whole document.
+void BM_IniDocumentLosesKeys(benchmark::State& state) {
+    const int keys = int(state.range(0));
+    const IniDocument start = IniDocument::parse(groteIni(keys / 100, 100));
+    for (auto _ : state) {
+        IniDocument doc = start;
+        for (int k = 0; k < keys; ++k)
+            doc.removeKey(QStringLiteral("Sectie%1").arg(k % (keys / 100)),
+                          QStringLiteral("Sleutel%1").arg(k / (keys / 100)));
+        benchmark::DoNotOptimize(doc.value(QStringLiteral("Sectie3"), QStringLiteral("Sleutel3")));
+    }
+    state.SetItemsProcessed(state.iterations() * keys);
+}
+BENCHMARK(BM_IniDocumentLosesKeys)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
+
+void BM_IniDocumentLosesSections(benchmark::State& state) {
+    const int sections = int(state.range(0));
+    const IniDocument start = IniDocument::parse(groteIni(sections, 100));
+    for (auto _ : state) {
+        IniDocument doc = start;
+        for (int s = 0; s < sections; ++s)
+            doc.removeSection(QStringLiteral("Sectie%1").arg((s * 7) % sections));
+        benchmark::DoNotOptimize(doc.sections());
+    }
+    state.SetItemsProcessed(state.iterations() * sections);
+}
+BENCHMARK(BM_IniDocumentLosesSections)->Arg(40)->Arg(400)->Unit(benchmark::kMillisecond);
 
 void BM_Rc4(benchmark::State& state) {
     QByteArray gegevens(10 * 1024 * 1024, 'x');

@@ -166,13 +166,14 @@ TEST(IniDocumentTest, RemovesKeysAndSectionsAndListsThem) {
     EXPECT_EQ(doc.value(QStringLiteral("A"), QString()), std::nullopt);
 }
 
-// Writes keep the document's index in step with its lines: after each row's writes, the document
-// reads exactly as its own text read afresh, including writes whose line reads as something else.
-TEST(IniDocumentTest, AfterWritesTheDocumentReadsLikeItsTextReadAfresh) {
+// Changes keep the document's index in step with its lines: after each row's writes and
+// removals, the document reads exactly as its own text read afresh, including writes whose line
+// reads as something else.
+TEST(IniDocumentTest, AfterChangesTheDocumentReadsLikeItsTextReadAfresh) {
     struct Write {
         const char* section;
-        const char* key;
-        const char* value;
+        const char* key;   // null: the section is removed
+        const char* value; // null: the key is removed
     };
     struct Case {
         const char* text;
@@ -196,13 +197,43 @@ TEST(IniDocumentTest, AfterWritesTheDocumentReadsLikeItsTextReadAfresh) {
          {{"A", "[y", "]"}, {"B", ";c", "1"}, {"B", "z", "2"}, {"A", "x", "a=b"}},
          "[A]\nx=a=b\n[y=]\n[B]\n;c=1\nz=2\n"},
         {"[A]\nx=1\n", {{"[B", "k", "1"}, {"A", "y", "2"}}, "[A]\nx=1\ny=2\n[[B]\nk=1\n"},
+        // Removals: a new key still lands after the section's last key, before its blank line.
+        {"[A]\nx=1\ny=2\n\n[B]\nz=3\n",
+         {{"A", "x", nullptr},
+          {"A", "w", "4"},
+          {"a", "W", nullptr},
+          {"A", "v", "5"},
+          {"B", "z", nullptr},
+          {"b", "q", "6"}},
+         "[A]\ny=2\nv=5\n\n[B]\nq=6\n"},
+        {"[A]\nx=1\n;c\n\n[B]\n", {{"A", "x", nullptr}, {"A", "y", "2"}}, "[A]\n;c\ny=2\n\n[B]\n"},
+        {"[A]\nx=1\n\ny=2\n[B]\n",
+         {{"A", "y", nullptr}, {"nergens", "x", nullptr}, {"A", "z", "3"}},
+         "[A]\nx=1\nz=3\n\n[B]\n"},
+        // A key written twice: removing the first uncovers the second.
+        {"[A]\nx=1\nX=2\ny=3\n", {{"A", "x", nullptr}, {"A", "z", "4"}}, "[A]\nX=2\ny=3\nz=4\n"},
+        // A later section of the same name takes the place of a removed one.
+        {"[A]\nx=1\n[B]\nb=1\n[a]\ny=2\n[C]\nc=1\n",
+         {{"A", nullptr, nullptr},
+          {"A", "z", "3"},
+          {"c", nullptr, nullptr},
+          {"C", "d", "4"},
+          {"B", "b", nullptr},
+          {"nergens", nullptr, nullptr}},
+         "[B]\n[a]\ny=2\nz=3\n[C]\nd=4\n"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
         IniDocument doc = IniDocument::parse(QString::fromLatin1(c.text));
-        for (const Write& w : c.writes)
-            doc.setValue(QString::fromLatin1(w.section), QString::fromLatin1(w.key),
-                         QString::fromLatin1(w.value));
+        for (const Write& w : c.writes) {
+            const QString section = QString::fromLatin1(w.section);
+            if (!w.key)
+                doc.removeSection(section);
+            else if (!w.value)
+                doc.removeKey(section, QString::fromLatin1(w.key));
+            else
+                doc.setValue(section, QString::fromLatin1(w.key), QString::fromLatin1(w.value));
+        }
         EXPECT_EQ(doc.text(), QString::fromLatin1(c.expected));
         const IniDocument afresh = IniDocument::parse(doc.text());
         ASSERT_EQ(doc.sections(), afresh.sections());
