@@ -203,8 +203,39 @@ void CommandServer::newcomerGivesUp(ClientConnection* newcomer) {
         }
 }
 
+void CommandServer::closeSilentBeyondShare() {
+    if (m_options.silentPerSource <= 0)
+        return;
+    // The youngest keep their place: they are the ones that may still speak.
+    QHash<QHostAddress, int> held;
+    QList<ClientConnection*> beyond;
+    QHostAddress worst;
+    for (auto it = m_connections.crbegin(); it != m_connections.crend(); ++it) {
+        ClientConnection* c = *it;
+        if (c->spoken() || c->ageMs() < m_options.silentAgeMs)
+            continue;
+        const QHostAddress source = SourceRateLimit::sourceOf(c->peerAddress());
+        if (++held[source] > m_options.silentPerSource) {
+            beyond << c;
+            worst = source;
+        }
+    }
+    if (beyond.isEmpty())
+        return;
+    ServerLog::fault(QStringLiteral("command port"),
+                     QStringLiteral("closed %1 connections that sent nothing for %2 ms: more than "
+                                    "%3 from one address (%4)")
+                         .arg(beyond.size())
+                         .arg(m_options.silentAgeMs)
+                         .arg(m_options.silentPerSource)
+                         .arg(worst.toString()));
+    for (ClientConnection* c : beyond)
+        c->close();
+}
+
 void CommandServer::keepAliveTick() {
     reportFlood();
+    closeSilentBeyondShare();
     const qint64 idleLimit = qint64(m_options.keepAliveSeconds) * 1000;
     const QList<ClientConnection*> open = m_connections;
     for (ClientConnection* c : open) {

@@ -61,7 +61,8 @@ public:
     // How many notices of the handshake were passed on so far.
     int relayedNotices() const { return m_relayed; }
 
-    // One round of keep-alives; runs every second, public so that a test can run it at once.
+    // One round of keep-alives, and of closing what one address holds silent beyond its share;
+    // runs every second, public so that a test can run it at once.
     void keepAliveTick();
 
 Q_SIGNALS:
@@ -72,6 +73,7 @@ private:
     void takeConnections(bool retry);
     void onClosed(ClientConnection* connection);
     void closeSilent();
+    void closeSilentBeyondShare();
     void reportFlood();
 
     Store& m_store;

@@ -42,6 +42,11 @@ struct ServerOptions {
     // they are closed at accept (0: no limit).
     int sourceRate = 100;
     int sourceBurst = 500;
+    // How many connections one address may hold that have sent nothing for `silentAgeMs`: every
+    // client speaks at once, so more are a scan or an attack, and the oldest are closed (0: no
+    // limit); not on the command line.
+    int silentPerSource = 32;
+    int silentAgeMs = 5000;
     // How many bytes one connection's input may give per turn of the event loop, so that one
     // that sends megabytes cannot keep the others waiting; not on the command line.
     qint64 turnSliceBytes = 16 * 1024;

@@ -13,13 +13,16 @@ void SourceRateLimit::refill(Bucket& b, qint64 nowMs) const {
     }
 }
 
+QHostAddress SourceRateLimit::sourceOf(const QHostAddress& peer) {
+    bool v4 = false;
+    const quint32 ipv4 = peer.toIPv4Address(&v4);
+    return v4 ? QHostAddress(ipv4) : peer;
+}
+
 bool SourceRateLimit::admit(const QHostAddress& source, qint64 nowMs) {
     if (m_limits.perSecond <= 0)
         return true;
-    // An IPv4 client of a listener on both families comes as an IPv6-mapped address.
-    bool v4 = false;
-    const quint32 ipv4 = source.toIPv4Address(&v4);
-    const QHostAddress key = v4 ? QHostAddress(ipv4) : source;
+    const QHostAddress key = sourceOf(source);
     auto it = m_buckets.find(key);
     if (it == m_buckets.end())
         it = m_buckets.insert(key, Bucket{double(m_limits.burst), nowMs, 0});

@@ -23,6 +23,10 @@ public:
 
     explicit SourceRateLimit(const Limits& limits) : m_limits(limits) {}
 
+    // The address a connection counts under: an IPv4 client of a listener on both families
+    // comes as an IPv6-mapped address.
+    static QHostAddress sourceOf(const QHostAddress& peer);
+
     // Whether a connection from `source` that came at `nowMs` may stay.
     bool admit(const QHostAddress& source, qint64 nowMs);
     // Once per report interval, a line about the connections closed since the last one; empty

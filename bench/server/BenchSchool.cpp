@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 #include <cstdio>
@@ -94,8 +95,7 @@ bool BenchServer::start(const QString& dataFolder, int fileLimit) {
         m_process.start(
             s("/bin/sh"),
             QStringList{s("-c"),
-                        QStringLiteral("ulimit -n %1 && exec \"$0\" \"$@\"").arg(fileLimit),
-                        exe} +
+                        QStringLiteral("ulimit -n %1 && exec \"$0\" \"$@\"").arg(fileLimit), exe} +
                 args);
     else
         m_process.start(exe, args);
@@ -154,6 +154,10 @@ qint64 BenchServer::residentKb() const {
 
 qint64 BenchServer::peakKb() const {
     return statusKb(pid(), "VmHWM:");
+}
+
+int BenchServer::openFiles() const {
+    return int(QDir(QStringLiteral("/proc/%1/fd").arg(pid())).count()) - 2;
 }
 
 qint64 BenchServer::cpuMs() const {

@@ -24,6 +24,8 @@ public:
     // The server's resident memory now and its peak, in kB.
     qint64 residentKb() const;
     qint64 peakKb() const;
+    // How many descriptors the server holds open now (each one is watched by its event loop).
+    int openFiles() const;
     // User and system time the server has used so far, in milliseconds.
     qint64 cpuMs() const;
     // Drains the log; counts lines that contain `text` since the start.

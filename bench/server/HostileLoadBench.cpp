@@ -218,6 +218,7 @@ struct RunResult {
     qint64 p90Ms = 0;
     qint64 slowestMs = 0;
     qint64 maxRssKb = 0;
+    int maxFiles = 0;
     qint64 peakKb = 0;
     qint64 serverCpuMs = 0;
     qint64 clientsCpuMs = 0;
@@ -244,6 +245,7 @@ RunResult loadAll(BenchServer& server, int clients, const QStringList& reference
             alongside();
         if (sample.elapsed() >= 100) {
             r.maxRssKb = std::max(r.maxRssKb, server.residentKb());
+            r.maxFiles = std::max(r.maxFiles, server.openFiles());
             sample.restart();
         }
     }
@@ -270,12 +272,12 @@ RunResult loadAll(BenchServer& server, int clients, const QStringList& reference
 void print(const char* name, const RunResult& r, int clients) {
     std::printf("%s: %d of %d clients finished, %d with the reference answers; load time median "
                 "%lld ms, 90%% %lld ms, slowest %lld ms, all done in %lld ms; server memory: "
-                "at most %lld kB sampled, peak %lld kB; server CPU during the load %lld ms, the "
-                "clients' %lld ms\n",
+                "at most %lld kB sampled, peak %lld kB; at most %d descriptors open; server CPU "
+                "during the load %lld ms, the clients' %lld ms\n",
                 name, r.finished, clients, r.correct, static_cast<long long>(r.medianMs),
                 static_cast<long long>(r.p90Ms), static_cast<long long>(r.slowestMs),
                 static_cast<long long>(r.wallMs), static_cast<long long>(r.maxRssKb),
-                static_cast<long long>(r.peakKb), static_cast<long long>(r.serverCpuMs),
+                static_cast<long long>(r.peakKb), r.maxFiles, static_cast<long long>(r.serverCpuMs),
                 static_cast<long long>(r.clientsCpuMs));
 }
 

@@ -250,6 +250,37 @@ TEST(ServerLimitsTest, AFloodFromOneAddressIsClosedAtAcceptWhileAnotherIsServed)
     EXPECT_LE(int(server.server().connections().size()), 5);
 }
 
+TEST(ServerLimitsTest, AnAddressKeepsOnlyItsShareOfSilentConnectionsTheYoungest) {
+    RunningServer server(true, 60, QString(), false, [](ServerOptions& o) {
+        o.silentPerSource = 2;
+        o.silentAgeMs = 0;
+    });
+    // Taken one after the other, so that the server's order is this order.
+    std::vector<std::unique_ptr<QTcpSocket>> attacker;
+    for (int i = 0; i < 5; ++i) {
+        attacker.push_back(std::make_unique<QTcpSocket>());
+        attacker.back()->bind(QHostAddress(s("127.0.0.2")));
+        attacker.back()->connectToHost(QHostAddress::LocalHost, server.port());
+        ASSERT_TRUE(waitFor([&] { return server.server().connections().size() == i + 1; }));
+    }
+    WireClient spoke(server.port());
+    EXPECT_EQ(s("TST"), spoke.ask(s("TST")));
+    WireClient quiet1(server.port());
+    WireClient quiet2(server.port());
+    ASSERT_TRUE(waitFor([&] { return server.server().connections().size() == 8; }));
+    server.server().keepAliveTick();
+    EXPECT_TRUE(waitFor([&] {
+        return attacker[0]->state() == QAbstractSocket::UnconnectedState &&
+               attacker[1]->state() == QAbstractSocket::UnconnectedState &&
+               attacker[2]->state() == QAbstractSocket::UnconnectedState;
+    }));
+    EXPECT_EQ(QAbstractSocket::ConnectedState, attacker[3]->state());
+    EXPECT_EQ(QAbstractSocket::ConnectedState, attacker[4]->state());
+    EXPECT_TRUE(quiet1.connected() && quiet2.connected());
+    EXPECT_EQ(s("TST"), spoke.ask(s("TST")));
+    EXPECT_EQ(5, int(server.server().connections().size()));
+}
+
 TEST(ServerLimitsTest, APeerThatSendsWithoutPauseGetsOneSliceATurn) {
     constexpr qint64 slice = 16 * 1024;
     RunningServer server(true, 60, QString(), false, [](ServerOptions& o) {
