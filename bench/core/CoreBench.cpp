@@ -1,9 +1,14 @@
 // Settings files and the cache cipher: a 1 MB INI file read cold, one key written into it, a
 // document gaining and losing many keys and sections, and RC4 over 10 MB.
 #include "core/ClsRC4.h"
+#include "core/DialogService.h"
 #include "core/IniDocument.h"
 #include "core/IniFiles.h"
+#include "core/Programma.h"
+#include "platform/fake/FakePlatform.h"
 
+#include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -113,6 +118,40 @@ void BM_IniDocumentLosesSections(benchmark::State& state) {
 }
 BENCHMARK(BM_IniDocumentLosesSections)->Arg(40)->Arg(400)->Unit(benchmark::kMillisecond);
 
+// One fault reported on a workstation that stored `reports` fault reports before (a client that
+// meets a malformed answer): the log-book line and the check against the ignored faults; the
+// report window closes at once.
+void BM_FaultReport(benchmark::State& state) {
+    struct Closed : DialogService {
+        QString vraag(const QString&, const QString&, const QString&) override {
+            return QStringLiteral("nee");
+        }
+        void toonModaal(Form&) override {}
+    } dialogs;
+    QTemporaryDir dir;
+    FakePlatform platform(dir.path());
+    Programma p(platform);
+    p.dialogen = &dialogs;
+    QDir(dir.path()).mkdir(QStringLiteral("Data"));
+    const int reports = int(state.range(0));
+    QString list = QStringLiteral("[Foutrapportage]\r\nLaatste ID=%1\r\n").arg(reports);
+    for (int id = 1; id <= reports; ++id)
+        list += QStringLiteral("[ID=%1]\r\nFout negeren=Nee\r\nApplicatie=Tafelkrater\r\n"
+                               "Procedure=modData.LaadKlassen\r\nLijn=1\r\nOmschrijving=x\r\n")
+                    .arg(id);
+    QFile file(dir.filePath(QStringLiteral("Data/Foutrapportage.ini")));
+    file.open(QIODevice::WriteOnly);
+    file.write(list.toUtf8());
+    // Written long ago: a file changed in the last seconds is compared again at every read.
+    file.setFileTime(QDateTime::currentDateTime().addSecs(-3600),
+                     QFileDevice::FileModificationTime);
+    file.close();
+    for (auto _ : state)
+        p.modMain.Foutmelding(QStringLiteral("Subscript out of range"), QStringLiteral("modData"),
+                              QStringLiteral("modData.LaadKlassen"), QStringLiteral("12"));
+}
+BENCHMARK(BM_FaultReport)->Arg(0)->Arg(200)->Unit(benchmark::kMicrosecond);
+
 void BM_Rc4(benchmark::State& state) {
     QByteArray gegevens(10 * 1024 * 1024, 'x');
     ClsRC4 rc4;
@@ -125,4 +164,9 @@ BENCHMARK(BM_Rc4)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
