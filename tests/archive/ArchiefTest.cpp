@@ -264,6 +264,7 @@ TEST_F(ArchiefTest, GarbageLengthsAreFaultsWithoutHugeAllocations) {
          "entry 2 of 2: truncated before its name length"},
         {ArchiefBytes(1).kort(-5).getal(0).bytes(), "entry 1 of 1: negative name length -5"},
         {ArchiefBytes(1).kort(0x7fff).bytes() + "abcd", "entry 1 of 1: truncated in its name"},
+        {ArchiefBytes(1).kort(10).bytes() + "abcdefgh", "entry 1 of 1: truncated in its name"},
         {een + ArchiefBytes(-1).bytes(), "entry 1 of 1: negative content length -1"},
         {een + ArchiefBytes(0x7fffffff).bytes() + "x",
          "entry 1 of 1: content of 2147483647 bytes, only 1 left"},
