@@ -116,6 +116,10 @@ TEST(BewerkPaneelTest, ListShowChangeRestoreCancelAndNewWithTheMenuDeadMeanwhile
     EXPECT_EQ(waarden(b), QStringList({"Groep 2", "2", "GROEP2"}));
     EXPECT_EQ(knoppen(b), "CND...");
     EXPECT_FALSE(b.ZetVeld(0, "x")) << "read-only until Change";
+    b.bezig = true; // a click on the list while the server is asked (a delete) is refused
+    b.Weergeven("klas 0");
+    EXPECT_EQ(b.huidig, "klas 1");
+    b.bezig = false;
 
     b.cmd_Click(BewerkPaneel::Wijzigen);
     EXPECT_TRUE(f.BewerkModus);
@@ -199,6 +203,8 @@ TEST(BewerkPaneelTest, TheLiveFormEditsAtOnceAndTheMenuIsDeadOnlyWhileItSaves) {
             opgeslagen = velden[0].waarde;
             menuDood = p.frmOnderhoud->BewerkModus;
             tussendoor = ZetVeld(0, "tussendoor") ? "taken" : velden[0].waarde;
+            // Save stands, switched off, while it saves.
+            tussendoor += knoppen[Opslaan].zichtbaar && !knoppen[Opslaan].ingeschakeld ? "/S" : "";
             return true;
         }
         QString opgeslagen = "geheim", tussendoor;
@@ -217,7 +223,7 @@ TEST(BewerkPaneelTest, TheLiveFormEditsAtOnceAndTheMenuIsDeadOnlyWhileItSaves) {
     b.cmd_Click(BewerkPaneel::Opslaan);
     EXPECT_EQ(b.opgeslagen, "nieuw");
     EXPECT_TRUE(b.menuDood);
-    EXPECT_EQ(b.tussendoor, "nieuw") << "no input while the server is asked";
+    EXPECT_EQ(b.tussendoor, "nieuw/S") << "no input while the server is asked";
     EXPECT_FALSE(plek.f().BewerkModus);
     EXPECT_EQ(waarden(b), QStringList({"nieuw"}));
     EXPECT_EQ(knoppen(b), "......");

@@ -356,7 +356,10 @@ TEST(InstellingenTest, TheCheckForUpdatesAndTheChangeLog) {
         plek.kies(1);
         QString adres;
         plek.server().toonChangelog = [&](const QString& a) { adres = a; };
+        bool getekendBezig = false; // how the panel was drawn last
+        plek.server().onChanged = [&] { getekendBezig = plek.server().bezig; };
         plek.server().cmdServer_Click(c.knop);
+        EXPECT_FALSE(getekendBezig) << "the panel is drawn usable again after the wait";
         EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
         EXPECT_EQ(plek.ws.meldingen(),
                   c.melding ? QStringList(plek.tekst(c.melding)) : QStringList());
