@@ -50,6 +50,8 @@ TEST(LaadbalkTest, BlocksFillUpToTheValueAndTheBouncingBlockRunsToTheEndAndBack)
         {400, 100, -4, 1, {0, 2, 8, 9}},
         {400, 100, 50, 20, {190, 2, 8, 9}}, // the end at 199
         {400, 3, 1, 14, {130, 2, 8, 9}},
+        {402, 2, 1, 21, {200, 2, 8, 9}},     // half of 400: a block at 200 too
+        {400, 0, -4, 1, {0, 2, 8, 9}},       // nothing of nothing: no division
         {400, 100, 100, 40, {390, 2, 7, 9}}, // full: the last block cut at width - 3
         {400, 100, 150, 40, {390, 2, 7, 9}},
         {400, 0, 0, 40, {390, 2, 7, 9}},
