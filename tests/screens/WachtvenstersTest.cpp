@@ -71,9 +71,11 @@ TEST(LaadbalkTest, BlocksFillUpToTheValueAndTheBouncingBlockRunsToTheEndAndBack)
         int links;
     };
     const Sprong sprongen[] = {
-        {400, 100, 0, false, 2}, {400, 100, 50, false, 190},  {400, 100, 50, true, 180},
-        {400, 100, 1, false, 2}, {400, 100, 110, false, 389}, {400, 100, -9, true, 2},
-        {400, 0, 50, false, 2},  {12, 100, 50, false, 2},
+        {400, 100, 0, false, 2},     {400, 100, 50, false, 190},
+        {400, 100, 50, true, 180},   {400, 100, 1, false, 2},
+        {400, 100, 110, false, 389}, {400, 100, -9, true, 2},
+        {400, 0, 50, false, 2},      {12, 100, 50, false, 2},
+        {13, 100, 100, false, 2}, // a bar too narrow for the block keeps it at the rim
     };
     for (const Sprong& s : sprongen) {
         SCOPED_TRACE(testing::Message() << s.breedte << " " << s.huidig << " " << s.omlaag);
