@@ -13,14 +13,12 @@ jobs="$(nproc)"
 
 # Skips the suite accepts (ctest names, as regular expressions), each with why.
 allowed_skips=(
-  # Root writes everywhere; these run as nobody below.
+  # Root writes everywhere; this one runs as nobody below.
   'RegistryFileStoreTest\.AnUnwritableFolderAnswersThatTheStoreCannotBeWritten'
-  'ArchiefTest\.SourceFileThatCannotBeReadLeavesNoHalfArchive'
 )
 # Binary and test of what needs an unprivileged user (see above).
 unprivileged=(
   'tests/platform/tk_platform_tests RegistryFileStoreTest.AnUnwritableFolderAnswersThatTheStoreCannotBeWritten'
-  'tests/archive/tk_archive_tests ArchiefTest.SourceFileThatCannotBeReadLeavesNoHalfArchive'
 )
 
 # Fails when ctest's log names a skipped test that is not on the allow-list.
