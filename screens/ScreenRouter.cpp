@@ -63,19 +63,19 @@ bool ScreenRouter::openOnderhoudsmodule(int leraar, const QList<int>& klassen) {
     return true;
 }
 
+ModMainOnderhoud& ScreenRouter::modMainOnderhoud() {
+    return p.modMainOnderhoud ? *p.modMainOnderhoud : p.maak(p.modMainOnderhoud, p);
+}
+
 bool ScreenRouter::ControleerAanwezigOnderhoudsmodule(bool stil) {
-    if (!p.modMainOnderhoud)
-        p.maak(p.modMainOnderhoud, p);
-    return p.modMainOnderhoud->ControleerAanwezigOnderhoudsmodule(stil);
+    return modMainOnderhoud().ControleerAanwezigOnderhoudsmodule(stil);
 }
 
 void ScreenRouter::onderhoudVerzoek(bool gevraagd) {
-    if (!p.modMainOnderhoud)
-        p.maak(p.modMainOnderhoud, p);
     if (gevraagd)
-        p.modMainOnderhoud->OnderhoudGevraagd();
+        modMainOnderhoud().OnderhoudGevraagd();
     else
-        p.modMainOnderhoud->OnderhoudVraagIngetrokken();
+        modMainOnderhoud().OnderhoudVraagIngetrokken();
 }
 
 bool ScreenRouter::openInternet() {

@@ -4,6 +4,7 @@
 
 namespace tk {
 
+class ModMainOnderhoud;
 class Programma;
 
 // The ways between the screens as the models take them: a class or teacher opens the desktop,
@@ -26,6 +27,8 @@ public:
 protected:
     // frmOnderhoud made and loaded once.
     void maakOnderhoud();
+    // The module's handshake with other workstations, made when first asked for.
+    ModMainOnderhoud& modMainOnderhoud();
     Programma& p;
 };
 
