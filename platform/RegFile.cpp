@@ -29,6 +29,9 @@ QString quoted(const QString& s) {
     QString out = s;
     out.replace(QLatin1Char('\\'), QStringLiteral("\\\\"));
     out.replace(QLatin1Char('"'), QStringLiteral("\\\""));
+    // The reader takes CR LF as a line end; a CR that is part of the text before a line feed
+    // keeps its line feed escaped so that both come back.
+    out.replace(QStringLiteral("\r\n"), QStringLiteral("\r\\\n"));
     return QLatin1Char('"') + out + QLatin1Char('"');
 }
 
@@ -176,6 +179,12 @@ RegFile::Parsed RegFile::parse(const QString& text) {
             op.kind = Operation::Kind::SetValue;
             op.value = RegistryValue::number(v);
         } else if (rhs.startsWith(QLatin1String("hex"), Qt::CaseInsensitive)) {
+            // Hex digits continue over lines only with a backslash; a line end inside the value
+            // comes from a stray quote and would not be written back as read.
+            if (rhs.contains(QLatin1Char('\n')) || rhs.contains(QLatin1Char('\r'))) {
+                ++parsed.skippedLines;
+                continue;
+            }
             op.kind = Operation::Kind::SetValue;
             op.value = RegistryValue::other(rhs);
         } else {

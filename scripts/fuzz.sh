@@ -64,7 +64,12 @@ for t in $targets; do
   if [ "$rc" -ne 0 ] || [ -n "$new" ]; then
     failed=1
     printf '%-20s %12s %10s %8s  %s\n' "$t" "${runs:-?}" "${speed:-?}" "$size" "FOUND (exit $rc)"
-    for f in $new; do echo "    reproducer: $findings/$f"; done
+    # The input itself, so that a finding on another machine (CI) can be run again here:
+    #   echo '<base64>' | base64 -d > input && build-fuzz/fuzz/<Target> input
+    for f in $new; do
+      echo "    reproducer: $findings/$f"
+      echo "    base64: $(head -c 4096 "$findings/$f" | base64 -w0)"
+    done
     grep -m3 -E 'ERROR|runtime error|SUMMARY|deadly signal' "$log" | sed 's/^/    /' || true
     echo "    log: $log"
   else

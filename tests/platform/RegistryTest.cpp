@@ -69,7 +69,7 @@ TEST(RegFileTest, WritesAndReadsBackTypedValuesWithEscapes) {
     hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Bin"),
                   RegistryValue::other(QStringLiteral("hex:01,02")));
     hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Regels"),
-                  RegistryValue::string(QStringLiteral("een\ntwee")));
+                  RegistryValue::string(QStringLiteral("een\ntwee\r\ndrie\r")));
     // A space that ends a key's name is part of it, also when the key is last in its line.
     hive.createKey(QStringLiteral("SOFTWARE\\Spatie \\Eind "));
     const QString text = RegFile::write(RegistryRoot::LocalMachine, hive);
@@ -90,7 +90,7 @@ TEST(RegFileTest, WritesAndReadsBackTypedValuesWithEscapes) {
     EXPECT_EQ(*back.value(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Beta")),
               RegistryValue::number(1));
     EXPECT_EQ(back.value(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Regels"))->text,
-              QStringLiteral("een\ntwee"));
+              QStringLiteral("een\ntwee\r\ndrie\r"));
     EXPECT_EQ(RegFile::write(RegistryRoot::LocalMachine, back), text);
 }
 
@@ -115,6 +115,8 @@ TEST(RegFileTest, ReadsAsFarAsSensibleFromFilesThatAreNotOurs) {
         {"unknown type", "[HKLM\\SOFTWARE\\X]\n\"a\"=foo:1\n\"b\"=\"2\"\n", 1, 1},
         {"value deleted", "REGEDIT4\n[HKLM\\SOFTWARE\\X]\n\"a\"=\"1\"\n\"a\"=-\n", 0, 0},
         {"garbage bytes", "\x01\x02\xff\xfe[[[\n===\n\"\"\"\n", 0, 3},
+        {"line end in a hex value", "[HKLM\\SOFTWARE\\X]\n\"a\"=hex:\"0\r\r\n1\"\n\"b\"=\"2\"\n", 1,
+         1},
         {"CR LF lines", "REGEDIT4\r\n\r\n[HKLM\\SOFTWARE\\X]\r\n\"a\"=\"1\"\r\n", 1, 0},
         // A quote in a key line opens no string that would swallow the lines after it.
         {"quote in a key",
