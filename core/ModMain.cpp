@@ -25,6 +25,8 @@ const QString instellingen() {
 
 ModMain::ModMain(Programma& p) : p(p) {}
 
+ModMain::~ModMain() = default;
+
 QString ModMain::Pad(const QString& pad) const {
     return PathResolver::resolve(p.platform.programFolder(), pad);
 }
@@ -141,24 +143,21 @@ void ModMain::SchrijfLogboek(const QString& omschrijving, const QString& naam,
     }
     regels += streep + eol;
 
-    // A client that meets many faults (a malformed answer of many rows) pays one open per fault:
-    // the folder is made and the file looked up again only when today's file cannot be opened
-    // where it was last found (the first fault of a day, or the folder was removed or renamed).
+    // A client that meets many faults (a malformed answer of many rows) pays one write per fault:
+    // today's file stays open (unbuffered, so that every line is on disk at once) while it is
+    // still where it was found. The folder is made and the file looked up again on the first
+    // fault of a day, or when the file was removed or its folder renamed.
     const QString bestandNaam = QStringLiteral("\\Logboek\\") + datum + QStringLiteral(".txt");
-    QFile bestand;
-    if (bestandNaam == m_logboekNaam) {
-        bestand.setFileName(m_logboekPad);
-        bestand.open(QIODevice::Append);
-    }
-    if (!bestand.isOpen()) {
+    if (!m_logboek || bestandNaam != m_logboekNaam || !QFileInfo::exists(m_logboek->fileName())) {
+        m_logboek.reset();
         MaakMappen(QStringLiteral("\\Logboek"));
-        m_logboekNaam = bestandNaam;
-        m_logboekPad = Pad(bestandNaam);
-        bestand.setFileName(m_logboekPad);
-        if (!bestand.open(QIODevice::Append))
+        auto bestand = std::make_unique<QFile>(Pad(bestandNaam));
+        if (!bestand->open(QIODevice::Append | QIODevice::Unbuffered))
             return;
+        m_logboekNaam = bestandNaam;
+        m_logboek = std::move(bestand);
     }
-    bestand.write(regels.toUtf8());
+    m_logboek->write(regels.toUtf8());
 }
 
 void ModMain::LaadTaal() {

@@ -2,7 +2,10 @@
 
 #include <QString>
 #include <functional>
+#include <memory>
 #include <optional>
+
+class QFile;
 
 namespace tk {
 
@@ -14,6 +17,7 @@ class Programma;
 class ModMain {
 public:
     explicit ModMain(Programma& p);
+    ~ModMain();
 
     // --- settings store and file tree
     // A "\Data\x.ini" path (or a native absolute one) as a native path below the program folder.
@@ -106,9 +110,10 @@ public:
 private:
     Programma& p;
     int m_rapportDiepte = 0;
-    // Today's log-book file as last found on disk, so that a fault costs one open.
+    // Today's log-book file, kept open while it is still where it was found, so that a fault
+    // costs one write.
     QString m_logboekNaam;
-    QString m_logboekPad;
+    std::unique_ptr<QFile> m_logboek;
 };
 
 } // namespace tk
