@@ -10,8 +10,10 @@
 #include <QDir>
 #include <QFile>
 #include <QPainter>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtEndian>
+#include <algorithm>
 #include <cstdio>
 
 using namespace tk;
@@ -21,10 +23,10 @@ namespace {
 QString g_output;
 bool g_ok = true;
 
-void seed(const char* target, const char* name, const QByteArray& bytes) {
+void seed(const char* target, const QByteArray& name, const QByteArray& bytes) {
     const QString folder = g_output + QLatin1Char('/') + QLatin1String(target);
     QDir().mkpath(folder);
-    QFile f(folder + QLatin1Char('/') + QLatin1String(name));
+    QFile f(folder + QLatin1Char('/') + QString::fromLatin1(name));
     if (!f.open(QIODevice::WriteOnly) || f.write(bytes) != bytes.size()) {
         std::fprintf(stderr, "tk_fuzz_seeds: cannot write %s\n", qPrintable(f.fileName()));
         g_ok = false;
@@ -124,11 +126,28 @@ void archiveSeeds() {
 }
 
 void iconSeeds() {
-    seed("IconLibraryFuzz", "ico",
-         IconLibraryWriter::iconFile({picture(16, Qt::red), picture(32, Qt::blue)}));
-    seed("IconLibraryFuzz", "pe",
-         IconLibraryWriter::peLibrary({{picture(16, Qt::green)}, {picture(32, Qt::yellow)}}));
-    seed("IconLibraryFuzz", "ne", IconLibraryWriter::neLibrary({picture(16, Qt::cyan)}));
+    const QPair<const char*, QByteArray> goede[] = {
+        {"ico", IconLibraryWriter::iconFile({picture(16, Qt::red), picture(32, Qt::blue)})},
+        {"pe", IconLibraryWriter::peLibrary({{picture(16, Qt::green)}, {picture(32, Qt::yellow)}})},
+        {"ne", IconLibraryWriter::neLibrary({picture(16, Qt::cyan)})},
+    };
+    for (const auto& [naam, goed] : goede) {
+        seed("IconLibraryFuzz", naam, goed);
+        // Every cut of the file (byte by byte through the headers and directories, then every
+        // 97th byte), and damage that is the same every run: eight bytes of the first 1200 changed.
+        for (qsizetype n = 0; n < goed.size(); n += (n < 1024 ? 1 : 97))
+            seed("IconLibraryFuzz", naam + QByteArray("-kort-") + QByteArray::number(n),
+                 goed.left(n));
+        QRandomGenerator rnd(42);
+        for (int poging = 0; poging < 300; ++poging) {
+            QByteArray kapot = goed;
+            for (int i = 0; i < 8; ++i)
+                kapot[rnd.bounded(int(std::min<qsizetype>(kapot.size(), 1200)))] =
+                    char(rnd.bounded(256));
+            seed("IconLibraryFuzz", naam + QByteArray("-kapot-") + QByteArray::number(poging),
+                 kapot);
+        }
+    }
 }
 
 void wireSeeds() {

@@ -10,7 +10,6 @@
 #include <QFile>
 #include <QImageWriter>
 #include <QPainter>
-#include <QRandomGenerator>
 #include <QtEndian>
 #include <gtest/gtest.h>
 
@@ -365,32 +364,8 @@ TEST(IconLibraryTest, BitmapDepthsAndTheirMasks) {
     EXPECT_TRUE(IconImage::decode(giant).isNull());
 }
 
+// Cut and damaged files (that nothing crashes on them) are the icon library fuzz target's seeds.
 TEST(IconLibraryTest, MalformedFilesNeverCrashAndGiveNoIcons) {
-    const QList<QByteArray> goede = {
-        IconLibraryWriter::peLibrary({{picture(32, Qt::red)}, {picture(16, Qt::blue)}}),
-        IconLibraryWriter::neLibrary({picture(32, Qt::yellow)}),
-        IconLibraryWriter::iconFile({picture(32, Qt::green), picture(16, Qt::green)}),
-    };
-    for (const QByteArray& goed : goede) {
-        ASSERT_FALSE(IconLibrary::parse(goed).icons.isEmpty());
-        // Every cut of the file.
-        for (qsizetype n = 0; n < goed.size(); n += (n < 1024 ? 1 : 97)) {
-            const IconLibrary::Result r = IconLibrary::parse(goed.left(n));
-            for (const IconLibrary::Icon& icon : r.icons)
-                IconLibrary::render(icon, 32);
-        }
-        // Random damage, the same every run.
-        QRandomGenerator rnd(42);
-        for (int poging = 0; poging < 300; ++poging) {
-            QByteArray kapot = goed;
-            for (int i = 0; i < 8; ++i)
-                kapot[rnd.bounded(int(std::min<qsizetype>(kapot.size(), 1200)))] =
-                    char(rnd.bounded(256));
-            const IconLibrary::Result r = IconLibrary::parse(kapot);
-            for (const IconLibrary::Icon& icon : r.icons)
-                IconLibrary::render(icon, 32);
-        }
-    }
     for (const QByteArray& onzin : {QByteArray(), QByteArray("MZ"), QByteArray(64, 'M'),
                                     QByteArray("\0\0\1\0\0\0", 6), QByteArray("hello world")}) {
         const IconLibrary::Result r = IconLibrary::parse(onzin);
