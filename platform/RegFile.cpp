@@ -180,8 +180,10 @@ RegFile::Parsed RegFile::parse(const QString& text) {
             op.value = RegistryValue::number(v);
         } else if (rhs.startsWith(QLatin1String("hex"), Qt::CaseInsensitive)) {
             // Hex digits continue over lines only with a backslash; a line end inside the value
-            // comes from a stray quote and would not be written back as read.
-            if (rhs.contains(QLatin1Char('\n')) || rhs.contains(QLatin1Char('\r'))) {
+            // comes from a stray quote, and a quote (one left open at the end of the file) would
+            // open a string that swallows the lines written after it.
+            if (rhs.contains(QLatin1Char('\n')) || rhs.contains(QLatin1Char('\r')) ||
+                rhs.contains(QLatin1Char('"'))) {
                 ++parsed.skippedLines;
                 continue;
             }
