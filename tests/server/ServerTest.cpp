@@ -129,10 +129,17 @@ TEST(ServerSaveTest, SavedRecordsComeBackInTheirColumns) {
                             r[4], r[8], r[9], r[10], r[11], r[12], r[15]}
                     .join("><");
     }
-    EXPECT_EQ("OPSLRNOK", c.ask("OPSLRNbeheer;<>;5;<>;" + rows.join(";<>;")));
+    // A row with ID 0 is a new teacher: it gets the next ID, in its place, its themes empty.
+    rows.insert(1, "0><Bos><><Els><b.ico><c.jpg><ebos><pw2><1><Nee><1><Nee><Ja|Ja><3|a1");
+    EXPECT_EQ("OPSLRNOK", c.ask("OPSLRNbeheer;<>;6;<>;" + rows.join(";<>;")));
     const auto reordered = loadTeachers(c);
+    ASSERT_EQ(6, reordered.size());
     EXPECT_EQ("Smit", reordered[0][0]);
     EXPECT_EQ("Oceaan", reordered[0][14]);
+    EXPECT_EQ(
+        QStringList({"Bos", "b.ico", "c.jpg", "ebos", "pw2", QString::number(teacherId.toInt() + 1),
+                     "Els", "", "1", "Nee", "1", "Nee", "Ja|Ja", "", "", "3|a1", ""}),
+        reordered[1]);
     EXPECT_EQ("OPSLRNFOUT", c.ask("OPSLRNbeheer;<>;3;<>;" + rows[0]));
 
     // Categories: both forms of a new one, a rename, an order.
