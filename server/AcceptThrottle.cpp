@@ -2,6 +2,7 @@
 
 #include "ServerLog.h"
 
+#include <QAbstractEventDispatcher>
 #include <QTcpServer>
 #include <QTimer>
 
@@ -54,6 +55,10 @@ void AcceptThrottle::shortage(const QString& why) {
     if (!m_paused) {
         m_paused = true;
         m_since.start();
+        m_wakeups = 0;
+        if (auto* loop = QAbstractEventDispatcher::instance())
+            m_wakeCount = connect(loop, &QAbstractEventDispatcher::aboutToBlock, this,
+                                  [this] { ++m_wakeups; });
         ServerLog::fault(m_name, QStringLiteral("running out of file descriptors (%1); accepting "
                                                 "paused until a connection closes or %2 ms pass")
                                      .arg(why)
@@ -67,10 +72,12 @@ void AcceptThrottle::shortage(const QString& why) {
 void AcceptThrottle::ended() {
     m_paused = false;
     m_timer->stop();
-    ServerLog::line(QStringLiteral("%1: accepting again after %2 ms (%3 pauses)")
+    disconnect(m_wakeCount);
+    ServerLog::line(QStringLiteral("%1: accepting again after %2 ms (%3 pauses, %4 wake-ups)")
                         .arg(m_name)
                         .arg(m_since.elapsed())
-                        .arg(m_waits));
+                        .arg(m_waits)
+                        .arg(m_wakeups));
     m_waits = 0;
 }
 

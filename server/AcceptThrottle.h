@@ -2,6 +2,7 @@
 
 #include <QAbstractSocket>
 #include <QElapsedTimer>
+#include <QMetaObject>
 #include <QObject>
 #include <QString>
 #include <functional>
@@ -24,8 +25,10 @@ namespace tk::server {
 //   attempt);
 // - a pause ends when a connection closes (resume()) or after `pauseMs`; waiting clients stay in
 //   the system's listen queue.
-// The start and the end of a shortage each get one log line, never one per attempt. The owner
-// hears of every pause (onShortage), so that it can close connections that cost without use.
+// The start and the end of a shortage each get one log line, never one per attempt; the end's
+// line counts the pauses and the times the event loop woke meanwhile, so that a shortage that
+// spins shows. The owner hears of every pause (onShortage), so that it can close connections
+// that cost without use.
 class AcceptThrottle : public QObject {
     Q_OBJECT
 public:
@@ -58,6 +61,8 @@ private:
     QTimer* m_timer;
     QElapsedTimer m_since;
     int m_waits = 0;
+    int m_wakeups = 0;
+    QMetaObject::Connection m_wakeCount;
     bool m_paused = false;
 };
 
