@@ -20,13 +20,6 @@ using namespace tk::server::test;
 
 namespace {
 
-void writeFile(const QString& path, const QByteArray& bytes) {
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-}
-
 // Every row of every table of an SQLite file, as text, table by table.
 QStringList dump(const QString& path) {
     const QString name = QUuid::createUuid().toString();
@@ -267,26 +260,6 @@ TEST(UpdateTest, AVersionIsOfferedOnlyWhenAPackageIsThereAndComesOverTheTransfer
     EXPECT_EQ(QByteArray(120000, 'b'), s.receiver().content());
     EXPECT_EQ(QString(), UpdateOffer::versionOf("2.5.zip"));
     EXPECT_EQ(QString(), UpdateOffer::versionOf("1.99999.0.zip"));
-}
-
-TEST(ServerSettingsTest, SettingsAreStoredAndStayAfterARestart) {
-    RunningServer s;
-    {
-        WireClient c(s.port());
-        const QStringList fresh = c.ask("LDNSIN").mid(6).split(";<>;");
-        ASSERT_EQ(4, fresh.size());
-        EXPECT_EQ("NEE", fresh[1]);
-        converse(c, {{"OPSSIN6;<>;Ja;<>;JA;<>;Nee", "OPSSIN"},
-                     {"OPSSIN6;<>;NEE", "OPSSINFOUT"},
-                     {"OPSSIN5;<>;NEE;<>;NEE;<>;Nee", "OPSSINFOUT"}});
-    }
-    s.restart();
-    WireClient c(s.port());
-    const QStringList f = c.ask("LDNSIN").mid(6).split(";<>;");
-    ASSERT_EQ(4, f.size());
-    EXPECT_EQ(3, f[0].split(QLatin1Char('.')).size()) << "the server's version";
-    EXPECT_EQ("JA", f[1]);
-    EXPECT_EQ("JA", f[2]);
 }
 
 TEST(ThemeCatalogueTest, ACatalogueThemeIsAddedOfferedAndRemovedButTheDefaultStays) {

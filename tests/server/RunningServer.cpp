@@ -3,6 +3,9 @@
 #include "server/ArchivePackager.h"
 #include "server/DemoSchool.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <gtest/gtest.h>
 
 namespace tk::server::test {
@@ -114,6 +117,13 @@ QList<QStringList> loadApplications(WireClient& c, const QString& letter) {
 
 QStringList loadCategories(WireClient& c, const QString& letter) {
     return c.ask(QStringLiteral("LDNCA") + letter).mid(6).split(QStringLiteral(";<>;"));
+}
+
+void writeFile(const QString& path, const QByteArray& bytes) {
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(bytes);
 }
 
 void converse(WireClient& c, const QList<Exchange>& exchanges) {

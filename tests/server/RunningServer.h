@@ -43,6 +43,9 @@ QList<QStringList> loadApplications(WireClient& c, const QString& letter);
 // Categories of a kind: the last ID first, then "id|naam" items.
 QStringList loadCategories(WireClient& c, const QString& letter);
 
+// Writes a file and the folders above it.
+void writeFile(const QString& path, const QByteArray& bytes);
+
 // A request and the one reply it must get, exactly.
 struct Exchange {
     QString request;

@@ -27,13 +27,6 @@ struct Row {
     const char* file = nullptr; // the name of the file that comes to the client's receiver
 };
 
-void writeFile(const QString& path, const QByteArray& bytes) {
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-}
-
 QString substitute(QString text, const QHash<QString, QString>& vars) {
     for (auto it = vars.begin(); it != vars.end(); ++it)
         text.replace(it.key(), it.value());
