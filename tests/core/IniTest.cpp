@@ -9,10 +9,20 @@ using tk::test::Werkplek;
 
 namespace {
 const QString ini = QStringLiteral("\\Data\\Instellingen.ini");
-}
 
-TEST(IniTest, ReadsLikeTheProfileFunctions) {
+// A fresh workstation, and the profile functions with plain texts.
+struct IniTest : testing::Test {
     Werkplek w;
+    QString lees(const char* sectie, const char* sleutel, const QString& bestand = ini) {
+        return w.p.modMain.LeesIni(QString::fromUtf8(sectie), QString::fromUtf8(sleutel), bestand);
+    }
+    void schrijf(const QString& waarde, const char* sectie, const char* sleutel) {
+        w.p.modMain.SchrijfIni(waarde, QString::fromUtf8(sectie), QString::fromUtf8(sleutel), ini);
+    }
+};
+} // namespace
+
+TEST_F(IniTest, ReadsLikeTheProfileFunctions) {
     w.schrijf(QStringLiteral("Data/Instellingen.ini"), "; commentaar\r\n"
                                                        "los=voor elke sectie\r\n"
                                                        "[Algemeen]\r\n"
@@ -48,30 +58,24 @@ TEST(IniTest, ReadsLikeTheProfileFunctions) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.sectie) + "/" + c.sleutel);
-        EXPECT_EQ(
-            w.p.modMain.LeesIni(QString::fromUtf8(c.sectie), QString::fromUtf8(c.sleutel), ini),
-            QString::fromUtf8(c.waarde));
+        EXPECT_EQ(lees(c.sectie, c.sleutel), QString::fromUtf8(c.waarde));
     }
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Wachttijd"),
-                                  QStringLiteral("\\Data\\Bestaat.ini")),
-              QString());
+    EXPECT_EQ(lees("Algemeen", "Wachttijd", QStringLiteral("\\Data\\Bestaat.ini")), QString());
 }
 
-TEST(IniTest, ALongValueComesBackCutAt4999Characters) {
-    Werkplek w;
+TEST_F(IniTest, AWriteCreatesTheFileButNotItsFolderAndALongValueComesBackCutAt4999) {
+    schrijf(QStringLiteral("1"), "A", "b");
+    EXPECT_FALSE(QFile::exists(w.pad(QStringLiteral("Data/Instellingen.ini"))));
     w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
-    const QString lang(6000, QLatin1Char('x'));
-    w.p.modMain.SchrijfIni(lang, QStringLiteral("Algemeen"), QStringLiteral("Lang"), ini);
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Lang"), ini),
-              QString(4999, QLatin1Char('x')));
-    const QString precies(4999, QLatin1Char('y'));
-    w.p.modMain.SchrijfIni(precies, QStringLiteral("Algemeen"), QStringLiteral("Precies"), ini);
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Precies"), ini),
-              precies);
+    schrijf(QStringLiteral("1"), "A", "b");
+    EXPECT_EQ(w.lees(QStringLiteral("Data/Instellingen.ini")), QByteArray("[A]\r\nb=1\r\n"));
+    schrijf(QString(6000, u'x'), "Algemeen", "Lang");
+    EXPECT_EQ(lees("Algemeen", "Lang"), QString(4999, u'x'));
+    schrijf(QString(4999, u'y'), "Algemeen", "Precies");
+    EXPECT_EQ(lees("Algemeen", "Precies"), QString(4999, u'y'));
 }
 
-TEST(IniTest, AWriteChangesOnlyItsOwnLineAndKeepsComments) {
-    Werkplek w;
+TEST_F(IniTest, AWriteChangesOnlyItsOwnLineAndKeepsComments) {
     w.schrijf(QStringLiteral("Data/Instellingen.ini"), "; kop\n"
                                                        "[Algemeen]\n"
                                                        "Wachttijd=500\n"
@@ -80,14 +84,10 @@ TEST(IniTest, AWriteChangesOnlyItsOwnLineAndKeepsComments) {
                                                        "\n"
                                                        "[Instellingen]\n"
                                                        "Thema=1\n");
-    w.p.modMain.SchrijfIni(QStringLiteral("900"), QStringLiteral("algemeen"),
-                           QStringLiteral("WACHTTIJD"), ini);
-    w.p.modMain.SchrijfIni(QStringLiteral("Ja"), QStringLiteral("Algemeen"),
-                           QStringLiteral("Geactiveerd"), ini);
-    w.p.modMain.SchrijfIni(QStringLiteral("server:4000"), QStringLiteral("Instellingen"),
-                           QStringLiteral("Serverlocatie"), ini);
-    w.p.modMain.SchrijfIni(QStringLiteral("2.0.1"), QStringLiteral("Update"),
-                           QStringLiteral("Huidige client"), ini);
+    schrijf(QStringLiteral("900"), "algemeen", "WACHTTIJD");
+    schrijf(QStringLiteral("Ja"), "Algemeen", "Geactiveerd");
+    schrijf(QStringLiteral("server:4000"), "Instellingen", "Serverlocatie");
+    schrijf(QStringLiteral("2.0.1"), "Update", "Huidige client");
     EXPECT_EQ(w.lees(QStringLiteral("Data/Instellingen.ini")),
               QByteArray("; kop\n"
                          "[Algemeen]\n"
@@ -103,48 +103,28 @@ TEST(IniTest, AWriteChangesOnlyItsOwnLineAndKeepsComments) {
                          "Huidige client=2.0.1\n"));
 }
 
-TEST(IniTest, AWriteCreatesTheFileButNotItsFolder) {
-    Werkplek w;
-    w.p.modMain.SchrijfIni(QStringLiteral("1"), QStringLiteral("A"), QStringLiteral("b"), ini);
-    EXPECT_FALSE(QFile::exists(w.pad(QStringLiteral("Data/Instellingen.ini"))));
-    w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
-    w.p.modMain.SchrijfIni(QStringLiteral("1"), QStringLiteral("A"), QStringLiteral("b"), ini);
-    EXPECT_EQ(w.lees(QStringLiteral("Data/Instellingen.ini")), QByteArray("[A]\r\nb=1\r\n"));
-}
-
-TEST(IniTest, ADamagedFileIsReadAsFarAsSensibleAndAWriteLosesNoOtherKey) {
-    Werkplek w;
+TEST_F(IniTest, ADamagedFileIsReadAsFarAsSensibleAndAWriteLosesNoOtherKey) {
     QByteArray rommel("[Algemeen]\nGoed=1\n\x01\x02\xff\xfe binair\n[[kapot\n=zonder sleutel\n"
                       "Ook=goed\n");
     rommel.append('\0');
     rommel.append("na nul\n[Tweede]\nX=\xe9\xe9n\n"); // Windows-1252 bytes, not UTF-8
     w.schrijf(QStringLiteral("Data/Instellingen.ini"), rommel);
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Ook"), ini),
-              QStringLiteral("goed"));
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("Tweede"), QStringLiteral("X"), ini),
-              QStringLiteral("één"));
-    w.p.modMain.SchrijfIni(QStringLiteral("2"), QStringLiteral("Algemeen"), QStringLiteral("Nieuw"),
-                           ini);
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Goed"), ini),
-              QStringLiteral("1"));
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Ook"), ini),
-              QStringLiteral("goed"));
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("Tweede"), QStringLiteral("X"), ini),
-              QStringLiteral("één"));
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Nieuw"), ini),
-              QStringLiteral("2"));
+    EXPECT_EQ(lees("Algemeen", "Ook"), QStringLiteral("goed"));
+    EXPECT_EQ(lees("Tweede", "X"), QStringLiteral("één"));
+    schrijf(QStringLiteral("2"), "Algemeen", "Nieuw");
+    EXPECT_EQ(lees("Algemeen", "Goed"), QStringLiteral("1"));
+    EXPECT_EQ(lees("Algemeen", "Ook"), QStringLiteral("goed"));
+    EXPECT_EQ(lees("Tweede", "X"), QStringLiteral("één"));
+    EXPECT_EQ(lees("Algemeen", "Nieuw"), QStringLiteral("2"));
 }
 
-TEST(IniTest, AChangeOnDiskByAnotherWriterIsSeen) {
-    Werkplek w;
+TEST_F(IniTest, AChangeOnDiskByAnotherWriterIsSeen) {
     w.schrijf(QStringLiteral("Data/Instellingen.ini"), "[A]\nx=1\n");
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("A"), QStringLiteral("x"), ini),
-              QStringLiteral("1"));
+    EXPECT_EQ(lees("A", "x"), QStringLiteral("1"));
     w.schrijf(QStringLiteral("Data/Instellingen.ini"), "[A]\nx=22\n");
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("A"), QStringLiteral("x"), ini),
-              QStringLiteral("22"));
+    EXPECT_EQ(lees("A", "x"), QStringLiteral("22"));
     QFile::remove(w.pad(QStringLiteral("Data/Instellingen.ini")));
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("A"), QStringLiteral("x"), ini), QString());
+    EXPECT_EQ(lees("A", "x"), QString());
 }
 
 TEST(IniDocumentTest, RemovesKeysAndSectionsAndListsThem) {
