@@ -20,7 +20,9 @@ using Levering = ScriptedPeer::Levering;
 
 TEST(LinkTest, WhatAMessageFromTheServerFillsIsDecidedByItsFirstCharacters) {
     // "A": the reply slot and its flag (the old text stays when only the flag is set), "B": the
-    // save slot, "C": the acknowledgement; an empty outcome drops the message.
+    // save slot, "C": the acknowledgement; an empty outcome drops the message. A row for each
+    // kind of outcome and for the words no server reply shows: the class and payload of every
+    // reply the server gives are the vocabulary test's, against the real server.
     Werkplek w;
     FrmMainLink& f = w.verbinding();
     OpnameStartscherm startscherm;
@@ -45,43 +47,23 @@ TEST(LinkTest, WhatAMessageFromTheServerFillsIsDecidedByItsFirstCharacters) {
     };
     const std::pair<const char*, const char*> gevallen[] = {
         {"TSTextra", "C"},
-        {"LOC", "C"},
-        {"INFVERx", "C"},
-        {"INFCOM", "C"},
-        {"INFONB", "C"},
         {"INFDMNd|1|2|3|4|JA|NEE", "C, domein d"},
         {"INFAFM", ""},
         {"INFONDJA", "A JA"},
         {"INFONA", "onderhoud gevraagd"},
         {"INFONC", "onderhoud ingetrokken"},
-        {"ACDCONJA", "A JA"},
         {"FIRschool", "A oud, domein school"},
-        {"UPDVER2.0.0", "A 2.0.0"},
-        {"UPDOPHINFx|y", "A x|y"},
         {"UPDOPHREQ", ""},
-        {"UPDCONJA", "A JA"},
         {"UPDXYZ", ""},
         {"HLPOPS", "A oud"},
-        {"HLPSNC1-1-2000|3", "A 1-1-2000|3"},
         {"HLPSCR", ""},
-        {"BCKFOUT", "A FOUT"},
-        {"LDNKLSSNC21", "A 21"},
-        {"LDNAPKSNC200", "A 200"},
-        {"LDNPICGRP1-1-2000", "A 1-1-2000"},
         {"LDNPICSTD", "A oud"},
-        {"LDNPICPAK", "C"},
         {"LDNPICXXX", ""},
-        {"LDNIVWPA1woord", "A PA1woord"},
         {"LDNIVWX", ""},
-        {"LDNTHV", "A oud"},
-        {"LDNTHX", "A oud"},
-        {"LDNGRPa|b", "A a|b"},
         {"LDNXYZ", ""},
         {"OPSKLZ5", "B 5"},
         {"OPSWAG", "B oud"},
-        {"OPSAP2OK", "A OK"},
         {"OPSXXX", ""},
-        {"VWNKLSFOUT", "B FOUT"},
         {"pin", ""},
         {"XYZ", ""},
         {"", ""},
