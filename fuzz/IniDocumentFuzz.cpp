@@ -1,6 +1,7 @@
 // The INI document: any text parses; a value set is read back; what it writes reads the same;
-// after writes into every section (new keys and replaced ones) the document reads exactly as its
-// own text read afresh, so that the index a write keeps up to date never drifts from the lines.
+// after writes into every section (new keys and replaced ones), and again after removals of keys
+// and of a section, the document reads exactly as its own text read afresh, so that the index a
+// change keeps up to date never drifts from the lines.
 #include "FuzzSupport.h"
 #include "core/IniDocument.h"
 
@@ -43,9 +44,23 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     fuzz::require(doc.value(QStringLiteral("Fuzz"), QStringLiteral("Sleutel")) ==
                   QStringLiteral("waarde"));
     requireReadsLikeItsText(doc);
+    // Removals keep the index as true as writes do: a key of the text's own in each of the first
+    // sections (first, second, ... so that the keys below it move up), the key written above, and
+    // a whole section.
+    n = 0;
+    for (const QString& section : sections) {
+        const QStringList keys = doc.keys(section);
+        if (!keys.isEmpty())
+            doc.removeKey(section, keys[n % keys.size()]);
+        if (++n == 8)
+            break;
+    }
     doc.removeKey(QStringLiteral("Fuzz"), QStringLiteral("Sleutel"));
     fuzz::require(!doc.value(QStringLiteral("Fuzz"), QStringLiteral("Sleutel")));
-    if (!sections.isEmpty())
+    requireReadsLikeItsText(doc);
+    if (!sections.isEmpty()) {
         doc.removeSection(sections.first());
+        requireReadsLikeItsText(doc);
+    }
     return 0;
 }
