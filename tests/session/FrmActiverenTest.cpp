@@ -30,16 +30,14 @@ struct Wizard : SessieWerkplek {
         p.maak(p.frmMain, p);
         p.maak(p.modMainVerbinding, p);
         platform.fakeClock().setStepPerRead(stap);
-        peer.op(QStringLiteral("FIR"), QStringLiteral("FIRschool.local"),
+        peer.op("FIR", "FIRschool.local",
                 firewall ? ScriptedPeer::Levering::Heel : ScriptedPeer::Levering::Stil);
         // The local server a standalone workstation starts for the test is the scripted one.
-        p.modRegistry.SchrijfWaarde(
-            RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
-            QStringLiteral("Locatie server"), QStringLiteral("\\tafelkrater-server"));
-        zetIni("Instellingen", "Serverlocatie", QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
+        p.modRegistry.SchrijfWaarde(RegistryRoot::LocalMachine, "SOFTWARE\\Tafelkrater",
+                                    "Locatie server", "\\tafelkrater-server");
+        zetIni("Instellingen", "Serverlocatie", QString("127.0.0.1:%1").arg(peer.poort()));
         if (!netGeweigerd)
-            systeem.outputs.insert(QStringLiteral("net"),
-                                   QStringLiteral("The command completed successfully.\n"));
+            systeem.outputs.insert("net", "The command completed successfully.\n");
     }
     bool accountsGemaakt() const { return systeem.actions.join(u'\n').contains(u"net "); }
 
@@ -74,8 +72,7 @@ TEST(FrmActiverenTest, ActivatingRunsItsTestsInOrderAndTheFirstFailureSaysWhy) {
     for (const Rij& r : rijen) {
         SCOPED_TRACE(r.naam);
         Wizard z(r.standalone, r.firewall, r.netGeweigerd);
-        z.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
-                                                 QString::fromLatin1(r.gebruiker));
+        z.platform.fakeEnvironment().setVariable("USERNAME", QString::fromLatin1(r.gebruiker));
         z.p.modMain.StilActiveren = true; // activate as if clicked
         FrmInitialiseren voortgang(z.p);
         FrmActiveren f(z.p, z.sessie);
@@ -93,12 +90,10 @@ TEST(FrmActiverenTest, ActivatingRunsItsTestsInOrderAndTheFirstFailureSaysWhy) {
             EXPECT_EQ(voorAccounts, f.cmdActiverenEnabled && f.cmdSluitenEnabled);
         }
         EXPECT_EQ(z.accountsGemaakt(), !r.shell && !voorAccounts);
-        EXPECT_EQ(z.ini("Algemeen", "Geactiveerd"),
-                  r.antwoord && !r.shell ? QStringLiteral("Ja") : QString());
+        EXPECT_EQ(z.ini("Algemeen", "Geactiveerd"), r.antwoord && !r.shell ? "Ja" : QString());
         EXPECT_EQ(z.peer.ontvangen.contains(u"FIR"), !r.shell);
         if (!r.shell) {
-            EXPECT_EQ(voortgang.lblItem.value(3).lblCheck,
-                      r.firewall ? QStringLiteral("a") : QStringLiteral("r"));
+            EXPECT_EQ(voortgang.lblItem.value(3).lblCheck, r.firewall ? "a" : "r");
         }
     }
 }
@@ -108,21 +103,17 @@ TEST(FrmActiverenTest, CarryingOutWritesTheAccountOfTheModeAndKeepsTheWallpaper)
         SCOPED_TRACE(standalone);
         Wizard z(standalone);
         z.p.modMain.StilActiveren = true;
-        z.platform.fakeEnvironment().setVariable(QStringLiteral("USERDOMAIN"),
-                                                 QStringLiteral("WERKPLEK"));
-        z.platform.registry().write(
-            RegistryRoot::Users, QString::fromLatin1(ModMainSessie::StandaardBureaublad),
-            QStringLiteral("Wallpaper"), RegistryValue::string(QStringLiteral("oud.bmp")));
+        z.platform.fakeEnvironment().setVariable("USERDOMAIN", "WERKPLEK");
+        z.platform.registry().write(RegistryRoot::Users,
+                                    QString::fromLatin1(ModMainSessie::StandaardBureaublad),
+                                    "Wallpaper", RegistryValue::string("oud.bmp"));
         FrmActiveren f(z.p, z.sessie);
         ASSERT_TRUE(f.Openen(true, true, false));
-        EXPECT_EQ(z.ini("Standalone", "Gebruikersnaam"),
-                  standalone ? QStringLiteral("Tafelkrater") : QString());
-        EXPECT_EQ(z.ini("Standalone", "Wachtwoord"),
-                  standalone ? QStringLiteral("Sleutelwrk42") : QString());
+        EXPECT_EQ(z.ini("Standalone", "Gebruikersnaam"), standalone ? "Tafelkrater" : QString());
+        EXPECT_EQ(z.ini("Standalone", "Wachtwoord"), standalone ? "Sleutelwrk42" : QString());
         // The domain the server told in its answer to the firewall test.
-        EXPECT_EQ(z.ini("Netwerk", "Domein"),
-                  standalone ? QString() : QStringLiteral("school.local"));
-        EXPECT_EQ(z.ini("Wallpaper", "Achtergrond"), QStringLiteral("oud.bmp"));
+        EXPECT_EQ(z.ini("Netwerk", "Domein"), standalone ? QString() : "school.local");
+        EXPECT_EQ(z.ini("Wallpaper", "Achtergrond"), "oud.bmp");
         EXPECT_FALSE(f.frmActiveren2.Zichtbaar);
     }
 }
@@ -175,7 +166,7 @@ TEST(FrmActiverenTest, TheFormWaitsLongerThanTheSilentPathAndItsTimerFreesTheRet
             EXPECT_TRUE(f.cmdFirewallEnabled && f.cmdServerlocatieEnabled);
             EXPECT_FALSE(f.tmrFirewall.isActive());
             // Testing again against a server that now answers turns the row to Yes.
-            z.peer.op(QStringLiteral("FIR"), QStringLiteral("FIR"));
+            z.peer.op("FIR", "FIR");
             f.cmdFirewall_Click();
             EXPECT_EQ(f.optFirewall.opt, Keuze::Ja);
             EXPECT_FALSE(f.cmdFirewallEnabled);

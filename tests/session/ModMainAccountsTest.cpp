@@ -11,8 +11,8 @@ using namespace tk::test;
 
 namespace {
 
-const QString ini = QStringLiteral("\\Data\\Instellingen.ini");
-const QString batch = QStringLiteral("\\batchfile.bat");
+const QString ini = "\\Data\\Instellingen.ini";
+const QString batch = "\\batchfile.bat";
 
 struct Rekening : SessieWerkplek {
     Rekening() { platform.fakeClock().setNow(QDateTime(QDate(2026, 3, 4), QTime(9, 5, 7))); }
@@ -21,16 +21,14 @@ struct Rekening : SessieWerkplek {
 
 TEST(ModMainAccountsTest, ScriptAndOutputHaveTheirExactFormAndNumbersRestartOnlyWithTheFile) {
     Rekening r;
-    r.schrijf(QStringLiteral("uitvoer.txt"), "oud\n");
-    r.p.modMain.SchrijfIni(QStringLiteral("geen getal"), QStringLiteral("Algemeen"),
-                           QStringLiteral("Opdrachtregel"), ini);
-    EXPECT_EQ(1, r.accounts.BatchFile(batch, true, QStringLiteral("net user a /delete")));
-    EXPECT_FALSE(QFile::exists(r.pad(QStringLiteral("uitvoer.txt"))))
+    r.schrijf("uitvoer.txt", "oud\n");
+    r.p.modMain.SchrijfIni("geen getal", "Algemeen", "Opdrachtregel", ini);
+    EXPECT_EQ(1, r.accounts.BatchFile(batch, true, "net user a /delete"));
+    EXPECT_FALSE(QFile::exists(r.pad("uitvoer.txt")))
         << "a restart of the numbering removes the old output";
-    EXPECT_EQ(
-        2, r.accounts.BatchFile(batch, false,
-                                QStringLiteral("net localgroup Administrators \"S\\b c\" /add")));
-    const QString u = r.pad(QStringLiteral("uitvoer.txt"));
+    EXPECT_EQ(2,
+              r.accounts.BatchFile(batch, false, "net localgroup Administrators \"S\\b c\" /add"));
+    const QString u = r.pad("uitvoer.txt");
     const QString d(63, QLatin1Char('-'));
     EXPECT_EQ(
         QStringLiteral("echo %1  >> %2 2>&1\n"
@@ -39,23 +37,21 @@ TEST(ModMainAccountsTest, ScriptAndOutputHaveTheirExactFormAndNumbersRestartOnly
                        "echo %1  >> %2 2>&1\n"
                        "echo .>> %2 2>&1\n")
             .arg(d, u),
-        QString::fromLocal8Bit(r.lees(QStringLiteral("batchfile.bat"))).section(u'\n', 0, 4) +
-            QLatin1Char('\n'));
+        QString::fromLocal8Bit(r.lees("batchfile.bat")).section(u'\n', 0, 4) + QLatin1Char('\n'));
 
-    r.systeem.outputs.insert(QStringLiteral("net"), QStringLiteral("De opdracht is voltooid."));
+    r.systeem.outputs.insert("net", "De opdracht is voltooid.");
     r.accounts.ShellWait(batch, 0, 0, true);
-    EXPECT_FALSE(QFile::exists(r.pad(QStringLiteral("batchfile.bat"))));
-    EXPECT_EQ((QStringList{QStringLiteral("net user a /delete"),
-                           QStringLiteral("net localgroup Administrators S\\b c /add")}),
+    EXPECT_FALSE(QFile::exists(r.pad("batchfile.bat")));
+    EXPECT_EQ((QStringList{"net user a /delete", "net localgroup Administrators S\\b c /add"}),
               r.systeem.actions);
     EXPECT_EQ(QStringLiteral("%1\n1 [9:05:07 - 4-3-2026] Opdrachtregel: net user a /delete\n"
                              "De opdracht is voltooid.\n%1\n.\n"
                              "%1\n2 [9:05:07 - 4-3-2026] Opdrachtregel: net localgroup "
                              "Administrators \"S\\b c\" /add\nDe opdracht is voltooid.\n%1\n.\n")
                   .arg(d),
-              QString::fromLocal8Bit(r.lees(QStringLiteral("uitvoer.txt"))));
+              QString::fromLocal8Bit(r.lees("uitvoer.txt")));
     // The next batch, started afresh, numbers on.
-    EXPECT_EQ(3, r.accounts.BatchFile(batch, true, QStringLiteral("net user b /delete")));
+    EXPECT_EQ(3, r.accounts.BatchFile(batch, true, "net user b /delete"));
     EXPECT_TRUE(r.accounts.ControleerAdministratorRechten(2));
 }
 
@@ -82,15 +78,15 @@ TEST(ModMainAccountsTest, SuccessTestReadsOnlyTheBlockOfItsNumberAndMatchesWhole
     QString bestand;
     for (const Rij& rij : rijen)
         if (rij.uitvoer)
-            bestand += d + QStringLiteral("\n%1 [x] Opdrachtregel: c\n").arg(rij.n) +
-                       QString::fromUtf8(rij.uitvoer) + d + QStringLiteral("\n.\n");
+            bestand += d + QString("\n%1 [x] Opdrachtregel: c\n").arg(rij.n) +
+                       QString::fromUtf8(rij.uitvoer) + d + "\n.\n";
     Rekening r;
-    r.schrijf(QStringLiteral("uitvoer.txt"), bestand.toLocal8Bit());
+    r.schrijf("uitvoer.txt", bestand.toLocal8Bit());
     for (const Rij& rij : rijen) {
         SCOPED_TRACE(rij.n);
         EXPECT_EQ(rij.geslaagd, r.accounts.ControleerAdministratorRechten(rij.n));
     }
-    QFile::remove(r.pad(QStringLiteral("uitvoer.txt")));
+    QFile::remove(r.pad("uitvoer.txt"));
     EXPECT_FALSE(r.accounts.ControleerAdministratorRechten(2));
 }
 
@@ -98,15 +94,13 @@ TEST(ModMainAccountsTest, TeachersRightsAreGrantedOnceAndNotedPerAccountUnderGlo
     for (const char* gebruiker : {"GLOBAL", "leerling"}) {
         SCOPED_TRACE(gebruiker);
         Rekening r;
-        r.stappen.accounts = {QStringLiteral("KLAS|klas3a|1"), QStringLiteral("LERAAR|Jansen|2"),
-                              QStringLiteral("KLAS|KLAS3A|3"), QStringLiteral("LERAAR|pieters|4")};
-        r.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
-                                                 QString::fromLatin1(gebruiker));
-        r.p.modMain.SchrijfIni(QStringLiteral("ja"), QStringLiteral("PIETERS"),
-                               QStringLiteral("Administratorrechten"), ini);
+        r.stappen.accounts = {"KLAS|klas3a|1", "LERAAR|Jansen|2", "KLAS|KLAS3A|3",
+                              "LERAAR|pieters|4"};
+        r.platform.fakeEnvironment().setVariable("USERNAME", QString::fromLatin1(gebruiker));
+        r.p.modMain.SchrijfIni("ja", "PIETERS", "Administratorrechten", ini);
         // One call for the whole batch; its answer is split per account, and a line that names
         // no account belongs to all.
-        r.systeem.outputs.insert(QStringLiteral("net"),
+        r.systeem.outputs.insert("net",
                                  QStringLiteral("SCHOOL\\KLAS3A: System error 1378 has occurred.\n"
                                                 "SCHOOL\\JANSEN: The command completed "
                                                 "successfully.\nnet: a warning\n"));
@@ -117,14 +111,13 @@ TEST(ModMainAccountsTest, TeachersRightsAreGrantedOnceAndNotedPerAccountUnderGlo
                          : QStringList{},
                   r.systeem.actions);
         const auto rechten = [&](const char* account) {
-            return r.p.modMain.LeesIni(QString::fromLatin1(account),
-                                       QStringLiteral("Administratorrechten"), ini);
+            return r.p.modMain.LeesIni(QString::fromLatin1(account), "Administratorrechten", ini);
         };
-        EXPECT_EQ(global ? QStringLiteral("Nee") : QString(), rechten("KLAS3A"));
-        EXPECT_EQ(global ? QStringLiteral("Ja") : QString(), rechten("JANSEN"));
+        EXPECT_EQ(global ? "Nee" : QString(), rechten("KLAS3A"));
+        EXPECT_EQ(global ? "Ja" : QString(), rechten("JANSEN"));
         EXPECT_EQ(u"ja", rechten("PIETERS"));
         if (global) {
-            EXPECT_TRUE(QString::fromLocal8Bit(r.lees(QStringLiteral("uitvoer.txt")))
+            EXPECT_TRUE(QString::fromLocal8Bit(r.lees("uitvoer.txt"))
                             .contains(u"JANSEN\" /add\nThe command completed successfully.\n"
                                       u"net: a warning\n"));
         }
@@ -139,7 +132,7 @@ TEST(ModMainAccountsTest, AccountsAreMadeGrantedAndRemovedByTheRealProgramAndIts
         GTEST_SKIP() << "useradd --prefix needs root; CI runs the tests as root";
     QTemporaryDir root;
     kaleRoot(root.path());
-    QFile hostPasswd(QStringLiteral("/etc/passwd"));
+    QFile hostPasswd("/etc/passwd");
     ASSERT_TRUE(hostPasswd.open(QIODevice::ReadOnly));
     const QByteArray host = hostPasswd.readAll();
     const auto lees = [&](const char* pad) {
@@ -152,25 +145,19 @@ TEST(ModMainAccountsTest, AccountsAreMadeGrantedAndRemovedByTheRealProgramAndIts
     EXPECT_TRUE(sessie.TafelkraterAccountAanmaken());
     EXPECT_TRUE(lees("etc/shadow").contains(u"\ntafelkrater:$6$"));
     // The first command's failure (no account to delete) stands in the output, unchecked.
-    const QString uit = QString::fromLocal8Bit(w.lees(QStringLiteral("uitvoer.txt")));
+    const QString uit = QString::fromLocal8Bit(w.lees("uitvoer.txt"));
     EXPECT_TRUE(uit.contains(u"the account tafelkrater does not exist"));
     EXPECT_EQ(3, uit.count(u"Opdrachtregel: net"));
-    EXPECT_FALSE(echt.run(QStringLiteral("net"),
-                          {QStringLiteral("user"), QStringLiteral("Tafelkrater"),
-                           QStringLiteral("x"), QStringLiteral("/add")},
-                          QString(), nullptr))
+    EXPECT_FALSE(echt.run("net", {"user", "Tafelkrater", "x", "/add"}, QString(), nullptr))
         << "an account that exists is not made again";
 
     // The network's grants in one call of the tool: a member already, an account to add, one
     // that does not exist and a name Linux does not take, each noted on its own.
-    ASSERT_TRUE(echt.run(QStringLiteral("net"),
-                         {QStringLiteral("user"), QStringLiteral("jansen"), QStringLiteral("pw"),
-                          QStringLiteral("/add")},
-                         QString(), nullptr));
-    w.stappen.accounts = {QStringLiteral("KLAS|Tafelkrater|1"), QStringLiteral("LERAAR|jansen|2"),
-                          QStringLiteral("LERAAR|niemand|3"), QStringLiteral("KLAS|klas 3a|4")};
+    ASSERT_TRUE(echt.run("net", {"user", "jansen", "pw", "/add"}, QString(), nullptr));
+    w.stappen.accounts = {"KLAS|Tafelkrater|1", "LERAAR|jansen|2", "LERAAR|niemand|3",
+                          "KLAS|klas 3a|4"};
     w.zetModus(Modus::Netwerk);
-    w.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"), QStringLiteral("GLOBAL"));
+    w.platform.fakeEnvironment().setVariable("USERNAME", "GLOBAL");
     sessie.ControleerLerarenRechten();
     for (const auto& [account, rechten] :
          {std::pair{"TAFELKRATER", "Ja"}, std::pair{"JANSEN", "Ja"}, std::pair{"NIEMAND", "Nee"},
@@ -183,7 +170,7 @@ TEST(ModMainAccountsTest, AccountsAreMadeGrantedAndRemovedByTheRealProgramAndIts
     EXPECT_FALSE(w.logboek().contains(u"refused")) << w.logboek().toStdString();
     EXPECT_FALSE(lees("etc/passwd").contains(u"tafelkrater:"));
     EXPECT_TRUE(lees("etc/passwd").contains(u"jansen:"));
-    EXPECT_FALSE(QFileInfo::exists(root.filePath(QStringLiteral("home/tafelkrater"))));
+    EXPECT_FALSE(QFileInfo::exists(root.filePath("home/tafelkrater")));
     hostPasswd.seek(0);
     EXPECT_EQ(host, hostPasswd.readAll()) << "the machine's own accounts are untouched";
 }

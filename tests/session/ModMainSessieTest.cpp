@@ -44,9 +44,8 @@ QString sleutel(RegistryRoot root, const QString& pad, const QString& naam) {
 }
 QString tekstVan(const RegistryValue& v) {
     if (v.type == RegistryValue::Type::Dword)
-        return QStringLiteral("d:") + QString::number(v.dword);
-    return (v.type == RegistryValue::Type::String ? QStringLiteral("s:") : QStringLiteral("o:")) +
-           v.text;
+        return "d:" + QString::number(v.dword);
+    return (v.type == RegistryValue::Type::String ? "s:" : "o:") + v.text;
 }
 Beeld beeld(FakeRegistry& reg) {
     Beeld uit;
@@ -59,9 +58,9 @@ Beeld beeld(FakeRegistry& reg) {
 void zet(Beeld& b, const Waarde& w) {
     const QString k = sleutel(w.root, QString::fromLatin1(w.pad), QString::fromLatin1(w.naam));
     if (w.tekst)
-        b[k] = QStringLiteral("s:") + QString::fromUtf8(w.tekst);
+        b[k] = "s:" + QString::fromUtf8(w.tekst);
     else if (w.dword >= 0)
-        b[k] = QStringLiteral("d:") + QString::number(w.dword);
+        b[k] = "d:" + QString::number(w.dword);
     else
         b.erase(k);
 }
@@ -98,12 +97,10 @@ TEST(ModMainSessieTest, TakeOverWritesTheLogonOfItsFamilyAndHandBackLeavesTheSto
                                    D(CU, ModMainSessie::Browserbeleid, "NoFindFiles", 0),
                                    D(CU, ModMainSessie::Zone3, "1601", 1)};
     const char* const cuNT = "Software\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon";
+    // clang-format off
     const Rij rijen[] = {
         {"nt network: a saved proxy address comes back as the word Ja, a 0 logon flag goes",
-         Familie::Nt,
-         Modus::Netwerk,
-         "",
-         "",
+         Familie::Nt, Modus::Netwerk, "", "",
          {S(LM, NT, "Shell", "explorer.exe"), S(LM, NT, "AutoAdminLogon", "0"),
           S(LM, NT, "DefaultUserName", "jan"), S(LM, NT, "DefaultPassword", "geheim"),
           S(LM, NT, "DefaultDomainName", "OUD"), D(LM, NT, "DisableCAD", 0),
@@ -115,28 +112,19 @@ TEST(ModMainSessieTest, TakeOverWritesTheLogonOfItsFamilyAndHandBackLeavesTheSto
          "session-install,autologon-set global,logoff",
          {Weg(LM, NT, "AutoAdminLogon"), Weg(LM, NT, "DisableCAD"),
           S(CU, INET, "ProxyServer", "Ja"), Weg(CU, cuNT, "Shell")},
-         "800x600x16",
-         {{800, 600, 16}}},
+         "800x600x16", {{800, 600, 16}}},
         {"nt network: force 2 comes back as 1, CAD and the logon type come back typed",
-         Familie::Nt,
-         Modus::Netwerk,
-         "",
-         "",
+         Familie::Nt, Modus::Netwerk, "", "",
          {S(LM, NT, "Shell", "explorer.exe"), S(LM, NT, "AutoAdminLogon", "1"),
           S(LM, NT, "ForceAutoLogon", "2"), D(LM, NT, "DisableCAD", 1), D(LM, NT, "Logontype", 1),
           S(LM, NT, "DefaultDomain", "D2"), D(CU, INET, "ProxyEnable", 0)},
-         {},
-         "session-install,autologon-set global,logoff",
+         {}, "session-install,autologon-set global,logoff",
          {S(LM, NT, "ForceAutoLogon", "1"), Weg(LM, NT, "DefaultUsername"),
           Weg(LM, NT, "DefaultPassword"), Weg(LM, NT, "DefaultDomainName"),
           Weg(CU, INET, "ProxyEnable")},
-         "",
-         {}},
+         "", {}},
         {"nt standalone: an empty password deletes password and domains, the shell stays ours",
-         Familie::Nt,
-         Modus::Standalone,
-         "Tafelkrater",
-         "",
+         Familie::Nt, Modus::Standalone, "Tafelkrater", "",
          {S(LM, NT, "Shell", "explorer.exe"), S(LM, NT, "altDefaultUsername", "oud"),
           S(LM, NT, "DefaultPassword", "pw"), S(LM, NT, "DefaultDomain", "D")},
          {S(LM, NT, "ForceAutoLogon", "1"), S(LM, NT, "AutoAdminLogon", "1"),
@@ -145,24 +133,16 @@ TEST(ModMainSessieTest, TakeOverWritesTheLogonOfItsFamilyAndHandBackLeavesTheSto
           Weg(LM, NT, "DefaultDomain")},
          "session-install,autologon-set tafelkrater,logoff",
          {S(LM, NT, "Shell", "/PROG/tafelkrater"), Weg(LM, NT, "altDefaultUsername")},
-         "800x600", // too few parts
-         {}},
+         "800x600", {}}, // too few parts
         {"nt standalone without a name: no automatic logon",
-         Familie::Nt,
-         Modus::Standalone,
-         "",
-         "",
+         Familie::Nt, Modus::Standalone, "", "",
          {S(LM, NT, "Shell", "explorer.exe")},
          {Weg(LM, NT, "AutoAdminLogon"), Weg(LM, NT, "DefaultUsername")},
          "session-install,logoff",
          {S(LM, NT, "Shell", "/PROG/tafelkrater")},
-         "0x600x32", // no size
-         {}},
+         "0x600x32", {}}, // no size
         {"98 standalone: the password comes back as the name, the caching flag stays set",
-         Familie::W98,
-         Modus::Standalone,
-         "Tafelkrater",
-         "Sleutelwrk42",
+         Familie::W98, Modus::Standalone, "Tafelkrater", "Sleutelwrk42",
          {S(LM, W98, "DefaultUserName", "piet"), S(LM, W98, "DefaultPassword", "pw"),
           S(LM, W98, "AutoAdminLogon", "0")},
          {S(LM, W98, "DontDisplayLastUserName", "1"), S(LM, W98, "AutoAdminLogon", "1"),
@@ -171,25 +151,20 @@ TEST(ModMainSessieTest, TakeOverWritesTheLogonOfItsFamilyAndHandBackLeavesTheSto
           S(LM, NET, "DisablePwdCaching", "1")},
          "session-install,autologon-set tafelkrater,keys-on,logoff",
          {S(LM, W98, "DefaultPassword", "piet"), S(LM, NET, "DisablePwdCaching", "1")},
-         "800xbreedx32", // no number
-         {}},
+         "800xbreedx32", {}}, // no number
         {"98 network: a saved caching flag returns to the network policies",
-         Familie::W98,
-         Modus::Netwerk,
-         "",
-         "",
+         Familie::W98, Modus::Netwerk, "", "",
          {S(LM, W98, "DefaultUserName", "piet"), S(LM, NET, "DisablePwdCaching", "0"),
           S(LM, W98, "DontDisplayLastUserName", "0"), S(LM, W98, "DefaultDomain", "OUD"),
           D(CU, INET, "ProxyEnable", 1), S(CU, INET, "ProxyServer", "p:80")},
-         {},
-         "session-install,autologon-set global,keys-on,logoff",
+         {}, "session-install,autologon-set global,keys-on,logoff",
          {S(LM, W98, "DefaultPassword", "piet"), S(LM, W98, "DefaultDomainName", "SCHOOL"),
           S(LM, "Network\\Logon", "username", "GLOBAL"),
           S(LM, "System\\CurrentControlSet\\Control", "Current User", "GLOBAL"),
           S(CU, INET, "ProxyServer", "Ja")},
-         "1024x768x32",
-         {{1024, 768, 32}}},
+         "1024x768x32", {{1024, 768, 32}}},
     };
+    // clang-format on
     for (const Rij& rij : rijen) {
         SCOPED_TRACE(rij.naam);
         SessieWerkplek w(rij.familie, rij.modus);
@@ -217,10 +192,9 @@ TEST(ModMainSessieTest, TakeOverWritesTheLogonOfItsFamilyAndHandBackLeavesTheSto
         EXPECT_TRUE(w.sessie.IsShellIngesteld());
         EXPECT_EQ(QString::fromLatin1(rij.acties), w.systeem.actions.join(u','));
         if (rij.familie == Familie::W98) {
-            EXPECT_EQ(RegistryValue::other(QStringLiteral("hex:00")),
-                      w.platform.registry().read(LM,
-                                                 QString::fromLatin1(ModMainSessie::RealModeNet),
-                                                 QStringLiteral("Autologon")));
+            EXPECT_EQ(RegistryValue::other("hex:00"),
+                      w.platform.registry().read(
+                          LM, QString::fromLatin1(ModMainSessie::RealModeNet), "Autologon"));
         }
 
         // What the start-up and the session do between the take-over and the hand-back.
@@ -244,12 +218,11 @@ TEST(ModMainSessieTest, TakeOverWritesTheLogonOfItsFamilyAndHandBackLeavesTheSto
         const bool standaloneNt = rij.familie == Familie::Nt && rij.modus == Modus::Standalone;
         EXPECT_EQ(standaloneNt ? u"Ja" : u"", w.ini("Algemeen", "Account verwijderen"));
         if (rij.familie == Familie::W98) {
-            EXPECT_EQ(u"explorer.exe",
-                      w.ini("boot", "shell", w.pad(QStringLiteral("W/system.ini"))));
+            EXPECT_EQ(u"explorer.exe", w.ini("boot", "shell", w.pad("W/system.ini")));
             // The copy kept before the take-over is the machine's own file.
-            EXPECT_EQ(u"Explorer.exe", w.ini("boot", "shell", QStringLiteral("\\backup.ini")));
+            EXPECT_EQ(u"Explorer.exe", w.ini("boot", "shell", "\\backup.ini"));
         }
-        EXPECT_EQ(QStringList{QStringLiteral("Afsluiten")},
+        EXPECT_EQ(QStringList{"Afsluiten"},
                   w.stappen.woorden.mid(0, 1)); // told before the session went
         EXPECT_TRUE(w.p.beeindigd);
     }
@@ -273,8 +246,7 @@ TEST(ModMainSessieTest, PoliciesAreStringsTaskManagerFollowsTheAccountAndMainten
     for (const Rij& rij : rijen) {
         SCOPED_TRACE(rij.naam);
         SessieWerkplek w(Familie::Nt, rij.modus);
-        w.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
-                                                 QString::fromLatin1(rij.account));
+        w.platform.fakeEnvironment().setVariable("USERNAME", QString::fromLatin1(rij.account));
         w.sessie.ZetSysteembeperkingen(false, rij.metTaakbeheer);
         w.sessie.ZetBrowserbeperkingen(true);
         auto lees = [&](const char* pad, const char* naam) {
@@ -284,9 +256,8 @@ TEST(ModMainSessieTest, PoliciesAreStringsTaskManagerFollowsTheAccountAndMainten
         const auto lock = lees(ModMainSessie::Systeembeleid, "DisableLockWorkstation");
         EXPECT_EQ(rij.beperkt, lock.has_value());
         if (rij.beperkt) {
-            EXPECT_EQ(RegistryValue::string(QStringLiteral("1")), *lock);
-            EXPECT_EQ(RegistryValue::string(QStringLiteral("1")),
-                      *lees(ModMainSessie::Verkennerbeleid, "NoClose"));
+            EXPECT_EQ(RegistryValue::string("1"), *lock);
+            EXPECT_EQ(RegistryValue::string("1"), *lees(ModMainSessie::Verkennerbeleid, "NoClose"));
             EXPECT_EQ(RegistryValue::number(1), *lees(ModMainSessie::Browserbeleid, "NoFileOpen"));
             EXPECT_EQ(RegistryValue::number(0), *lees(ModMainSessie::Zone3, "1601"));
         }
@@ -322,16 +293,16 @@ TEST(ModMainSessieTest, ProxyFollowsTheSavedStateAndNeverTakesOverTheFilter) {
         SessieWerkplek w(Familie::Nt, Modus::Netwerk);
         w.zetIni("Oude opstartinstellingen", "Proxy", rij.proxy);
         w.zetIni("Oude opstartinstellingen", "ProxyServer", rij.server);
-        w.platform.fakeProcesses().webProxy = QStringLiteral("vooraf");
+        w.platform.fakeProcesses().webProxy = "vooraf";
         w.sessie.ZetProxy(rij.aan);
         EXPECT_TRUE(w.systeem.actions.isEmpty()) << "not in use: nothing changes";
-        EXPECT_EQ(w.platform.fakeProcesses().webProxy, QStringLiteral("vooraf"));
+        EXPECT_EQ(w.platform.fakeProcesses().webProxy, "vooraf");
         w.sessie.proxyInGebruik = true;
         w.sessie.ZetProxy(rij.aan);
         const QString pad = QString::fromLatin1(INET);
         EXPECT_EQ(RegistryValue::number(quint32(rij.enable)),
-                  w.platform.registry().read(CU, pad, QStringLiteral("ProxyEnable")));
-        const auto server = w.platform.registry().read(CU, pad, QStringLiteral("ProxyServer"));
+                  w.platform.registry().read(CU, pad, "ProxyEnable"));
+        const auto server = w.platform.registry().read(CU, pad, "ProxyServer");
         EXPECT_EQ(rij.resultaat != nullptr, server.has_value());
         if (rij.resultaat && server) {
             EXPECT_EQ(QString::fromLatin1(rij.resultaat), server->text);
@@ -357,32 +328,28 @@ TEST(ModMainSessieTest, SessionActionsLiftTheLimitsTellTheLauncherThenEndTheClie
         int meldingen;
     };
     const Rij rijen[] = {
-        {"afmelden", {QStringLiteral("logoff")}, true, 0},
-        {"opnieuwopstarten", {QStringLiteral("reboot")}, true, 0},
-        {"uitschakelen", {QStringLiteral("poweroff")}, true, 0},
-        {"deactiveren", {QStringLiteral("autologon-remove"), QStringLiteral("logoff")}, true, 1},
-        {"aanmeldenalsaccount|KLAS3A|pw|x",
-         {QStringLiteral("autologon-set klas3a"), QStringLiteral("logoff")},
-         true,
-         0},
+        {"afmelden", {"logoff"}, true, 0},
+        {"opnieuwopstarten", {"reboot"}, true, 0},
+        {"uitschakelen", {"poweroff"}, true, 0},
+        {"deactiveren", {"autologon-remove", "logoff"}, true, 1},
+        {"aanmeldenalsaccount|KLAS3A|pw|x", {"autologon-set klas3a", "logoff"}, true, 0},
         {"sluiten|a|b", {}, false, 0},
     };
     for (const Rij& rij : rijen) {
         SCOPED_TRACE(rij.actie);
         SessieWerkplek w(Familie::Nt, Modus::Netwerk);
         w.sessie.ZetBrowserbeperkingen(true);
-        w.systeem.refused << QStringLiteral("reboot"); // a refused restart still ends the client
+        w.systeem.refused << "reboot"; // a refused restart still ends the client
         EXPECT_EQ(rij.uitgevoerd, w.sessie.SessieActie(QString::fromLatin1(rij.actie)));
         EXPECT_EQ(rij.acties, w.systeem.actions);
         EXPECT_EQ(rij.uitgevoerd, w.p.beeindigd);
-        EXPECT_EQ(rij.uitgevoerd ? QStringList{QStringLiteral("Afsluiten")} : QStringList{},
-                  w.stappen.woorden);
+        EXPECT_EQ(rij.uitgevoerd ? QStringList{"Afsluiten"} : QStringList{}, w.stappen.woorden);
         EXPECT_EQ(rij.meldingen, w.dialogen.gesteld.size());
         // A log off takes the browser's limits off first.
-        const bool uit = rij.acties.contains(QStringLiteral("logoff"));
+        const bool uit = rij.acties.contains("logoff");
         EXPECT_EQ(RegistryValue::number(uit ? 0 : 1),
                   *w.platform.registry().read(CU, QString::fromLatin1(ModMainSessie::Browserbeleid),
-                                              QStringLiteral("NoFileOpen")));
+                                              "NoFileOpen"));
     }
 }
 
@@ -392,39 +359,36 @@ TEST(ModMainSessieTest, LogonAsAnotherAccountWritesTheFamilysValuesWithTheProgra
         const char* wachtwoord;
         QList<Waarde> na;
     };
+    // clang-format off
     const Rij rijen[] = {
-        {Familie::Nt,
-         "pw",
-         {S(LM, NT, "ForceAutoLogon", "1"), S(LM, NT, "AutoAdminLogon", "1"),
-          D(LM, NT, "DisableCAD", 1), S(LM, NT, "DefaultUserName", "global"),
-          S(LM, NT, "DefaultPassword", "pw"), S(LM, NT, "DefaultDomain", "SCHOOL"),
-          S(LM, NT, "DefaultDomainName", "SCHOOL")}},
-        {Familie::Nt,
-         "",
-         {S(LM, NT, "ForceAutoLogon", "1"), S(LM, NT, "AutoAdminLogon", "1"),
-          D(LM, NT, "DisableCAD", 1), S(LM, NT, "DefaultUserName", "global"),
+        {Familie::Nt, "pw",
+         {S(LM, NT, "ForceAutoLogon", "1"), S(LM, NT, "AutoAdminLogon", "1"), D(LM, NT, "DisableCAD", 1),
+          S(LM, NT, "DefaultUserName", "global"), S(LM, NT, "DefaultPassword", "pw"),
           S(LM, NT, "DefaultDomain", "SCHOOL"), S(LM, NT, "DefaultDomainName", "SCHOOL")}},
-        {Familie::W98,
-         "pw",
+        {Familie::Nt, "",
+         {S(LM, NT, "ForceAutoLogon", "1"), S(LM, NT, "AutoAdminLogon", "1"), D(LM, NT, "DisableCAD", 1),
+          S(LM, NT, "DefaultUserName", "global"), S(LM, NT, "DefaultDomain", "SCHOOL"),
+          S(LM, NT, "DefaultDomainName", "SCHOOL")}},
+        {Familie::W98, "pw",
          {S(LM, W98, "DefaultUserName", "global"), S(LM, W98, "DefaultPassword", "pw"),
           S(LM, W98, "DefaultDomainName", "SCHOOL"), S(LM, W98, "DefaultDomain", "SCHOOL"),
           S(LM, "Network\\Logon", "username", "global"),
           S(LM, "System\\CurrentControlSet\\Control", "Current User", "global")}},
     };
+    // clang-format on
     for (const Rij& rij : rijen) {
         SCOPED_TRACE(int(rij.familie));
         SessieWerkplek w(rij.familie, Modus::Netwerk);
         w.zetIni("Netwerk", "Domein", "SCHOOL");
         vul(w, {S(LM, NT, "DefaultPassword", "oud")});
-        w.sessie.AanmeldenAlsAccount(QStringLiteral("global"), QString::fromLatin1(rij.wachtwoord),
-                                     QStringLiteral("ANDER"), false);
+        w.sessie.AanmeldenAlsAccount("global", QString::fromLatin1(rij.wachtwoord), "ANDER", false);
         Beeld verwacht;
         for (const Waarde& v : rij.na)
             zet(verwacht, v);
         if (rij.familie == Familie::W98)
             zet(verwacht, S(LM, NT, "DefaultPassword", "oud"));
         EXPECT_EQ(verwacht, beeld(w.platform.fakeRegistry()));
-        EXPECT_EQ(QStringList{QStringLiteral("autologon-set global")}, w.systeem.actions);
+        EXPECT_EQ(QStringList{"autologon-set global"}, w.systeem.actions);
         EXPECT_FALSE(w.p.beeindigd);
     }
 }
@@ -440,11 +404,10 @@ TEST(ModMainSessieTest, ContainedSettingRecordsEachActionAsOneLineAndChangesNoth
     sessie.WijzigOpstarten();
     sessie.ZetProxy(true);
     QString uit;
-    afgeschermd.run(QStringLiteral("net"), {QStringLiteral("user"), QStringLiteral("a b")},
-                    QStringLiteral("geheim"), &uit);
+    afgeschermd.run("net", {"user", "a b"}, "geheim", &uit);
     sessie.TafelkraterDeactiveren(true);
     EXPECT_EQ(u"The command completed successfully.\n", uit);
-    const QString log = QString::fromUtf8(w.lees(QStringLiteral("Logboek/systeem.log")));
+    const QString log = QString::fromUtf8(w.lees("Logboek/systeem.log"));
     EXPECT_EQ(
         QStringLiteral("2026-11-25 09:41:07 session-install\n"
                        "2026-11-25 09:41:07 autologon-set tafelkrater\n"
@@ -460,8 +423,7 @@ TEST(ModMainSessieTest, ContainedSettingRecordsEachActionAsOneLineAndChangesNoth
     EXPECT_FALSE(log.contains(u"geheim"));
     QStringList bestanden = QDir(w.map()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     bestanden.sort();
-    EXPECT_EQ((QStringList{QStringLiteral("Data"), QStringLiteral("Logboek"), QStringLiteral("W")}),
-              bestanden);
+    EXPECT_EQ((QStringList{"Data", "Logboek", "W"}), bestanden);
 }
 
 TEST(ModMainSessieTest, SessionSettingIsContainedUnlessItSaysSysteem) {
@@ -473,7 +435,7 @@ TEST(ModMainSessieTest, SessionSettingIsContainedUnlessItSaysSysteem) {
         w.zetIni("Instellingen", "Sessie", waarden[i]);
         EXPECT_EQ(systeem[i], ModMainSessie::SysteemInstelling(w.p));
     }
-    EXPECT_EQ(u"global", ModMainSessie::LinuxAccount(QStringLiteral("SCHOOL\\GLOBAL")));
+    EXPECT_EQ(u"global", ModMainSessie::LinuxAccount("SCHOOL\\GLOBAL"));
 }
 
 } // namespace

@@ -47,13 +47,13 @@ struct SessieWerkplek : Werkplek {
     explicit SessieWerkplek(Familie familie = Familie::Nt, Modus modus = Modus::Netwerk)
         : sessie(p, systeem), stappen(p, sessie) {
         p.opstartStappen = &stappen;
-        p.modMain.MaakMappen(QStringLiteral("\\Data"));
+        p.modMain.MaakMappen("\\Data");
         p.modMain.IsWindows98 = familie == Familie::W98;
         if (p.modMain.IsWindows98)
             platform.fakeEnvironment().playWindows98();
         zetModus(modus);
-        platform.fakeEnvironment().setVariable(QStringLiteral("WINDIR"), QStringLiteral("\\W"));
-        schrijf(QStringLiteral("W/system.ini"), "[boot]\r\nshell=Explorer.exe\r\n");
+        platform.fakeEnvironment().setVariable("WINDIR", "\\W");
+        schrijf("W/system.ini", "[boot]\r\nshell=Explorer.exe\r\n");
     }
     void zetModus(Modus modus) {
         p.modMain.ModusStandalone = modus == Modus::Standalone;
@@ -62,13 +62,13 @@ struct SessieWerkplek : Werkplek {
     }
     void zetIni(const char* sectie, const char* sleutel, const QString& waarde) {
         p.modMain.SchrijfIni(waarde, QString::fromLatin1(sectie), QString::fromLatin1(sleutel),
-                             QStringLiteral("\\Data\\Instellingen.ini"));
+                             "\\Data\\Instellingen.ini");
     }
     void zetIni(const char* sectie, const char* sleutel, const char* waarde) {
         zetIni(sectie, sleutel, QString::fromUtf8(waarde));
     }
     QString ini(const char* sectie, const char* sleutel,
-                const QString& bestand = QStringLiteral("\\Data\\Instellingen.ini")) {
+                const QString& bestand = "\\Data\\Instellingen.ini") {
         return p.modMain.LeesIni(QString::fromLatin1(sectie), QString::fromLatin1(sleutel),
                                  bestand);
     }
@@ -80,8 +80,8 @@ struct SessieWerkplek : Werkplek {
 
 // The account files of a bare system (only root) under a temporary system root.
 inline void kaleRoot(const QString& root) {
-    QDir().mkpath(root + QStringLiteral("/etc"));
-    QDir().mkpath(root + QStringLiteral("/home"));
+    QDir().mkpath(root + "/etc");
+    QDir().mkpath(root + "/home");
     for (const auto& [naam, regel] : {std::pair{"/etc/passwd", "root:x:0:0:root:/root:/bin/bash\n"},
                                       std::pair{"/etc/group", "root:x:0:\n"},
                                       std::pair{"/etc/shadow", "root:*:19000:0:99999:7:::\n"},
@@ -100,8 +100,7 @@ public:
              QString* output) override {
         QProcess proces;
         proces.setProcessChannelMode(QProcess::MergedChannels);
-        proces.start(QStringLiteral(TK_SYSTEEM_PAD),
-                     QStringList{QStringLiteral("--root"), m_root, verb} + args);
+        proces.start(QStringLiteral(TK_SYSTEEM_PAD), QStringList{"--root", m_root, verb} + args);
         proces.write(input.toUtf8());
         proces.closeWriteChannel();
         proces.waitForFinished(60000);

@@ -55,7 +55,7 @@ protected:
     Uitkomst start(const QStringList& args, const QByteArray& invoer = {}) {
         QProcess proces;
         auto omgeving = QProcessEnvironment::systemEnvironment();
-        omgeving.insert(QStringLiteral("TK_SYSTEEM_ROOT"), root.path());
+        omgeving.insert("TK_SYSTEEM_ROOT", root.path());
         proces.setProcessEnvironment(omgeving);
         proces.setProcessChannelMode(QProcess::MergedChannels);
         proces.start(QStringLiteral(TK_SYSTEEM_PAD), args);
@@ -68,34 +68,23 @@ protected:
 };
 
 TEST_F(SystemToolTest, RefusesWhatIsNotOnItsListAndWritesNothing) {
-    const QString veertig(40, QLatin1Char('a'));
-    const QStringList regels[] = {
-        {},
-        {QStringLiteral("rm"), QStringLiteral("-rf"), QStringLiteral("/")},
-        {QStringLiteral("autologon-set")},
-        {QStringLiteral("autologon-set"), QStringLiteral("jan de vries")},
-        {QStringLiteral("autologon-set"), veertig},
-        {QStringLiteral("autologon-set"), QStringLiteral("Jan")},
-        {QStringLiteral("autologon-set"), QStringLiteral("../../etc/x")},
-        {QStringLiteral("autologon-set"), QStringLiteral("jan\n[Seat:*]")},
-        {QStringLiteral("account-create"), QStringLiteral("-root")},
-        {QStringLiteral("proxy-set"), QStringLiteral("a b:80")},
-        {QStringLiteral("proxy-set"), QStringLiteral("host:99999")},
-        {QStringLiteral("proxy-set"), QStringLiteral("host:80\nexport X=1")},
-        {QStringLiteral("wallpaper-set"), QStringLiteral("/geen/bestand.bmp")},
-        {QStringLiteral("net"), QStringLiteral("user"), QStringLiteral("jan de vries"),
-         QStringLiteral("pw"), QStringLiteral("/add")},
-        {QStringLiteral("net"), QStringLiteral("user"), QStringLiteral("jan"), QStringLiteral("pw"),
-         QStringLiteral("/add"), QStringLiteral("/expires:never")},
-        {QStringLiteral("net"), QStringLiteral("localgroup"), QStringLiteral("Users"),
-         QStringLiteral("jan"), QStringLiteral("/add")},
-        {QStringLiteral("--root"), QStringLiteral("relatief"), QStringLiteral("autologon-remove")},
-        {QStringLiteral("session-install"), QStringLiteral("extra")},
+    // Each command line with its arguments apart by "|".
+    const QString veertig(40, 'a');
+    // clang-format off
+    const QString regels[] = {
+        "", "rm|-rf|/", "autologon-set", "autologon-set|jan de vries", "autologon-set|" + veertig,
+        "autologon-set|Jan", "autologon-set|../../etc/x", "autologon-set|jan\n[Seat:*]",
+        "account-create|-root", "proxy-set|a b:80", "proxy-set|host:99999",
+        "proxy-set|host:80\nexport X=1", "wallpaper-set|/geen/bestand.bmp",
+        "net|user|jan de vries|pw|/add", "net|user|jan|pw|/add|/expires:never",
+        "net|localgroup|Users|jan|/add", "--root|relatief|autologon-remove",
+        "session-install|extra",
     };
+    // clang-format on
     const QStringList voor = inhoud();
-    for (const QStringList& regel : regels) {
-        SCOPED_TRACE(regel.join(u' ').toStdString());
-        const Uitkomst u = start(regel);
+    for (const QString& regel : regels) {
+        SCOPED_TRACE(regel.toStdString());
+        const Uitkomst u = start(regel.split(u'|', Qt::SkipEmptyParts));
         EXPECT_EQ(2, u.code);
         EXPECT_TRUE(u.uit.contains(u"refused")) << u.uit.toStdString();
     }
@@ -103,29 +92,26 @@ TEST_F(SystemToolTest, RefusesWhatIsNotOnItsListAndWritesNothing) {
 }
 
 TEST_F(SystemToolTest, WritesTheLogonSessionAndProxyFilesWholeAndRemovesThem) {
-    EXPECT_EQ(0, start({QStringLiteral("autologon-set"), QStringLiteral("tafelkrater")}).code);
+    EXPECT_EQ(0, start({"autologon-set", "tafelkrater"}).code);
     // What LightDM makes of it is checked against LightDM itself below.
-    EXPECT_EQ(SystemTool::lightdmDropIn(QStringLiteral("tafelkrater")),
-              lees(SystemTool::DropInPath));
+    EXPECT_EQ(SystemTool::lightdmDropIn("tafelkrater"), lees(SystemTool::DropInPath));
     // A second account replaces the first whole; no temporary file stays beside it.
-    EXPECT_EQ(0, start({QStringLiteral("autologon-set"), QStringLiteral("global")}).code);
+    EXPECT_EQ(0, start({"autologon-set", "global"}).code);
     EXPECT_TRUE(lees(SystemTool::DropInPath).contains(u"autologin-user=global\n"));
-    EXPECT_EQ(QStringList{QStringLiteral("60-tafelkrater.conf")},
-              QDir(root.filePath(QStringLiteral("etc/lightdm/lightdm.conf.d")))
-                  .entryList(QDir::Files | QDir::Hidden));
+    EXPECT_EQ(
+        QStringList{"60-tafelkrater.conf"},
+        QDir(root.filePath("etc/lightdm/lightdm.conf.d")).entryList(QDir::Files | QDir::Hidden));
 
-    EXPECT_EQ(0, start({QStringLiteral("session-install")}).code);
+    EXPECT_EQ(0, start({"session-install"}).code);
     const QString map = QFileInfo(QStringLiteral(TK_SYSTEEM_PAD)).absolutePath();
-    EXPECT_TRUE(lees(SystemTool::SessionPath)
-                    .contains(QStringLiteral("Exec=/bin/sh -c \"openbox & exec ") + map +
-                              QStringLiteral("/tafelkrater-startup\"\n")));
-    EXPECT_EQ(0, start({QStringLiteral("proxy-set"),
-                        QStringLiteral("tafelkrater-internetfilter.invalid:8080")})
-                     .code);
+    EXPECT_TRUE(
+        lees(SystemTool::SessionPath)
+            .contains("Exec=/bin/sh -c \"openbox & exec " + map + "/tafelkrater-startup\"\n"));
+    EXPECT_EQ(0, start({"proxy-set", "tafelkrater-internetfilter.invalid:8080"}).code);
     EXPECT_TRUE(
         lees(SystemTool::ProxyPath)
             .contains(u"export http_proxy=http://tafelkrater-internetfilter.invalid:8080/ "));
-    EXPECT_EQ(0, start({QStringLiteral("wallpaper-set"), QStringLiteral(TK_SYSTEEM_PAD)}).code);
+    EXPECT_EQ(0, start({"wallpaper-set", QStringLiteral(TK_SYSTEEM_PAD)}).code);
 
     for (const char* verb : {"autologon-remove", "session-remove", "proxy-clear", "wallpaper-clear",
                              "autologon-remove"})
@@ -151,9 +137,7 @@ TEST_F(SystemToolTest, APasswordWithQuotesAndBlanksIsStoredAsTyped) {
     if (geteuid() != 0)
         GTEST_SKIP() << "useradd --prefix needs root; CI runs the tests as root";
     const QByteArray wachtwoord = "it's \"een\" $PATH `x`";
-    ASSERT_EQ(
-        0,
-        start({QStringLiteral("account-create"), QStringLiteral("jan")}, wachtwoord + '\n').code);
+    ASSERT_EQ(0, start({"account-create", "jan"}, wachtwoord + '\n').code);
     // The stored hash is the one of the very text: hashed again with its salt it is the same.
     QString hash;
     for (const QString& regel : lees("etc/shadow").split(QLatin1Char('\n')))
@@ -161,9 +145,8 @@ TEST_F(SystemToolTest, APasswordWithQuotesAndBlanksIsStoredAsTyped) {
             hash = regel.section(QLatin1Char(':'), 1, 1);
     ASSERT_TRUE(hash.startsWith(u"$6$")) << hash.toStdString();
     QProcess openssl;
-    openssl.start(QStringLiteral("openssl"),
-                  {QStringLiteral("passwd"), QStringLiteral("-6"), QStringLiteral("-salt"),
-                   hash.section(QLatin1Char('$'), 2, 2), QStringLiteral("-stdin")});
+    openssl.start("openssl",
+                  {"passwd", "-6", "-salt", hash.section(QLatin1Char('$'), 2, 2), "-stdin"});
     openssl.write(wachtwoord + '\n');
     openssl.closeWriteChannel();
     ASSERT_TRUE(openssl.waitForFinished(10000));
@@ -171,52 +154,46 @@ TEST_F(SystemToolTest, APasswordWithQuotesAndBlanksIsStoredAsTyped) {
 }
 
 TEST_F(SystemToolTest, LightdmTakesTheDropInAsTheLogonOfTheSeat) {
-    ASSERT_EQ(0, start({QStringLiteral("autologon-set"), QStringLiteral("tafelkrater")}).code);
+    ASSERT_EQ(0, start({"autologon-set", "tafelkrater"}).code);
     schrijf("etc/lightdm/lightdm.conf", "# the main file of a bare system\n");
     // LightDM reads the drop-in folders below its configuration and data folders: here only
     // those of the temporary root.
     QProcessEnvironment omgeving = QProcessEnvironment::systemEnvironment();
-    omgeving.insert(QStringLiteral("XDG_CONFIG_DIRS"), root.filePath(QStringLiteral("etc")));
-    omgeving.insert(QStringLiteral("XDG_DATA_DIRS"), root.filePath(QStringLiteral("usr/share")));
-    const Uitkomst u = draai(QStringLiteral("lightdm"),
-                             {QStringLiteral("--show-config"), QStringLiteral("-c"),
-                              root.filePath(QStringLiteral("etc/lightdm/lightdm.conf"))},
-                             omgeving);
+    omgeving.insert("XDG_CONFIG_DIRS", root.filePath("etc"));
+    omgeving.insert("XDG_DATA_DIRS", root.filePath("usr/share"));
+    const Uitkomst u = draai(
+        "lightdm", {"--show-config", "-c", root.filePath("etc/lightdm/lightdm.conf")}, omgeving);
     ASSERT_NE(-1, u.code) << "lightdm is not installed (scripts/packages.txt lists it): "
                           << u.uit.toStdString();
     QStringList gezien;
     for (const QString& regel : u.uit.split(QLatin1Char('\n')))
         if (regel.startsWith(u"A  ") && regel.contains(u'='))
             gezien << regel.mid(3).trimmed();
-    EXPECT_EQ(gezien, (QStringList{QStringLiteral("autologin-user=tafelkrater"),
-                                   QStringLiteral("autologin-user-timeout=0"),
-                                   QStringLiteral("autologin-session=tafelkrater"),
-                                   QStringLiteral("user-session=tafelkrater"),
-                                   QStringLiteral("greeter-session=lightdm-autologin-greeter")}))
+    EXPECT_EQ(gezien, (QStringList{"autologin-user=tafelkrater", "autologin-user-timeout=0",
+                                   "autologin-session=tafelkrater", "user-session=tafelkrater",
+                                   "greeter-session=lightdm-autologin-greeter"}))
         << u.uit.toStdString();
-    EXPECT_TRUE(u.uit.contains(QStringLiteral("60-tafelkrater.conf")));
+    EXPECT_TRUE(u.uit.contains("60-tafelkrater.conf"));
 }
 
 TEST(SystemInstallTest, AnInstallIntoASystemPrefixPlacesTheSudoersDropInTheSessionAndTheGroup) {
-    for (const QString& prefix :
-         {QStringLiteral("/opt/tafelkrater"), QStringLiteral("/srv/demo")}) {
+    for (const QString prefix : {"/opt/tafelkrater", "/srv/demo"}) {
         SCOPED_TRACE(prefix.toStdString());
         const bool systeem = prefix.startsWith(u"/opt");
         QTemporaryDir destdir;
         QProcessEnvironment omgeving = QProcessEnvironment::systemEnvironment();
-        omgeving.insert(QStringLiteral("DESTDIR"), destdir.path());
+        omgeving.insert("DESTDIR", destdir.path());
         const Uitkomst u = draai(QStringLiteral(TK_CMAKE),
-                                 {QStringLiteral("--install"), QStringLiteral(TK_BUILD_DIR),
-                                  QStringLiteral("--prefix"), prefix, QStringLiteral("--component"),
-                                  QStringLiteral("systeem")},
+                                 {"--install", QStringLiteral(TK_BUILD_DIR), "--prefix", prefix,
+                                  "--component", "systeem"},
                                  omgeving);
         ASSERT_EQ(0, u.code) << u.uit.toStdString();
         auto pad = [&](const QString& onder) { return destdir.path() + onder; };
-        EXPECT_TRUE(QFileInfo(pad(prefix + QStringLiteral("/tafelkrater-systeem"))).isExecutable());
-        const QString sudoers = pad(QStringLiteral("/etc/sudoers.d/tafelkrater"));
+        EXPECT_TRUE(QFileInfo(pad(prefix + "/tafelkrater-systeem")).isExecutable());
+        const QString sudoers = pad("/etc/sudoers.d/tafelkrater");
         ASSERT_EQ(systeem, QFile::exists(sudoers));
         if (!systeem) {
-            EXPECT_FALSE(QFile::exists(pad(QStringLiteral("/usr"))));
+            EXPECT_FALSE(QFile::exists(pad("/usr")));
             continue;
         }
         // 0440: the owner's, group's and others' bits (the "user" bits depend on who asks).
@@ -226,15 +203,14 @@ TEST(SystemInstallTest, AnInstallIntoASystemPrefixPlacesTheSudoersDropInTheSessi
         ASSERT_TRUE(regels.open(QIODevice::ReadOnly));
         EXPECT_TRUE(regels.readAll().contains(
             "%tafelkrater-beheer ALL=(root) NOPASSWD: /opt/tafelkrater/tafelkrater-systeem\n"));
-        const Uitkomst check =
-            draai(QStringLiteral("visudo"), {QStringLiteral("-c"), QStringLiteral("-f"), sudoers});
+        const Uitkomst check = draai("visudo", {"-c", "-f", sudoers});
         ASSERT_NE(-1, check.code) << "visudo is not installed (the sudo package): "
                                   << check.uit.toStdString();
         EXPECT_EQ(0, check.code) << check.uit.toStdString();
-        QFile sessie(pad(QStringLiteral("/usr/share/xsessions/tafelkrater.desktop")));
+        QFile sessie(pad("/usr/share/xsessions/tafelkrater.desktop"));
         ASSERT_TRUE(sessie.open(QIODevice::ReadOnly));
         EXPECT_EQ(QString::fromUtf8(sessie.readAll()), SystemTool::sessionFile(prefix));
-        QFile groep(pad(QStringLiteral("/usr/lib/sysusers.d/tafelkrater.conf")));
+        QFile groep(pad("/usr/lib/sysusers.d/tafelkrater.conf"));
         ASSERT_TRUE(groep.open(QIODevice::ReadOnly));
         EXPECT_TRUE(groep.readAll().contains("g tafelkrater-beheer -\n"));
     }

@@ -20,14 +20,13 @@ struct Omgeving : SessieWerkplek {
         platform.fakeClock().setStepPerRead(50);
         p.schermen = &schermen;
         p.maak(p.modMainAfsluiten, p);
-        schrijf(QStringLiteral("W/system.ini"), "[boot]\r\nshell=/PROG/tafelkrater\r\n");
+        schrijf("W/system.ini", "[boot]\r\nshell=/PROG/tafelkrater\r\n");
     }
     QString shell() {
         if (p.modMain.IsWindows98)
-            return ini("boot", "shell", QStringLiteral("\\W\\system.ini"));
+            return ini("boot", "shell", "\\W\\system.ini");
         return p.modRegistry.LeesWaarde(RegistryRoot::LocalMachine,
-                                        QString::fromLatin1(ModMainSessie::WinlogonNT),
-                                        QStringLiteral("Shell"));
+                                        QString::fromLatin1(ModMainSessie::WinlogonNT), "Shell");
     }
 };
 
@@ -36,21 +35,20 @@ TEST(UitwegenTest, TheSystemsDesktopStartsFromItsSettingWhileTheShellStaysTheCli
         SCOPED_TRACE(w98);
         Omgeving o(w98, Modus::Netwerk);
         o.sessie.proxyInGebruik = true;
-        o.p.modMain.SchrijfIni(QStringLiteral("startxfce4 --replace"),
-                               QStringLiteral("Instellingen"), QStringLiteral("Systeembureaublad"),
-                               QStringLiteral("\\Data\\Instellingen.ini"));
-        o.p.modMainAfsluiten->NaarWindowsOmgeving(QStringLiteral("GLOBAL"), QStringLiteral("pw"));
+        o.p.modMain.SchrijfIni("startxfce4 --replace", "Instellingen", "Systeembureaublad",
+                               "\\Data\\Instellingen.ini");
+        o.p.modMainAfsluiten->NaarWindowsOmgeving("GLOBAL", "pw");
         EXPECT_EQ(o.platform.fakeProcesses().started.size(), 1);
         EXPECT_TRUE(
             o.platform.fakeProcesses().started.value(0).startsWith(u"startxfce4 --replace (in "));
         EXPECT_EQ(o.shell(), o.platform.programFile());
-        EXPECT_EQ(o.systeem.actions.value(0), QStringLiteral("proxy-clear"));
-        EXPECT_EQ(o.schermen.log, QStringList{QStringLiteral("vensters 0")});
+        EXPECT_EQ(o.systeem.actions.value(0), "proxy-clear");
+        EXPECT_EQ(o.schermen.log, QStringList{"vensters 0"});
         const FrmWindows& f = o.p.modMainAfsluiten->frmWindows;
         EXPECT_TRUE(f.Zichtbaar && f.Timer1.isActive());
-        EXPECT_EQ(f.account, QStringLiteral("GLOBAL"));
+        EXPECT_EQ(f.account, "GLOBAL");
         // The 98 family keeps the system file as it was before the shell was switched.
-        EXPECT_EQ(w98, o.lees(QStringLiteral("backup.ini")).contains("shell=/PROG/tafelkrater"));
+        EXPECT_EQ(w98, o.lees("backup.ini").contains("shell=/PROG/tafelkrater"));
         EXPECT_FALSE(o.p.beeindigd);
     }
 }
@@ -79,14 +77,13 @@ TEST(UitwegenTest, EachButtonLogsOnAgainAsTheModesAccountOrAsksFirst) {
         SCOPED_TRACE(r.naam);
         Omgeving o(r.w98, r.modus);
         FrmWindows& f = o.p.modMainAfsluiten->frmWindows;
-        f.Laden(QStringLiteral("KLAS3"), QStringLiteral("geheim"));
+        f.Laden("KLAS3", "geheim");
         o.dialogen.antwoorden << QString::fromLatin1(r.antwoord);
         f.cmdKnop_Click(r.knop);
         EXPECT_EQ(o.meldingen(),
                   r.vraag ? QStringList{o.p.modTaal.LaadTekst(r.vraag)} : QStringList());
         const QString account = QString::fromLatin1(r.aanmelden);
-        EXPECT_EQ(o.systeem.actions.contains(QStringLiteral("autologon-set ") + account),
-                  !account.isEmpty())
+        EXPECT_EQ(o.systeem.actions.contains("autologon-set " + account), !account.isEmpty())
             << o.systeem.actions.join(u',').toStdString();
         EXPECT_EQ(o.systeem.actions.contains(u"logoff"), !account.isEmpty());
         EXPECT_EQ(o.schermen.log.contains(u"vensters 1"), r.vensters);
@@ -96,29 +93,13 @@ TEST(UitwegenTest, EachButtonLogsOnAgainAsTheModesAccountOrAsksFirst) {
     }
 }
 
-TEST(UitwegenTest, TheWindowDriftsAndTurnsAtTheEdgesOfTheScreen) {
+TEST(UitwegenTest, TheWindowPaintsItsBandAndFrameAndDriftsWithinTheScreen) {
     Omgeving o;
-    FrmWindows& f = o.p.modMainAfsluiten->frmWindows;
-    f.scherm = QRect(0, 0, 300, 120);
-    const QPoint begin = f.positie;
-    QRect gezien;
-    for (int i = 0; i < 500; ++i) {
-        f.Timer1_Timer();
-        const QRect vak(f.positie, QSize(FrmWindows::Breedte, FrmWindows::Hoogte));
-        ASSERT_TRUE(f.scherm.contains(vak)) << i;
-        gezien |= vak;
-    }
-    EXPECT_NE(begin, f.positie);
-    EXPECT_EQ(gezien, f.scherm); // it reached every edge
-}
-
-TEST(UitwegenTest, TheWindowPaintsItsBandAndFrameAndFollowsTheModel) {
-    Omgeving o;
-    o.p.modTaal.ProductTitel = QStringLiteral("Tafelkrater");
+    o.p.modTaal.ProductTitel = "Tafelkrater";
     FrmWindows& f = o.p.modMainAfsluiten->frmWindows;
     FrmWindowsView view(f);
     EXPECT_FALSE(view.isVisible());
-    f.Laden(QStringLiteral("KLAS3"), QStringLiteral("geheim"));
+    f.Laden("KLAS3", "geheim");
     f.Timer1.stop();
     EXPECT_TRUE(view.isVisible());
     const QImage beeld = view.grab().toImage();
@@ -149,7 +130,18 @@ TEST(UitwegenTest, TheWindowPaintsItsBandAndFrameAndFollowsTheModel) {
                         .contains(view.knop(i)->geometry()));
     }
     EXPECT_FALSE(view.knop(0)->geometry().intersects(view.knop(1)->geometry()));
-    f.Timer1_Timer();
+    // It drifts, turns at the edges of the screen, and the window follows.
+    f.scherm = QRect(0, 0, 300, 120);
+    const QPoint begin = f.positie;
+    QRect gezien;
+    for (int i = 0; i < 500; ++i) {
+        f.Timer1_Timer();
+        const QRect vak(f.positie, QSize(FrmWindows::Breedte, FrmWindows::Hoogte));
+        ASSERT_TRUE(f.scherm.contains(vak)) << i;
+        gezien |= vak;
+    }
+    EXPECT_NE(begin, f.positie);
+    EXPECT_EQ(gezien, f.scherm); // it reached every edge
     EXPECT_EQ(view.pos(), f.positie);
     // Back to the program: the window goes with its model.
     o.zetModus(Modus::Beheer);
