@@ -84,10 +84,11 @@ TEST_F(InstellingenE2ETest, ANewLanguageReachesTheServerAndEveryCaption) {
         verwacht << t.LaadTekst(groep, 1033).trimmed() << t.LaadTekst(caption, 1033);
     EXPECT_EQ(instellingen, verwacht);
     const OnderhoudServer& s = b.server();
-    EXPECT_EQ(QStringList({s.velden[OnderhoudServer::Locatie].caption, s.fraBackup, s.cmdServer[2],
-                           s.cmdBackup[0]}),
-              QStringList({t.LaadTekst(3181, 1033), t.LaadTekst(3192, 1033).trimmed(),
-                           t.LaadTekst(3190, 1033), t.LaadTekst(3193, 1033)}));
+    EXPECT_EQ(
+        QStringList({s.velden[OnderhoudServer::Locatie].caption, s.fraBackup, s.cmdServer[2],
+                     s.cmdBackup[0], s.lblNoot}),
+        QStringList({t.LaadTekst(3181, 1033), t.LaadTekst(3192, 1033).trimmed(),
+                     t.LaadTekst(3190, 1033), t.LaadTekst(3193, 1033), t.LaadTekst(3191, 1033)}));
 }
 
 TEST_F(InstellingenE2ETest, AnExportedBackupBringsTheDataBackWhenImported) {

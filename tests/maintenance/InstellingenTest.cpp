@@ -100,6 +100,24 @@ struct Plek : tk::test::OnderhoudPlek {
         return p().modMain.LeesIni("Instellingen", QLatin1String(sleutel), ini);
     }
     QString tekst(int id) { return p().modTaal.LaadTekst(id); }
+    // The messages and questions shown, each as its kind and its text, against string ids: the
+    // import question asks "?", the beta password "*", every other is a message "-".
+    void gemeld(const QList<int>& ids) {
+        QStringList gesteld, verwacht;
+        for (const auto& v : ws.dialogen.gesteld)
+            gesteld << v.stijl + " " + v.tekst;
+        for (int id : ids)
+            verwacht << QString(id == 3324 ? "? " : id == 3340 ? "* " : "- ") + tekst(id);
+        EXPECT_EQ(gesteld, verwacht);
+    }
+    // The client ends for a restart exactly when the launcher was told a word.
+    void herstart(const char* woord) {
+        EXPECT_EQ(p().beeindigd, *woord != 0);
+        if (*woord) {
+            EXPECT_TRUE(waitUntil([&] { return launcher.woord == woord; }));
+        }
+    }
+    Launcher launcher{ws.map()};
 };
 
 // The link test and the lists the module reads when it is made.
@@ -220,7 +238,7 @@ TEST(InstellingenTest, SaveStoresTheSettingsAndAChangedLanguageRecaptionsEveryFo
         EXPECT_EQ(plek.leesIni("Language"), QString::number(c.iniTaal));
         EXPECT_EQ(plek.p().modTaal.Taal, c.taalNa);
         EXPECT_EQ(plek.p().modData->Wachtwoorden.value(1), "nieuw");
-        EXPECT_EQ(plek.ws.meldingen(), mislukt ? QStringList(plek.tekst(3332)) : QStringList());
+        plek.gemeld(mislukt ? QList<int>{3332} : QList<int>());
         // A refused save keeps what was typed, so that Save can be pressed again; a stored one
         // shows the language in use.
         EXPECT_EQ(knoppen(m), mislukt ? "...S.R" : "......");
@@ -271,7 +289,6 @@ TEST(InstellingenTest, TheServerPanelSavesAsksTheBetaPasswordAndRestartsForAMove
         if (c.verstuurd)
             peer.op("OPSSIN*", "OPSSIN");
         Plek plek(&peer);
-        Launcher launcher(plek.ws.map());
         struct Stappen : UnbuiltStartSteps {
             using UnbuiltStartSteps::UnbuiltStartSteps;
             void ZetAutomatischeAanmelding(const QString& a, const QString& w, const QString&,
@@ -306,10 +323,7 @@ TEST(InstellingenTest, TheServerPanelSavesAsksTheBetaPasswordAndRestartsForAMove
         s.cmdServer_Click(3);
         EXPECT_TRUE(peer.klaar());
         EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
-        QStringList meldingen;
-        for (int id : c.meldingen)
-            meldingen << plek.tekst(id);
-        EXPECT_EQ(plek.ws.meldingen(), meldingen);
+        plek.gemeld(c.meldingen);
         EXPECT_EQ(peer.ontvangen.last(),
                   c.verstuurd ? "OPSSIN" + InstellingenTeksten::opslaanServer(c.automatisch, c.beta)
                               : QString("LDNSIN"));
@@ -321,11 +335,18 @@ TEST(InstellingenTest, TheServerPanelSavesAsksTheBetaPasswordAndRestartsForAMove
         // Once stored, nothing differs; a stopped save keeps the choice for another try.
         const bool anders = c.automatisch || c.beta;
         EXPECT_EQ(knoppen(s), !c.verstuurd && anders ? "...S.R" : "......");
-        EXPECT_EQ(plek.p().beeindigd, *c.woord != 0);
-        if (*c.woord) {
-            EXPECT_TRUE(waitUntil([&] { return launcher.woord == c.woord; }));
-        }
+        plek.herstart(c.woord);
     }
+    // Restore reads the server's settings anew.
+    ScriptedPeer peer;
+    begin(peer).op("LDNSIN", "LDNSIN2;<>;NEE;<>;NEE").op("LDNSIN", "LDNSIN2;<>;JA;<>;NEE");
+    Plek plek(&peer);
+    plek.kies(1);
+    plek.server().cmbServer_Click(2, true);
+    plek.server().cmdServer_Click(4);
+    EXPECT_TRUE(peer.klaar());
+    EXPECT_EQ(waarden(plek.server()).mid(1), QStringList({"Ja", "Nee"}));
+    EXPECT_EQ(knoppen(plek.server()), "......");
 }
 
 TEST(InstellingenTest, TheCheckForUpdatesAndTheChangeLog) {
@@ -351,7 +372,6 @@ TEST(InstellingenTest, TheCheckForUpdatesAndTheChangeLog) {
         if (c.knop == 2)
             peer.op("UPDCON", "UPDCON" + (*c.updcon ? QString(c.updcon) : versie));
         Plek plek(&peer);
-        Launcher launcher(plek.ws.map());
         plek.p().modMain.SchrijfIni(c.webadres, "Instellingen", "Webadres", ini);
         plek.kies(1);
         QString adres;
@@ -361,13 +381,9 @@ TEST(InstellingenTest, TheCheckForUpdatesAndTheChangeLog) {
         plek.server().cmdServer_Click(c.knop);
         EXPECT_FALSE(getekendBezig) << "the panel is drawn usable again after the wait";
         EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
-        EXPECT_EQ(plek.ws.meldingen(),
-                  c.melding ? QStringList(plek.tekst(c.melding)) : QStringList());
+        plek.gemeld(c.melding ? QList<int>{c.melding} : QList<int>());
         EXPECT_EQ(adres, *c.adres ? c.adres + versie : QString());
-        EXPECT_EQ(plek.p().beeindigd, *c.woord != 0);
-        if (*c.woord) {
-            EXPECT_TRUE(waitUntil([&] { return launcher.woord == c.woord; }));
-        }
+        plek.herstart(c.woord);
     }
 }
 
@@ -411,7 +427,6 @@ TEST(InstellingenTest, TheBackupBoxListsExportsAndImportsTheServersBackups) {
                             : Levering::Heel);
         }
         Plek plek(&peer);
-        Launcher launcher(plek.ws.map());
         plek.kies(1);
         OnderhoudServer& s = plek.server();
         s.cmbBackup_Click(c.gekozen);
@@ -431,14 +446,8 @@ TEST(InstellingenTest, TheBackupBoxListsExportsAndImportsTheServersBackups) {
         EXPECT_EQ(s.fraBackupEnabled, getoond.value(0) != "No backups available");
         EXPECT_EQ(QString(s.cmdBackupEnabled[0] ? "I" : ".") + (s.cmdBackupEnabled[1] ? "E" : "."),
                   c.knoppen);
-        QStringList meldingen;
-        for (int id : c.meldingen)
-            meldingen << plek.tekst(id);
-        EXPECT_EQ(plek.ws.meldingen(), meldingen);
-        if (*c.woord) {
-            EXPECT_TRUE(waitUntil([&] { return launcher.woord == c.woord; }));
-        }
-        EXPECT_EQ(plek.p().beeindigd, *c.woord != 0);
+        plek.gemeld(c.meldingen);
+        plek.herstart(c.woord);
     }
 
     // A long list arrives in two reads and is read whole.

@@ -193,29 +193,7 @@ TEST_F(OnderhoudTest, EachMenuEntryOpensItsPanelOrSaysWhyNot) {
                                         "MANAGEMENT TOOLS/");
 }
 
-TEST_F(OnderhoudTest, AHoverRepaintsOnlyTheRowsThatChanged) {
-    FrmOnderhoud& f = openen();
-    klik(f, 0, 0);
-    f.Tekenmenu();
-    auto beweeg = [&](QPoint p) {
-        f.Form_MouseMove(p.x(), p.y());
-        QList<std::pair<int, int>> rijen = f.Tekenmenu();
-        std::sort(rijen.begin(), rijen.end());
-        return rijen;
-    };
-    using Rijen = QList<std::pair<int, int>>;
-    const QPoint klassen = midden(f, 0, 1), leraren = midden(f, 0, 2);
-    EXPECT_EQ(beweeg(klassen), Rijen({{0, 1}}));
-    EXPECT_EQ(f.MenuSleutel, "0|1");
-    EXPECT_EQ(f.cel(0, 1, FrmOnderhoud::Kleur), QString::number(f.kleurHover));
-    EXPECT_EQ(beweeg(klassen + QPoint(1, 0)), Rijen());
-    EXPECT_EQ(beweeg(leraren), Rijen({{0, 1}, {0, 2}}));
-    EXPECT_EQ(beweeg({5, 5}), Rijen({{0, 2}}));
-    EXPECT_TRUE(f.MenuSleutel.isEmpty());
-    EXPECT_EQ(f.cel(0, 2, FrmOnderhoud::Kleur), f.cel(0, 2, FrmOnderhoud::Rustkleur));
-}
-
-TEST_F(OnderhoudTest, TheQuestionCountsDownOnTheClockAndEndsAsThePartySays) {
+TEST_F(OnderhoudTest, TheQuestionCountsDownOnTheClockEndsAsThePartySaysAndShowsItsMode) {
     w.platform.fakeClock().setStepPerRead(0);
     FrmOnderhoudVraag v(w.p);
     struct Case {
@@ -255,6 +233,53 @@ TEST_F(OnderhoudTest, TheQuestionCountsDownOnTheClockAndEndsAsThePartySays) {
     w.platform.fakeClock().advance(10'200);
     v.tmrAuto_Timer();
     EXPECT_EQ(v.lblAftellen, "In 20 seconds you are logged off automatically");
+    v.cmdAnnuleren_Click();
+
+    // The window: the text and the buttons of each mode.
+    FrmOnderhoudVraagView view(v);
+    struct Venster {
+        int modus;
+        bool notitie; // INFONC came: the closing note
+        bool afmelden;
+        const char* png;
+    };
+    const Venster vensters[] = {
+        {0, false, true, "onderhoudvraag-binnen"},
+        {1, false, false, "onderhoudvraag-nieuw"},
+        {1, true, false, "onderhoudvraag-geweigerd"},
+    };
+    auto donker = [](const QImage& beeld, const QRect& vak) {
+        int n = 0;
+        for (int y = vak.top(); y <= vak.bottom(); ++y)
+            for (int x = vak.left(); x <= vak.right(); ++x)
+                n += qGray(beeld.pixel(x, y)) < 100;
+        return n;
+    };
+    for (const Venster& c : vensters) {
+        SCOPED_TRACE(c.png);
+        v.Begin(c.modus);
+        if (c.notitie) {
+            v.geweigerd = true;
+            v.tmrAuto_Timer();
+        }
+        const QImage beeld = view.grab().toImage();
+        tk::test::bewaarPng(beeld, c.png);
+        const int kop = DialogFrame::Kop, knopBoven = v.Hoogte - 40 + kop;
+        EXPECT_EQ(beeld.height(), v.Hoogte + kop);
+        // The question in the body; the countdown under it, where the note is shorter.
+        EXPECT_GT(donker(beeld, {64, kop + 12, 300, 30}), 50);
+        if (!c.notitie) {
+            EXPECT_GT(donker(beeld, {64, kop + 86, 300, 30}), 50);
+        }
+        // Log off only for the one inside (where the note has its OK); Cancel at the right but in
+        // the note.
+        const QColor lijf = DialogFrame::lijfKleur();
+        const int breed = FrmOnderhoudVraagView::Breedte;
+        auto knopOp = [&](int x) { return beeld.pixelColor(x, knopBoven + 14) != lijf; };
+        EXPECT_EQ(knopOp(breed - 180), c.afmelden || c.notitie);
+        EXPECT_EQ(knopOp(breed - 68), !c.notitie);
+        v.cmdAnnuleren_Click();
+    }
 }
 
 TEST_F(OnderhoudTest, TheModuleOpensForTheAdministratorOrATeacherAndLeavesToItsScreen) {
@@ -286,10 +311,28 @@ TEST_F(OnderhoudTest, TheModuleOpensForTheAdministratorOrATeacherAndLeavesToItsS
     EXPECT_TRUE(f.cel(0, 0, 0).isEmpty());
 }
 
-TEST_F(OnderhoudTest, TheWindowPaintsTheMenuAndNamesItsRows) {
+TEST_F(OnderhoudTest, AHoverRepaintsOnlyTheRowsThatChangedAndTheWindowNamesThem) {
     FrmOnderhoud& f = openen();
-    FrmOnderhoudView view(f);
     klik(f, 0, 0);
+    f.Tekenmenu();
+    auto beweeg = [&](QPoint p) {
+        f.Form_MouseMove(p.x(), p.y());
+        QList<std::pair<int, int>> rijen = f.Tekenmenu();
+        std::sort(rijen.begin(), rijen.end());
+        return rijen;
+    };
+    using Rijen = QList<std::pair<int, int>>;
+    const QPoint klassen = midden(f, 0, 1), leraren = midden(f, 0, 2);
+    EXPECT_EQ(beweeg(klassen), Rijen({{0, 1}}));
+    EXPECT_EQ(f.MenuSleutel, "0|1");
+    EXPECT_EQ(f.cel(0, 1, FrmOnderhoud::Kleur), QString::number(f.kleurHover));
+    EXPECT_EQ(beweeg(klassen + QPoint(1, 0)), Rijen());
+    EXPECT_EQ(beweeg(leraren), Rijen({{0, 1}, {0, 2}}));
+    EXPECT_EQ(beweeg({5, 5}), Rijen({{0, 2}}));
+    EXPECT_TRUE(f.MenuSleutel.isEmpty());
+    EXPECT_EQ(f.cel(0, 2, FrmOnderhoud::Kleur), f.cel(0, 2, FrmOnderhoud::Rustkleur));
+
+    FrmOnderhoudView view(f);
     klik(f, 0, 1);
     const QPoint m = midden(f, 0, 2);
     f.Form_MouseMove(m.x(), m.y());
@@ -313,53 +356,4 @@ TEST_F(OnderhoudTest, TheWindowPaintsTheMenuAndNamesItsRows) {
     // A press by name acts as the click.
     view.druk(bedieningen[namen.indexOf("Teachers")]);
     EXPECT_EQ(f.ZichtbaarPaneel, 1);
-}
-
-TEST_F(OnderhoudTest, TheQuestionWindowShowsItsTextAndTheButtonsOfItsMode) {
-    w.platform.fakeClock().setStepPerRead(0);
-    FrmOnderhoudVraag v(w.p);
-    FrmOnderhoudVraagView view(v);
-    struct Case {
-        int modus;
-        bool notitie; // INFONC came: the closing note
-        bool afmelden;
-        const char* png;
-    };
-    const Case cases[] = {
-        {0, false, true, "onderhoudvraag-binnen"},
-        {1, false, false, "onderhoudvraag-nieuw"},
-        {1, true, false, "onderhoudvraag-geweigerd"},
-    };
-    auto donker = [](const QImage& beeld, const QRect& vak) {
-        int n = 0;
-        for (int y = vak.top(); y <= vak.bottom(); ++y)
-            for (int x = vak.left(); x <= vak.right(); ++x)
-                n += qGray(beeld.pixel(x, y)) < 100;
-        return n;
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.png);
-        v.Begin(c.modus);
-        if (c.notitie) {
-            v.geweigerd = true;
-            v.tmrAuto_Timer();
-        }
-        const QImage beeld = view.grab().toImage();
-        tk::test::bewaarPng(beeld, c.png);
-        const int kop = DialogFrame::Kop, knopBoven = v.Hoogte - 40 + kop;
-        EXPECT_EQ(beeld.height(), v.Hoogte + kop);
-        // The question in the body; the countdown under it, where the note is shorter.
-        EXPECT_GT(donker(beeld, {64, kop + 12, 300, 30}), 50);
-        if (!c.notitie) {
-            EXPECT_GT(donker(beeld, {64, kop + 86, 300, 30}), 50);
-        }
-        // Log off only for the one inside (where the note has its OK); Cancel at the right but in
-        // the note.
-        const QColor lijf = DialogFrame::lijfKleur();
-        const int breed = FrmOnderhoudVraagView::Breedte;
-        auto knopOp = [&](int x) { return beeld.pixelColor(x, knopBoven + 14) != lijf; };
-        EXPECT_EQ(knopOp(breed - 180), c.afmelden || c.notitie);
-        EXPECT_EQ(knopOp(breed - 68), !c.notitie);
-        v.cmdAnnuleren_Click();
-    }
 }
