@@ -35,7 +35,7 @@ TEST(PictogrammenTest, DatesReadInTheirFormAndAnUnreadableOneIsOld) {
     }
 }
 
-TEST(PictogrammenTest, AGroupsListKeepsWhatIsNewerOrMissingAndDropsWhatIsGone) {
+TEST(PictogrammenTest, IconFilesKeepWhatIsNewerOrMissingAndLoseWhatIsGoneOrTemporary) {
     Werkplek w;
     ModDataPictogrammen store(w.p);
     w.schrijf("Afbeeldingen/Pictogrammen/Applicaties/Algemeen/3.pic", "drie");
@@ -55,6 +55,18 @@ TEST(PictogrammenTest, AGroupsListKeepsWhatIsNewerOrMissingAndDropsWhatIsGone) {
     EXPECT_FALSE(QFile::exists(w.pad("Afbeeldingen/Pictogrammen/Applicaties/Algemeen/9.pic")));
     EXPECT_EQ(w.p.modMain.LeesIni("Algemeen9", "Wijziging", reg), QString());
     EXPECT_TRUE(QFile::exists(w.pad("Afbeeldingen/Pictogrammen/Applicaties/Algemeen/3.pic")));
+
+    // The temporary folders and the shortcut copies of icons go.
+    w.schrijf("Tijdelijk/x", "x");
+    w.schrijf("Updates/y", "y");
+    w.schrijf("Afbeeldingen/Pictogrammen/Applicaties/Groepen/1.pic.lnk", "l");
+    w.schrijf("Afbeeldingen/Pictogrammen/Applicaties/Groepen/1.pic", "p");
+    store.TijdelijkeMapVerwijderen();
+    store.TijdelijkePictogrammenVerwijderen();
+    EXPECT_FALSE(QDir(w.pad("Tijdelijk")).exists());
+    EXPECT_FALSE(QDir(w.pad("Updates")).exists());
+    EXPECT_FALSE(QFile::exists(w.pad("Afbeeldingen/Pictogrammen/Applicaties/Groepen/1.pic.lnk")));
+    EXPECT_TRUE(QFile::exists(w.pad("Afbeeldingen/Pictogrammen/Applicaties/Groepen/1.pic")));
 }
 
 TEST(PictogrammenTest, WhenAllDatesAreEqualNothingIsFetched) {
@@ -72,19 +84,4 @@ TEST(PictogrammenTest, WhenAllDatesAreEqualNothingIsFetched) {
     EXPECT_TRUE(peer.klaar());
     EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join(u'\n').toStdString();
     EXPECT_FALSE(QDir(w.pad("Tijdelijk")).exists());
-}
-
-TEST(PictogrammenTest, TemporaryFoldersAndShortcutCopiesAreRemoved) {
-    Werkplek w;
-    ModDataPictogrammen store(w.p);
-    w.schrijf("Tijdelijk/x", "x");
-    w.schrijf("Updates/y", "y");
-    w.schrijf("Afbeeldingen/Pictogrammen/Applicaties/Groepen/1.pic.lnk", "l");
-    w.schrijf("Afbeeldingen/Pictogrammen/Applicaties/Groepen/1.pic", "p");
-    store.TijdelijkeMapVerwijderen();
-    store.TijdelijkePictogrammenVerwijderen();
-    EXPECT_FALSE(QDir(w.pad("Tijdelijk")).exists());
-    EXPECT_FALSE(QDir(w.pad("Updates")).exists());
-    EXPECT_FALSE(QFile::exists(w.pad("Afbeeldingen/Pictogrammen/Applicaties/Groepen/1.pic.lnk")));
-    EXPECT_TRUE(QFile::exists(w.pad("Afbeeldingen/Pictogrammen/Applicaties/Groepen/1.pic")));
 }
