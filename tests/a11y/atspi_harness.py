@@ -14,6 +14,8 @@ A tool that is missing ends the run with exit code 1 and the reason: the walk ne
 
 import argparse
 import os
+import random
+import re
 import shutil
 import signal
 import socket
@@ -30,10 +32,69 @@ class Missing(Exception):
     pass
 
 
-def free_port():
-    with socket.socket() as s:
-        s.bind(("127.0.0.1", 0))
-        return s.getsockname()[1]
+def first_ephemeral_port():
+    """The lowest port the system hands out for port 0."""
+    try:
+        with open("/proc/sys/net/ipv4/ip_local_port_range") as f:
+            low = int(f.read().split()[0])
+    except (OSError, ValueError, IndexError):
+        low = 0
+    return low if low > 2048 else 32768
+
+
+def reserve_ports(count, folder):
+    """Ports for what must be named before anything listens on them (the client's transfer
+    ports, which the server is told at its start), taken as the C++ tests take theirs: below the
+    range the system hands out for port 0, each held by a lock file in the same folder for as long
+    as the lock files in `held` live, so that tests running at the same time never share one."""
+    high = first_ephemeral_port()
+    low = high - 10000
+    os.makedirs(folder, exist_ok=True)
+    ports, held = [], []
+    port = low + random.randrange(high - low)
+    for _ in range(high - low):
+        if len(ports) == count:
+            break
+        port = port + 1 if port + 1 < high else low
+        lock = os.path.join(folder, "%d.lock" % port)
+        if not take_lock(lock):
+            continue
+        with socket.socket() as probe:
+            probe.setsockopt(socket.SOL_SOCKET, socket.SO_REUSEADDR, 1)
+            try:
+                probe.bind(("0.0.0.0", port))
+            except OSError:
+                os.unlink(lock)
+                continue
+        ports.append(port)
+        held.append(lock)
+    return ports, held
+
+
+def take_lock(path):
+    """Makes the lock file in the form the C++ tests' lock files have (process id first, no
+    program name, so that only a dead process makes it stale); a stale one is taken over."""
+    for _ in range(2):
+        try:
+            fd = os.open(path, os.O_CREAT | os.O_EXCL | os.O_WRONLY, 0o644)
+        except FileExistsError:
+            try:
+                with open(path) as f:
+                    pid = int(f.readline().strip() or "0")
+                os.kill(pid, 0)
+                return False  # held by a live process
+            except ProcessLookupError:
+                try:
+                    os.unlink(path)
+                except FileNotFoundError:
+                    pass
+                continue
+            except (OSError, ValueError):
+                return False
+        with os.fdopen(fd, "w") as f:
+            f.write("%d\n\n%s\n" % (os.getpid(), socket.gethostname()))
+        return True
+    return False
 
 
 def wait_until(check, seconds, what):
@@ -88,15 +149,23 @@ class Werkstation:
         subprocess.run([self.cmake, "--install", self.build, "--prefix", map_], check=True,
                        stdout=subprocess.DEVNULL)
         subprocess.run(["bash", os.path.join(self.source, "scripts/werkplek.sh"), map_], check=True)
-        # The server on a port of its own, named in the workstation's settings.
-        port = free_port()
+        # The server takes free ports of the system for itself and names them in its log; the
+        # client's transfer ports are named to it first. Its port then goes into the
+        # workstation's settings.
+        client_ports, self.locks = reserve_ports(
+            2, os.path.join(tempfile.gettempdir(), "tafelkrater-test-ports"))
+        if len(client_ports) < 2:
+            raise RuntimeError("no free ports for the client's transfers")
+        self.spawn("server", [os.path.join(map_, "tafelkrater-server"), "--data",
+                              os.path.join(self.dir, "server"), "--port", "0",
+                              "--client-data-port", str(client_ports[0]),
+                              "--client-info-port", str(client_ports[1]), "--demo"])
+        port = int(wait_until(lambda: re.search(r"listening on port (\d+)",
+                                                self.output("server")), 30,
+                              "the server to listen").group(1))
         with open(os.path.join(map_, "Data/Instellingen.ini"), "wb") as f:
             f.write(b"[Algemeen]\r\nGeactiveerd=JA\r\n[Instellingen]\r\nServerlocatie=localhost:%d\r\n"
                     % port)
-        self.spawn("server", [os.path.join(map_, "tafelkrater-server"), "--data",
-                              os.path.join(self.dir, "server"), "--port", str(port), "--demo"])
-        wait_until(lambda: "listening" in self.output("server") or self._connectable(port), 30,
-                   "the server on port %d" % port)
 
         # A private session bus and accessibility bus.
         runtime = os.path.join(self.dir, "run")
@@ -107,20 +176,7 @@ class Werkstation:
         self.spawn("dbus", ["dbus-daemon", "--session", "--nofork", "--address=" + bus])
         wait_until(lambda: os.path.exists(os.path.join(runtime, "bus")), 10, "the session bus")
 
-        # Xvfb picks a free display itself and writes its number to a pipe.
-        lees, schrijf = os.pipe()
-        self.spawn("xvfb", ["Xvfb", "-displayfd", str(schrijf), "-screen", "0", "1024x768x24",
-                            "-nolisten", "tcp"], pass_fds=(schrijf,))
-        os.close(schrijf)
-        with os.fdopen(lees) as f:
-            nummer = f.readline().strip()
-        if not nummer:
-            raise RuntimeError("Xvfb did not start:\n" + self.output("xvfb"))
-        self.env["DISPLAY"] = ":" + nummer
-        self.spawn("openbox", ["openbox"])
-        wait_until(lambda: b"window id" in subprocess.run(
-            ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=self.env,
-            capture_output=True).stdout, 60, "openbox")
+        self._start_x()
         self.spawn("atspi", [LAUNCHER, "--launch-immediately"])
         wait_until(lambda: subprocess.run(
             ["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus",
@@ -136,13 +192,42 @@ class Werkstation:
         self.spawn("client", [os.path.join(map_, "tafelkrater-startup"),
                               os.path.join(map_, "tafelkrater")])
 
-    @staticmethod
-    def _connectable(port):
-        try:
-            with socket.create_connection(("127.0.0.1", port), timeout=0.2):
-                return True
-        except OSError:
-            return False
+    def _start_x(self):
+        """Xvfb picks a free display itself and writes its number to a pipe. When several X
+        servers start at once, one may name a display that then cannot be opened (its log says
+        "server already running" for a display another took meanwhile): the manager fails to
+        open it, and the pair is started again, a few times at the most."""
+        for attempt in range(3):
+            lees, schrijf = os.pipe()
+            xvfb = self.spawn("xvfb", ["Xvfb", "-displayfd", str(schrijf), "-screen", "0",
+                                       "1024x768x24", "-nolisten", "tcp"], pass_fds=(schrijf,))
+            os.close(schrijf)
+            with os.fdopen(lees) as f:
+                nummer = f.readline().strip()
+            if not nummer:
+                raise RuntimeError("Xvfb did not start:\n" + self.output("xvfb"))
+            self.env["DISPLAY"] = ":" + nummer
+            openbox = self.spawn("openbox", ["openbox"])
+            if wait_until(lambda: openbox.poll() is not None or b"window id" in subprocess.run(
+                    ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=self.env,
+                    capture_output=True).stdout, 60, "openbox") and openbox.poll() is None:
+                return
+            print("atspi: openbox could not open display :%s (attempt %d): %s\n%s"
+                  % (nummer, attempt + 1, self.output("openbox").strip(),
+                     self.output("xvfb").strip()))
+            # Ended as the run's end ends them, so that the server takes its socket and lock
+            # file with it and the next one finds the display free.
+            for p in (openbox, xvfb):
+                self.processes.remove(p)
+                if p.poll() is None:
+                    os.killpg(p.pid, signal.SIGTERM)
+                try:
+                    p.wait(5)
+                except subprocess.TimeoutExpired:
+                    os.killpg(p.pid, signal.SIGKILL)
+                    p.wait()
+        raise RuntimeError("openbox could not open the display of Xvfb three times:\n"
+                           + self.output("xvfb"))
 
     def stop(self):
         for p in reversed(self.processes):
@@ -157,6 +242,11 @@ class Werkstation:
             except subprocess.TimeoutExpired:
                 os.killpg(p.pid, signal.SIGKILL)
                 p.wait()
+        for lock in getattr(self, "locks", []):
+            try:
+                os.unlink(lock)
+            except FileNotFoundError:
+                pass
         shutil.rmtree(self.dir, ignore_errors=True)
 
 
@@ -271,7 +361,7 @@ def main():
                     print(tree_text(app))
             except Exception:
                 pass
-        for name in ("client", "server", "atspi"):
+        for name in ("client", "server", "atspi", "xvfb", "openbox", "dbus"):
             print("--- %s ---\n%s" % (name, station.output(name)[-4000:]))
         return 1
     finally:
