@@ -33,6 +33,19 @@
 
 namespace tk::test {
 
+// The default theme and the standard icon library as the build makes them, for the test binaries
+// that depend on them; empty elsewhere.
+#ifdef TK_DEFAULT_THEME
+constexpr char StandaardThema[] = TK_DEFAULT_THEME;
+#else
+constexpr char StandaardThema[] = "";
+#endif
+#ifdef TK_STANDARD_ICL
+constexpr char StandaardIcl[] = TK_STANDARD_ICL;
+#else
+constexpr char StandaardIcl[] = "";
+#endif
+
 // A fresh workstation for one test: an empty program folder in a temporary folder, the fake
 // platform, scripted dialogs and a Programma over them. The parts of the client a test uses are
 // made on their first use, with what they need before them, as the client makes them: the
@@ -45,47 +58,33 @@ public:
     enum class Rol { Netwerk, Beheer };
     Werkplek(quint16 poort, Rol rol, int stap = 100) : Werkplek() { verbinding(poort, rol, stap); }
     // A workstation with a part made at once: Werkplek w(Werkplek::bureaublad).
-    static constexpr struct Starter {
-    } starter{};
+    struct Starter {};
+    static constexpr Starter starter{};
     explicit Werkplek(Starter) : Werkplek() { s(); }
-    static constexpr struct Gegevens {
-    } gegevens{};
+    struct Gegevens {};
+    static constexpr Gegevens gegevens{};
     explicit Werkplek(Gegevens, quint16 poort = 0) : Werkplek() {
         verbinding(poort);
         laden();
     }
-#ifdef TK_DEFAULT_THEME
-    static constexpr struct Startscherm {
-    } startscherm{};
-    static constexpr struct Bureaublad {
-    } bureaublad{};
-    static constexpr struct Taakbalk {
-    } taakbalk{};
-    explicit Werkplek(Startscherm) : Werkplek() {
-        f();
-    }
-    explicit Werkplek(Bureaublad) : Werkplek() {
-        b();
-    }
-    explicit Werkplek(Taakbalk) : Werkplek() {
-        balk2();
-    }
-#endif
-    QString map() const {
-        return m_map.path();
-    }
+    struct Startscherm {};
+    static constexpr Startscherm startscherm{};
+    struct Bureaublad {};
+    static constexpr Bureaublad bureaublad{};
+    struct Taakbalk {};
+    static constexpr Taakbalk taakbalk{};
+    explicit Werkplek(Startscherm) : Werkplek() { f(); }
+    explicit Werkplek(Bureaublad) : Werkplek() { b(); }
+    explicit Werkplek(Taakbalk) : Werkplek() { balk2(); }
+    QString map() const { return m_map.path(); }
     // Native path of a file below the program folder ("Data/Instellingen.ini").
-    QString pad(const QString& relatief) const {
-        return m_map.filePath(relatief);
-    }
+    QString pad(const QString& relatief) const { return m_map.filePath(relatief); }
     QByteArray lees(const QString& relatief) const;
     void schrijf(const QString& relatief, const QByteArray& inhoud) const;
     // Copies the files below a folder to a folder below the program folder ("Afbeeldingen/").
     void kopieer(const QString& bron, const QString& doelMap) const;
     // The texts of the messages shown so far.
-    QStringList meldingen() const {
-        return dialogen.teksten();
-    }
+    QStringList meldingen() const { return dialogen.teksten(); }
     // Everything the log book holds.
     QString logboek() const;
 
@@ -95,9 +94,8 @@ public:
             p.maak(p.modData, p);
         return *p.modData;
     }
-#ifdef TK_DEFAULT_THEME
     void kopieerThema() {
-        kopieer(QStringLiteral(TK_DEFAULT_THEME), QStringLiteral("Afbeeldingen/Skins/1/"));
+        kopieer(QString::fromUtf8(StandaardThema), QStringLiteral("Afbeeldingen/Skins/1/"));
     }
     ModThema& thema() {
         if (!p.modThema) {
@@ -133,10 +131,8 @@ public:
         if (!p.frmBureaublad) {
             thema();
             QDir().mkpath(pad(QStringLiteral("Afbeeldingen/Pictogrammen")));
-#ifdef TK_STANDARD_ICL
-            QFile::copy(QStringLiteral(TK_STANDARD_ICL),
+            QFile::copy(QString::fromUtf8(StandaardIcl),
                         pad(QStringLiteral("Afbeeldingen/Pictogrammen/standaard.icl")));
-#endif
             p.kanaal = &kanaal;
             d();
             p.maak(p.frmBureaublad, p);
@@ -171,9 +167,7 @@ public:
         }
         return *p.frmTaakbalk2;
     }
-    void tik() {
-        balk2().tmrTaken_Timer();
-    }
+    void tik() { balk2().tmrTaken_Timer(); }
     // The titles of the task buttons in their order.
     QStringList knopTitels() {
         QStringList uit;
@@ -181,19 +175,14 @@ public:
             uit << balk2().Knoppen(i, FrmTaakbalk2::Titel);
         return uit;
     }
-    int kolom(int rij, FrmTaakbalk2::Kolom k) {
-        return balk2().Knoppen(rij, k).toInt();
-    }
+    int kolom(int rij, FrmTaakbalk2::Kolom k) { return balk2().Knoppen(rij, k).toInt(); }
     // The middle of task button `rij`.
     QPoint midden(int rij) {
         return QPoint(
             (kolom(rij, FrmTaakbalk2::KaderLinks) + kolom(rij, FrmTaakbalk2::KaderRechts)) / 2,
             balk2().Hoogte / 2);
     }
-#endif
-    FakeWindows& vensters() {
-        return platform.fakeWindows();
-    }
+    FakeWindows& vensters() { return platform.fakeWindows(); }
     // An ordinary program window, and one on the screen.
     static WindowInfo venster(quint64 handle, const QString& titel) {
         WindowInfo w;
@@ -230,9 +219,7 @@ public:
         return *p.modMainStarten;
     }
     // Moves the clock past the guard between two starts.
-    void later(qint64 seconden = 3) {
-        platform.fakeClock().advance(seconden * 1000);
-    }
+    void later(qint64 seconden = 3) { platform.fakeClock().advance(seconden * 1000); }
 
     // The link in a mode, the server location in the settings pointing at `poort` on this
     // machine when one is given, the loaders of the data tables over it. Every read of the clock
@@ -286,9 +273,7 @@ public:
             p.modMainVerbinding->IdentificeerClient();
         p.modMainLaden->Laden();
     }
-    QByteArray cache() const {
-        return lees(QStringLiteral("Data/data.tijdelijk"));
-    }
+    QByteArray cache() const { return lees(QStringLiteral("Data/data.tijdelijk")); }
     // Everything the loaders filled, as lines of text, so that two loads compare with a readable
     // diff.
     static QStringList alleGegevens(ModData& g) {
@@ -390,7 +375,6 @@ public:
         kanaal.antwoorden.insert(QStringLiteral("LDNAPPPOS") + eigenaar,
                                  QStringLiteral("POS") + tekst);
     }
-#ifdef TK_DEFAULT_THEME
     // The drawn desktop item of an Iconen row, or null, and its place.
     const FrmBureaublad::Icoon* icoon(int rij) {
         for (const auto& i : b().zichtbareIconen)
@@ -402,8 +386,6 @@ public:
         const auto* i = icoon(rij);
         return i ? i->beeld.topLeft() : QPoint(-1, -1);
     }
-
-#endif
 
     QTemporaryDir m_map;
     FakePlatform platform;
