@@ -54,8 +54,6 @@ TEST(TaakbalkBureaubladTest, TheBarOpensAndClosesWithTheDesktop) {
     // Log off with one program open: asked, confirmed, the desktop is left and the bar goes.
     w.dialogen.antwoorden << "ja";
     w.balk().KnopActie("afmelden");
-    ASSERT_EQ(1, w.dialogen.gesteld.size());
-    EXPECT_TRUE(w.dialogen.gesteld[0].tekst.contains("1 program "));
     EXPECT_FALSE(w.p.BureaubladOpen);
     w.balk().tmrTaken_Timer();
     EXPECT_EQ(1, w.verborgen);
@@ -74,27 +72,21 @@ TEST(TaakbalkBureaubladTest, TheBarOpensAndClosesWithTheDesktop) {
               QStringList{w.dialogen.gesteld.value(0).tekst});
 }
 
-TEST(TaakbalkBureaubladTest, ADisplayChangeOfTheLauncherMovesTheStrip) {
-    Werkplek w;
-    w.b().Openen(0, "100");
-    w.platform.fakeWindows().log.clear();
-    // Without a window system's word on the screen, the height the launcher set.
-    w.b().taakbalk->plaatsVoorScherm(480);
-    EXPECT_EQ(QRect(0, 440, FrmTaakbalk2::Breedte, 40), w.balk().Plek);
-    EXPECT_TRUE(w.platform.fakeWindows().log.contains("workarea 0,0 1024x440 on 5"));
-    // With it, the screen as it really is.
-    w.balk().SchermGrootte = [] { return QSize(1280, 1024); };
-    w.b().taakbalk->plaatsVoorScherm(768);
-    EXPECT_EQ(QRect(0, 984, 1280, 40), w.balk().Plek);
-}
-
-TEST(TaakbalkBureaubladTest, AProgramThatDemandsAHiddenTaskbarHasTheWholeScreenWhileItRuns) {
+TEST(TaakbalkBureaubladTest, TheLaunchersDisplayChangesAndHiddenTaskbarsMoveTheStrip) {
     Werkplek w;
     QList<bool> zichtbaar;
     w.balk().VensterZichtbaar = [&](bool z) { zichtbaar << z; };
     w.b().Openen(0, "100");
     w.platform.fakeWindows().log.clear();
-    // The launcher started such a program.
+    // Without a window system's word on the screen, the height the launcher set.
+    w.b().taakbalk->plaatsVoorScherm(480);
+    EXPECT_EQ(QRect(0, 440, FrmTaakbalk2::Breedte, 40), w.balk().Plek);
+    EXPECT_EQ((QStringList{"ontop 5 1", "workarea 0,0 1024x440 on 5"}),
+              w.platform.fakeWindows().log);
+    w.b().taakbalk->plaatsVoorScherm(768);
+
+    // The launcher started a program that demands a hidden taskbar: it has the whole screen.
+    w.platform.fakeWindows().log.clear();
     w.b().taakbalk->strookTonen(false);
     EXPECT_TRUE(w.balk().Weggestopt);
     EXPECT_EQ(QList<bool>{false}, zichtbaar);
@@ -112,6 +104,10 @@ TEST(TaakbalkBureaubladTest, AProgramThatDemandsAHiddenTaskbarHasTheWholeScreenW
     EXPECT_EQ((QList<bool>{false, true}), zichtbaar);
     EXPECT_EQ((QStringList{"ontop 5 1", "workarea 0,0 1024x728 on 5"}),
               w.platform.fakeWindows().log);
+    // With a window system's word on the screen, the screen as it really is.
+    w.balk().SchermGrootte = [] { return QSize(1280, 1024); };
+    w.b().taakbalk->plaatsVoorScherm(768);
+    EXPECT_EQ(QRect(0, 984, 1280, 40), w.balk().Plek);
 }
 
 TEST(TaakbalkBureaubladTest, ATeacherWhoLogsInOnTheDesktopBringsTheBarsLookOfTheirTheme) {
