@@ -93,6 +93,17 @@ TEST(StartOpdrachtTest, ADesktopEntryRunsItsExecWithFieldCodesFilledAndInItsPath
     w.s().StartApplicatie("\\Snelkoppelingen\\tekenen.desktop", "", "", "", "Tekenen");
     ASSERT_EQ(w.platform.fakeProcesses().started.size(), 1);
     EXPECT_TRUE(w.platform.fakeProcesses().started[0].endsWith(" (in /tmp)"));
+
+    // An "eigen" application starts its shortcut, the copy of its .pic with ".lnk" behind it;
+    // on Linux that shortcut is a .desktop entry, known by its text.
+    maak(w, "Afbeeldingen/Pictogrammen/Applicaties/Algemeen/12.pic.lnk",
+         "[Desktop Entry]\nType=Application\nName=Atlas\nExec=/bin/sh -c atlas\nPath=/tmp\n");
+    w.applicatie(2, 4, "12", "Atlas", "eigen|", "C:\\Atlas\\atlas.exe");
+    w.later();
+    w.s().StartApplicatieRij(2, 4, "7");
+    EXPECT_TRUE(w.meldingen().isEmpty()) << w.meldingen().join('\n').toStdString();
+    EXPECT_EQ(w.kanaal.verstuurd, QStringList{"OPSTEL12|7|2"});
+    EXPECT_EQ(w.platform.fakeProcesses().started.value(1), "/bin/sh -c atlas (in /tmp)");
 }
 
 TEST(StartOpdrachtTest, CommandsThatCannotRunAreNamed) {
@@ -133,19 +144,6 @@ TEST(StartOpdrachtTest, CommandsThatCannotRunAreNamed) {
         EXPECT_EQ(w.starten().ShellExecute(c.opdracht, "", ""), c.resultaat);
     }
     EXPECT_TRUE(w.platform.fakeProcesses().started.isEmpty());
-}
-
-TEST(StartOpdrachtTest, AnApplicationWithItsOwnShortcutStartsWhatTheShortcutSays) {
-    // An "eigen" application starts its shortcut, the copy of its .pic with ".lnk" behind it;
-    // on Linux that shortcut is a .desktop entry, known by its text.
-    Werkplek w(Werkplek::starter);
-    maak(w, "Afbeeldingen/Pictogrammen/Applicaties/Algemeen/12.pic.lnk",
-         "[Desktop Entry]\nType=Application\nName=Atlas\nExec=/bin/sh -c atlas\nPath=/tmp\n");
-    w.applicatie(2, 4, "12", "Atlas", "eigen|", "C:\\Atlas\\atlas.exe");
-    w.s().StartApplicatieRij(2, 4, "7");
-    EXPECT_TRUE(w.meldingen().isEmpty()) << w.meldingen().join('\n').toStdString();
-    EXPECT_EQ(w.kanaal.verstuurd, QStringList{"OPSTEL12|7|2"});
-    EXPECT_EQ(w.platform.fakeProcesses().started, QStringList{"/bin/sh -c atlas (in /tmp)"});
 }
 
 TEST(BureaubladItemTest, ExecValuesAreSplitAndFilledAsTheEntryFormatSays) {
