@@ -1,17 +1,14 @@
 // The desktop clock as a real window on X (Xvfb with openbox): cut to its dial, above the other
 // windows, without a frame, and moved by dragging its face.
 #include "DesktopX11Sessie.h"
-#include "core/Programma.h"
 #include "screens/desktop/FrmKlok.h"
 #include "screens/desktop/FrmKlokView.h"
 #include "tests/desktop/X11Platform.h"
 #include "tests/platform/X11Fixture.h"
-#include "tests/support/ScriptedDialogs.h"
 
 #include <QCoreApplication>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -49,12 +46,7 @@ protected:
 };
 
 TEST_F(KlokX11Test, TheClockIsCutToItsDialStandsAboveWithoutAFrameAndIsDraggedByItsFace) {
-    QTemporaryDir map;
-    FakePlatform fake(map.path());
-    X11Platform platform(fake, x().display());
-    ScriptedDialogs dialogen;
-    Programma p(platform);
-    p.dialogen = &dialogen;
+    X11Werkplek w(x());
 
     // A red window under the clock, so that what the clock leaves out shows red.
     QWidget onder;
@@ -66,7 +58,7 @@ TEST_F(KlokX11Test, TheClockIsCutToItsDialStandsAboveWithoutAFrameAndIsDraggedBy
     onder.show();
     ASSERT_TRUE(waitUntil([&] { return pixel(QPoint(250, 250)) == qRgb(255, 0, 0); }));
 
-    FrmKlok klok(p);
+    FrmKlok klok(w.p);
     FrmKlokView view(klok);
     view.move(150, 150);
     view.openen();
@@ -98,7 +90,7 @@ TEST_F(KlokX11Test, TheClockIsCutToItsDialStandsAboveWithoutAFrameAndIsDraggedBy
         xdotool({QStringLiteral("mousemove"), QString::number(greep.x()),
                  QString::number(greep.y()), QStringLiteral("mousedown"), QStringLiteral("1")}));
     // The press reaches the clock, which hands the drag to the manager.
-    ASSERT_TRUE(waitUntil([&] { return platform.linuxWindows().verplaatsingen == 1; }));
+    ASSERT_TRUE(waitUntil([&] { return w.platform.linuxWindows().verplaatsingen == 1; }));
     ASSERT_TRUE(bijgewerkt());
     ASSERT_TRUE(xdotool({QStringLiteral("mousemove"), QString::number(greep.x() + 60),
                          QString::number(greep.y() + 30)}));

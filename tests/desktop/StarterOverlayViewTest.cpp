@@ -52,15 +52,20 @@ TEST(StarterOverlayViewTest, ShowsTheCapturedScreenUnderGreyWithTextAndButtonWhi
     EXPECT_EQ(knop->text(), "Close Program");
     EXPECT_EQ(knop->geometry(), w.s().cmdShellWait);
 
+    // The desktop stands off the screen's corner: the capture is laid where it was taken.
+    bureaublad.move(60, 40);
     const QImage beeld = bureaublad.grab().toImage();
     tk::test::bewaarPng(beeld, "StarterOverlayView");
     // The quarters of the capture show through the grey, darkened; the yellow desktop doesn't.
     auto op = [&](int x, int y) { return beeld.pixelColor(x, y); };
     EXPECT_GT(op(50, 700).blue(), op(50, 700).red() + 20);   // the blue quarter
-    EXPECT_GT(op(980, 50).green(), op(980, 50).blue() + 20); // the green quarter
-    EXPECT_LT(helderheid(op(980, 700)), 200);                // white, under grey
-    EXPECT_GT(helderheid(op(980, 700)), 0x40);
+    EXPECT_GT(op(900, 50).green(), op(900, 50).blue() + 20); // the green quarter
+    EXPECT_LT(helderheid(op(900, 700)), 200);                // white, under grey
+    EXPECT_GT(helderheid(op(900, 700)), 0x40);
     EXPECT_LT(op(50, 50).green(), 100); // red, not the yellow desktop
+    // Just either side of the quarters' border, 60 to the left of where it is on the screen.
+    EXPECT_GT(op(512 - 60 - 4, 50).red(), op(512 - 60 - 4, 50).green() + 20);
+    EXPECT_GT(op(512 - 60 + 4, 50).green(), op(512 - 60 + 4, 50).red() + 20);
     // lblDisable: white text in its box, above the button.
     int wit = 0;
     const QRect tekst = w.s().lblDisable;

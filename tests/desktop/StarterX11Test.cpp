@@ -1,66 +1,18 @@
 // The launcher on a real X server (Xvfb with openbox): real programs started through
 // StartApplicatie, followed until their windows are gone, and real display modes over XRandR.
+#include "DesktopX11Sessie.h"
+#include "screens/desktop/StarterOverlayView.h"
 #include "tests/desktop/X11Platform.h"
 #include "tests/platform/X11Fixture.h"
 #include "tests/platform/XrandrTestModes.h"
-#include "tests/support/Werkplek.h"
 
 #include <QCoreApplication>
 #include <QStandardPaths>
-#include <memory>
+#include <QWidget>
 
 namespace tk::test {
 
 namespace {
-
-// The launcher over that platform.
-struct X11Werkplek {
-    explicit X11Werkplek(XvfbSession& x) : platform(fake, x.display()), p(platform) {
-        p.dialogen = &dialogen;
-        p.kanaal = &kanaal;
-        starter = std::make_unique<FrmBureaubladStarter>(p);
-    }
-    ~X11Werkplek() {
-        // Nothing a test started outlives it.
-        for (qint64 pid : gestart)
-            platform.linuxProcesses().kill(pid);
-    }
-    FrmBureaubladStarter& s() { return *starter; }
-    // Starts through the launcher and notes the process, so that it is ended at the latest
-    // with the test.
-    void start(const QString& opdracht, const QString& parameters, const QString& eis) {
-        s().LaatsteStart = QDateTime(); // no guard against the start before
-        s().StartApplicatie(opdracht, parameters, QString(), eis, QStringLiteral("Programma"));
-        if (s().ShellProces > 0)
-            gestart << s().ShellProces;
-    }
-    // The windows of the start that is waited for.
-    QList<WindowInfo> vensters() {
-        const QList<qint64> processen = platform.linuxProcesses().processesOfStart(s().ShellProces);
-        QList<WindowInfo> uit;
-        for (const WindowInfo& v : platform.linuxWindows().topLevelWindows())
-            if (processen.contains(v.pid))
-                uit << v;
-        return uit;
-    }
-    // Ticks tmrShellWait until the condition holds (the program and the server take their time).
-    template <class F> bool tikTot(F voorwaarde) {
-        return waitUntil([&] {
-            s().tmrShellWait_Timer();
-            return voorwaarde();
-        });
-    }
-    QStringList meldingen() const { return dialogen.teksten(); }
-
-    QTemporaryDir map;
-    FakePlatform fake{map.path()};
-    X11Platform platform;
-    ScriptedDialogs dialogen;
-    Programma p;
-    OpnameKanaal kanaal{p};
-    std::unique_ptr<FrmBureaubladStarter> starter;
-    QList<qint64> gestart;
-};
 
 class StarterX11Test : public X11Test {
 protected:
@@ -82,8 +34,18 @@ TEST_F(StarterX11Test, AProgramInAModeOfItsOwnIsFollowedPastItsWrapperAndTheMode
     ASSERT_TRUE(addMode(x(), 800, 600));
     ASSERT_TRUE(addMode(x(), 1024, 768));
     X11Werkplek w(x());
-    // The desktop runs at 1024 by 768.
+    // The desktop runs at 1024 by 768, a green window on it.
     ASSERT_TRUE(w.platform.linuxDisplay().setMode(1024, 768, 32));
+    QWidget groen;
+    StarterOverlayView overlay(w.s(), &groen); // captures the screen itself
+    groen.setWindowFlag(Qt::FramelessWindowHint);
+    groen.setAutoFillBackground(true);
+    QPalette kleur = groen.palette();
+    kleur.setColor(QPalette::Window, QColor(0, 255, 0));
+    groen.setPalette(kleur);
+    groen.setGeometry(200, 200, 200, 200);
+    groen.show();
+    ASSERT_TRUE(waitUntil([&] { return schermpixel(x(), QPoint(300, 300)) == qRgb(0, 255, 0); }));
 
     // A wrapper that starts the program and a helper of it, and exits at once.
     w.start(QStringLiteral("/bin/sh"),
@@ -92,6 +54,9 @@ TEST_F(StarterX11Test, AProgramInAModeOfItsOwnIsFollowedPastItsWrapperAndTheMode
     ASSERT_TRUE(w.meldingen().isEmpty()) << w.meldingen().join('\n').toStdString();
     const qint64 wrapper = w.s().ShellProces;
     EXPECT_EQ(rootSize(x()), QSize(800, 600));
+    // The overlay lays the screen as it was over the desktop (its picture is the view's test).
+    EXPECT_EQ(w.s().picDisableBeeld.pixel(300, 300), qRgb(0, 255, 0));
+    groen.close();
     EXPECT_EQ(w.s().ShellWachtStand, "1");
     ASSERT_TRUE(w.tikTot([&] {
         return !w.platform.linuxProcesses().isRunning(wrapper) && !w.vensters().isEmpty();
