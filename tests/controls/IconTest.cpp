@@ -266,16 +266,6 @@ TEST(IconLibraryTest, PeLibraryKeepsTheOrderOfItsGroups) {
     }
 }
 
-TEST(IconLibraryTest, NeLibraryGivesItsIcons) {
-    const IconLibrary::Result r = IconLibrary::parse(
-        IconLibraryWriter::neLibrary({picture(32, Qt::yellow), picture(32, Qt::cyan)}));
-    ASSERT_TRUE(r.error.isEmpty()) << r.error.toStdString();
-    EXPECT_EQ(IconLibrary::Kind::NeLibrary, r.kind);
-    ASSERT_EQ(2, r.icons.size());
-    EXPECT_EQ(QColor(Qt::yellow), colourAt(IconLibrary::render(r.icons.at(0), 32), 20, 20));
-    EXPECT_EQ(QColor(Qt::cyan), colourAt(IconLibrary::render(r.icons.at(1), 32), 20, 20));
-}
-
 TEST(IconLibraryTest, NeFilesBuiltFromTheFormatAndTheirGroupHeaders) {
     struct Case {
         const char* what;
@@ -376,16 +366,21 @@ TEST(IconLibraryTest, MalformedFilesNeverCrashAndGiveNoIcons) {
 
 class PictogrammenTest : public ::testing::Test {
 protected:
-    void schrijf(const QString& relatief, const QByteArray& inhoud) { w.schrijf(relatief, inhoud); }
     tk::test::Werkplek w;
     tk::ModPictogrammen m{w.p};
     tk::ImageList beelden;
     QList<tk::IconListItem> lijst;
 };
 
-TEST_F(PictogrammenTest, LibraryWithOneIconGivesOneItemWithKeyFromZero) {
-    schrijf("Afbeeldingen/Pictogrammen/een.icl",
-            IconLibraryWriter::peLibrary({{picture(48, Qt::magenta), picture(16, Qt::black)}}));
+TEST_F(PictogrammenTest, ReadLibraryGivesAnItemPerIconReplacesWhatTheListsHeldAndSkipsBadFiles) {
+    w.schrijf("Afbeeldingen/Pictogrammen/een.icl",
+              IconLibraryWriter::peLibrary({{picture(48, Qt::magenta), picture(16, Qt::black)}}));
+    w.schrijf("drie.dll",
+              IconLibraryWriter::peLibrary(
+                  {{picture(32, Qt::red)}, {picture(32, Qt::green)}, {picture(32, Qt::blue)}}));
+    w.schrijf("kapot.icl", QByteArray("MZ") + QByteArray(200, '\xff'));
+    w.schrijf("Map.ico", IconLibraryWriter::iconFile({picture(32, Qt::gray)}));
+
     m.ReadLibrary(beelden, lijst, "\\Afbeeldingen\\Pictogrammen\\een.icl", true);
     ASSERT_EQ(1, lijst.size());
     EXPECT_EQ((tk::IconListItem{"0pictogram ", "Pictogram 1"}), lijst.first());
@@ -393,15 +388,6 @@ TEST_F(PictogrammenTest, LibraryWithOneIconGivesOneItemWithKeyFromZero) {
     const QImage beeld = beelden.image("0pictogram ");
     EXPECT_EQ(QSize(32, 32), beeld.size());
     EXPECT_EQ(QColor(Qt::magenta), colourAt(beeld, 31, 31)); // scaled down from 48
-    EXPECT_TRUE(w.p.frmFoutrapportage.Procedure.isEmpty());
-}
-
-TEST_F(PictogrammenTest, ReadLibraryReplacesWhatTheListsHeldAndSkipsBadFiles) {
-    schrijf("drie.dll",
-            IconLibraryWriter::peLibrary(
-                {{picture(32, Qt::red)}, {picture(32, Qt::green)}, {picture(32, Qt::blue)}}));
-    schrijf("kapot.icl", QByteArray("MZ") + QByteArray(200, '\xff'));
-    schrijf("Map.ico", IconLibraryWriter::iconFile({picture(32, Qt::gray)}));
 
     m.ReadLibrary(beelden, lijst, "\\drie.dll", true);
     EXPECT_EQ(QStringList({"0pictogram ", "1pictogram ", "2pictogram "}), beelden.keys);
@@ -444,9 +430,9 @@ TEST_F(PictogrammenTest, IconNamesTestTheLowerCaseIco) {
 }
 
 TEST_F(PictogrammenTest, DrawIconPaintsTheFilesIconAtItsPlace) {
-    schrijf("zon.ico",
-            IconLibraryWriter::iconFile({picture(32, Qt::yellow), picture(16, Qt::red)}));
-    schrijf("tekst.txt", "hallo");
+    w.schrijf("zon.ico",
+              IconLibraryWriter::iconFile({picture(32, Qt::yellow), picture(16, Qt::red)}));
+    w.schrijf("tekst.txt", "hallo");
     QDir().mkpath(w.pad("Map"));
     QImage doel(64, 64, QImage::Format_ARGB32);
     doel.fill(Qt::white);
@@ -503,7 +489,8 @@ TEST_F(PictogrammenTest, DesktopEntryIconByNameOrPath) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.icon.toStdString());
-        schrijf("app.desktop", "[Desktop Entry]\nType=Application\nIcon=" + c.icon.toUtf8() + "\n");
+        w.schrijf("app.desktop",
+                  "[Desktop Entry]\nType=Application\nIcon=" + c.icon.toUtf8() + "\n");
         const QImage icoon = tk::DesktopEntryIcon::load(w.pad("app.desktop"), 32, {data});
         if (c.kleur.isValid()) {
             ASSERT_EQ(QSize(32, 32), icoon.size());
