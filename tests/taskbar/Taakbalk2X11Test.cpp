@@ -131,15 +131,13 @@ TEST_F(Taakbalk2X11Test, TheBarIsADockAtTheBottomWhoseStripIsFreeWhileItIsShown)
     EXPECT_TRUE(isDock());
 }
 
-TEST_F(Taakbalk2X11Test, RealProgramsBecomeTasksTheClickedOneComesForwardAndAClosedOneGoes) {
+// Listing, activating and closing real windows is the platform's test, a click's request the
+// model's; here a real click reaches the bar and its program comes forward.
+TEST_F(Taakbalk2X11Test, ARealClickBringsItsProgramForwardAndTheBarNeverTakesTheFocus) {
     QProcess* logo = x->startProgram(QStringLiteral("xlogo"));
     QProcess* calc = x->startProgram(QStringLiteral("xcalc"));
     ASSERT_TRUE(totDat([&] { return rijVan("xlogo") >= 0 && rijVan("Calculator") >= 0; }))
         << knoppen();
-    EXPECT_EQ(2, balk().AantalKnoppen) << knoppen();
-
-    // A real click on each button in turn: that program comes forward and its button is pressed,
-    // and the bar itself never takes the focus from it.
     for (const char* titel : {"xlogo", "Calculator", "xlogo"}) {
         SCOPED_TRACE(titel);
         const int rij = rijVan(titel);
@@ -151,14 +149,7 @@ TEST_F(Taakbalk2X11Test, RealProgramsBecomeTasksTheClickedOneComesForwardAndAClo
         })) << "active "
             << platform->windows().activeWindow() << " pressed " << balk().ActieveKnop;
     }
-
-    // Closed as from its own close button: its button goes, the other stays where it was.
-    const quint64 logoHandle = balk().handleVan(rijVan("xlogo"));
-    platform->windows().close(logoHandle);
-    EXPECT_TRUE(totDat([&] { return rijVan("xlogo") < 0; })) << knoppen();
-    EXPECT_TRUE(logo->state() == QProcess::NotRunning || logo->waitForFinished(10000));
-    EXPECT_EQ(0, rijVan("Calculator"));
-    EXPECT_EQ(1, balk().AantalKnoppen);
+    logo->kill();
     calc->kill();
     EXPECT_TRUE(totDat([&] { return balk().AantalKnoppen == 0; })) << knoppen();
 }
