@@ -353,6 +353,8 @@ TEST(BureaubladAanmeldenTest, PasswordDecisions) {
         w.leraar(0, "Jansen", "Petra", "", "21", "peer");
         w.leraar(1, "Vries", "Jan", "de", "22", c.opgeslagen, "3", "jvries");
         w.p.modMain.ModusNetwerk = c.netwerk;
+        w.p.maak(w.p.modMainVerbinding, w.p); // offline: the place is noted, not sent
+        w.kanaal.verbonden = false;
         QDir().mkpath(w.pad("Data"));
         if (*c.rechten)
             w.p.modMain.SchrijfIni(c.rechten, "jvries", "Administratorrechten",
@@ -368,12 +370,15 @@ TEST(BureaubladAanmeldenTest, PasswordDecisions) {
             EXPECT_EQ(w.b().Eigenaar, 1);
             EXPECT_EQ(w.b().kop, "Jan de Vries");
             EXPECT_EQ(w.b().zichtbareIconen.size(), 1);
+            // The server is told where the teacher is: on the desktop, not in maintenance.
+            EXPECT_EQ(w.p.modMain.Locatie, "Desktop, Teacher:  (22)");
         } else {
             QString tekst = w.p.modTaal.LaadTekst(c.melding);
             tekst.replace("%account%", "jvries");
             EXPECT_EQ(w.meldingen(), QStringList{tekst});
             EXPECT_TRUE(w.b().picAanmeldenZichtbaar);
             EXPECT_EQ(w.b().Eigenaar, -1);
+            EXPECT_EQ(w.p.modMain.Locatie, "");
             if (c.melding == 709) {
                 EXPECT_EQ(w.b().txtWachtwoord, "");
             }
