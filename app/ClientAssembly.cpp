@@ -27,8 +27,9 @@
 
 namespace tk {
 
-ClientAssembly::ClientAssembly(Programma& p)
-    : p(p), m_dialogen(p), m_stappen(p), m_schermen(p, m_stappen) {
+ClientAssembly::ClientAssembly(Programma& p, const QString& browserPlugin)
+    : p(p), m_dialogen(p), m_stappen(p), m_browser(browserPlugin),
+      m_schermen(p, m_stappen, m_browser) {
     p.dialogen = &m_dialogen;
     // The data and the link below them; the link names classes and teachers from the tables.
     p.maak(p.modData, p);

@@ -3,6 +3,7 @@
 #include "ClientScreenRouter.h"
 #include "ClientStartSteps.h"
 #include "GuiDialogs.h"
+#include "screens/browser/BrowserLader.h"
 
 #include <QStringList>
 #include <memory>
@@ -23,7 +24,9 @@ class Programma;
 // missing; the client refuses to start while it names anything.
 class ClientAssembly {
 public:
-    explicit ClientAssembly(Programma& p);
+    // `browserPlugin`: the file of the browser plugin, loaded when a desktop first opens it.
+    explicit ClientAssembly(Programma& p,
+                            const QString& browserPlugin = BrowserLader::naastProgramma());
     ~ClientAssembly();
     ClientAssembly(const ClientAssembly&) = delete;
     ClientAssembly& operator=(const ClientAssembly&) = delete;
@@ -35,6 +38,7 @@ private:
     Programma& p;
     GuiDialogs m_dialogen;
     ClientStartSteps m_stappen;
+    BrowserLader m_browser;
     ClientScreenRouter m_schermen;
     std::unique_ptr<FrmWachtenView> m_wachten;
     std::unique_ptr<FrmAanmeldenView> m_aanmelden;

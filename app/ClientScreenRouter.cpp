@@ -3,8 +3,9 @@
 #include "ClientStartSteps.h"
 #include "core/Programma.h"
 #include "data/ModData.h"
+#include "screens/browser/BrowserFabriek.h"
 #include "screens/browser/BrowserFavorieten.h"
-#include "screens/browser/BrowserPane.h"
+#include "screens/browser/BrowserLader.h"
 #include "screens/desktop/FrmBureaublad.h"
 #include "screens/desktop/FrmBureaubladView.h"
 #include "screens/maintenance/BewerkPaneel.h"
@@ -24,8 +25,9 @@
 
 namespace tk {
 
-ClientScreenRouter::ClientScreenRouter(Programma& p, ClientStartSteps& startscherm)
-    : ScreenRouter(p), m_startscherm(startscherm) {}
+ClientScreenRouter::ClientScreenRouter(Programma& p, ClientStartSteps& startscherm,
+                                       BrowserLader& browser)
+    : ScreenRouter(p), m_startscherm(startscherm), m_browserLader(browser) {}
 
 ClientScreenRouter::~ClientScreenRouter() = default;
 
@@ -92,6 +94,13 @@ bool ClientScreenRouter::openInternet() {
     if (!m_view || !p.frmBureaublad)
         return false;
     if (!m_browser) {
+        BrowserFabriek* fabriek = m_browserLader.fabriek();
+        if (!fabriek) {
+            p.modMain.SchrijfLogboek(m_browserLader.fout(), QStringLiteral("Internet"),
+                                     QStringLiteral("ClientScreenRouter.openInternet"),
+                                     QStringLiteral("-"));
+            return false;
+        }
         BrowserOmgeving o;
         if (p.modData) {
             o.filter = PageFilter(p.modData->VerbodenWoorden, p.modData->ToegestaneSites);
@@ -117,7 +126,7 @@ bool ClientScreenRouter::openInternet() {
         o.meld = [this](const QString& tekst) {
             p.modMain.ToonVraag(p.modTaal.LaadTekst(3), tekst, QStringLiteral("-"));
         };
-        m_browser = std::make_unique<BrowserPane>(std::move(o), m_view.get());
+        m_browser.reset(fabriek->maakPane(std::move(o), m_view.get()));
     }
     m_browser->setGeometry(m_view->rect());
     m_browser->show();

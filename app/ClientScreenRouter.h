@@ -8,7 +8,7 @@
 
 namespace tk {
 
-class BrowserPane;
+class BrowserLader;
 class ClientStartSteps;
 class FrmBureaubladView;
 class FrmOnderhoudView;
@@ -21,13 +21,15 @@ class FrmTaakbalk2View;
 // teacher's desktop, and its log-off gives that screen back.
 class ClientScreenRouter : public ScreenRouter {
 public:
-    ClientScreenRouter(Programma& p, ClientStartSteps& startscherm);
+    // The browser comes from `browser`'s plugin, loaded when a desktop first opens it.
+    ClientScreenRouter(Programma& p, ClientStartSteps& startscherm, BrowserLader& browser);
     ~ClientScreenRouter() override;
 
     void openBureaublad(int soort, const QString& id) override;
     void bureaubladVerlaten() override;
     // The internet pane over the desktop, made at its first opening with the lists loaded at
-    // login and the owner's favourites; it goes at log off with its profile.
+    // login and the owner's favourites; it goes at log off with its profile. Without the browser
+    // plugin the log book says why and the answer is false (the desktop tells the user).
     bool openInternet() override;
     void internetVerbergen() override;
     bool openOnderhoudsmodule(int leraar, const QList<int>& klassen) override;
@@ -40,7 +42,8 @@ private:
     ClientStartSteps& m_startscherm;
     std::unique_ptr<FrmBureaubladView> m_view;
     std::unique_ptr<FrmTaakbalk2View> m_balk;
-    std::unique_ptr<BrowserPane> m_browser;
+    BrowserLader& m_browserLader;
+    std::unique_ptr<QWidget> m_browser;
     std::unique_ptr<FrmOnderhoudView> m_onderhoud;
 };
 

@@ -5,7 +5,9 @@
 #   loc    the first location ("GLOBAL") that reaches the server, from the server's log
 #   shown  the client's window mapped on the screen (xdotool)
 #   rss    the client's resident memory on the start screen, 2 s after it showed (/proc)
-# Usage: bash bench/start/startscherm.sh [runs]   (after cmake --build --preset default)
+# Usage: bash bench/start/startscherm.sh [runs] [FOLDER]
+#   after cmake --build --preset default; with FOLDER (an installed program folder, e.g. one of
+#   main installed beside), that folder is measured instead of build/, to compare side by side.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 root="$(pwd)"
@@ -18,7 +20,11 @@ cleanup() {
 }
 trap cleanup EXIT
 
-cmake --install build --prefix "$work/programma" >/dev/null
+if [ -n "${2:-}" ]; then
+  cp -a "$2" "$work/programma"
+else
+  cmake --install build --prefix "$work/programma" >/dev/null
+fi
 if ss -ltn | grep -q ':34487 '; then echo "port 34487 is taken: stop the other server first"; exit 1; fi
 
 source "$root/scripts/xsessie.sh"

@@ -83,7 +83,7 @@ TEST(ClientAssemblyTest, TheFavouritesProxySwitchReachesTheStartedProgramsWhenTm
     for (const bool proxy : {true, false}) {
         SCOPED_TRACE(proxy);
         test::Werkplek w(test::Werkplek::bureaublad);
-        ClientAssembly client(w.p);
+        ClientAssembly client(w.p, TK_BROWSER_PLUGIN);
         // The answering channel and the scripted dialogs, in place of the client's own.
         w.p.kanaal = &w.kanaal;
         w.p.dialogen = &w.dialogen;
