@@ -18,26 +18,18 @@ namespace tk {
 
 namespace {
 
-void verwijderGedeeldeContext() {
-    QOpenGLContext* context = QOpenGLContext::globalShareContext();
-    qt_gl_set_global_share_context(nullptr);
-    delete context;
-}
-
 // The engine draws its pages in a context shared with Qt's global one, and crashes without it.
 // Qt makes that context when the application starts, but only when asked before the application
 // exists (Qt::AA_ShareOpenGLContexts), which loads the OpenGL driver into every client (about
 // 60 MB with Mesa's software renderer); so it is made here, once, before the engine's library
 // is loaded. Without OpenGL (offscreen) the context stays invalid and the engine draws in
-// software.
+// software. Like the engine's library, the context stays to the end of the process.
 void gedeeldeContext() {
     if (QOpenGLContext::globalShareContext())
         return;
     auto* context = new QOpenGLContext;
-    context->setFormat(QSurfaceFormat::defaultFormat());
     context->create();
     qt_gl_set_global_share_context(context);
-    qAddPostRoutine(verwijderGedeeldeContext);
 }
 
 } // namespace
@@ -66,7 +58,6 @@ BrowserFabriek* BrowserLader::fabriek() {
         m_fout = plugin ? QStringLiteral("%1 is not the browser plugin of this client").arg(m_pad)
                         : QStringLiteral("The browser plugin %1 cannot be loaded: %2")
                               .arg(m_pad, m_lader->errorString());
-        m_lader.reset();
         return nullptr;
     }
     m_fout.clear();
