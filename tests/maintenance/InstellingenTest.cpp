@@ -253,6 +253,8 @@ TEST(InstellingenTest, SaveStoresTheSettingsAndAChangedLanguageRecaptionsEveryFo
                   plek.p().modTaal.LaadTekst(3372, c.taalNa));
         EXPECT_EQ(m.velden[I::Taal].caption, plek.p().modTaal.LaadTekst(3439, c.taalNa));
         EXPECT_EQ(plek.server().cmdBackup[1], plek.p().modTaal.LaadTekst(3194, c.taalNa));
+        EXPECT_EQ(plek.server().cmbBackup, QStringList(plek.p().modTaal.LaadTekst(3429, c.taalNa)))
+            << "the note of an empty list too";
         EXPECT_EQ(plek.f().ZichtbaarPaneel, FrmOnderhoud::PInstellingen);
     }
 }
