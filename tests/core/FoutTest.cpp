@@ -15,14 +15,29 @@ namespace {
 
 const QString rapporten = QStringLiteral("\\Data\\Foutrapportage.ini");
 
-QString logboek(Werkplek& w) {
-    return QString::fromUtf8(w.lees(QStringLiteral("Logboek/9-3-2026.txt")));
-}
+// A fresh workstation, its log book of today and its stored reports.
+struct FoutWerkplek : testing::Test {
+    Werkplek w;
+    QString logboek() { return QString::fromUtf8(w.lees(QStringLiteral("Logboek/9-3-2026.txt"))); }
+    QString rapport(const char* sectie, const char* sleutel) {
+        return w.p.modMain.LeesIni(QString::fromLatin1(sectie), QString::fromLatin1(sleutel),
+                                   rapporten);
+    }
+    // The report window is closed without sending.
+    void nietVersturen() {
+        w.dialogen.opModaal = [](Form& f) {
+            static_cast<FrmFoutrapportage&>(f).cmdNietVersturen_Click();
+        };
+    }
+};
+using LogboekTest = FoutWerkplek;
+using FoutrapportTest = FoutWerkplek;
+using ProcedureTest = FoutWerkplek;
+using WachtTest = FoutWerkplek;
 
 } // namespace
 
-TEST(LogboekTest, TwoFaultsOfOneDayStandInOneFileEachBetweenItsOwnLines) {
-    Werkplek w;
+TEST_F(LogboekTest, TwoFaultsOfOneDayStandInOneFileEachBetweenItsOwnLines) {
     w.p.modMain.SchrijfLogboek(QStringLiteral("Eerste fout"), QStringLiteral("Foutrapportage"),
                                QStringLiteral("modMain.LaadTaal"), QStringLiteral("12"));
     w.platform.fakeClock().advance(61 * 1000);
@@ -43,7 +58,7 @@ TEST(LogboekTest, TwoFaultsOfOneDayStandInOneFileEachBetweenItsOwnLines) {
                                             "Description:      regel een\r\n"
                                             "\t\t   regel twee\r\n") +
                              streep + QStringLiteral("\r\n");
-    EXPECT_EQ(logboek(w), verwacht);
+    EXPECT_EQ(logboek(), verwacht);
     // The folder removed, or made again in another spelling, between two faults: the next fault
     // still lands, in the folder as it is now.
     struct Case {
@@ -65,21 +80,14 @@ TEST(LogboekTest, TwoFaultsOfOneDayStandInOneFileEachBetweenItsOwnLines) {
     }
 }
 
-TEST(FoutrapportTest, ACrLfIsSplitInTheLogAndStaysOnOneLineInTheReports) {
-    Werkplek w;
-    w.dialogen.opModaal = [](Form& f) {
-        static_cast<FrmFoutrapportage&>(f).cmdNietVersturen_Click();
-    };
+TEST_F(FoutrapportTest, ACrLfIsSplitInTheLogAndStaysOnOneLineInTheReports) {
+    nietVersturen();
     w.p.modMain.Foutmelding(QStringLiteral("boven\r\nonder"), QStringLiteral("Foutrapportage"),
                             QStringLiteral("frmMain.WS_DataArrival"), QStringLiteral("40"));
-    EXPECT_TRUE(logboek(w).contains(QStringLiteral("boven\r\n\t\t   onder\r\n")));
-    EXPECT_EQ(
-        w.p.modMain.LeesIni(QStringLiteral("ID=1"), QStringLiteral("Omschrijving"), rapporten),
-        QStringLiteral("boven|onder"));
+    EXPECT_TRUE(logboek().contains(QStringLiteral("boven\r\n\t\t   onder\r\n")));
+    EXPECT_EQ(rapport("ID=1", "Omschrijving"), QStringLiteral("boven|onder"));
     EXPECT_EQ(w.dialogen.getoond, QStringList{QStringLiteral("frmFoutrapportage")});
-    const auto lees = [&](const char* sleutel) {
-        return w.p.modMain.LeesIni(QStringLiteral("ID=1"), QString::fromLatin1(sleutel), rapporten);
-    };
+    const auto lees = [&](const char* sleutel) { return rapport("ID=1", sleutel); };
     EXPECT_EQ(lees("Datum"), QStringLiteral("9-3-2026"));
     EXPECT_EQ(lees("Tijd"), QStringLiteral("8:30:00"));
     EXPECT_EQ(lees("Computernaam"), QStringLiteral("LOKAAL-12"));
@@ -89,13 +97,10 @@ TEST(FoutrapportTest, ACrLfIsSplitInTheLogAndStaysOnOneLineInTheReports) {
     EXPECT_EQ(lees("Lijn"), QStringLiteral("40"));
     EXPECT_EQ(lees("Fout negeren"), QStringLiteral("Nee"));
     EXPECT_EQ(lees("Verstuurd"), QStringLiteral("Nee"));
-    EXPECT_EQ(
-        w.p.modMain.LeesIni(QStringLiteral("Foutrapportage"), QStringLiteral("Aantal"), rapporten),
-        QStringLiteral("1"));
+    EXPECT_EQ(rapport("Foutrapportage", "Aantal"), QStringLiteral("1"));
 }
 
-TEST(FoutrapportTest, AnIgnoredFaultShowsOnceAndOnlyTheSameFourFieldsAreIgnored) {
-    Werkplek w;
+TEST_F(FoutrapportTest, AnIgnoredFaultShowsOnceAndOnlyTheSameFourFieldsAreIgnored) {
     w.dialogen.opModaal = [](Form& f) {
         auto& form = static_cast<FrmFoutrapportage&>(f);
         form.chkNegeren = true;
@@ -113,7 +118,7 @@ TEST(FoutrapportTest, AnIgnoredFaultShowsOnceAndOnlyTheSameFourFieldsAreIgnored)
     meld("Type mismatch", "7");
     EXPECT_EQ(w.dialogen.getoond.size(), 3);
     // The log book has all five.
-    EXPECT_EQ(logboek(w).count(QStringLiteral("Procedure:")), 5);
+    EXPECT_EQ(logboek().count(QStringLiteral("Procedure:")), 5);
     // A stored "ja" in any case counts; "Nee" does not.
     w.p.modMain.SchrijfIni(QStringLiteral("JA"), QStringLiteral("ID=3"),
                            QStringLiteral("Fout negeren"), rapporten);
@@ -121,8 +126,7 @@ TEST(FoutrapportTest, AnIgnoredFaultShowsOnceAndOnlyTheSameFourFieldsAreIgnored)
     EXPECT_EQ(w.dialogen.getoond.size(), 3);
 }
 
-TEST(FoutrapportTest, SendingGoesAsAProblemCallWhenConnected) {
-    Werkplek w;
+TEST_F(FoutrapportTest, SendingGoesAsAProblemCallWhenConnected) {
     test::OpnameKanaal& kanaal = w.kanaal;
     w.p.kanaal = &kanaal;
     kanaal.voorvoegsels.insert(QStringLiteral("HLPOPS"), QString());
@@ -138,8 +142,7 @@ TEST(FoutrapportTest, SendingGoesAsAProblemCallWhenConnected) {
                   QStringLiteral(";<>;frmBureaublad.LaadBureaublad in lijn 3|Kapot;<>;Nee;<>;"
                                  "9-3-2026 8:30:00;<>;Error report"));
     EXPECT_TRUE(w.p.modMain.AntwoordOntvangen);
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("ID=1"), QStringLiteral("Verstuurd"), rapporten),
-              QStringLiteral("Ja"));
+    EXPECT_EQ(rapport("ID=1", "Verstuurd"), QStringLiteral("Ja"));
 
     // Not connected: stored, not sent, and the user is told (string 1114).
     kanaal.verbonden = false;
@@ -149,17 +152,12 @@ TEST(FoutrapportTest, SendingGoesAsAProblemCallWhenConnected) {
     ASSERT_EQ(w.dialogen.gesteld.size(), 1);
     EXPECT_EQ(w.dialogen.gesteld[0].tekst, w.p.modTaal.LaadTekst(1114));
     EXPECT_EQ(w.dialogen.gesteld[0].stijl, QStringLiteral("-"));
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("ID=2"), QStringLiteral("Procedure"), rapporten),
-              QStringLiteral("-"));
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("ID=2"), QStringLiteral("Verstuurd"), rapporten),
-              QStringLiteral("Nee"));
+    EXPECT_EQ(rapport("ID=2", "Procedure"), QStringLiteral("-"));
+    EXPECT_EQ(rapport("ID=2", "Verstuurd"), QStringLiteral("Nee"));
 }
 
-TEST(ProcedureTest, AFaultIsReportedWithTheProceduresNameAndLineAndGoesNoFurther) {
-    Werkplek w;
-    w.dialogen.opModaal = [](Form& f) {
-        static_cast<FrmFoutrapportage&>(f).cmdNietVersturen_Click();
-    };
+TEST_F(ProcedureTest, AFaultIsReportedWithTheProceduresNameAndLineAndGoesNoFurther) {
+    nietVersturen();
     QList<int> tabel(21);
     int lijn = 0;
     const int gevonden = Procedure(w.p, "modData.LaadKlassen", -1, [&] {
@@ -168,24 +166,20 @@ TEST(ProcedureTest, AFaultIsReportedWithTheProceduresNameAndLineAndGoesNoFurther
         return 5;
     });
     EXPECT_EQ(gevonden, -1);
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("ID=1"), QStringLiteral("Procedure"), rapporten),
-              QStringLiteral("modData.LaadKlassen"));
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("ID=1"), QStringLiteral("Lijn"), rapporten),
-              QString::number(lijn));
+    EXPECT_EQ(rapport("ID=1", "Procedure"), QStringLiteral("modData.LaadKlassen"));
+    EXPECT_EQ(rapport("ID=1", "Lijn"), QString::number(lijn));
     EXPECT_TRUE(
-        w.p.modMain.LeesIni(QStringLiteral("ID=1"), QStringLiteral("Omschrijving"), rapporten)
-            .startsWith(QStringLiteral("Subscript out of range")));
+        rapport("ID=1", "Omschrijving").startsWith(QStringLiteral("Subscript out of range")));
 
     EXPECT_TRUE(Procedure(w.p, "modMain.Iets", [] {}));
     EXPECT_FALSE(Procedure(
         w.p, "modMain.Stil", [] { throw std::runtime_error("kapot"); }, true));
     EXPECT_EQ(w.dialogen.getoond.size(), 1); // the quiet one only logs
-    EXPECT_TRUE(logboek(w).contains(QStringLiteral("modMain.Stil")));
-    EXPECT_TRUE(logboek(w).contains(QStringLiteral("kapot")));
+    EXPECT_TRUE(logboek().contains(QStringLiteral("modMain.Stil")));
+    EXPECT_TRUE(logboek().contains(QStringLiteral("kapot")));
 }
 
-TEST(ProcedureTest, AFaultWhileAReportIsOnScreenIsOnlyLogged) {
-    Werkplek w;
+TEST_F(ProcedureTest, AFaultWhileAReportIsOnScreenIsOnlyLogged) {
     int getoond = 0;
     w.dialogen.opModaal = [&](Form& f) {
         ++getoond;
@@ -194,11 +188,10 @@ TEST(ProcedureTest, AFaultWhileAReportIsOnScreenIsOnlyLogged) {
     };
     Procedure(w.p, "modMain.Buiten", [] { throw Fout(QStringLiteral("buiten")); });
     EXPECT_EQ(getoond, 1);
-    EXPECT_TRUE(logboek(w).contains(QStringLiteral("frmFoutrapportage.Form_Load")));
+    EXPECT_TRUE(logboek().contains(QStringLiteral("frmFoutrapportage.Form_Load")));
 }
 
-TEST(WachtTest, EndsOnTheConditionTheDeadlineOrTheLossOfTheLink) {
-    Werkplek w;
+TEST_F(WachtTest, EndsOnTheConditionTheDeadlineOrTheLossOfTheLink) {
     bool klaar = false;
     QTimer::singleShot(0, [&] { klaar = true; });
     EXPECT_EQ(w.p.wacht.Tot([&] { return klaar; }), Wacht::Uitkomst::Voldaan);
