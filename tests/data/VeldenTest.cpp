@@ -15,43 +15,39 @@ using tk::test::Werkplek;
 
 namespace {
 
-QString s(const char* t) {
-    return QString::fromLatin1(t);
-}
 QString velden(int aantal, const char* voorvoegsel = "f") {
     QStringList v;
     for (int i = 0; i < aantal; ++i)
-        v.append(QStringLiteral("%1%2").arg(QString::fromLatin1(voorvoegsel)).arg(i));
-    return v.join(s(";<>;"));
+        v.append(QString("%1%2").arg(QString::fromLatin1(voorvoegsel)).arg(i));
+    return v.join(";<>;");
 }
 QString metVeld(QString record, int veld, const QString& waarde) {
-    QStringList v = record.split(s(";<>;"));
+    QStringList v = record.split(";<>;");
     v[veld] = waarde;
-    return v.join(s(";<>;"));
+    return v.join(";<>;");
 }
 
 } // namespace
 
 TEST(VeldenTest, ClassAndTeacherRecordsMapTheirFieldsWithTheirEdgeCases) {
     ScriptedPeer peer;
-    peer.op(s("TST"), s("TST"))
-        .op(s("LDNKLSSNC"), s("LDNKLSSNC0|"))
-        .op(s("LDNKLSDA0"), s("LDNKLSDA0|") + velden(12, "a") + s(";|;") +
-                                metVeld(velden(13, "b"), 11, QString()) + s(";|;") +
-                                velden(14, "c"))
-        .op(s("LDNLRNSNC"), s("LDNLRNSNC0|3"))
-        .op(s("LDNLRNDA0"), s("LDNLRNDA0|") + velden(15, "d") + s(";|;") + velden(16, "e"));
+    peer.op("TST", "TST")
+        .op("LDNKLSSNC", "LDNKLSSNC0|")
+        .op("LDNKLSDA0", "LDNKLSDA0|" + velden(12, "a") + ";|;" +
+                             metVeld(velden(13, "b"), 11, QString()) + ";|;" + velden(14, "c"))
+        .op("LDNLRNSNC", "LDNLRNSNC0|3")
+        .op("LDNLRNDA0", "LDNLRNDA0|" + velden(15, "d") + ";|;" + velden(16, "e"));
     Werkplek dw(Werkplek::gegevens, peer.poort());
     ASSERT_TRUE(dw.verbind());
     ModData& d = dw.d();
     // What stood there before: a load writes over it, column by column.
-    d.Klassen(0, 11) = s("5,5");
-    d.Klassen(0, 12) = s("oud");
+    d.Klassen(0, 11) = "5,5";
+    d.Klassen(0, 12) = "oud";
     for (int rij = 0; rij < 3; ++rij) {
-        d.Klassen(rij, 13) = s("extra");
-        d.Leraren(rij, 16) = s("extra");
+        d.Klassen(rij, 13) = "extra";
+        d.Leraren(rij, 16) = "extra";
     }
-    d.Klassen(3, 0) = s("blijft");
+    d.Klassen(3, 0) = "blijft";
     d.LaadKlassen();
     d.LaadLeraren();
 
@@ -80,23 +76,23 @@ TEST(VeldenTest, ClassAndTeacherRecordsMapTheirFieldsWithTheirEdgeCases) {
         {d.Leraren, 1, 16, ""},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(QStringLiteral("row %1 column %2").arg(c.rij).arg(c.kolom).toStdString());
-        EXPECT_EQ(c.tabel(c.rij, c.kolom), s(c.waarde));
+        SCOPED_TRACE(QString("row %1 column %2").arg(c.rij).arg(c.kolom).toStdString());
+        EXPECT_EQ(c.tabel(c.rij, c.kolom), QString(c.waarde));
     }
     // An empty last ID becomes 1.
-    EXPECT_EQ(d.LaatsteKlasID, s("1"));
-    EXPECT_EQ(d.LaatsteLeraarID, s("3"));
+    EXPECT_EQ(d.LaatsteKlasID, "1");
+    EXPECT_EQ(d.LaatsteLeraarID, "3");
     EXPECT_TRUE(dw.rapporten.isEmpty());
 }
 
 TEST(VeldenTest, EmptyCountsAndAnswersLoadNothingAndKeepTheLastIDs) {
     ScriptedPeer peer;
-    peer.op(s("TST"), s("TST"))
-        .op(s("LDNAPKSNC"), s("LDNAPKSNC0|5"))
-        .op(s("LDNCAK"), s("LDNCAK7"))
-        .op(s("LDNKLSSNC"), s("LDNKLSSNC0|"))
-        .op(s("LDNKLSDA0"), s("LDNKLSDA0|"))
-        .op(s("LDNIVWINF"), s("LDNIVWINF0"));
+    peer.op("TST", "TST")
+        .op("LDNAPKSNC", "LDNAPKSNC0|5")
+        .op("LDNCAK", "LDNCAK7")
+        .op("LDNKLSSNC", "LDNKLSSNC0|")
+        .op("LDNKLSDA0", "LDNKLSDA0|")
+        .op("LDNIVWINF", "LDNIVWINF0");
     Werkplek dw(Werkplek::gegevens, peer.poort());
     ASSERT_TRUE(dw.verbind());
     ModData& d = dw.d();
@@ -104,9 +100,9 @@ TEST(VeldenTest, EmptyCountsAndAnswersLoadNothingAndKeepTheLastIDs) {
     OpnameStartscherm startscherm;
     dw.p.startScreenEvents = &startscherm;
     startscherm.bijLaadbalk = [&] { balk += d.laadbalk.zichtbaar; };
-    d.Applicaties[0](0, 0) = s("oud");
-    d.Categorien[0](0, 0) = s("oud");
-    d.VerbodenWoorden = s("oud");
+    d.Applicaties[0](0, 0) = "oud";
+    d.Categorien[0](0, 0) = "oud";
+    d.VerbodenWoorden = "oud";
 
     d.LaadApplicaties(0);
     d.LaadCategorien(0);
@@ -114,14 +110,14 @@ TEST(VeldenTest, EmptyCountsAndAnswersLoadNothingAndKeepTheLastIDs) {
     d.LaadVerbodenWoorden();
 
     // A count of 0 asks no record and shows no bar; the table was cleared all the same.
-    EXPECT_EQ(d.LaatsteApplicatieID[0], s("5"));
+    EXPECT_EQ(d.LaatsteApplicatieID[0], "5");
     EXPECT_TRUE(d.Applicaties[0].vrij(0));
     EXPECT_EQ(balk, 0);
     // Only the last ID: an empty category table.
-    EXPECT_EQ(d.LaatsteCategorieID[0], s("7"));
+    EXPECT_EQ(d.LaatsteCategorieID[0], "7");
     EXPECT_TRUE(d.Categorien[0].vrij(0));
     // Last block 0 and no ID: one block, and ID 1; an empty block stores no row.
-    EXPECT_EQ(d.LaatsteKlasID, s("1"));
+    EXPECT_EQ(d.LaatsteKlasID, "1");
     EXPECT_TRUE(d.Klassen.vrij(0));
     EXPECT_EQ(d.VerbodenWoorden, QString());
     EXPECT_TRUE(peer.klaar());
@@ -132,12 +128,11 @@ TEST(VeldenTest, TheWordListShowsItsBarAboveFivePagesAndDropsThePageMarks) {
     for (const int paginas : {5, 6}) {
         SCOPED_TRACE(paginas);
         ScriptedPeer peer;
-        peer.op(s("TST"), s("TST")).op(s("LDNIVWINF"), s("LDNIVWINF") + QString::number(paginas));
+        peer.op("TST", "TST").op("LDNIVWINF", "LDNIVWINF" + QString::number(paginas));
         QStringList verwacht;
         for (int i = 1; i <= paginas; ++i) {
-            peer.op(QStringLiteral("LDNIVWPA%1").arg(i),
-                    QStringLiteral("LDNIVWPA%1w%1|xPA%1y").arg(i));
-            verwacht.append(QStringLiteral("w%1|xy").arg(i));
+            peer.op(QString("LDNIVWPA%1").arg(i), QString("LDNIVWPA%1w%1|xPA%1y").arg(i));
+            verwacht.append(QString("w%1|xy").arg(i));
         }
         Werkplek dw(Werkplek::gegevens, peer.poort());
         ASSERT_TRUE(dw.verbind());
@@ -161,11 +156,11 @@ TEST(VeldenTest, TheWordListShowsItsBarAboveFivePagesAndDropsThePageMarks) {
 TEST(VeldenTest, BadRecordsAreReportedByTheirLoaderAndKeepWhatWasStored) {
     QString eenentwintig;
     for (int i = 0; i < 21; ++i)
-        eenentwintig += (i ? s(";|;") : QString()) + velden(14);
-    QString twintigCategorien = s("20");
+        eenentwintig += (i ? ";|;" : QString()) + velden(14);
+    QString twintigCategorien = "20";
     for (int i = 1; i <= 21; ++i)
-        twintigCategorien += QStringLiteral(";<>;%1|Cat").arg(i);
-    const QString app = s("1><A><1><x><><standaard|1><><1024x768x32xNEE");
+        twintigCategorien += QString(";<>;%1|Cat").arg(i);
+    const QString app = "1><A><1><x><><standaard|1><><1024x768x32xNEE";
 
     struct Case {
         const char* naam;
@@ -176,69 +171,69 @@ TEST(VeldenTest, BadRecordsAreReportedByTheirLoaderAndKeepWhatWasStored) {
     };
     const QList<Case> cases = {
         {"a 22nd class",
-         {{s("LDNKLSSNC"), s("LDNKLSSNC1|30")},
-          {s("LDNKLSDA0"), s("LDNKLSDA0|") + eenentwintig},
-          {s("LDNKLSDA1"), s("LDNKLSDA1|") + velden(14, "x")}},
+         {{"LDNKLSSNC", "LDNKLSSNC1|30"},
+          {"LDNKLSDA0", "LDNKLSDA0|" + eenentwintig},
+          {"LDNKLSDA1", "LDNKLSDA1|" + velden(14, "x")}},
          [](ModData& d) { d.LaadKlassen(); },
          "modData.LaadKlassen",
          [](ModData& d) {
              EXPECT_EQ(d.Klassen.gebruikt(), 21);
-             EXPECT_EQ(d.Klassen(20, 0), s("f1"));
+             EXPECT_EQ(d.Klassen(20, 0), "f1");
          }},
         {"a class record of too few fields",
-         {{s("LDNKLSSNC"), s("LDNKLSSNC0|2")},
-          {s("LDNKLSDA0"), s("LDNKLSDA0|") + velden(14, "n") + s(";|;") + velden(11, "k")}},
+         {{"LDNKLSSNC", "LDNKLSSNC0|2"},
+          {"LDNKLSDA0", "LDNKLSDA0|" + velden(14, "n") + ";|;" + velden(11, "k")}},
          [](ModData& d) { d.LaadKlassen(); },
          "modData.LaadKlassen",
          [](ModData& d) {
-             EXPECT_EQ(d.Klassen(0, 0), s("n1"));
-             EXPECT_EQ(d.Klassen(1, 0), s("oud")); // the short record stored nothing
+             EXPECT_EQ(d.Klassen(0, 0), "n1");
+             EXPECT_EQ(d.Klassen(1, 0), "oud"); // the short record stored nothing
          }},
         {"a non-numeric block count",
-         {{s("LDNKLSSNC"), s("LDNKLSSNCx|2")}},
+         {{"LDNKLSSNC", "LDNKLSSNCx|2"}},
          [](ModData& d) { d.LaadKlassen(); },
          "modData.LaadKlassen",
-         [](ModData& d) { EXPECT_EQ(d.Klassen(0, 0), s("oud")); }},
+         [](ModData& d) { EXPECT_EQ(d.Klassen(0, 0), "oud"); }},
         {"a teacher record of 14 fields",
-         {{s("LDNLRNSNC"), s("LDNLRNSNC0|2")},
-          {s("LDNLRNDA0"), s("LDNLRNDA0|") + velden(15, "t") + s(";|;") + velden(14, "u")}},
+         {{"LDNLRNSNC", "LDNLRNSNC0|2"},
+          {"LDNLRNDA0", "LDNLRNDA0|" + velden(15, "t") + ";|;" + velden(14, "u")}},
          [](ModData& d) { d.LaadLeraren(); },
          "modData.LaadLeraren",
          [](ModData& d) {
-             EXPECT_EQ(d.Leraren(0, 0), s("t0"));
-             EXPECT_EQ(d.Leraren(1, 0), s("oud"));
+             EXPECT_EQ(d.Leraren(0, 0), "t0");
+             EXPECT_EQ(d.Leraren(1, 0), "oud");
          }},
         {"a non-numeric application count",
-         {{s("LDNAPASNC"), s("LDNAPASNCabc|2")}},
+         {{"LDNAPASNC", "LDNAPASNCabc|2"}},
          [](ModData& d) { d.LaadApplicaties(2); },
          "modData.LaadApplicaties",
          [](ModData& d) { EXPECT_TRUE(d.Applicaties[2].vrij(0)); }},
         {"an application record of 7 fields",
-         {{s("LDNAPLSNC"), s("LDNAPLSNC2|2")},
-          {s("LDNAPLDAT1"), s("LDNAPLDAT") + app},
-          {s("LDNAPLDAT2"), s("LDNAPLDAT2><B><1><x><><><")}},
+         {{"LDNAPLSNC", "LDNAPLSNC2|2"},
+          {"LDNAPLDAT1", "LDNAPLDAT" + app},
+          {"LDNAPLDAT2", "LDNAPLDAT2><B><1><x><><><"}},
          [](ModData& d) { d.LaadApplicaties(1); },
          "modData.LaadApplicaties",
          [](ModData& d) {
-             EXPECT_EQ(d.Applicaties[1](0, 8), s("1024x768x32xNEE"));
+             EXPECT_EQ(d.Applicaties[1](0, 8), "1024x768x32xNEE");
              EXPECT_TRUE(d.Applicaties[1].vrij(1));
              EXPECT_FALSE(d.laadbalk.zichtbaar);
          }},
         {"a 21st category",
-         {{s("LDNCAA"), s("LDNCAA") + twintigCategorien}},
+         {{"LDNCAA", "LDNCAA" + twintigCategorien}},
          [](ModData& d) { d.LaadCategorien(2); },
          "modData.LaadCategorien",
-         [](ModData& d) { EXPECT_EQ(d.Categorien[2](19, 0), s("20")); }},
+         [](ModData& d) { EXPECT_EQ(d.Categorien[2](19, 0), "20"); }},
         {"a category without its name",
-         {{s("LDNCAK"), s("LDNCAK2;<>;1|Een;<>;2")}},
+         {{"LDNCAK", "LDNCAK2;<>;1|Een;<>;2"}},
          [](ModData& d) { d.LaadCategorien(0); },
          "modData.LaadCategorien",
-         [](ModData& d) { EXPECT_EQ(d.Categorien[0](0, 1), s("Een")); }},
+         [](ModData& d) { EXPECT_EQ(d.Categorien[0](0, 1), "Een"); }},
         {"a non-numeric page count",
-         {{s("LDNIVWINF"), s("LDNIVWINFzz")}},
+         {{"LDNIVWINF", "LDNIVWINFzz"}},
          [](ModData& d) { d.LaadVerbodenWoorden(); },
          "modData.LaadVerbodenWoorden",
-         [](ModData& d) { EXPECT_EQ(d.VerbodenWoorden, s("oud")); }},
+         [](ModData& d) { EXPECT_EQ(d.VerbodenWoorden, "oud"); }},
         {"an unknown kind",
          {},
          [](ModData& d) { d.LaadApplicaties(3); },
@@ -248,17 +243,17 @@ TEST(VeldenTest, BadRecordsAreReportedByTheirLoaderAndKeepWhatWasStored) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.naam);
         ScriptedPeer peer;
-        peer.op(s("TST"), s("TST"));
+        peer.op("TST", "TST");
         for (const auto& [verwacht, antwoord] : c.script)
             peer.op(verwacht, antwoord);
         Werkplek dw(Werkplek::gegevens, peer.poort());
         ASSERT_TRUE(dw.verbind());
         ModData& d = dw.d();
-        d.Klassen(0, 0) = d.Klassen(1, 0) = s("oud");
-        d.Leraren(0, 0) = d.Leraren(1, 0) = s("oud");
-        d.VerbodenWoorden = s("oud");
+        d.Klassen(0, 0) = d.Klassen(1, 0) = "oud";
+        d.Leraren(0, 0) = d.Leraren(1, 0) = "oud";
+        d.VerbodenWoorden = "oud";
         c.laad(d);
-        EXPECT_EQ(dw.rapporten, QStringList{s(c.procedure)});
+        EXPECT_EQ(dw.rapporten, QStringList{QString(c.procedure)});
         EXPECT_TRUE(peer.klaar());
         c.controle(d);
     }
