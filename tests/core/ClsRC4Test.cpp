@@ -26,7 +26,7 @@ QByteArray keystroom(ClsRC4& rc4, int lengte) {
 TEST(ClsRC4Test, MatchesThePublishedVectors) {
     ClsRC4 rc4;
     QByteArray tekst("Plaintext");
-    rc4.EncryptByte(tekst, QStringLiteral("Key"));
+    rc4.EncryptByte(tekst, "Key");
     EXPECT_EQ(tekst.toHex(), QByteArray("bbf316e8d940af0ad3"));
 
     struct Case {
@@ -55,13 +55,13 @@ TEST(ClsRC4Test, MatchesThePublishedVectors) {
 
 TEST(ClsRC4Test, EveryCallStartsAtTheBeginningOfTheKeyStream) {
     ClsRC4 rc4;
-    rc4.Key(QStringLiteral("Tafelkrater_VQXZ"));
+    rc4.Key("Tafelkrater_VQXZ");
     QByteArray a("zelfde tekst"), b("zelfde tekst");
     rc4.EncryptByte(a);
     rc4.EncryptByte(b);
     EXPECT_EQ(a, b);
     EXPECT_NE(a, QByteArray("zelfde tekst"));
-    rc4.DecryptByte(a, QStringLiteral("Tafelkrater_VQXZ")); // the same key again changes nothing
+    rc4.DecryptByte(a, "Tafelkrater_VQXZ"); // the same key again changes nothing
     EXPECT_EQ(a, QByteArray("zelfde tekst"));
     // A text with every byte of the code page survives a round trip through text.
     QByteArray alle;
@@ -74,9 +74,9 @@ TEST(ClsRC4Test, EveryCallStartsAtTheBeginningOfTheKeyStream) {
 
 TEST(ClsRC4Test, AFileCipheredTwiceComesBackAndFaultsCarryTheirText) {
     QTemporaryDir dir;
-    const QString bron = dir.filePath(QStringLiteral("Tijdelijk.ini"));
-    const QString versleuteld = dir.filePath(QStringLiteral("data.tijdelijk"));
-    const QString terug = dir.filePath(QStringLiteral("terug.ini"));
+    const QString bron = dir.filePath("Tijdelijk.ini");
+    const QString versleuteld = dir.filePath("data.tijdelijk");
+    const QString terug = dir.filePath("terug.ini");
     QByteArray inhoud("[Algemeen]\r\nWachtwoorden=geheim;|;beheer\r\n");
     inhoud.append(QByteArray(100000, '\x9d'));
     {
@@ -87,7 +87,7 @@ TEST(ClsRC4Test, AFileCipheredTwiceComesBackAndFaultsCarryTheirText) {
     ClsRC4 rc4;
     QList<int> voortgang;
     rc4.Progress = [&](int procent) { voortgang.append(procent); };
-    rc4.Key(QStringLiteral("Tafelkrater_VQXZ"));
+    rc4.Key("Tafelkrater_VQXZ");
     rc4.EncryptFile(bron, versleuteld);
     rc4.DecryptFile(versleuteld, terug);
     QFile f(terug), g(versleuteld);
@@ -100,13 +100,13 @@ TEST(ClsRC4Test, AFileCipheredTwiceComesBackAndFaultsCarryTheirText) {
     EXPECT_EQ(voortgang[99], 100);
 
     try {
-        rc4.DecryptFile(dir.filePath(QStringLiteral("weg")), terug);
+        rc4.DecryptFile(dir.filePath("weg"), terug);
         FAIL() << "no fault for a missing source";
     } catch (const Fout& fout) {
         EXPECT_EQ(fout.omschrijving(),
-                  QStringLiteral("Error in EncryptFile procedure (Source file does not exist)."));
+                  "Error in EncryptFile procedure (Source file does not exist).");
     }
-    QFile leeg(dir.filePath(QStringLiteral("leeg")));
+    QFile leeg(dir.filePath("leeg"));
     ASSERT_TRUE(leeg.open(QIODevice::WriteOnly));
     leeg.close();
     EXPECT_THROW(rc4.EncryptFile(leeg.fileName(), terug), Fout);

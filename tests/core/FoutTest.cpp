@@ -13,12 +13,12 @@ using tk::test::Werkplek;
 
 namespace {
 
-const QString rapporten = QStringLiteral("\\Data\\Foutrapportage.ini");
+const QString rapporten = "\\Data\\Foutrapportage.ini";
 
 // A fresh workstation, its log book of today and its stored reports.
 struct FoutWerkplek : testing::Test {
     Werkplek w;
-    QString logboek() { return QString::fromUtf8(w.lees(QStringLiteral("Logboek/9-3-2026.txt"))); }
+    QString logboek() { return QString::fromUtf8(w.lees("Logboek/9-3-2026.txt")); }
     QString rapport(const char* sectie, const char* sleutel) {
         return w.p.modMain.LeesIni(QString::fromLatin1(sectie), QString::fromLatin1(sleutel),
                                    rapporten);
@@ -38,26 +38,24 @@ using WachtTest = FoutWerkplek;
 } // namespace
 
 TEST_F(LogboekTest, TwoFaultsOfOneDayStandInOneFileEachBetweenItsOwnLines) {
-    w.p.modMain.SchrijfLogboek(QStringLiteral("Eerste fout"), QStringLiteral("Foutrapportage"),
-                               QStringLiteral("modMain.LaadTaal"), QStringLiteral("12"));
+    w.p.modMain.SchrijfLogboek("Eerste fout", "Foutrapportage", "modMain.LaadTaal", "12");
     w.platform.fakeClock().advance(61 * 1000);
-    w.p.modMain.SchrijfLogboek(QStringLiteral("regel een|regel twee"), QStringLiteral("Naam"),
-                               QString(), QStringLiteral("-"));
+    w.p.modMain.SchrijfLogboek("regel een|regel twee", "Naam", QString(), "-");
     const QString streep = QString(82, QLatin1Char('-'));
-    const QString verwacht = streep + QStringLiteral("\r\n") +
+    const QString verwacht = streep + "\r\n" +
                              QStringLiteral("Date:             9-3-2026\r\n"
                                             "Time:              8:30:00\r\n"
                                             "Name:              Foutrapportage\r\n"
                                             "Description:      Eerste fout\r\n"
                                             "Procedure:         modMain.LaadTaal\r\n"
                                             "Line:         12\r\n") +
-                             streep + QStringLiteral("\r\n") + streep + QStringLiteral("\r\n") +
+                             streep + "\r\n" + streep + "\r\n" +
                              QStringLiteral("Date:             9-3-2026\r\n"
                                             "Time:              8:31:01\r\n"
                                             "Name:              Naam\r\n"
                                             "Description:      regel een\r\n"
                                             "\t\t   regel twee\r\n") +
-                             streep + QStringLiteral("\r\n");
+                             streep + "\r\n";
     EXPECT_EQ(logboek(), verwacht);
     // The folder removed, or made again in another spelling, between two faults: the next fault
     // still lands, in the folder as it is now.
@@ -72,32 +70,29 @@ TEST_F(LogboekTest, TwoFaultsOfOneDayStandInOneFileEachBetweenItsOwnLines) {
         if (c.madeBySomeoneElse) {
             ASSERT_TRUE(QDir(w.map()).mkdir(QString::fromLatin1(c.madeBySomeoneElse)));
         }
-        w.p.modMain.SchrijfLogboek(QStringLiteral("Na het opruimen"), QStringLiteral("Naam"),
-                                   QString(), QStringLiteral("-"));
-        EXPECT_TRUE(QString::fromUtf8(
-                        w.lees(QString::fromLatin1(c.found) + QStringLiteral("/9-3-2026.txt")))
-                        .contains(QStringLiteral("Na het opruimen")));
+        w.p.modMain.SchrijfLogboek("Na het opruimen", "Naam", QString(), "-");
+        EXPECT_TRUE(QString::fromUtf8(w.lees(QString::fromLatin1(c.found) + "/9-3-2026.txt"))
+                        .contains("Na het opruimen"));
     }
 }
 
 TEST_F(FoutrapportTest, ACrLfIsSplitInTheLogAndStaysOnOneLineInTheReports) {
     nietVersturen();
-    w.p.modMain.Foutmelding(QStringLiteral("boven\r\nonder"), QStringLiteral("Foutrapportage"),
-                            QStringLiteral("frmMain.WS_DataArrival"), QStringLiteral("40"));
-    EXPECT_TRUE(logboek().contains(QStringLiteral("boven\r\n\t\t   onder\r\n")));
-    EXPECT_EQ(rapport("ID=1", "Omschrijving"), QStringLiteral("boven|onder"));
-    EXPECT_EQ(w.dialogen.getoond, QStringList{QStringLiteral("frmFoutrapportage")});
+    w.p.modMain.Foutmelding("boven\r\nonder", "Foutrapportage", "frmMain.WS_DataArrival", "40");
+    EXPECT_TRUE(logboek().contains("boven\r\n\t\t   onder\r\n"));
+    EXPECT_EQ(rapport("ID=1", "Omschrijving"), "boven|onder");
+    EXPECT_EQ(w.dialogen.getoond, QStringList{"frmFoutrapportage"});
     const auto lees = [&](const char* sleutel) { return rapport("ID=1", sleutel); };
-    EXPECT_EQ(lees("Datum"), QStringLiteral("9-3-2026"));
-    EXPECT_EQ(lees("Tijd"), QStringLiteral("8:30:00"));
-    EXPECT_EQ(lees("Computernaam"), QStringLiteral("LOKAAL-12"));
-    EXPECT_EQ(lees("Windows"), QStringLiteral("Windows XP"));
-    EXPECT_EQ(lees("Module"), QStringLiteral("Foutrapportage"));
-    EXPECT_EQ(lees("Procedure"), QStringLiteral("frmMain.WS_DataArrival"));
-    EXPECT_EQ(lees("Lijn"), QStringLiteral("40"));
-    EXPECT_EQ(lees("Fout negeren"), QStringLiteral("Nee"));
-    EXPECT_EQ(lees("Verstuurd"), QStringLiteral("Nee"));
-    EXPECT_EQ(rapport("Foutrapportage", "Aantal"), QStringLiteral("1"));
+    EXPECT_EQ(lees("Datum"), "9-3-2026");
+    EXPECT_EQ(lees("Tijd"), "8:30:00");
+    EXPECT_EQ(lees("Computernaam"), "LOKAAL-12");
+    EXPECT_EQ(lees("Windows"), "Windows XP");
+    EXPECT_EQ(lees("Module"), "Foutrapportage");
+    EXPECT_EQ(lees("Procedure"), "frmMain.WS_DataArrival");
+    EXPECT_EQ(lees("Lijn"), "40");
+    EXPECT_EQ(lees("Fout negeren"), "Nee");
+    EXPECT_EQ(lees("Verstuurd"), "Nee");
+    EXPECT_EQ(rapport("Foutrapportage", "Aantal"), "1");
 }
 
 TEST_F(FoutrapportTest, AnIgnoredFaultShowsOnceAndOnlyTheSameFourFieldsAreIgnored) {
@@ -107,8 +102,8 @@ TEST_F(FoutrapportTest, AnIgnoredFaultShowsOnceAndOnlyTheSameFourFieldsAreIgnore
         form.cmdNietVersturen_Click();
     };
     auto meld = [&](const char* omschrijving, const char* lijn) {
-        w.p.modMain.Foutmelding(QString::fromLatin1(omschrijving), QStringLiteral("Foutrapportage"),
-                                QStringLiteral("modData.LaadKlassen"), QString::fromLatin1(lijn));
+        w.p.modMain.Foutmelding(QString::fromLatin1(omschrijving), "Foutrapportage",
+                                "modData.LaadKlassen", QString::fromLatin1(lijn));
     };
     meld("Subscript out of range", "7");
     meld("Subscript out of range", "7");
@@ -118,10 +113,9 @@ TEST_F(FoutrapportTest, AnIgnoredFaultShowsOnceAndOnlyTheSameFourFieldsAreIgnore
     meld("Type mismatch", "7");
     EXPECT_EQ(w.dialogen.getoond.size(), 3);
     // The log book has all five.
-    EXPECT_EQ(logboek().count(QStringLiteral("Procedure:")), 5);
+    EXPECT_EQ(logboek().count("Procedure:"), 5);
     // A stored "ja" in any case counts; "Nee" does not.
-    w.p.modMain.SchrijfIni(QStringLiteral("JA"), QStringLiteral("ID=3"),
-                           QStringLiteral("Fout negeren"), rapporten);
+    w.p.modMain.SchrijfIni("JA", "ID=3", "Fout negeren", rapporten);
     meld("Type mismatch", "7");
     EXPECT_EQ(w.dialogen.getoond.size(), 3);
 }
@@ -129,11 +123,10 @@ TEST_F(FoutrapportTest, AnIgnoredFaultShowsOnceAndOnlyTheSameFourFieldsAreIgnore
 TEST_F(FoutrapportTest, SendingGoesAsAProblemCallWhenConnected) {
     test::OpnameKanaal& kanaal = w.kanaal;
     w.p.kanaal = &kanaal;
-    kanaal.voorvoegsels.insert(QStringLiteral("HLPOPS"), QString());
-    w.p.modMain.Locatie = QStringLiteral("Groep 3 (id 4)");
+    kanaal.voorvoegsels.insert("HLPOPS", QString());
+    w.p.modMain.Locatie = "Groep 3 (id 4)";
     w.dialogen.opModaal = [](Form& f) { static_cast<FrmFoutrapportage&>(f).cmdVersturen_Click(); };
-    w.p.modMain.Foutmelding(QStringLiteral("Kapot"), QStringLiteral("Foutrapportage"),
-                            QStringLiteral("frmBureaublad.LaadBureaublad"), QStringLiteral("3"));
+    w.p.modMain.Foutmelding("Kapot", "Foutrapportage", "frmBureaublad.LaadBureaublad", "3");
     ASSERT_EQ(kanaal.verstuurd.size(), 1);
     EXPECT_EQ(kanaal.verstuurd[0],
               QStringLiteral("HLPOPS9-3-2026;<>;8:30:00;<>;LOKAAL-12;<>;Groep 3 (id 4);<>;"
@@ -142,18 +135,17 @@ TEST_F(FoutrapportTest, SendingGoesAsAProblemCallWhenConnected) {
                   QStringLiteral(";<>;frmBureaublad.LaadBureaublad in lijn 3|Kapot;<>;Nee;<>;"
                                  "9-3-2026 8:30:00;<>;Error report"));
     EXPECT_TRUE(w.p.modMain.AntwoordOntvangen);
-    EXPECT_EQ(rapport("ID=1", "Verstuurd"), QStringLiteral("Ja"));
+    EXPECT_EQ(rapport("ID=1", "Verstuurd"), "Ja");
 
     // Not connected: stored, not sent, and the user is told (string 1114).
     kanaal.verbonden = false;
-    w.p.modMain.Foutmelding(QStringLiteral("Weer"), QStringLiteral("Foutrapportage"), QString(),
-                            QString());
+    w.p.modMain.Foutmelding("Weer", "Foutrapportage", QString(), QString());
     EXPECT_EQ(kanaal.verstuurd.size(), 1);
     ASSERT_EQ(w.dialogen.gesteld.size(), 1);
     EXPECT_EQ(w.dialogen.gesteld[0].tekst, w.p.modTaal.LaadTekst(1114));
-    EXPECT_EQ(w.dialogen.gesteld[0].stijl, QStringLiteral("-"));
-    EXPECT_EQ(rapport("ID=2", "Procedure"), QStringLiteral("-"));
-    EXPECT_EQ(rapport("ID=2", "Verstuurd"), QStringLiteral("Nee"));
+    EXPECT_EQ(w.dialogen.gesteld[0].stijl, "-");
+    EXPECT_EQ(rapport("ID=2", "Procedure"), "-");
+    EXPECT_EQ(rapport("ID=2", "Verstuurd"), "Nee");
 }
 
 TEST_F(ProcedureTest, AFaultIsReportedWithTheProceduresNameAndLineAndGoesNoFurther) {
@@ -166,29 +158,28 @@ TEST_F(ProcedureTest, AFaultIsReportedWithTheProceduresNameAndLineAndGoesNoFurth
         return 5;
     });
     EXPECT_EQ(gevonden, -1);
-    EXPECT_EQ(rapport("ID=1", "Procedure"), QStringLiteral("modData.LaadKlassen"));
+    EXPECT_EQ(rapport("ID=1", "Procedure"), "modData.LaadKlassen");
     EXPECT_EQ(rapport("ID=1", "Lijn"), QString::number(lijn));
-    EXPECT_TRUE(
-        rapport("ID=1", "Omschrijving").startsWith(QStringLiteral("Subscript out of range")));
+    EXPECT_TRUE(rapport("ID=1", "Omschrijving").startsWith("Subscript out of range"));
 
     EXPECT_TRUE(Procedure(w.p, "modMain.Iets", [] {}));
     EXPECT_FALSE(Procedure(
         w.p, "modMain.Stil", [] { throw std::runtime_error("kapot"); }, true));
     EXPECT_EQ(w.dialogen.getoond.size(), 1); // the quiet one only logs
-    EXPECT_TRUE(logboek().contains(QStringLiteral("modMain.Stil")));
-    EXPECT_TRUE(logboek().contains(QStringLiteral("kapot")));
+    EXPECT_TRUE(logboek().contains("modMain.Stil"));
+    EXPECT_TRUE(logboek().contains("kapot"));
 }
 
 TEST_F(ProcedureTest, AFaultWhileAReportIsOnScreenIsOnlyLogged) {
     int getoond = 0;
     w.dialogen.opModaal = [&](Form& f) {
         ++getoond;
-        Procedure(w.p, "frmFoutrapportage.Form_Load", [] { throw Fout(QStringLiteral("binnen")); });
+        Procedure(w.p, "frmFoutrapportage.Form_Load", [] { throw Fout("binnen"); });
         static_cast<FrmFoutrapportage&>(f).cmdNietVersturen_Click();
     };
-    Procedure(w.p, "modMain.Buiten", [] { throw Fout(QStringLiteral("buiten")); });
+    Procedure(w.p, "modMain.Buiten", [] { throw Fout("buiten"); });
     EXPECT_EQ(getoond, 1);
-    EXPECT_TRUE(logboek().contains(QStringLiteral("frmFoutrapportage.Form_Load")));
+    EXPECT_TRUE(logboek().contains("frmFoutrapportage.Form_Load"));
 }
 
 TEST_F(WachtTest, EndsOnTheConditionTheDeadlineOrTheLossOfTheLink) {

@@ -8,7 +8,7 @@ using namespace tk;
 using tk::test::Werkplek;
 
 namespace {
-const QString ini = QStringLiteral("\\Data\\Instellingen.ini");
+const QString ini = "\\Data\\Instellingen.ini";
 
 // A fresh workstation, and the profile functions with plain texts.
 struct IniTest : testing::Test {
@@ -23,20 +23,20 @@ struct IniTest : testing::Test {
 } // namespace
 
 TEST_F(IniTest, ReadsLikeTheProfileFunctions) {
-    w.schrijf(QStringLiteral("Data/Instellingen.ini"), "; commentaar\r\n"
-                                                       "los=voor elke sectie\r\n"
-                                                       "[Algemeen]\r\n"
-                                                       "  Wachttijd  =  750  \r\n"
-                                                       "Leeg=\r\n"
-                                                       "Aanhalingen=\"  met blanco's  \"\r\n"
-                                                       "Half=\"open\r\n"
-                                                       "regel zonder is-teken\r\n"
-                                                       "Dubbel=eerste\r\n"
-                                                       "dubbel=tweede\r\n"
-                                                       "[ instellingen ]\r\n"
-                                                       "Thema=3\r\n"
-                                                       "[Algemeen]\r\n"
-                                                       "Later=niet gezien\r\n");
+    w.schrijf("Data/Instellingen.ini", "; commentaar\r\n"
+                                       "los=voor elke sectie\r\n"
+                                       "[Algemeen]\r\n"
+                                       "  Wachttijd  =  750  \r\n"
+                                       "Leeg=\r\n"
+                                       "Aanhalingen=\"  met blanco's  \"\r\n"
+                                       "Half=\"open\r\n"
+                                       "regel zonder is-teken\r\n"
+                                       "Dubbel=eerste\r\n"
+                                       "dubbel=tweede\r\n"
+                                       "[ instellingen ]\r\n"
+                                       "Thema=3\r\n"
+                                       "[Algemeen]\r\n"
+                                       "Later=niet gezien\r\n");
     struct Case {
         const char* sectie;
         const char* sleutel;
@@ -60,15 +60,15 @@ TEST_F(IniTest, ReadsLikeTheProfileFunctions) {
         SCOPED_TRACE(std::string(c.sectie) + "/" + c.sleutel);
         EXPECT_EQ(lees(c.sectie, c.sleutel), QString::fromUtf8(c.waarde));
     }
-    EXPECT_EQ(lees("Algemeen", "Wachttijd", QStringLiteral("\\Data\\Bestaat.ini")), QString());
+    EXPECT_EQ(lees("Algemeen", "Wachttijd", "\\Data\\Bestaat.ini"), QString());
 }
 
 TEST_F(IniTest, AWriteCreatesTheFileButNotItsFolderAndALongValueComesBackCutAt4999) {
-    schrijf(QStringLiteral("1"), "A", "b");
-    EXPECT_FALSE(QFile::exists(w.pad(QStringLiteral("Data/Instellingen.ini"))));
-    w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
-    schrijf(QStringLiteral("1"), "A", "b");
-    EXPECT_EQ(w.lees(QStringLiteral("Data/Instellingen.ini")), QByteArray("[A]\r\nb=1\r\n"));
+    schrijf("1", "A", "b");
+    EXPECT_FALSE(QFile::exists(w.pad("Data/Instellingen.ini")));
+    w.p.modMain.MaakMappen("\\Data");
+    schrijf("1", "A", "b");
+    EXPECT_EQ(w.lees("Data/Instellingen.ini"), QByteArray("[A]\r\nb=1\r\n"));
     schrijf(QString(6000, u'x'), "Algemeen", "Lang");
     EXPECT_EQ(lees("Algemeen", "Lang"), QString(4999, u'x'));
     schrijf(QString(4999, u'y'), "Algemeen", "Precies");
@@ -76,31 +76,30 @@ TEST_F(IniTest, AWriteCreatesTheFileButNotItsFolderAndALongValueComesBackCutAt49
 }
 
 TEST_F(IniTest, AWriteChangesOnlyItsOwnLineAndKeepsComments) {
-    w.schrijf(QStringLiteral("Data/Instellingen.ini"), "; kop\n"
-                                                       "[Algemeen]\n"
-                                                       "Wachttijd=500\n"
-                                                       "; over verbinden\n"
-                                                       "Verbinden=0\n"
-                                                       "\n"
-                                                       "[Instellingen]\n"
-                                                       "Thema=1\n");
-    schrijf(QStringLiteral("900"), "algemeen", "WACHTTIJD");
-    schrijf(QStringLiteral("Ja"), "Algemeen", "Geactiveerd");
-    schrijf(QStringLiteral("server:4000"), "Instellingen", "Serverlocatie");
-    schrijf(QStringLiteral("2.0.1"), "Update", "Huidige client");
-    EXPECT_EQ(w.lees(QStringLiteral("Data/Instellingen.ini")),
-              QByteArray("; kop\n"
-                         "[Algemeen]\n"
-                         "Wachttijd=900\n"
-                         "; over verbinden\n"
-                         "Verbinden=0\n"
-                         "Geactiveerd=Ja\n"
-                         "\n"
-                         "[Instellingen]\n"
-                         "Thema=1\n"
-                         "Serverlocatie=server:4000\n"
-                         "[Update]\n"
-                         "Huidige client=2.0.1\n"));
+    w.schrijf("Data/Instellingen.ini", "; kop\n"
+                                       "[Algemeen]\n"
+                                       "Wachttijd=500\n"
+                                       "; over verbinden\n"
+                                       "Verbinden=0\n"
+                                       "\n"
+                                       "[Instellingen]\n"
+                                       "Thema=1\n");
+    schrijf("900", "algemeen", "WACHTTIJD");
+    schrijf("Ja", "Algemeen", "Geactiveerd");
+    schrijf("server:4000", "Instellingen", "Serverlocatie");
+    schrijf("2.0.1", "Update", "Huidige client");
+    EXPECT_EQ(w.lees("Data/Instellingen.ini"), QByteArray("; kop\n"
+                                                          "[Algemeen]\n"
+                                                          "Wachttijd=900\n"
+                                                          "; over verbinden\n"
+                                                          "Verbinden=0\n"
+                                                          "Geactiveerd=Ja\n"
+                                                          "\n"
+                                                          "[Instellingen]\n"
+                                                          "Thema=1\n"
+                                                          "Serverlocatie=server:4000\n"
+                                                          "[Update]\n"
+                                                          "Huidige client=2.0.1\n"));
 }
 
 TEST_F(IniTest, ADamagedFileIsReadAsFarAsSensibleAndAWriteLosesNoOtherKey) {
@@ -108,42 +107,39 @@ TEST_F(IniTest, ADamagedFileIsReadAsFarAsSensibleAndAWriteLosesNoOtherKey) {
                       "Ook=goed\n");
     rommel.append('\0');
     rommel.append("na nul\n[Tweede]\nX=\xe9\xe9n\n"); // Windows-1252 bytes, not UTF-8
-    w.schrijf(QStringLiteral("Data/Instellingen.ini"), rommel);
-    EXPECT_EQ(lees("Algemeen", "Ook"), QStringLiteral("goed"));
-    EXPECT_EQ(lees("Tweede", "X"), QStringLiteral("één"));
-    schrijf(QStringLiteral("2"), "Algemeen", "Nieuw");
-    EXPECT_EQ(lees("Algemeen", "Goed"), QStringLiteral("1"));
-    EXPECT_EQ(lees("Algemeen", "Ook"), QStringLiteral("goed"));
-    EXPECT_EQ(lees("Tweede", "X"), QStringLiteral("één"));
-    EXPECT_EQ(lees("Algemeen", "Nieuw"), QStringLiteral("2"));
+    w.schrijf("Data/Instellingen.ini", rommel);
+    EXPECT_EQ(lees("Algemeen", "Ook"), "goed");
+    EXPECT_EQ(lees("Tweede", "X"), "één");
+    schrijf("2", "Algemeen", "Nieuw");
+    EXPECT_EQ(lees("Algemeen", "Goed"), "1");
+    EXPECT_EQ(lees("Algemeen", "Ook"), "goed");
+    EXPECT_EQ(lees("Tweede", "X"), "één");
+    EXPECT_EQ(lees("Algemeen", "Nieuw"), "2");
 }
 
 TEST_F(IniTest, AChangeOnDiskByAnotherWriterIsSeen) {
-    w.schrijf(QStringLiteral("Data/Instellingen.ini"), "[A]\nx=1\n");
-    EXPECT_EQ(lees("A", "x"), QStringLiteral("1"));
-    w.schrijf(QStringLiteral("Data/Instellingen.ini"), "[A]\nx=22\n");
-    EXPECT_EQ(lees("A", "x"), QStringLiteral("22"));
-    QFile::remove(w.pad(QStringLiteral("Data/Instellingen.ini")));
+    w.schrijf("Data/Instellingen.ini", "[A]\nx=1\n");
+    EXPECT_EQ(lees("A", "x"), "1");
+    w.schrijf("Data/Instellingen.ini", "[A]\nx=22\n");
+    EXPECT_EQ(lees("A", "x"), "22");
+    QFile::remove(w.pad("Data/Instellingen.ini"));
     EXPECT_EQ(lees("A", "x"), QString());
 }
 
 TEST(IniDocumentTest, RemovesKeysAndSectionsAndListsThem) {
-    IniDocument doc = IniDocument::parse(QStringLiteral("[A]\nx=1\ny=2\n[B]\nz=3\n[C]\nw=4\n"));
-    EXPECT_EQ(doc.sections(),
-              (QStringList{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")}));
-    EXPECT_EQ(doc.keys(QStringLiteral("a")),
-              (QStringList{QStringLiteral("x"), QStringLiteral("y")}));
-    doc.removeKey(QStringLiteral("A"), QStringLiteral("X"));
-    doc.removeKey(QStringLiteral("A"), QStringLiteral("nergens")); // a missing key takes nothing
-    doc.removeSection(QStringLiteral("b"));
-    EXPECT_EQ(doc.text(), QStringLiteral("[A]\ny=2\n[C]\nw=4\n"));
-    EXPECT_EQ(doc.value(QStringLiteral("C"), QStringLiteral("v")), std::nullopt);
+    IniDocument doc = IniDocument::parse("[A]\nx=1\ny=2\n[B]\nz=3\n[C]\nw=4\n");
+    EXPECT_EQ(doc.sections(), (QStringList{"A", "B", "C"}));
+    EXPECT_EQ(doc.keys("a"), (QStringList{"x", "y"}));
+    doc.removeKey("A", "X");
+    doc.removeKey("A", "nergens"); // a missing key takes nothing
+    doc.removeSection("b");
+    EXPECT_EQ(doc.text(), "[A]\ny=2\n[C]\nw=4\n");
+    EXPECT_EQ(doc.value("C", "v"), std::nullopt);
 
     // A line without a key before "=", a commented one and one that starts with NUL hold no key.
-    doc = IniDocument::parse(QStringLiteral("[A]\n=1\n;k=2\n") + QChar(0) +
-                             QStringLiteral("n=3\nk=4\n"));
-    EXPECT_EQ(doc.keys(QStringLiteral("A")), QStringList{QStringLiteral("k")});
-    EXPECT_EQ(doc.value(QStringLiteral("A"), QString()), std::nullopt);
+    doc = IniDocument::parse(QString("[A]\n=1\n;k=2\n") + QChar(0) + "n=3\nk=4\n");
+    EXPECT_EQ(doc.keys("A"), QStringList{"k"});
+    EXPECT_EQ(doc.value("A", QString()), std::nullopt);
 }
 
 // Changes keep the document's index in step with its lines: after each row's writes and

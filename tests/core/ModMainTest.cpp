@@ -9,15 +9,14 @@ using namespace tk;
 using tk::test::Werkplek;
 
 namespace {
-const QString ini = QStringLiteral("\\Data\\Instellingen.ini");
+const QString ini = "\\Data\\Instellingen.ini";
 }
 
 TEST(ModMainTest, WaitTimesAreReadAndAnEmptyWaitIsWrittenBackAs500) {
     Werkplek w; // no \Data folder yet: it is made before the write
     w.p.modMain.LaadWachttijden();
     EXPECT_EQ(w.p.modMain.Wachttijd, 500);
-    EXPECT_EQ(w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Wachttijd"), ini),
-              QStringLiteral("500"));
+    EXPECT_EQ(w.p.modMain.LeesIni("Algemeen", "Wachttijd", ini), "500");
     struct Case {
         const char* verbinden;
         double verwacht;
@@ -25,10 +24,8 @@ TEST(ModMainTest, WaitTimesAreReadAndAnEmptyWaitIsWrittenBackAs500) {
     const Case cases[] = {{"", 0}, {"abc", 0}, {"100", 100}, {"2.5", 2.5}, {" 40 ", 40}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.verbinden);
-        w.p.modMain.SchrijfIni(QString::fromLatin1(c.verbinden), QStringLiteral("Algemeen"),
-                               QStringLiteral("Verbinden"), ini);
-        w.p.modMain.SchrijfIni(QStringLiteral("1200"), QStringLiteral("Algemeen"),
-                               QStringLiteral("Wachttijd"), ini);
+        w.p.modMain.SchrijfIni(QString::fromLatin1(c.verbinden), "Algemeen", "Verbinden", ini);
+        w.p.modMain.SchrijfIni("1200", "Algemeen", "Wachttijd", ini);
         w.p.modMain.LaadWachttijden();
         EXPECT_EQ(w.p.modMain.Verbindingspauze, c.verwacht);
         EXPECT_EQ(w.p.modMain.Wachttijd, 1200);
@@ -37,41 +34,39 @@ TEST(ModMainTest, WaitTimesAreReadAndAnEmptyWaitIsWrittenBackAs500) {
 
 TEST(ModMainTest, FoldersCountAsExistingFilesAndPatternsToo) {
     Werkplek w;
-    w.p.modMain.MaakMappen(QStringLiteral("\\Afbeeldingen\\Skins\\1"));
-    EXPECT_TRUE(QDir(w.pad(QStringLiteral("Afbeeldingen/Skins/1"))).exists());
-    w.p.modMain.MaakMappen(QStringLiteral("\\AFBEELDINGEN\\skins\\2"));
-    EXPECT_TRUE(QDir(w.pad(QStringLiteral("Afbeeldingen/Skins/2"))).exists());
-    EXPECT_FALSE(QDir(w.pad(QStringLiteral("AFBEELDINGEN"))).exists());
-    w.schrijf(QStringLiteral("Afbeeldingen/Skins/1/Instellingen.ini"), "[A]\n");
-    EXPECT_TRUE(w.p.modMain.BestandBestaat(QStringLiteral("\\Afbeeldingen\\Skins")));
-    EXPECT_TRUE(
-        w.p.modMain.BestandBestaat(QStringLiteral("\\afbeeldingen\\skins\\1\\instellingen.ini")));
-    EXPECT_TRUE(w.p.modMain.BestandBestaat(QStringLiteral("\\Afbeeldingen\\Skins\\1\\*.ini")));
-    EXPECT_FALSE(w.p.modMain.BestandBestaat(QStringLiteral("\\Afbeeldingen\\Skins\\2\\*.ini")));
-    EXPECT_FALSE(w.p.modMain.BestandBestaat(QStringLiteral("\\Nergens")));
+    w.p.modMain.MaakMappen("\\Afbeeldingen\\Skins\\1");
+    EXPECT_TRUE(QDir(w.pad("Afbeeldingen/Skins/1")).exists());
+    w.p.modMain.MaakMappen("\\AFBEELDINGEN\\skins\\2");
+    EXPECT_TRUE(QDir(w.pad("Afbeeldingen/Skins/2")).exists());
+    EXPECT_FALSE(QDir(w.pad("AFBEELDINGEN")).exists());
+    w.schrijf("Afbeeldingen/Skins/1/Instellingen.ini", "[A]\n");
+    EXPECT_TRUE(w.p.modMain.BestandBestaat("\\Afbeeldingen\\Skins"));
+    EXPECT_TRUE(w.p.modMain.BestandBestaat("\\afbeeldingen\\skins\\1\\instellingen.ini"));
+    EXPECT_TRUE(w.p.modMain.BestandBestaat("\\Afbeeldingen\\Skins\\1\\*.ini"));
+    EXPECT_FALSE(w.p.modMain.BestandBestaat("\\Afbeeldingen\\Skins\\2\\*.ini"));
+    EXPECT_FALSE(w.p.modMain.BestandBestaat("\\Nergens"));
     EXPECT_FALSE(w.p.modMain.BestandBestaat(QString()));
-    EXPECT_EQ(w.p.modMain.KortPad(QStringLiteral("\\afbeeldingen")),
-              w.pad(QStringLiteral("Afbeeldingen")));
-    EXPECT_EQ(w.p.modMain.KortPad(QStringLiteral("\\Nergens")), QString());
+    EXPECT_EQ(w.p.modMain.KortPad("\\afbeeldingen"), w.pad("Afbeeldingen"));
+    EXPECT_EQ(w.p.modMain.KortPad("\\Nergens"), QString());
 }
 
 TEST(ModMainTest, DeletingRetriesTenTimesHalfASecondApart) {
     Werkplek w;
     w.platform.fakeClock().setStepPerRead(50);
-    w.schrijf(QStringLiteral("Tijdelijk/weg.txt"), "x");
+    w.schrijf("Tijdelijk/weg.txt", "x");
     const qint64 start = w.platform.fakeClock().msecsSinceStart();
-    w.p.modMain.VerwijderBestand(QStringLiteral("\\Tijdelijk\\weg.txt"));
-    EXPECT_FALSE(QFile::exists(w.pad(QStringLiteral("Tijdelijk/weg.txt"))));
+    w.p.modMain.VerwijderBestand("\\Tijdelijk\\weg.txt");
+    EXPECT_FALSE(QFile::exists(w.pad("Tijdelijk/weg.txt")));
     EXPECT_LT(w.platform.fakeClock().msecsSinceStart() - start, 500);
 
     // A folder with something in it cannot be deleted as a file: every try fails.
-    w.schrijf(QStringLiteral("Vast/binnen.txt"), "x");
+    w.schrijf("Vast/binnen.txt", "x");
     const qint64 voor = w.platform.fakeClock().msecsSinceStart();
-    w.p.modMain.VerwijderBestand(QStringLiteral("\\Vast"));
+    w.p.modMain.VerwijderBestand("\\Vast");
     const qint64 duur = w.platform.fakeClock().msecsSinceStart() - voor;
     EXPECT_GE(duur, 10 * 500);
     EXPECT_LT(duur, 11 * 500 + 500);
-    EXPECT_TRUE(QFile::exists(w.pad(QStringLiteral("Vast/binnen.txt"))));
+    EXPECT_TRUE(QFile::exists(w.pad("Vast/binnen.txt")));
 }
 
 TEST(ModMainTest, NamesTheSystemFromItsVersion) {
@@ -114,32 +109,29 @@ TEST(ModMainTest, LanguageComesFromTheRegistryThenTheSettingsAndFallsBackToEngli
         SCOPED_TRACE(std::string(c.register_) + "/" + c.instellingen);
         Werkplek w;
         if (*c.register_)
-            w.platform.registry().write(RegistryRoot::LocalMachine,
-                                        QStringLiteral("SOFTWARE\\TAFELKRATER"),
-                                        QStringLiteral("language"),
+            w.platform.registry().write(RegistryRoot::LocalMachine, "SOFTWARE\\TAFELKRATER",
+                                        "language",
                                         RegistryValue::string(QString::fromLatin1(c.register_)));
         if (*c.instellingen)
-            w.schrijf(QStringLiteral("Data/Instellingen.ini"),
+            w.schrijf("Data/Instellingen.ini",
                       QByteArray("[Instellingen]\nLanguage=") + c.instellingen + "\n");
         w.p.modMain.LaadTaal();
         EXPECT_EQ(w.p.modTaal.Taal, c.taal);
-        EXPECT_EQ(
-            w.p.modMain.LeesIni(QStringLiteral("Instellingen"), QStringLiteral("Language"), ini),
-            QString::number(c.taal));
-        EXPECT_EQ(w.p.modTaal.ProductTitel, QStringLiteral("Tafelkrater"));
+        EXPECT_EQ(w.p.modMain.LeesIni("Instellingen", "Language", ini), QString::number(c.taal));
+        EXPECT_EQ(w.p.modTaal.ProductTitel, "Tafelkrater");
     }
 }
 
 TEST(ModMainTest, TextsFillTheProductPlaceholdersAndMarkMissingEntries) {
     Werkplek w;
-    w.p.modTaal.ProductTitel = QStringLiteral(" Tafelkrater ");
-    EXPECT_EQ(w.p.modTaal.LaadTekst(101, 1033), QStringLiteral("Tafelkrater is busy checking..."));
-    EXPECT_EQ(w.p.modTaal.LaadTekst(1610, 1033), QStringLiteral("Tafelkrater IS LOADING..."));
-    EXPECT_EQ(w.p.modTaal.LaadTekst(9999, 1033), QStringLiteral("[niet vertaald: 9999]"));
+    w.p.modTaal.ProductTitel = " Tafelkrater ";
+    EXPECT_EQ(w.p.modTaal.LaadTekst(101, 1033), "Tafelkrater is busy checking...");
+    EXPECT_EQ(w.p.modTaal.LaadTekst(1610, 1033), "Tafelkrater IS LOADING...");
+    EXPECT_EQ(w.p.modTaal.LaadTekst(9999, 1033), "[niet vertaald: 9999]");
     EXPECT_EQ(w.p.modTaal.LaadTekst(9999, 1033, true), QString());
     EXPECT_EQ(w.p.modTaal.LaadTekst(3, 1036, true), QString());
-    EXPECT_TRUE(w.p.modTaal.LaadTekst(2908, 1043).contains(QStringLiteral("\r\n\r\n")));
-    EXPECT_FALSE(w.p.modTaal.LaadTekst(2908, 1043).contains(QStringLiteral("%nieuwe_regel%")));
+    EXPECT_TRUE(w.p.modTaal.LaadTekst(2908, 1043).contains("\r\n\r\n"));
+    EXPECT_FALSE(w.p.modTaal.LaadTekst(2908, 1043).contains("%nieuwe_regel%"));
 }
 
 TEST(ModMainTest, VersionsAreComparedAsThreeNumbers) {
@@ -182,7 +174,6 @@ TEST(ModMainTest, IconNamesWrapAtTwelveCharacters) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.tekst);
         EXPECT_EQ(QString::fromLatin1(c.verwacht),
-                  ModMain::WordWrapped_String(QString::fromLatin1(c.tekst), 12, QStringLiteral("|"),
-                                              c.afbreken));
+                  ModMain::WordWrapped_String(QString::fromLatin1(c.tekst), 12, "|", c.afbreken));
     }
 }

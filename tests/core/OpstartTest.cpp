@@ -19,39 +19,35 @@ public:
     using UnbuiltStartSteps::UnbuiltStartSteps;
     bool VeiligeModus() override { return veiligeModus; }
     bool BureaubladAanwezig() override { return bureaublad; }
-    void StartVerkenner() override { log << QStringLiteral("StartVerkenner"); }
-    void ComputerHerstarten() override { log << QStringLiteral("ComputerHerstarten"); }
+    void StartVerkenner() override { log << "StartVerkenner"; }
+    void ComputerHerstarten() override { log << "ComputerHerstarten"; }
     bool StuurOpstartCommando(const QString& woord) override {
-        log << QStringLiteral("launcher:") + woord;
+        log << "launcher:" + woord;
         return true;
     }
-    void StartServer(bool firewall) override {
-        log << QStringLiteral("StartServer(%1)").arg(firewall);
-    }
-    void ControleerUpdate(bool f) override { log << QStringLiteral("ControleerUpdate(%1)").arg(f); }
-    void LaadThema() override { log << QStringLiteral("LaadThema"); }
+    void StartServer(bool firewall) override { log << QString("StartServer(%1)").arg(firewall); }
+    void ControleerUpdate(bool f) override { log << QString("ControleerUpdate(%1)").arg(f); }
+    void LaadThema() override { log << "LaadThema"; }
     bool frmActiveren(bool, bool, bool, FrmInitialiseren*) override {
-        log << QStringLiteral("frmActiveren");
+        log << "frmActiveren";
         return activerenVerder;
     }
-    void WijzigOpstarten() override { log << QStringLiteral("WijzigOpstarten"); }
-    void BewaarOpstartinstellingen() override {
-        log << QStringLiteral("BewaarOpstartinstellingen");
-    }
-    void TafelkraterAccountVerwijderen() override { log << QStringLiteral("AccountVerwijderen"); }
-    void TafelkraterDeactiverenSetup() override { log << QStringLiteral("DeactiverenSetup"); }
-    void Afmelden() override { log << QStringLiteral("Afmelden"); }
-    void ZetBureaubladachtergrond(bool, bool) override { log << QStringLiteral("Achtergrond"); }
-    void ZetBrowserbeperkingen(bool) override { log << QStringLiteral("Browserbeperkingen"); }
-    void SchermbeveiligingUit() override { log << QStringLiteral("SchermbeveiligingUit"); }
+    void WijzigOpstarten() override { log << "WijzigOpstarten"; }
+    void BewaarOpstartinstellingen() override { log << "BewaarOpstartinstellingen"; }
+    void TafelkraterAccountVerwijderen() override { log << "AccountVerwijderen"; }
+    void TafelkraterDeactiverenSetup() override { log << "DeactiverenSetup"; }
+    void Afmelden() override { log << "Afmelden"; }
+    void ZetBureaubladachtergrond(bool, bool) override { log << "Achtergrond"; }
+    void ZetBrowserbeperkingen(bool) override { log << "Browserbeperkingen"; }
+    void SchermbeveiligingUit() override { log << "SchermbeveiligingUit"; }
     QSize Schermgrootte() override { return scherm; }
     bool ZetResolutie(bool vlag) override {
-        log << QStringLiteral("ZetResolutie(%1)").arg(vlag);
+        log << QString("ZetResolutie(%1)").arg(vlag);
         return resolutieLukt;
     }
-    void OpenTaakbalk1() override { log << QStringLiteral("OpenTaakbalk1"); }
+    void OpenTaakbalk1() override { log << "OpenTaakbalk1"; }
     void StartVerbinding(bool opnieuw) override {
-        log << QStringLiteral("StartVerbinding(%1)").arg(opnieuw);
+        log << QString("StartVerbinding(%1)").arg(opnieuw);
     }
 
     QStringList log;
@@ -67,11 +63,10 @@ struct Opstart {
         // The pauses of the check window pass on the fake clock.
         w.platform.fakeClock().setStepPerRead(50);
         if (*modus)
-            zetRegister(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Modus"),
-                        QString::fromLatin1(modus));
+            zetRegister("SOFTWARE\\Tafelkrater", "Modus", QString::fromLatin1(modus));
         if (shellOvergenomen)
-            zetRegister(QString::fromLatin1(ModMainOpstart::Winlogon), QStringLiteral("Shell"),
-                        QStringLiteral("/opt/tafelkrater/tafelkrater"));
+            zetRegister(QString::fromLatin1(ModMainOpstart::Winlogon), "Shell",
+                        "/opt/tafelkrater/tafelkrater");
     }
     void zetRegister(const QString& sleutel, const QString& naam, const QString& waarde) {
         w.platform.registry().write(RegistryRoot::LocalMachine, sleutel, naam,
@@ -111,18 +106,17 @@ TEST(OpstartTest, TheModeAndTheTakeOverDecideTheStepsAndTheirOrder) {
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.modus) + (c.overgenomen ? " taken over" : ""));
         Opstart o(c.modus, c.overgenomen);
-        o.opstart.Main(QStringLiteral("STARTUP"));
+        o.opstart.Main("STARTUP");
         EXPECT_FALSE(o.w.p.beeindigd);
         EXPECT_EQ(o.stappen.log, QString::fromLatin1(c.stappen).split(u' '));
         EXPECT_EQ(o.w.p.modMain.ModusNetwerk, *c.modus == '2');
         EXPECT_TRUE(o.w.dialogen.gesteld.isEmpty());
-        EXPECT_EQ(o.w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Resolutie"),
-                                        QStringLiteral("\\Data\\Instellingen.ini")),
+        EXPECT_EQ(o.w.p.modMain.LeesIni("Algemeen", "Resolutie", "\\Data\\Instellingen.ini"),
                   QString());
         if (!c.overgenomen && *c.modus == '2') {
             const auto& rijen = o.opstart.frmInitialiseren.lblItem;
             for (int i = 0; i < 3; ++i)
-                EXPECT_EQ(rijen[i].lblCheck, QStringLiteral("a")) << i;
+                EXPECT_EQ(rijen[i].lblCheck, "a") << i;
             EXPECT_FALSE(rijen[3].zichtbaar);
         }
     }
@@ -142,13 +136,12 @@ TEST(OpstartTest, AnUnsetModeAsksAndStoresTheAnswerNotTheOptionIndex) {
             versie.cmdOK_Click();
         };
         o.opstart.LaadModus();
-        EXPECT_EQ(o.w.dialogen.getoond, QStringList{QStringLiteral("frmVersie")});
-        EXPECT_EQ(o.register_(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Modus")),
-                  QString::fromLatin1(c.opgeslagen));
+        EXPECT_EQ(o.w.dialogen.getoond, QStringList{"frmVersie"});
+        EXPECT_EQ(o.register_("SOFTWARE\\Tafelkrater", "Modus"), QString::fromLatin1(c.opgeslagen));
     }
     Opstart gesloten("", true);
     gesloten.w.dialogen.opModaal = [](Form& f) { static_cast<FrmVersie&>(f).cmdSluiten_Click(); };
-    gesloten.opstart.Main(QStringLiteral("STARTUP"));
+    gesloten.opstart.Main("STARTUP");
     EXPECT_TRUE(gesloten.w.p.beeindigd);
     EXPECT_TRUE(gesloten.stappen.log.isEmpty());
 }
@@ -156,21 +149,20 @@ TEST(OpstartTest, AnUnsetModeAsksAndStoresTheAnswerNotTheOptionIndex) {
 TEST(OpstartTest, TheVersionWindowOffersOnlyWhatTheMachineCanBe) {
     Opstart o("");
     FrmVersie& v = o.opstart.frmVersie;
-    v.Vraag(QStringLiteral("Windows XP"));
+    v.Vraag("Windows XP");
     EXPECT_FALSE(v.optEnabled[0]); // no server installed
     EXPECT_EQ(v.Gekozen, 1);
-    o.w.schrijf(QStringLiteral("tafelkrater-server"), "#!/bin/sh\n");
-    o.zetRegister(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Locatie server"),
-                  QStringLiteral("\\tafelkrater-server"));
-    v.Vraag(QStringLiteral("Windows XP"));
+    o.w.schrijf("tafelkrater-server", "#!/bin/sh\n");
+    o.zetRegister("SOFTWARE\\Tafelkrater", "Locatie server", "\\tafelkrater-server");
+    v.Vraag("Windows XP");
     EXPECT_TRUE(v.optEnabled[0]);
     EXPECT_EQ(v.Gekozen, 0);
-    v.Vraag(QStringLiteral("Windows 2003"));
+    v.Vraag("Windows 2003");
     EXPECT_FALSE(v.optEnabled[0]);
     EXPECT_FALSE(v.optEnabled[1]);
     EXPECT_EQ(v.Gekozen, 2);
     o.w.platform.fakeEnvironment().playWindows98();
-    v.Vraag(QStringLiteral("Windows 98"));
+    v.Vraag("Windows 98");
     EXPECT_FALSE(v.optEnabled[0]);
     EXPECT_EQ(v.optCaptions.size(), 3);
 }
@@ -193,7 +185,7 @@ TEST(OpstartTest, TheSystemVersionDecidesWhetherTheProgramMayRun) {
         SCOPED_TRACE(std::to_string(c.versie.platformId) + "." + std::to_string(c.versie.minor));
         Opstart o(c.modus);
         o.w.platform.fakeEnvironment().setOsVersion(c.versie);
-        o.opstart.Main(QStringLiteral("STARTUP"));
+        o.opstart.Main("STARTUP");
         EXPECT_EQ(!o.w.p.beeindigd, c.verder);
         EXPECT_EQ(o.w.p.modMain.ModusBeheer, c.beheer);
         if (!c.verder) {
@@ -206,17 +198,14 @@ TEST(OpstartTest, AfterACrashTheMessageShowsAndTheServerIsNotStartedAgain) {
     for (const bool fout : {true, false}) {
         SCOPED_TRACE(fout);
         Opstart o("1");
-        o.w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
-        o.w.p.modMain.SchrijfIni(QStringLiteral("Ja"), QStringLiteral("Algemeen"),
-                                 QStringLiteral("Geactiveerd"),
-                                 QStringLiteral("\\Data\\Instellingen.ini"));
-        o.w.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
-                                                   fout ? QStringLiteral("Tafelkrater")
-                                                        : QStringLiteral("tafelkrater"));
-        o.opstart.Main(fout ? QStringLiteral("startupfout") : QString());
+        o.w.p.modMain.MaakMappen("\\Data");
+        o.w.p.modMain.SchrijfIni("Ja", "Algemeen", "Geactiveerd", "\\Data\\Instellingen.ini");
+        o.w.platform.fakeEnvironment().setVariable("USERNAME",
+                                                   fout ? "Tafelkrater" : "tafelkrater");
+        o.opstart.Main(fout ? "startupfout" : QString());
         EXPECT_EQ(o.getoondeTeksten().value(0), fout ? o.w.p.modTaal.LaadTekst(2905) : QString());
         EXPECT_EQ(o.stappen.log.value(0) == u"StartServer(0)", !fout);
-        EXPECT_EQ(o.stappen.log.contains(QStringLiteral("StartServer(0)")), !fout);
+        EXPECT_EQ(o.stappen.log.contains("StartServer(0)"), !fout);
     }
 }
 
@@ -229,13 +218,13 @@ TEST(OpstartTest, WithoutTheLauncherWordTheLauncherTakesOver) {
                          Case{"juf", true}}) {
         SCOPED_TRACE(c.regel);
         Opstart o;
-        o.w.schrijf(QStringLiteral("tafelkrater-startup"), "#!/bin/sh\n");
+        o.w.schrijf("tafelkrater-startup", "#!/bin/sh\n");
         o.opstart.Main(QString::fromLatin1(c.regel));
         EXPECT_EQ(o.w.platform.fakeProcesses().started.size(), c.overgedragen ? 1 : 0);
         EXPECT_EQ(o.w.p.beeindigd, c.overgedragen);
         if (c.overgedragen) {
-            EXPECT_TRUE(o.w.platform.fakeProcesses().started[0].startsWith(
-                o.w.pad(QStringLiteral("tafelkrater-startup"))));
+            EXPECT_TRUE(
+                o.w.platform.fakeProcesses().started[0].startsWith(o.w.pad("tafelkrater-startup")));
         }
     }
 }
@@ -253,46 +242,40 @@ TEST(OpstartTest, AnAccountWithoutRightsIsToldAndLoggedOff) {
     Opstart o("2", true);
     o.w.platform.fakeRegistry().setWritable(false);
     o.stappen.activerenVerder = false;
-    o.opstart.Main(QStringLiteral("STARTUP"));
+    o.opstart.Main("STARTUP");
     EXPECT_TRUE(o.w.p.beeindigd);
-    EXPECT_EQ(o.stappen.log.last(), QStringLiteral("Afmelden"));
-    const QString verwacht =
-        o.w.p.modTaal.LaadTekst(2907)
-            .replace(QStringLiteral("%account%"), QStringLiteral("SCHOOL\\leerling"))
-            .replace(QStringLiteral("%domein%"), QStringLiteral("SCHOOL"));
+    EXPECT_EQ(o.stappen.log.last(), "Afmelden");
+    const QString verwacht = o.w.p.modTaal.LaadTekst(2907)
+                                 .replace("%account%", "SCHOOL\\leerling")
+                                 .replace("%domein%", "SCHOOL");
     EXPECT_EQ(o.getoondeTeksten(), QStringList{verwacht});
-    EXPECT_EQ(o.w.p.modMain.LeesIni(QStringLiteral("leerling"),
-                                    QStringLiteral("Administratorrechten"),
-                                    QStringLiteral("\\Data\\Instellingen.ini")),
-              QStringLiteral("Nee"));
+    EXPECT_EQ(o.w.p.modMain.LeesIni("leerling", "Administratorrechten", "\\Data\\Instellingen.ini"),
+              "Nee");
 }
 
 TEST(OpstartTest, AScreenThatCannotBeSetTo1024By768EndsTheRun) {
     Opstart o;
     o.stappen.scherm = QSize(1280, 1024);
-    o.opstart.Main(QStringLiteral("STARTUP"));
-    EXPECT_EQ(o.w.p.modMain.LeesIni(QStringLiteral("Algemeen"), QStringLiteral("Resolutie"),
-                                    QStringLiteral("\\Data\\Instellingen.ini")),
-              QStringLiteral("1280x1024x32"));
-    EXPECT_TRUE(o.stappen.log.contains(QStringLiteral("ZetResolutie(0)")));
-    EXPECT_TRUE(o.stappen.log.contains(QStringLiteral("ZetResolutie(1)")));
-    EXPECT_EQ(
-        o.stappen.log.mid(o.stappen.log.size() - 2),
-        (QStringList{QStringLiteral("StartVerkenner"), QStringLiteral("launcher:afsluiten")}));
+    o.opstart.Main("STARTUP");
+    EXPECT_EQ(o.w.p.modMain.LeesIni("Algemeen", "Resolutie", "\\Data\\Instellingen.ini"),
+              "1280x1024x32");
+    EXPECT_TRUE(o.stappen.log.contains("ZetResolutie(0)"));
+    EXPECT_TRUE(o.stappen.log.contains("ZetResolutie(1)"));
+    EXPECT_EQ(o.stappen.log.mid(o.stappen.log.size() - 2),
+              (QStringList{"StartVerkenner", "launcher:afsluiten"}));
     EXPECT_EQ(o.getoondeTeksten(), QStringList{o.w.p.modTaal.LaadTekst(2909)});
 
     Opstart gezet;
     gezet.stappen.scherm = QSize(800, 600);
     gezet.stappen.resolutieLukt = true;
-    gezet.opstart.Main(QStringLiteral("STARTUP"));
-    EXPECT_EQ(gezet.stappen.log.last(), QStringLiteral("launcher:resolutie"));
+    gezet.opstart.Main("STARTUP");
+    EXPECT_EQ(gezet.stappen.log.last(), "launcher:resolutie");
     EXPECT_TRUE(gezet.w.p.beeindigd);
 }
 
 TEST(OpstartTest, SafeModeWithTheSystemShellWarnsAndGoesOn) {
     Opstart o("2", false);
-    o.zetRegister(QString::fromLatin1(ModMainOpstart::Winlogon), QStringLiteral("Shell"),
-                  QStringLiteral("Explorer.exe"));
+    o.zetRegister(QString::fromLatin1(ModMainOpstart::Winlogon), "Shell", "Explorer.exe");
     o.stappen.veiligeModus = true;
     EXPECT_TRUE(o.opstart.ControleerVeiligeModus());
     EXPECT_EQ(o.getoondeTeksten(), QStringList{o.w.p.modTaal.LaadTekst(2951)});
@@ -303,41 +286,38 @@ TEST(OpstartTest, SafeModeWithOurShellAsksForTheMaintenancePassword) {
     { // Keeps it: no desktop, so the computer restarts.
         Opstart o;
         o.stappen.veiligeModus = true;
-        o.w.dialogen.antwoorden = {QStringLiteral("nee")};
+        o.w.dialogen.antwoorden = {"nee"};
         EXPECT_FALSE(o.opstart.ControleerVeiligeModus());
         EXPECT_EQ(o.getoondeTeksten(), (QStringList{t(o, 2946), t(o, 2950)}));
-        EXPECT_EQ(o.stappen.log, QStringList{QStringLiteral("ComputerHerstarten")});
+        EXPECT_EQ(o.stappen.log, QStringList{"ComputerHerstarten"});
     }
     { // A wrong password, then the fixed service password: deactivated.
         Opstart o;
         o.stappen.veiligeModus = true;
-        o.w.dialogen.antwoorden = {QStringLiteral("ja"), QStringLiteral("fout"), QString(),
-                                   QStringLiteral("ja"), QStringLiteral("Tafelkrater93")};
+        o.w.dialogen.antwoorden = {"ja", "fout", QString(), "ja", "Tafelkrater93"};
         EXPECT_FALSE(o.opstart.ControleerVeiligeModus());
         EXPECT_EQ(o.getoondeTeksten(),
                   (QStringList{t(o, 2946), t(o, 2947), t(o, 2949), t(o, 2946), t(o, 2947)}));
-        EXPECT_EQ(o.stappen.log, QStringList{QStringLiteral("DeactiverenSetup")});
+        EXPECT_EQ(o.stappen.log, QStringList{"DeactiverenSetup"});
     }
     { // The maintenance password from the cache, and no plain cache file left behind.
         Opstart o;
         o.stappen.veiligeModus = true;
-        o.w.schrijf(QStringLiteral("Data/Tijdelijk.ini"),
-                    "[Algemeen]\r\nWachtwoorden=leraren;|;beheer123\r\n");
+        o.w.schrijf("Data/Tijdelijk.ini", "[Algemeen]\r\nWachtwoorden=leraren;|;beheer123\r\n");
         ClsRC4 rc4;
-        rc4.EncryptFile(o.w.pad(QStringLiteral("Data/Tijdelijk.ini")),
-                        o.w.pad(QStringLiteral("Data/data.tijdelijk")),
-                        QStringLiteral("Tafelkrater_VQXZ"));
-        QFile::remove(o.w.pad(QStringLiteral("Data/Tijdelijk.ini")));
-        o.w.dialogen.antwoorden = {QStringLiteral("ja"), QStringLiteral("beheer123")};
+        rc4.EncryptFile(o.w.pad("Data/Tijdelijk.ini"), o.w.pad("Data/data.tijdelijk"),
+                        "Tafelkrater_VQXZ");
+        QFile::remove(o.w.pad("Data/Tijdelijk.ini"));
+        o.w.dialogen.antwoorden = {"ja", "beheer123"};
         EXPECT_FALSE(o.opstart.ControleerVeiligeModus());
-        EXPECT_EQ(o.stappen.log, QStringList{QStringLiteral("DeactiverenSetup")});
-        EXPECT_FALSE(QFile::exists(o.w.pad(QStringLiteral("Data/Tijdelijk.ini"))));
+        EXPECT_EQ(o.stappen.log, QStringList{"DeactiverenSetup"});
+        EXPECT_FALSE(QFile::exists(o.w.pad("Data/Tijdelijk.ini")));
     }
     { // An empty password refuses; a desktop present means no explorer start.
         Opstart o;
         o.stappen.veiligeModus = true;
         o.stappen.bureaublad = true;
-        o.w.dialogen.antwoorden = {QStringLiteral("ja"), QString()};
+        o.w.dialogen.antwoorden = {"ja", QString()};
         EXPECT_FALSE(o.opstart.ControleerVeiligeModus());
         EXPECT_EQ(o.getoondeTeksten().last(), t(o, 2948));
         EXPECT_TRUE(o.stappen.log.isEmpty());

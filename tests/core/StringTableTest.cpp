@@ -11,7 +11,7 @@ using namespace tk;
 namespace {
 
 QStringList placeholders(const QString& tekst) {
-    static const QRegularExpression patroon(QStringLiteral("%[a-z_]+%"));
+    static const QRegularExpression patroon("%[a-z_]+%");
     QStringList gevonden;
     for (auto it = patroon.globalMatch(tekst); it.hasNext();)
         gevonden.append(it.next().captured());
@@ -79,7 +79,7 @@ TEST(StringTableTest, EveryTextFitsTheCodePageOfTheWire) {
             for (QChar c : tabel.text(id, taal)) {
                 const char16_t u = c.unicode();
                 const bool latin1 = u < 0x80 || (u >= 0xA0 && u <= 0xFF);
-                const bool extra = QStringLiteral("€‚ƒ„…†‡ˆ‰Š‹ŒŽ‘’“”•–—˜™š›œžŸ").contains(c);
+                const bool extra = QString("€‚ƒ„…†‡ˆ‰Š‹ŒŽ‘’“”•–—˜™š›œžŸ").contains(c);
                 EXPECT_TRUE(latin1 || extra) << id << " " << taal << " U+" << std::hex << int(u);
             }
 }
@@ -87,10 +87,9 @@ TEST(StringTableTest, EveryTextFitsTheCodePageOfTheWire) {
 TEST(StringTableTest, TheFileFormSkipsLinesThatDoNotFit) {
     int overgeslagen = 0;
     const StringTable tabel = StringTable::parse(
-        QStringLiteral("id\t1033\t1043\n5\tFive\tVijf\nx\ty\tz\n6\tOnly two\n7\tSeven\tZeven\r\n"),
-        &overgeslagen);
+        "id\t1033\t1043\n5\tFive\tVijf\nx\ty\tz\n6\tOnly two\n7\tSeven\tZeven\r\n", &overgeslagen);
     EXPECT_EQ(overgeslagen, 2);
-    EXPECT_EQ(tabel.text(5, 1043), QStringLiteral("Vijf"));
-    EXPECT_EQ(tabel.text(7, 1043), QStringLiteral("Zeven"));
+    EXPECT_EQ(tabel.text(5, 1043), "Vijf");
+    EXPECT_EQ(tabel.text(7, 1043), "Zeven");
     EXPECT_FALSE(tabel.contains(6));
 }
