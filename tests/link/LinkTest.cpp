@@ -29,21 +29,21 @@ TEST(LinkTest, WhatAMessageFromTheServerFillsIsDecidedByItsFirstCharacters) {
     w.p.startScreenEvents = &startscherm;
     ModMain& m = w.p.modMain;
     auto uitkomst = [&](const char* bericht) {
-        m.Antwoord = m.AntwoordOpslaan = f.Domein = QStringLiteral("oud");
+        m.Antwoord = m.AntwoordOpslaan = f.Domein = "oud";
         m.AntwoordOntvangen = m.AntwoordOpslaanOntvangen = f.BevestigdBericht = false;
         startscherm.log.clear();
         f.WS_DataArrival(QByteArray(bericht));
         QCoreApplication::processEvents();
         QStringList uit = startscherm.log;
         if (m.AntwoordOntvangen)
-            uit << QStringLiteral("A ") + m.Antwoord;
+            uit << "A " + m.Antwoord;
         if (m.AntwoordOpslaanOntvangen)
-            uit << QStringLiteral("B ") + m.AntwoordOpslaan;
+            uit << "B " + m.AntwoordOpslaan;
         if (f.BevestigdBericht)
-            uit << QStringLiteral("C");
+            uit << "C";
         if (f.Domein != u"oud")
-            uit << QStringLiteral("domein ") + f.Domein;
-        return uit.join(QStringLiteral(", "));
+            uit << "domein " + f.Domein;
+        return uit.join(", ");
     };
     const std::pair<const char*, const char*> gevallen[] = {
         {"TSTextra", "C"},
@@ -75,11 +75,10 @@ TEST(LinkTest, WhatAMessageFromTheServerFillsIsDecidedByItsFirstCharacters) {
 
 TEST(LinkTest, TheFirstMessagesOfAConnectionGoInOrder) {
     ScriptedPeer peer;
-    peer.op(QStringLiteral("TST"), QStringLiteral("TST"))
-        .op(QStringLiteral("INFVER") + ModMain::ProgrammaVersie(), QStringLiteral("INFVER"))
-        .op(QStringLiteral("INFDMN"),
-            QStringLiteral("INFDMNschool.local|3501|3502|3503|3504|ja|NEE"))
-        .op(QStringLiteral("INFCOMLOKAAL-12"), QStringLiteral("INFCOM"));
+    peer.op("TST", "TST")
+        .op("INFVER" + ModMain::ProgrammaVersie(), "INFVER")
+        .op("INFDMN", "INFDMNschool.local|3501|3502|3503|3504|ja|NEE")
+        .op("INFCOMLOKAAL-12", "INFCOM");
     Werkplek w;
     w.verbinding(peer.poort());
     ASSERT_TRUE(w.verbind());
@@ -87,7 +86,7 @@ TEST(LinkTest, TheFirstMessagesOfAConnectionGoInOrder) {
     EXPECT_TRUE(peer.klaar());
     EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join(QLatin1Char('\n')).toStdString();
     FrmMainLink& f = *w.p.frmMain;
-    EXPECT_EQ(f.Domein, QStringLiteral("school.local"));
+    EXPECT_EQ(f.Domein, "school.local");
     EXPECT_EQ(f.ReceiverPortBinary, 3501);
     EXPECT_EQ(f.ReceiverPortInfo, 3502);
     EXPECT_EQ(f.SenderPortBinary, 3503);
@@ -99,7 +98,7 @@ TEST(LinkTest, TheFirstMessagesOfAConnectionGoInOrder) {
 
 TEST(LinkTest, AServerThatDoesNotAnswerTheTestWithinFiveSecondsCountsAsAbsent) {
     ScriptedPeer peer;
-    peer.op(QStringLiteral("TST"), QString(), Levering::Stil);
+    peer.op("TST", QString(), Levering::Stil);
     Werkplek w;
     w.verbinding(peer.poort());
     const qint64 voor = w.platform.fakeClock().msecsSinceStart();
@@ -112,36 +111,35 @@ TEST(LinkTest, AServerThatDoesNotAnswerTheTestWithinFiveSecondsCountsAsAbsent) {
 
 TEST(LinkTest, OneReadIsOneMessageSoSplitRepliesAreTwoAndMergedRepliesOne) {
     ScriptedPeer peer;
-    peer.op(QStringLiteral("TST"), QStringLiteral("TST"))
-        .op(QStringLiteral("LDNOVR"), QStringLiteral("LDNOVRabcdefghij"), Levering::Gesplitst)
-        .op(QStringLiteral("LDNOVR"), QStringLiteral("LDNOVRa;<>;b"), Levering::Samengevoegd)
-        .zelf(QStringLiteral("PIN"));
+    peer.op("TST", "TST")
+        .op("LDNOVR", "LDNOVRabcdefghij", Levering::Gesplitst)
+        .op("LDNOVR", "LDNOVRa;<>;b", Levering::Samengevoegd)
+        .zelf("PIN");
     Werkplek w;
     w.verbinding(peer.poort());
     ASSERT_TRUE(w.verbind());
     // Split: the first half is the whole reply; the second half matches nothing.
-    EXPECT_EQ(w.vraag(QStringLiteral("LDNOVR")), QStringLiteral("ab"));
+    EXPECT_EQ(w.vraag("LDNOVR"), "ab");
     // Merged: the keep-alive becomes part of the payload and is not answered.
-    EXPECT_EQ(w.vraag(QStringLiteral("LDNOVR")), QStringLiteral("a;<>;bPIN"));
+    EXPECT_EQ(w.vraag("LDNOVR"), "a;<>;bPIN");
     tk::test::pompVoor(200);
-    EXPECT_FALSE(peer.ontvangen.contains(QStringLiteral("PING")));
+    EXPECT_FALSE(peer.ontvangen.contains("PING"));
     EXPECT_TRUE(peer.klaar());
 }
 
 TEST(LinkTest, AKeepAliveInTheMiddleOfALoadIsAnsweredAndUnknownCommandsAreDropped) {
     ScriptedPeer peer;
-    peer.op(QStringLiteral("TST"), QStringLiteral("TST"))
-        .op(QStringLiteral("LDNKLSSNC"), QString(), Levering::Stil)
-        .zelf(QStringLiteral("PIN"))
-        .zelf(QStringLiteral("XYZonbekend"))
-        .zelf(QStringLiteral("LDNKLSSNC8"));
+    peer.op("TST", "TST")
+        .op("LDNKLSSNC", QString(), Levering::Stil)
+        .zelf("PIN")
+        .zelf("XYZonbekend")
+        .zelf("LDNKLSSNC8");
     Werkplek w;
     w.verbinding(peer.poort());
     ASSERT_TRUE(w.verbind());
-    w.p.modMain.Antwoord = QStringLiteral("oud");
-    EXPECT_EQ(w.vraag(QStringLiteral("LDNKLSSNC")), QStringLiteral("8"));
-    EXPECT_EQ(peer.ontvangen, (QStringList{QStringLiteral("TST"), QStringLiteral("LDNKLSSNC"),
-                                           QStringLiteral("PING")}));
+    w.p.modMain.Antwoord = "oud";
+    EXPECT_EQ(w.vraag("LDNKLSSNC"), "8");
+    EXPECT_EQ(peer.ontvangen, (QStringList{"TST", "LDNKLSSNC", "PING"}));
     EXPECT_TRUE(peer.fouten.isEmpty());
 }
 
@@ -163,14 +161,14 @@ TEST(LinkTest, ServerFactsWithTooFewFieldsOrAPortOutsideTheSocketsRangeAreRefuse
         Werkplek w;
         w.p.maak(w.p.frmMain, w.p);
         FrmMainLink& f = *w.p.frmMain;
-        f.Domein = QStringLiteral("oud");
+        f.Domein = "oud";
         f.WS_DataArrival(QByteArray(c.bericht));
         EXPECT_TRUE(f.BevestigdBericht); // the wait for it ends either way
-        EXPECT_EQ(f.Domein, c.genomen ? QStringLiteral("school") : QStringLiteral("oud"));
+        EXPECT_EQ(f.Domein, c.genomen ? "school" : "oud");
         EXPECT_EQ(f.SenderPortInfo, c.genomen ? 3504 : 0);
         EXPECT_EQ(w.dialogen.getoond.isEmpty(), c.genomen);
         if (!c.genomen) {
-            EXPECT_EQ(w.p.frmFoutrapportage.Procedure, QStringLiteral("frmMain.WS_DataArrival"));
+            EXPECT_EQ(w.p.frmFoutrapportage.Procedure, "frmMain.WS_DataArrival");
             EXPECT_TRUE(
                 w.p.frmFoutrapportage.Omschrijving.contains(QString::fromLatin1(c.omschrijving)));
         }
@@ -179,20 +177,19 @@ TEST(LinkTest, ServerFactsWithTooFewFieldsOrAPortOutsideTheSocketsRangeAreRefuse
 
 TEST(LinkTest, LossOfTheLinkInNetworkModeGoesOfflineAndEndsTheWait) {
     ScriptedPeer peer;
-    peer.op(QStringLiteral("TST"), QStringLiteral("TST"))
-        .op(QStringLiteral("LDNKLSSNC"), QString(), Levering::Sluiten);
+    peer.op("TST", "TST").op("LDNKLSSNC", QString(), Levering::Sluiten);
     Werkplek w;
     w.verbinding(peer.poort());
     ASSERT_TRUE(w.verbind());
     w.p.modMain.AntwoordOntvangen = false;
-    w.p.frmMain->WS_Versturen(QStringLiteral("LDNKLSSNC"), false);
+    w.p.frmMain->WS_Versturen("LDNKLSSNC", false);
     EXPECT_EQ(w.p.wacht.Tot([&] { return w.p.modMain.AntwoordOntvangen; }),
               Wacht::Uitkomst::VerbindingVerloren);
     EXPECT_TRUE(w.p.frmMain->Offline);
     EXPECT_TRUE(w.dialogen.gesteld.isEmpty());
     EXPECT_FALSE(w.p.beeindigd);
     // Offline, a send is lost without a word.
-    w.p.frmMain->WS_Versturen(QStringLiteral("LDNWCH"), false);
+    w.p.frmMain->WS_Versturen("LDNWCH", false);
     EXPECT_TRUE(w.dialogen.gesteld.isEmpty());
 }
 
@@ -211,7 +208,7 @@ TEST(LinkTest, ALostLinkRestartsAStandaloneClientAndTakesAManagerBackUnlessItWas
     for (const Case& c : cases) {
         SCOPED_TRACE(c.wat);
         ScriptedPeer peer;
-        peer.op(QStringLiteral("TST"), QStringLiteral("TST"));
+        peer.op("TST", "TST");
         Werkplek w;
         w.verbinding(peer.poort());
         QLocalServer launcher;
@@ -260,7 +257,7 @@ TEST(LinkTest, WithoutAServerTheCacheIsUsedUnlessShiftWasHeld) {
         Werkplek w;
         w.verbinding(dicht.localPort());
         if (c.cache)
-            w.schrijf(QStringLiteral("Data/data.tijdelijk"), "versleuteld");
+            w.schrijf("Data/data.tijdelijk", "versleuteld");
         w.p.frmMain->ShiftIngedrukt = c.shift;
         const qint64 voor = w.platform.fakeClock().msecsSinceStart();
         EXPECT_EQ(w.verbind(), c.verder);
@@ -284,17 +281,16 @@ TEST(LinkTest, StandaloneTriesThreeTimesWhileTheServerIsLoading) {
     w.platform.fakeClock().setStepPerRead(250);
     w.p.modMain.ModusNetwerk = false;
     w.p.modMain.ModusStandalone = true;
-    w.platform.registry().write(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
-                                QStringLiteral("Status server"),
-                                RegistryValue::string(QStringLiteral("0")));
+    w.platform.registry().write(RegistryRoot::LocalMachine, "SOFTWARE\\Tafelkrater",
+                                "Status server", RegistryValue::string("0"));
     OpnameStartscherm startscherm;
     w.p.startScreenEvents = &startscherm;
     w.p.frmMain->ServerPoort = dichtePoort;
-    w.p.frmMain->ServerHost = QStringLiteral("127.0.0.1");
+    w.p.frmMain->ServerHost = "127.0.0.1";
     const qint64 voor = w.platform.fakeClock().msecsSinceStart();
     EXPECT_FALSE(w.p.frmMain->ServerVerbinden(true));
     EXPECT_GE(w.platform.fakeClock().msecsSinceStart() - voor, 3 * 9000);
-    EXPECT_EQ(startscherm.log.count(QStringLiteral("taakbalk")), 1);
+    EXPECT_EQ(startscherm.log.count("taakbalk"), 1);
     EXPECT_EQ(w.p.frmMain->lblLaden, w.p.modTaal.LaadTekst(2930).toUpper());
 }
 
@@ -326,9 +322,8 @@ TEST(ServerlocatieTest, TheLocationComesFromTheSettingsOrTheLogonServer) {
         w.p.maak(w.p.frmMain, w.p);
         w.p.maak(w.p.modMainVerbinding, w.p);
         w.p.modMain.ModusStandalone = c.standalone;
-        w.platform.fakeEnvironment().setVariable(QStringLiteral("LOGONSERVER"),
-                                                 QString::fromLatin1(c.logonserver));
-        w.schrijf(QStringLiteral("Data/Instellingen.ini"),
+        w.platform.fakeEnvironment().setVariable("LOGONSERVER", QString::fromLatin1(c.logonserver));
+        w.schrijf("Data/Instellingen.ini",
                   QByteArray("[Instellingen]\nServerlocatie=") + c.instelling + "\n");
         EXPECT_EQ(w.p.modMainVerbinding->BepaalServerlocatie(), c.gevonden);
         if (c.gevonden) {
@@ -344,8 +339,7 @@ TEST(LocatieTest, TheLocationTextOfReportsFollowsTheFirstField) {
     w.p.maak(w.p.modMainVerbinding, w.p);
     struct Namen : NameLookup {
         QString naamVan(const QString& soort, const QString& id) const override {
-            return soort == u"GROEP" ? QStringLiteral("Groep ") + id
-                                     : QStringLiteral("Jansen, Piet");
+            return soort == u"GROEP" ? "Groep " + id : "Jansen, Piet";
         }
     } namen;
     w.p.modMainVerbinding->namen = &namen;
@@ -355,19 +349,16 @@ TEST(LocatieTest, TheLocationTextOfReportsFollowsTheFirstField) {
         QString verwacht;
     };
     const Case cases[] = {
-        {"FOUT|juf", tekst(2913).replace(QStringLiteral("%account%"), QStringLiteral("juf"))},
+        {"FOUT|juf", tekst(2913).replace("%account%", "juf")},
         {"global", tekst(2914)},
         {"ONDERHOUD", tekst(2915)},
-        {"GROEP|3", tekst(2920)
-                        .replace(QStringLiteral("%id%"), QStringLiteral("3"))
-                        .replace(QStringLiteral("%naam%"), QStringLiteral("Groep 3"))},
+        {"GROEP|3", tekst(2920).replace("%id%", "3").replace("%naam%", "Groep 3")},
         {"LERAAR|0", tekst(2919)},
-        {"LERAAR|7|onderhoud",
-         tekst(2918)
-             .replace(QStringLiteral("%sectie%"), tekst(2917))
-             .replace(QStringLiteral("%id%"), QStringLiteral("7"))
-             .replace(QStringLiteral("%naam%"), QStringLiteral("Jansen, Piet"))},
-        {"Onderhoudsmodule", QStringLiteral("Onderhoudsmodule")},
+        {"LERAAR|7|onderhoud", tekst(2918)
+                                   .replace("%sectie%", tekst(2917))
+                                   .replace("%id%", "7")
+                                   .replace("%naam%", "Jansen, Piet")},
+        {"Onderhoudsmodule", "Onderhoudsmodule"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.plaats);
@@ -394,20 +385,18 @@ TEST(StartServerTest, StartsTheProgramTheStoreNamesOrSaysThereIsNone) {
     w.p.modMainVerbinding->StartServer(true); // the firewall test does not deactivate
     EXPECT_EQ(gedeactiveerd, 1);
 
-    w.schrijf(QStringLiteral("tafelkrater-server"), "#!/bin/sh\n");
-    w.platform.registry().write(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
-                                QStringLiteral("Locatie server"),
-                                RegistryValue::string(QStringLiteral("\\tafelkrater-server")));
+    w.schrijf("tafelkrater-server", "#!/bin/sh\n");
+    w.platform.registry().write(RegistryRoot::LocalMachine, "SOFTWARE\\Tafelkrater",
+                                "Locatie server", RegistryValue::string("\\tafelkrater-server"));
     w.p.modMainVerbinding->StartServer(true);
     ASSERT_EQ(w.platform.fakeProcesses().started.size(), 1);
-    EXPECT_EQ(w.platform.fakeProcesses().started[0], w.pad(QStringLiteral("tafelkrater-server")) +
-                                                         QStringLiteral(" FIREWALL (in ") +
-                                                         w.map() + QStringLiteral(")"));
+    EXPECT_EQ(w.platform.fakeProcesses().started[0],
+              w.pad("tafelkrater-server") + " FIREWALL (in " + w.map() + ")");
 }
 
 TEST(LinkTest, AnyBytesFromTheServerAreTakenWithoutACrash) {
     ScriptedPeer peer;
-    peer.op(QStringLiteral("TST"), QStringLiteral("TST"));
+    peer.op("TST", "TST");
     Werkplek w;
     w.verbinding(peer.poort());
     ASSERT_TRUE(w.verbind());
@@ -432,15 +421,15 @@ TEST(LinkTest, AnyBytesFromTheServerAreTakenWithoutACrash) {
     }
     EXPECT_TRUE(w.p.frmMain->isConnected());
     // The link still works after all of it.
-    peer.op(QStringLiteral("LDNWCH"), QStringLiteral("LDNWCHa;|;b"));
-    EXPECT_EQ(w.vraag(QStringLiteral("LDNWCH")), QStringLiteral("a;|;b"));
+    peer.op("LDNWCH", "LDNWCHa;|;b");
+    EXPECT_EQ(w.vraag("LDNWCH"), "a;|;b");
 }
 
 TEST(LinkTest, AReplyThatArrivesWhileAFaultReportIsOnScreenIsStillTaken) {
     ScriptedPeer peer;
-    peer.op(QStringLiteral("TST"), QStringLiteral("TST"))
-        .op(QStringLiteral("INFDMN"), QStringLiteral("INFDMNschool|1")) // too few fields
-        .zelf(QStringLiteral("LDNTAA1043"));
+    peer.op("TST", "TST")
+        .op("INFDMN", "INFDMNschool|1") // too few fields
+        .zelf("LDNTAA1043");
     Werkplek w;
     w.verbinding(peer.poort());
     // The report window has its own event loop, open while the next message comes in.
@@ -450,10 +439,10 @@ TEST(LinkTest, AReplyThatArrivesWhileAFaultReportIsOnScreenIsStillTaken) {
     };
     ASSERT_TRUE(w.verbind());
     w.p.modMain.AntwoordOntvangen = false;
-    w.p.frmMain->WS_Versturen(QStringLiteral("INFDMN"), true);
+    w.p.frmMain->WS_Versturen("INFDMN", true);
     tk::test::waitUntil([&] { return w.p.modMain.AntwoordOntvangen; });
     EXPECT_TRUE(peer.klaar());
-    EXPECT_EQ(w.dialogen.getoond, QStringList{QStringLiteral("frmFoutrapportage")});
+    EXPECT_EQ(w.dialogen.getoond, QStringList{"frmFoutrapportage"});
     EXPECT_TRUE(w.p.modMain.AntwoordOntvangen);
-    EXPECT_EQ(w.p.modMain.Antwoord, QStringLiteral("1043"));
+    EXPECT_EQ(w.p.modMain.Antwoord, "1043");
 }

@@ -18,23 +18,23 @@ namespace {
 class OpnameStappen : public UnbuiltStartSteps {
 public:
     using UnbuiltStartSteps::UnbuiltStartSteps;
-    void ControleerChangelog() override { log << QStringLiteral("ControleerChangelog"); }
-    void Laden() override { log << QStringLiteral("Laden"); }
-    void ControleerLerarenRechten() override { log << QStringLiteral("ControleerLerarenRechten"); }
+    void ControleerChangelog() override { log << "ControleerChangelog"; }
+    void Laden() override { log << "Laden"; }
+    void ControleerLerarenRechten() override { log << "ControleerLerarenRechten"; }
     QStringList Accounts() override { return accounts; }
-    void VerbergLaadlabel() override { log << QStringLiteral("VerbergLaadlabel"); }
-    void ZetSessiebeperkingen(bool, bool) override { log << QStringLiteral("Sessiebeperkingen"); }
+    void VerbergLaadlabel() override { log << "VerbergLaadlabel"; }
+    void ZetSessiebeperkingen(bool, bool) override { log << "Sessiebeperkingen"; }
     void ZetAutomatischeAanmelding(const QString& a, const QString& w, const QString&,
                                    bool afmelden) override {
-        log << QStringLiteral("AutomatischeAanmelding:%1:%2:%3").arg(a, w).arg(afmelden);
+        log << QString("AutomatischeAanmelding:%1:%2:%3").arg(a, w).arg(afmelden);
     }
-    void OpenGlobal(bool) override { log << QStringLiteral("OpenGlobal"); }
-    void OpenGroep(const QString& id) override { log << QStringLiteral("OpenGroep:") + id; }
-    void OpenLeraar(const QString& id) override { log << QStringLiteral("OpenLeraar:") + id; }
-    void OpenOnderhoud() override { log << QStringLiteral("OpenOnderhoud"); }
-    void OpenFout(const QString& t) override { log << QStringLiteral("OpenFout:") + t; }
+    void OpenGlobal(bool) override { log << "OpenGlobal"; }
+    void OpenGroep(const QString& id) override { log << "OpenGroep:" + id; }
+    void OpenLeraar(const QString& id) override { log << "OpenLeraar:" + id; }
+    void OpenOnderhoud() override { log << "OpenOnderhoud"; }
+    void OpenFout(const QString& t) override { log << "OpenFout:" + t; }
     QStringList log;
-    QStringList accounts{QStringLiteral("KLAS|groep3|4"), QStringLiteral("LERAAR|juf|7")};
+    QStringList accounts{"KLAS|groep3|4", "LERAAR|juf|7"};
 };
 
 struct Client {
@@ -43,17 +43,15 @@ struct Client {
         w.p.maak(w.p.modMainVerbinding, w.p);
         w.p.opstartStappen = &stappen;
         w.platform.fakeClock().setStepPerRead(100);
-        w.p.modMain.MaakMappen(QStringLiteral("\\Data"));
+        w.p.modMain.MaakMappen("\\Data");
     }
     void locatie(const QString& tekst) {
-        w.p.modMain.SchrijfIni(tekst, QStringLiteral("Instellingen"),
-                               QStringLiteral("Serverlocatie"),
-                               QStringLiteral("\\Data\\Instellingen.ini"));
+        w.p.modMain.SchrijfIni(tekst, "Instellingen", "Serverlocatie", "\\Data\\Instellingen.ini");
     }
     QStringList zonderLabel() const {
         QStringList l = stappen.log;
-        l.removeAll(QStringLiteral("VerbergLaadlabel"));
-        l.removeAll(QStringLiteral("Sessiebeperkingen"));
+        l.removeAll("VerbergLaadlabel");
+        l.removeAll("Sessiebeperkingen");
         return l;
     }
     Werkplek w;
@@ -61,10 +59,10 @@ struct Client {
 };
 
 ScriptedPeer& begroeting(ScriptedPeer& peer) {
-    return peer.op(QStringLiteral("TST"), QStringLiteral("TST"))
-        .op(QStringLiteral("INFVER*"), QStringLiteral("INFVER"))
-        .op(QStringLiteral("INFDMN"), QStringLiteral("INFDMNschool|1|2|3|4|NEE|NEE"))
-        .op(QStringLiteral("INFCOM*"), QStringLiteral("INFCOM"));
+    return peer.op("TST", "TST")
+        .op("INFVER*", "INFVER")
+        .op("INFDMN", "INFDMNschool|1|2|3|4|NEE|NEE")
+        .op("INFCOM*", "INFCOM");
 }
 
 } // namespace
@@ -95,18 +93,16 @@ TEST(StartVerbindingTest, ConnectsIdentifiesLoadsAndOpensTheAccountOfTheSession)
         m.ModusStandalone = *c.modus == '1';
         m.ModusBeheer = *c.modus == '0';
         m.Opdrachtregel = QString::fromLatin1(c.regel).toUpper();
-        k.w.platform.fakeEnvironment().setVariable(QStringLiteral("USERNAME"),
-                                                   QString::fromLatin1(c.gebruiker));
-        k.locatie(QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
+        k.w.platform.fakeEnvironment().setVariable("USERNAME", QString::fromLatin1(c.gebruiker));
+        k.locatie(QString("127.0.0.1:%1").arg(peer.poort()));
         k.w.p.modMainVerbinding->StartVerbinding(false);
         EXPECT_TRUE(peer.klaar());
         QString geopend = QString::fromLatin1(c.geopend);
         if (geopend == u"OpenFout:")
             geopend += k.w.p.modTaal.LaadTekst(2910);
-        EXPECT_EQ(k.zonderLabel(),
-                  (QStringList{QStringLiteral("ControleerChangelog"), QStringLiteral("Laden"),
-                               QStringLiteral("ControleerLerarenRechten"), geopend}));
-        EXPECT_EQ(k.stappen.log.contains(QStringLiteral("Sessiebeperkingen")), !m.ModusBeheer);
+        EXPECT_EQ(k.zonderLabel(), (QStringList{"ControleerChangelog", "Laden",
+                                                "ControleerLerarenRechten", geopend}));
+        EXPECT_EQ(k.stappen.log.contains("Sessiebeperkingen"), !m.ModusBeheer);
     }
 }
 
@@ -114,7 +110,7 @@ TEST(StartVerbindingTest, StandaloneOpensTheGlobalStartScreen) {
     Client k;
     k.w.p.modMain.ModusStandalone = true;
     k.w.p.modMainVerbinding->AutomatischAanmelden();
-    EXPECT_EQ(k.zonderLabel(), QStringList{QStringLiteral("OpenGlobal")});
+    EXPECT_EQ(k.zonderLabel(), QStringList{"OpenGlobal"});
 }
 
 TEST(StartVerbindingTest, WithoutALocationTheUserIsAskedAndTheAnswerIsStored) {
@@ -122,26 +118,25 @@ TEST(StartVerbindingTest, WithoutALocationTheUserIsAskedAndTheAnswerIsStored) {
     begroeting(peer);
     Client k;
     k.w.p.modMain.ModusNetwerk = true;
-    k.w.platform.fakeEnvironment().setVariable(QStringLiteral("LOGONSERVER"), QString());
+    k.w.platform.fakeEnvironment().setVariable("LOGONSERVER", QString());
     k.w.dialogen.opModaal = [&](Form& f) {
         auto& netwerk = static_cast<FrmNetwerk&>(f);
         EXPECT_EQ(netwerk.txtNaam, QString());
         EXPECT_FALSE(netwerk.cmdOKEnabled);
-        netwerk.txtNaam_Change(QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
+        netwerk.txtNaam_Change(QString("127.0.0.1:%1").arg(peer.poort()));
         netwerk.cmdOK_Click();
     };
     k.w.p.modMainVerbinding->StartVerbinding(false);
     EXPECT_TRUE(peer.klaar());
-    EXPECT_EQ(k.w.p.modMain.LeesIni(QStringLiteral("Instellingen"), QStringLiteral("Serverlocatie"),
-                                    QStringLiteral("\\Data\\Instellingen.ini")),
-              QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
-    EXPECT_TRUE(k.stappen.log.contains(QStringLiteral("Laden")));
+    EXPECT_EQ(k.w.p.modMain.LeesIni("Instellingen", "Serverlocatie", "\\Data\\Instellingen.ini"),
+              QString("127.0.0.1:%1").arg(peer.poort()));
+    EXPECT_TRUE(k.stappen.log.contains("Laden"));
 }
 
 TEST(StartVerbindingTest, ACancelledLocationWithoutCacheStopsBeforeTheLoad) {
     Client k;
     k.w.p.modMain.ModusNetwerk = true;
-    k.w.platform.fakeEnvironment().setVariable(QStringLiteral("LOGONSERVER"), QString());
+    k.w.platform.fakeEnvironment().setVariable("LOGONSERVER", QString());
     k.w.dialogen.opModaal = [](Form& f) { static_cast<FrmNetwerk&>(f).cmdAnnuleren_Click(); };
     k.w.p.modMainVerbinding->StartVerbinding(false);
     EXPECT_TRUE(k.stappen.log.isEmpty());
@@ -155,7 +150,7 @@ TEST(FrmNetwerkTest, ShowsThePortOnlyWhenItIsNotTheDefault) {
     };
     for (const Case c : {Case{34487, "pc1"}, Case{4000, "pc1:4000"}, Case{0, "pc1"}}) {
         Client k;
-        k.w.p.frmMain->ServerHost = QStringLiteral("pc1");
+        k.w.p.frmMain->ServerHost = "pc1";
         k.w.p.frmMain->ServerPoort = c.poort;
         QString gezien;
         k.w.dialogen.opModaal = [&](Form& f) { gezien = static_cast<FrmNetwerk&>(f).txtNaam; };
@@ -164,24 +159,24 @@ TEST(FrmNetwerkTest, ShowsThePortOnlyWhenItIsNotTheDefault) {
     }
     Client k;
     FrmNetwerk& n = k.w.p.modMainVerbinding->frmNetwerk;
-    n.tvwNetwork_NodeClick(QStringLiteral("\\\\SERVER01"));
-    EXPECT_EQ(n.txtNaam, QStringLiteral("SERVER01"));
-    n.tvwNetwork_NodeClick(QStringLiteral("Werkgroep"));
-    EXPECT_EQ(n.txtNaam, QStringLiteral("SERVER01"));
+    n.tvwNetwork_NodeClick("\\\\SERVER01");
+    EXPECT_EQ(n.txtNaam, "SERVER01");
+    n.tvwNetwork_NodeClick("Werkgroep");
+    EXPECT_EQ(n.txtNaam, "SERVER01");
 }
 
 TEST(ServerlocatieTestTest, TheFirewallTestAsksTheServerAndASilentOneCountsAsAClosedFirewall) {
     for (const bool antwoordt : {true, false}) {
         SCOPED_TRACE(antwoordt);
         ScriptedPeer peer;
-        peer.op(QStringLiteral("FIR"), antwoordt ? QStringLiteral("FIRschool.local") : QString(),
+        peer.op("FIR", antwoordt ? "FIRschool.local" : QString(),
                 antwoordt ? Levering::Heel : Levering::Stil);
         Client k;
         k.w.p.modMain.ModusNetwerk = true;
         k.w.p.modMain.StilActiveren = !antwoordt; // no second question
-        k.locatie(QStringLiteral("127.0.0.1:%1").arg(peer.poort()));
+        k.locatie(QString("127.0.0.1:%1").arg(peer.poort()));
         EXPECT_EQ(k.w.p.modMainVerbinding->TestServerlocatie(false), antwoordt);
-        EXPECT_EQ(k.w.p.frmMain->Domein, antwoordt ? QStringLiteral("school.local") : QString());
+        EXPECT_EQ(k.w.p.frmMain->Domein, antwoordt ? "school.local" : QString());
         EXPECT_FALSE(k.w.p.frmMain->isConnected()); // closed again after the test
         EXPECT_FALSE(k.w.p.frmMain->VerbindingTesten);
         EXPECT_FALSE(k.w.p.beeindigd);
@@ -190,21 +185,20 @@ TEST(ServerlocatieTestTest, TheFirewallTestAsksTheServerAndASilentOneCountsAsACl
 }
 
 TEST(ModInternetTest, TheInternetTestEchoesTheWebServerUntilItIsOnline) {
-    EXPECT_EQ(ModInternet::StatusTekst(0), QStringLiteral("Online"));
-    EXPECT_EQ(ModInternet::StatusTekst(200), QStringLiteral("Ping timed out"));
-    EXPECT_EQ(ModInternet::StatusTekst(11009), QStringLiteral("Pachage too big for this host"));
-    EXPECT_EQ(ModInternet::StatusTekst(42), QStringLiteral("Unexpected error"));
+    EXPECT_EQ(ModInternet::StatusTekst(0), "Online");
+    EXPECT_EQ(ModInternet::StatusTekst(200), "Ping timed out");
+    EXPECT_EQ(ModInternet::StatusTekst(11009), "Pachage too big for this host");
+    EXPECT_EQ(ModInternet::StatusTekst(42), "Unexpected error");
 
     Client k;
     ModInternet internet(k.w.p);
     EXPECT_FALSE(internet.ControleerInternet(5)); // no web address configured
     EXPECT_TRUE(k.w.platform.fakeNetwork().gepingd.isEmpty());
-    k.w.p.modMain.SchrijfIni(QStringLiteral("http://web.school.test:8080/"),
-                             QStringLiteral("Instellingen"), QStringLiteral("Webadres"),
-                             QStringLiteral("\\Data\\Instellingen.ini"));
+    k.w.p.modMain.SchrijfIni("http://web.school.test:8080/", "Instellingen", "Webadres",
+                             "\\Data\\Instellingen.ini");
     EXPECT_FALSE(internet.ControleerInternet(2));
     EXPECT_GE(k.w.platform.fakeNetwork().gepingd.size(), 2);
-    EXPECT_EQ(k.w.platform.fakeNetwork().gepingd[0], QStringLiteral("web.school.test:8080"));
-    k.w.platform.fakeNetwork().status.insert(QStringLiteral("web.school.test:8080"), 0);
+    EXPECT_EQ(k.w.platform.fakeNetwork().gepingd[0], "web.school.test:8080");
+    k.w.platform.fakeNetwork().status.insert("web.school.test:8080", 0);
     EXPECT_TRUE(internet.ControleerInternet(2));
 }

@@ -167,7 +167,7 @@ struct Upload {
     // The way frmHelp sends: Reset, host, ports, Source; Connect; wait; SendInfo.
     bool biedAan(const QString& bron) {
         sender.Reset();
-        sender.setRemoteHost(QStringLiteral("127.0.0.1"));
+        sender.setRemoteHost("127.0.0.1");
         sender.setRemotePortInfo(server.infoPoort());
         sender.setRemotePortBinary(server.binairPoort());
         if (!sender.setSource(bron))
@@ -241,20 +241,19 @@ TEST(DownloadTest, FilesOfOneByteABlockABlockAndOneAndFiftyMegabytesArriveWholeO
     for (const qint64 grootte : {qint64(1), blok, blok + 1, vijftigMB}) {
         SCOPED_TRACE(grootte);
         const QByteArray bytes = inhoud(grootte, quint32(grootte));
-        const QString doel = QStringLiteral("\\Tijdelijk\\doel%1.bin").arg(grootte);
+        const QString doel = QString("\\Tijdelijk\\doel%1.bin").arg(grootte);
         const int klaarVoor = d.klaar;
         d.receiver.ResetFile();
         ASSERT_TRUE(d.bied(QByteArrayLiteral("FIS") + QByteArray::number(grootte) + "|0@doel.bin"));
         EXPECT_EQ(d.receiver.currentFileSize(), grootte);
-        EXPECT_EQ(d.receiver.currentFileName(), QStringLiteral("doel.bin"));
+        EXPECT_EQ(d.receiver.currentFileName(), "doel.bin");
         ASSERT_TRUE(d.accepteer(doel));
         EXPECT_EQ(d.tijdelijk().size(), 1);
         d.server.stuurBinair(bytes);
         ASSERT_TRUE(d.laatste("RFC"));
         EXPECT_EQ(d.klaar, klaarVoor + 1);
         totaal += grootte;
-        EXPECT_TRUE(
-            zelfdeBytes(bytes, d.w.lees(QStringLiteral("Tijdelijk/doel%1.bin").arg(grootte))));
+        EXPECT_TRUE(zelfdeBytes(bytes, d.w.lees(QString("Tijdelijk/doel%1.bin").arg(grootte))));
         EXPECT_EQ(d.tijdelijk(), QStringList());
         EXPECT_EQ(d.receiver.ontvangen(), grootte);
         EXPECT_EQ(d.receiver.totaal(), totaal);
@@ -275,13 +274,13 @@ TEST(UploadTest, FilesOfOneByteABlockABlockAndOneAndFiftyMegabytesArriveWhole) {
     for (const qint64 grootte : {qint64(1), blok, blok + 1, qint64(270341), vijftigMB}) {
         SCOPED_TRACE(grootte);
         const QByteArray bytes = inhoud(grootte, quint32(grootte) + 7);
-        u.w.schrijf(QStringLiteral("Tijdelijk/scherm.bin"), bytes);
+        u.w.schrijf("Tijdelijk/scherm.bin", bytes);
         u.server.infoOntvangen.clear();
         u.server.binairOntvangen.clear();
         u.server.binairAantal = 0;
         u.voortgang.clear();
         const int klaarVoor = u.klaar;
-        ASSERT_TRUE(u.biedAan(QStringLiteral("\\Tijdelijk\\scherm.bin")));
+        ASSERT_TRUE(u.biedAan("\\Tijdelijk\\scherm.bin"));
         ASSERT_TRUE(wachtOp(u.w.p, [&] { return u.klaar > klaarVoor; }));
         ASSERT_FALSE(u.server.infoOntvangen.isEmpty());
         EXPECT_EQ(u.server.infoOntvangen.first(),
@@ -295,7 +294,7 @@ TEST(UploadTest, FilesOfOneByteABlockABlockAndOneAndFiftyMegabytesArriveWhole) {
         EXPECT_EQ(u.sender.verzonden(), 0);
     }
     // The original file is only read.
-    EXPECT_EQ(u.w.lees(QStringLiteral("Tijdelijk/scherm.bin")).size(), vijftigMB);
+    EXPECT_EQ(u.w.lees("Tijdelijk/scherm.bin").size(), vijftigMB);
     EXPECT_TRUE(u.fouten.isEmpty()) << u.fouten.join(u'\n').toStdString();
     EXPECT_TRUE(u.w.dialogen.getoond.isEmpty());
 }
@@ -303,14 +302,14 @@ TEST(UploadTest, FilesOfOneByteABlockABlockAndOneAndFiftyMegabytesArriveWhole) {
 TEST(TransferTest, AnEmptyFileMovesNoByteAndEndsOnlyWhenTheServerSaysSo) {
     Download d;
     ASSERT_TRUE(d.opgezet());
-    d.w.schrijf(QStringLiteral("Tijdelijk/leeg.bin"), "oud");
+    d.w.schrijf("Tijdelijk/leeg.bin", "oud");
     ASSERT_TRUE(d.bied("FIS0|0@leeg.bin"));
-    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Tijdelijk\\leeg.bin")));
+    ASSERT_TRUE(d.accepteer("\\Tijdelijk\\leeg.bin"));
     // Completion is tested only when bytes arrive; an empty file brings none.
     d.w.p.wacht.Pomp();
     EXPECT_EQ(d.klaar, 0);
     EXPECT_FALSE(d.server.infoOntvangen.contains("RFC"));
-    EXPECT_EQ(d.w.lees(QStringLiteral("Tijdelijk/leeg.bin")), QByteArray("oud"));
+    EXPECT_EQ(d.w.lees("Tijdelijk/leeg.bin"), QByteArray("oud"));
     EXPECT_EQ(d.tijdelijk().size(), 1);
     d.receiver.ResetFile();
     EXPECT_EQ(d.tijdelijk(), QStringList());
@@ -319,8 +318,8 @@ TEST(TransferTest, AnEmptyFileMovesNoByteAndEndsOnlyWhenTheServerSaysSo) {
     EXPECT_TRUE(wachtOp(d.w.p, [&] { return d.klaar == 1; }));
 
     Upload u;
-    u.w.schrijf(QStringLiteral("Tijdelijk/leeg.bin"), QByteArray());
-    ASSERT_TRUE(u.biedAan(QStringLiteral("\\Tijdelijk\\leeg.bin")));
+    u.w.schrijf("Tijdelijk/leeg.bin", QByteArray());
+    ASSERT_TRUE(u.biedAan("\\Tijdelijk\\leeg.bin"));
     ASSERT_TRUE(wachtOp(u.w.p, [&] { return u.sendFileTerug == 1; }));
     EXPECT_EQ(u.server.infoOntvangen.first(), QByteArray("FIS0|0@leeg.bin"));
     EXPECT_FALSE(u.sender.speedTimerActive());
@@ -377,23 +376,23 @@ TEST(DownloadTest, BadOffersAreRefusedAndAnOfferBeforeTheEndOverwritesTheAnnounc
     // A second offer halfway a file: its size, number and name count from then on.
     const QByteArray bytes = inhoud(100);
     ASSERT_TRUE(d.bied("FIS100|0@eerste.bin"));
-    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Tijdelijk\\doel.bin")));
+    ASSERT_TRUE(d.accepteer("\\Tijdelijk\\doel.bin"));
     d.server.stuurBinair(bytes.left(10));
     ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.receiver.ontvangen() == 10; }));
     ASSERT_TRUE(d.bied("FIS20|4@tweede.bin"));
     EXPECT_EQ(d.receiver.currentFileSize(), 20);
-    EXPECT_EQ(d.receiver.currentFileName(), QStringLiteral("tweede.bin"));
+    EXPECT_EQ(d.receiver.currentFileName(), "tweede.bin");
     EXPECT_EQ(d.receiver.currentFileNumber(), 4);
     d.server.stuurBinair(bytes.mid(10, 10));
     ASSERT_TRUE(d.laatste("RFC"));
-    EXPECT_EQ(d.w.lees(QStringLiteral("Tijdelijk/doel.bin")), bytes.left(20));
+    EXPECT_EQ(d.w.lees("Tijdelijk/doel.bin"), bytes.left(20));
     EXPECT_EQ(d.klaar, 1);
 }
 
 TEST(DownloadTest, OfferedNamesWithPathsWriteOnlyToTheCallersTarget) {
     Download d;
     ASSERT_TRUE(d.opgezet());
-    d.w.schrijf(QStringLiteral("Pakket/lees.mij"), "blijft");
+    d.w.schrijf("Pakket/lees.mij", "blijft");
     for (const char* naam : {"../../etc/passwd", "a\\..\\b", "..\\..\\..\\Data\\Instellingen.ini",
                              "/etc/passwd", "..", "C:\\Windows\\win.ini", "Tijdelijk/../../x"}) {
         SCOPED_TRACE(naam);
@@ -406,13 +405,11 @@ TEST(DownloadTest, OfferedNamesWithPathsWriteOnlyToTheCallersTarget) {
                 verboden.append(plek);
         }
         const QByteArray bytes = inhoud(3000);
-        ASSERT_TRUE(d.haal(QByteArrayLiteral("FIS3000|0@") + naam,
-                           QStringLiteral("\\Pakket\\doel.dat"), bytes));
+        ASSERT_TRUE(d.haal(QByteArrayLiteral("FIS3000|0@") + naam, "\\Pakket\\doel.dat", bytes));
         EXPECT_EQ(d.receiver.currentFileName(), QString::fromLatin1(naam));
-        EXPECT_TRUE(zelfdeBytes(bytes, d.w.lees(QStringLiteral("Pakket/doel.dat"))));
-        EXPECT_EQ(d.w.lees(QStringLiteral("Pakket/lees.mij")), QByteArray("blijft"));
-        EXPECT_EQ(bestandenOnder(d.w.map()), (QStringList{QStringLiteral("Pakket/doel.dat"),
-                                                          QStringLiteral("Pakket/lees.mij")}));
+        EXPECT_TRUE(zelfdeBytes(bytes, d.w.lees("Pakket/doel.dat")));
+        EXPECT_EQ(d.w.lees("Pakket/lees.mij"), QByteArray("blijft"));
+        EXPECT_EQ(bestandenOnder(d.w.map()), (QStringList{"Pakket/doel.dat", "Pakket/lees.mij"}));
         for (const QString& plek : verboden)
             EXPECT_FALSE(QFileInfo(plek).isFile()) << plek.toStdString();
     }
@@ -427,14 +424,14 @@ TEST(DownloadTest, BytesBeyondTheAnnouncedSizeOrWithoutAnAcceptedFileNeverReachA
     EXPECT_EQ(bestandenOnder(d.w.map()), QStringList());
 
     const QByteArray bytes = inhoud(15);
-    ASSERT_TRUE(d.haal("FIS10|0@tien", QStringLiteral("\\Tijdelijk\\tien.bin"), bytes));
-    EXPECT_EQ(d.w.lees(QStringLiteral("Tijdelijk/tien.bin")), bytes.left(10));
+    ASSERT_TRUE(d.haal("FIS10|0@tien", "\\Tijdelijk\\tien.bin", bytes));
+    EXPECT_EQ(d.w.lees("Tijdelijk/tien.bin"), bytes.left(10));
     EXPECT_EQ(d.receiver.ontvangen(), 10);
     EXPECT_EQ(d.fouten.size(), 2);
     // After the end.
     d.server.stuurBinair("laat");
     ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.fouten.size() == 3; }));
-    EXPECT_EQ(d.w.lees(QStringLiteral("Tijdelijk/tien.bin")), bytes.left(10));
+    EXPECT_EQ(d.w.lees("Tijdelijk/tien.bin"), bytes.left(10));
     EXPECT_EQ(d.klaar, 1);
     EXPECT_EQ(d.server.infoOntvangen.count("RFC"), 1);
 }
@@ -443,18 +440,18 @@ TEST(DownloadTest, ADisconnectMidFileLeavesTheTargetUntouchedAndNoTemporaryFiles
     Download d;
     ASSERT_TRUE(d.opgezet());
     const QByteArray oud("het vorige thema");
-    d.w.schrijf(QStringLiteral("Tijdelijk/thema.bin"), oud);
+    d.w.schrijf("Tijdelijk/thema.bin", oud);
     for (int poging = 0; poging < 3; ++poging) {
         SCOPED_TRACE(poging);
         ASSERT_TRUE(d.bied("FIS100000|3@thema.bin"));
-        ASSERT_TRUE(d.accepteer(QStringLiteral("\\Tijdelijk\\thema.bin")));
+        ASSERT_TRUE(d.accepteer("\\Tijdelijk\\thema.bin"));
         d.server.stuurBinair(inhoud(40000));
         ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.receiver.ontvangen() == 40000; }));
         const qsizetype foutenVoor = d.fouten.size();
         d.server.sluit();
         ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.fouten.size() > foutenVoor; }));
         EXPECT_EQ(d.klaar, 0);
-        EXPECT_EQ(d.w.lees(QStringLiteral("Tijdelijk/thema.bin")), oud);
+        EXPECT_EQ(d.w.lees("Tijdelijk/thema.bin"), oud);
         // The broken transfer leaves its temporary file, and only that one, until the caller
         // drops it and starts again.
         EXPECT_EQ(d.tijdelijk().size(), 1);
@@ -467,36 +464,35 @@ TEST(DownloadTest, ADisconnectMidFileLeavesTheTargetUntouchedAndNoTemporaryFiles
         ASSERT_TRUE(d.opgezet());
     }
     const QByteArray nieuw = inhoud(100000, 9);
-    ASSERT_TRUE(d.haal("FIS100000|0@thema.bin", QStringLiteral("\\Tijdelijk\\thema.bin"), nieuw));
-    EXPECT_TRUE(zelfdeBytes(nieuw, d.w.lees(QStringLiteral("Tijdelijk/thema.bin"))));
+    ASSERT_TRUE(d.haal("FIS100000|0@thema.bin", "\\Tijdelijk\\thema.bin", nieuw));
+    EXPECT_TRUE(zelfdeBytes(nieuw, d.w.lees("Tijdelijk/thema.bin")));
     EXPECT_EQ(d.tijdelijk(), QStringList());
 
     // A missing target folder is a reported fault that leaves no file behind.
     ASSERT_TRUE(d.bied("FIS4|0@x"));
-    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Bestaat\\Niet\\x.bin")));
+    ASSERT_TRUE(d.accepteer("\\Bestaat\\Niet\\x.bin"));
     d.server.stuurBinair("abcd");
     ASSERT_TRUE(wachtOp(d.w.p, [&] { return !d.w.dialogen.getoond.isEmpty(); }));
     EXPECT_EQ(d.klaar, 1);
     EXPECT_EQ(d.server.infoOntvangen.count("RFC"), 1);
     EXPECT_EQ(d.tijdelijk(), QStringList());
-    EXPECT_FALSE(QFileInfo::exists(d.w.pad(QStringLiteral("Bestaat"))));
+    EXPECT_FALSE(QFileInfo::exists(d.w.pad("Bestaat")));
 }
 
 TEST(DownloadTest, ATemporaryFileLeftByAnEarlierRunIsRemovedAtListen) {
     Werkplek w;
-    w.schrijf(QStringLiteral("Tijdelijk/Ontvangst/TMPab12cd"), "rest van een vorige keer");
-    w.schrijf(QStringLiteral("Tijdelijk/pakket.pictogrammen"), "niet van de ontvanger");
+    w.schrijf("Tijdelijk/Ontvangst/TMPab12cd", "rest van een vorige keer");
+    w.schrijf("Tijdelijk/pakket.pictogrammen", "niet van de ontvanger");
     BinaryReceiver receiver(w.p);
     ASSERT_TRUE(receiver.Listen());
-    EXPECT_EQ(bestandenOnder(w.map()),
-              QStringList{QStringLiteral("Tijdelijk/pakket.pictogrammen")});
+    EXPECT_EQ(bestandenOnder(w.map()), QStringList{"Tijdelijk/pakket.pictogrammen"});
 }
 
 TEST(UploadTest, RefusedCutOffOrSourcelessUploadsEndWithoutCompletion) {
     Upload u;
     u.server.opAanbod = TransferPeer::Antwoord::Weigeren;
-    u.w.schrijf(QStringLiteral("Tijdelijk/x.bin"), inhoud(5000));
-    ASSERT_TRUE(u.biedAan(QStringLiteral("\\Tijdelijk\\x.bin")));
+    u.w.schrijf("Tijdelijk/x.bin", inhoud(5000));
+    ASSERT_TRUE(u.biedAan("\\Tijdelijk\\x.bin"));
     ASSERT_TRUE(wachtOp(u.w.p, [&] { return u.geweigerd == 1; }));
     u.w.p.wacht.Pomp();
     EXPECT_EQ(u.geaccepteerd, 0);
@@ -506,8 +502,8 @@ TEST(UploadTest, RefusedCutOffOrSourcelessUploadsEndWithoutCompletion) {
     u.server.opAanbod = TransferPeer::Antwoord::Accepteren;
     u.server.sluitNa = 100000;
     u.server.bewaarBytes = false;
-    u.w.schrijf(QStringLiteral("Tijdelijk/groot.bin"), inhoud(20 * 1024 * 1024));
-    ASSERT_TRUE(u.biedAan(QStringLiteral("\\Tijdelijk\\groot.bin")));
+    u.w.schrijf("Tijdelijk/groot.bin", inhoud(20 * 1024 * 1024));
+    ASSERT_TRUE(u.biedAan("\\Tijdelijk\\groot.bin"));
     ASSERT_TRUE(wachtOp(u.w.p, [&] { return u.sendFileTerug == 1; }));
     EXPECT_FALSE(u.fouten.isEmpty());
     EXPECT_LT(u.sender.verzonden(), 20 * 1024 * 1024);
@@ -516,8 +512,8 @@ TEST(UploadTest, RefusedCutOffOrSourcelessUploadsEndWithoutCompletion) {
 
     // A missing source, and sends without a connection, are reported faults.
     Upload zonder;
-    EXPECT_FALSE(zonder.sender.setSource(QStringLiteral("\\Tijdelijk\\bestaat-niet.bin")));
-    EXPECT_EQ(zonder.sender.currentFileName(), QStringLiteral("bestaat-niet.bin"));
+    EXPECT_FALSE(zonder.sender.setSource("\\Tijdelijk\\bestaat-niet.bin"));
+    EXPECT_EQ(zonder.sender.currentFileName(), "bestaat-niet.bin");
     EXPECT_EQ(zonder.sender.currentFileSize(), 0);
     zonder.sender.SendInfo();
     zonder.sender.SendFile();
@@ -537,14 +533,14 @@ TEST(FramingTest, AnOfferSplitOverTwoReadsIsAnOfferWithoutANameAndTwoInOneReadTh
     ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.klaar == 1; }));
     ASSERT_TRUE(d.bied("FIS1|0@y"));
     EXPECT_EQ(d.vragen, 2);
-    EXPECT_EQ(d.receiver.currentFileName(), QStringLiteral("y"));
+    EXPECT_EQ(d.receiver.currentFileName(), "y");
     EXPECT_TRUE(d.fouten.isEmpty());
 
     // "ACP" and "RFC" together: the file goes, but completion is never told.
     Upload u;
     u.server.opAanbod = TransferPeer::Antwoord::Stil;
-    u.w.schrijf(QStringLiteral("Tijdelijk/x.bin"), "abc");
-    ASSERT_TRUE(u.biedAan(QStringLiteral("\\Tijdelijk\\x.bin")));
+    u.w.schrijf("Tijdelijk/x.bin", "abc");
+    ASSERT_TRUE(u.biedAan("\\Tijdelijk\\x.bin"));
     ASSERT_TRUE(wachtOp(u.w.p, [&] { return !u.server.infoOntvangen.isEmpty(); }));
     u.server.aangekondigd = -1;
     u.server.stuurInfo("ACPRFC");
@@ -567,7 +563,7 @@ TEST(SpeedTest, EachTickReportsTheBytesOfTheLastHalfSecondInKilobytesPerSecond) 
     QList<qint64> snelheden;
     d.receiver.onSpeedRecord = [&](qint64 kbps) { snelheden.append(kbps); };
     ASSERT_TRUE(d.bied("FIS30720|0@s"));
-    ASSERT_TRUE(d.accepteer(QStringLiteral("\\Tijdelijk\\s.bin")));
+    ASSERT_TRUE(d.accepteer("\\Tijdelijk\\s.bin"));
     d.server.stuurBinair(inhoud(10240));
     ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.receiver.ontvangen() == 10240; }));
     EXPECT_TRUE(d.receiver.speedTimerActive());
@@ -583,8 +579,8 @@ TEST(SpeedTest, EachTickReportsTheBytesOfTheLastHalfSecondInKilobytesPerSecond) 
     QList<qint64> uit;
     u.sender.onSpeedRecord = [&](qint64 kbps) { uit.append(kbps); };
     u.sender.onSendComplete = [&] { ++u.klaar; };
-    u.w.schrijf(QStringLiteral("Tijdelijk/x.bin"), inhoud(51200));
-    ASSERT_TRUE(u.biedAan(QStringLiteral("\\Tijdelijk\\x.bin")));
+    u.w.schrijf("Tijdelijk/x.bin", inhoud(51200));
+    ASSERT_TRUE(u.biedAan("\\Tijdelijk\\x.bin"));
     ASSERT_TRUE(wachtOp(u.w.p, [&] { return u.klaar == 1; }));
     u.sender.tmrUploadSpeed_Timer();
     u.sender.tmrUploadSpeed_Timer();
@@ -596,7 +592,7 @@ TEST(DownloadTest, TheSamePortsListenAgainAfterResetAndATakenPortIsAnError) {
     ASSERT_TRUE(d.opgezet());
     const qint64 info = d.receiver.localPortInfo();
     const qint64 binair = d.receiver.localPortBinary();
-    ASSERT_TRUE(d.haal("FIS3|0@a", QStringLiteral("\\Tijdelijk\\a.bin"), "abc"));
+    ASSERT_TRUE(d.haal("FIS3|0@a", "\\Tijdelijk\\a.bin", "abc"));
 
     d.receiver.Reset();
     ASSERT_TRUE(d.receiver.Listen());
@@ -619,6 +615,6 @@ TEST(DownloadTest, TheSamePortsListenAgainAfterResetAndATakenPortIsAnError) {
 
     d.herstart();
     ASSERT_TRUE(d.opgezet());
-    ASSERT_TRUE(d.haal("FIS2|0@b", QStringLiteral("\\Tijdelijk\\b.bin"), "de"));
-    EXPECT_EQ(d.w.lees(QStringLiteral("Tijdelijk/b.bin")), QByteArray("de"));
+    ASSERT_TRUE(d.haal("FIS2|0@b", "\\Tijdelijk\\b.bin", "de"));
+    EXPECT_EQ(d.w.lees("Tijdelijk/b.bin"), QByteArray("de"));
 }
