@@ -12,8 +12,8 @@ using namespace tk;
 
 TEST(PathResolverTest, MatchesEachPartWithoutRegardToCase) {
     QTemporaryDir dir;
-    QDir(dir.path()).mkpath(QStringLiteral("Data/Internet"));
-    QFile f(dir.filePath(QStringLiteral("Data/Instellingen.ini")));
+    QDir(dir.path()).mkpath("Data/Internet");
+    QFile f(dir.filePath("Data/Instellingen.ini"));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.close();
     struct Case {
@@ -33,16 +33,15 @@ TEST(PathResolverTest, MatchesEachPartWithoutRegardToCase) {
         EXPECT_EQ(PathResolver::resolve(dir.path(), QString::fromLatin1(c.path)),
                   dir.path() + QLatin1Char('/') + QString::fromLatin1(c.expected));
     }
-    EXPECT_EQ(PathResolver::resolve(dir.path(), QStringLiteral("/etc/hosts")),
-              QStringLiteral("/etc/hosts"));
+    EXPECT_EQ(PathResolver::resolve(dir.path(), "/etc/hosts"), "/etc/hosts");
 }
 
 TEST(LinuxEnvironmentTest, AnswersTheFiveValuesAndNothingElse) {
     LinuxEnvironment env;
-    EXPECT_FALSE(env.variable(QStringLiteral("USERNAME")).isEmpty());
-    EXPECT_FALSE(env.variable(QStringLiteral("TEMP")).isEmpty());
-    EXPECT_TRUE(env.variable(QStringLiteral("LOGONSERVER")).startsWith(QStringLiteral("\\\\")));
-    EXPECT_TRUE(env.variable(QStringLiteral("PATH")).isEmpty());
+    EXPECT_FALSE(env.variable("USERNAME").isEmpty());
+    EXPECT_FALSE(env.variable("TEMP").isEmpty());
+    EXPECT_TRUE(env.variable("LOGONSERVER").startsWith("\\\\"));
+    EXPECT_TRUE(env.variable("PATH").isEmpty());
     const QString name = env.computerName();
     EXPECT_FALSE(name.isEmpty());
     EXPECT_LE(name.size(), 15);
@@ -53,8 +52,8 @@ TEST(LinuxEnvironmentTest, AnswersTheFiveValuesAndNothingElse) {
 TEST(LinuxPlatformTest, KeepsTheRegistryInTheProgramFolder) {
     QTemporaryDir dir;
     LinuxPlatform platform(dir.path());
-    platform.registry().write(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
-                              QStringLiteral("Modus"), RegistryValue::string(QStringLiteral("0")));
-    EXPECT_TRUE(QFile::exists(dir.filePath(QStringLiteral("Register/HKEY_LOCAL_MACHINE.reg"))));
+    platform.registry().write(RegistryRoot::LocalMachine, "SOFTWARE\\Tafelkrater", "Modus",
+                              RegistryValue::string("0"));
+    EXPECT_TRUE(QFile::exists(dir.filePath("Register/HKEY_LOCAL_MACHINE.reg")));
     EXPECT_EQ(platform.programFolder(), dir.path());
 }

@@ -21,15 +21,15 @@ TEST(LinuxProcessesTest, NamesWhyAStartFails) {
     LinuxProcesses p;
     QTemporaryDir map;
     // A file marked executable that is no program and has no interpreter line.
-    QFile onzin(map.filePath(QStringLiteral("onzin")));
+    QFile onzin(map.filePath("onzin"));
     ASSERT_TRUE(onzin.open(QIODevice::WriteOnly));
     onzin.write("\x01\x02\x03 geen programma");
     onzin.close();
     onzin.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 
-    EXPECT_EQ(p.start(QStringLiteral("/geen/programma"), {}, {}).code, 2);
-    EXPECT_EQ(p.start(QStringLiteral("geen-programma-met-deze-naam"), {}, {}).code, 2);
-    EXPECT_EQ(p.start(QStringLiteral("/bin/sh"), {}, QStringLiteral("/geen/map")).code, 3);
+    EXPECT_EQ(p.start("/geen/programma", {}, {}).code, 2);
+    EXPECT_EQ(p.start("geen-programma-met-deze-naam", {}, {}).code, 2);
+    EXPECT_EQ(p.start("/bin/sh", {}, "/geen/map").code, 3);
     EXPECT_EQ(p.start(map.path(), {}, {}).code, 5); // a folder is no program
     EXPECT_EQ(p.start(onzin.fileName(), {}, {}).code, 11);
 }
@@ -46,14 +46,12 @@ TEST(LinuxProcessesTest, RunsInTheGivenFolderWithTheGivenArguments) {
     ::dup2(invoer[0], STDIN_FILENO);
     ::close(invoer[0]);
     const tk::StartResult r = p.start(
-        QStringLiteral("sh"),
-        {QStringLiteral("-c"), QStringLiteral("printf '%s|%s|%s' \"$PWD\" \"$1\" \"$(cat)\" > uit"),
-         QStringLiteral("sh"), QStringLiteral("een woord")},
+        "sh", {"-c", "printf '%s|%s|%s' \"$PWD\" \"$1\" \"$(cat)\" > uit", "sh", "een woord"},
         map.path());
     ::dup2(eigen, STDIN_FILENO);
     ::close(eigen);
     ASSERT_TRUE(r.started());
-    QFile uit(map.filePath(QStringLiteral("uit")));
+    QFile uit(map.filePath("uit"));
     ASSERT_TRUE(waitUntil([&] { return !p.isRunning(r.pid) && uit.size() > 0; }));
     ASSERT_TRUE(uit.open(QIODevice::ReadOnly));
     // Nothing to read: the program neither gets our input nor waits for input that never comes.
@@ -63,8 +61,7 @@ TEST(LinuxProcessesTest, RunsInTheGivenFolderWithTheGivenArguments) {
 TEST(LinuxProcessesTest, FollowsWhatAWrapperLeftBehindApartFromOtherStartsAndEndsItWhole) {
     LinuxProcesses p;
     const auto sh = [&](const char* regel) {
-        return p.start(QStringLiteral("sh"), {QStringLiteral("-c"), QString::fromLatin1(regel)},
-                       {});
+        return p.start("sh", {"-c", QString::fromLatin1(regel)}, {});
     };
     // A shell that starts the real program and exits at once: the program lives on, no longer
     // below the process that was started. Beside it a shell that waits for its child.
@@ -100,42 +97,39 @@ TEST(LinuxProcessesTest, TheWebProxyReachesTheEnvironmentOfStartedProgramsOnly) 
     qputenv("TK_MERKTEKEN", "blijft");
     // What a program sees, started either way; it writes the file whole and then names it.
     const auto omgeving = [&](bool los, const char* naam) {
-        const QString env = map.filePath(QStringLiteral("env"));
+        const QString env = map.filePath("env");
         QFile::remove(env);
-        const QStringList args{QStringLiteral("-c"), QStringLiteral("env > e && mv e env")};
+        const QStringList args{"-c", "env > e && mv e env"};
         if (los) {
-            EXPECT_TRUE(p.startDetached(QStringLiteral("sh"), args, map.path()));
+            EXPECT_TRUE(p.startDetached("sh", args, map.path()));
         } else {
-            const tk::StartResult r = p.start(QStringLiteral("sh"), args, map.path());
+            const tk::StartResult r = p.start("sh", args, map.path());
             EXPECT_TRUE(r.started());
         }
         EXPECT_TRUE(waitUntil([&] { return QFile::exists(env); }));
         QFile uit(env);
         EXPECT_TRUE(uit.open(QIODevice::ReadOnly));
         QStringList regels = QString::fromLocal8Bit(uit.readAll()).split(QLatin1Char('\n'));
-        regels = regels.filter(
-            QRegularExpression(QStringLiteral("^(%1)=").arg(QString::fromLatin1(naam))));
+        regels =
+            regels.filter(QRegularExpression(QString("^(%1)=").arg(QString::fromLatin1(naam))));
         regels.sort();
         return regels;
     };
-    const QString dood = QStringLiteral("http://dood.invalid:8080/");
+    const QString dood = "http://dood.invalid:8080/";
     for (bool los : {false, true}) {
         SCOPED_TRACE(los ? "detached" : "followed");
-        p.setWebProxy(QStringLiteral(" dood.invalid:8080 "));
+        p.setWebProxy(" dood.invalid:8080 ");
+        EXPECT_EQ(omgeving(los, "http_proxy|HTTPS_PROXY|ALL_PROXY|ftp_proxy|TK_MERKTEKEN"),
+                  (QStringList{"ALL_PROXY=" + dood, "HTTPS_PROXY=" + dood, "TK_MERKTEKEN=blijft",
+                               "ftp_proxy=" + dood, "http_proxy=" + dood}));
         EXPECT_EQ(
-            omgeving(los, "http_proxy|HTTPS_PROXY|ALL_PROXY|ftp_proxy|TK_MERKTEKEN"),
-            (QStringList{QStringLiteral("ALL_PROXY=") + dood, QStringLiteral("HTTPS_PROXY=") + dood,
-                         QStringLiteral("TK_MERKTEKEN=blijft"), QStringLiteral("ftp_proxy=") + dood,
-                         QStringLiteral("http_proxy=") + dood}));
-        EXPECT_EQ(omgeving(los, "no_proxy|NO_PROXY"),
-                  (QStringList{QStringLiteral("NO_PROXY=localhost,127.0.0.1,::1"),
-                               QStringLiteral("no_proxy=localhost,127.0.0.1,::1")}));
+            omgeving(los, "no_proxy|NO_PROXY"),
+            (QStringList{"NO_PROXY=localhost,127.0.0.1,::1", "no_proxy=localhost,127.0.0.1,::1"}));
         EXPECT_EQ(qgetenv("http_proxy"), QByteArray("http://eigen:1/")) << "our own stays";
 
         p.setWebProxy({});
         EXPECT_EQ(omgeving(los, "http_proxy|https_proxy|no_proxy|TK_MERKTEKEN"),
-                  (QStringList{QStringLiteral("TK_MERKTEKEN=blijft"),
-                               QStringLiteral("http_proxy=http://eigen:1/")}));
+                  (QStringList{"TK_MERKTEKEN=blijft", "http_proxy=http://eigen:1/"}));
     }
     qunsetenv("http_proxy");
     qunsetenv("TK_MERKTEKEN");
@@ -158,7 +152,7 @@ TEST(PrivilegedSystemActionsTest, AnActionIsWaitedForWithTheEventsRunningAndStop
     // The privileged program of a program folder, run without sudo: it prints its arguments
     // and its input, fails for "weiger", and hangs for "hang".
     QTemporaryDir map;
-    QFile script(map.filePath(QStringLiteral("tafelkrater-systeem")));
+    QFile script(map.filePath("tafelkrater-systeem"));
     ASSERT_TRUE(script.open(QIODevice::WriteOnly));
     script.write("#!/bin/sh\n"
                  "case \"$1\" in hang) exec sleep 30;; weiger) echo refused; exit 2;; esac\n"
@@ -166,9 +160,8 @@ TEST(PrivilegedSystemActionsTest, AnActionIsWaitedForWithTheEventsRunningAndStop
     script.close();
     script.setPermissions(script.permissions() | QFileDevice::ExeOwner);
     tk::PrivilegedSystemActions acties(map.path(), 300, {});
-    EXPECT_EQ(acties.commandLine(QStringLiteral("admin-add"), {QStringLiteral("jan")}),
-              (QStringList{map.filePath(QStringLiteral("tafelkrater-systeem")),
-                           QStringLiteral("admin-add"), QStringLiteral("jan")}));
+    EXPECT_EQ(acties.commandLine("admin-add", {"jan"}),
+              (QStringList{map.filePath("tafelkrater-systeem"), "admin-add", "jan"}));
     struct Rij {
         const char* verb;
         bool gelukt;
@@ -187,8 +180,8 @@ TEST(PrivilegedSystemActionsTest, AnActionIsWaitedForWithTheEventsRunningAndStop
         QObject::connect(&tik, &QTimer::timeout, [&] { ++tikken; });
         tik.start(20);
         QString uitvoer;
-        EXPECT_EQ(r.gelukt, acties.run(QString::fromLatin1(r.verb), {QStringLiteral("jan")},
-                                       QStringLiteral("geheim \"x\""), &uitvoer));
+        EXPECT_EQ(r.gelukt,
+                  acties.run(QString::fromLatin1(r.verb), {"jan"}, "geheim \"x\"", &uitvoer));
         EXPECT_TRUE(uitvoer.startsWith(QString::fromUtf8(r.uitvoer))) << uitvoer.toStdString();
         if (qstrcmp(r.verb, "hang") == 0) {
             EXPECT_GT(tikken, 3);
@@ -196,6 +189,6 @@ TEST(PrivilegedSystemActionsTest, AnActionIsWaitedForWithTheEventsRunningAndStop
         }
     }
     // Without the program the action fails (rather than waiting out its time).
-    tk::PrivilegedSystemActions zonder(map.filePath(QStringLiteral("leeg")), 60000, {});
-    EXPECT_FALSE(zonder.run(QStringLiteral("autologon-remove"), {}, QString(), nullptr));
+    tk::PrivilegedSystemActions zonder(map.filePath("leeg"), 60000, {});
+    EXPECT_FALSE(zonder.run("autologon-remove", {}, QString(), nullptr));
 }

@@ -30,67 +30,55 @@ void writeAll(const QString& path, const QByteArray& bytes) {
 
 TEST(RegistryHiveTest, KeyPathsIgnoreCaseKeepTheFirstSpellingAndGoWithTheirSubkeys) {
     RegistryHive hive;
-    hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Modus"),
-                  RegistryValue::string(QStringLiteral("1")));
-    hive.setValue(QStringLiteral("Software\\Tafelkrater"), QStringLiteral("Language"),
-                  RegistryValue::string(QStringLiteral("1043")));
-    hive.setValue(QStringLiteral("SOFTWARE\\TAFELKRATER"), QStringLiteral("MODUS"),
-                  RegistryValue::string(QStringLiteral("2")));
+    hive.setValue("SOFTWARE\\Tafelkrater", "Modus", RegistryValue::string("1"));
+    hive.setValue("Software\\Tafelkrater", "Language", RegistryValue::string("1043"));
+    hive.setValue("SOFTWARE\\TAFELKRATER", "MODUS", RegistryValue::string("2"));
 
     ASSERT_EQ(hive.keys().size(), 2); // SOFTWARE and SOFTWARE\Tafelkrater
-    EXPECT_EQ(hive.keys()[1].path, QStringLiteral("SOFTWARE\\Tafelkrater"));
+    EXPECT_EQ(hive.keys()[1].path, "SOFTWARE\\Tafelkrater");
     ASSERT_EQ(hive.keys()[1].values.size(), 2);
-    EXPECT_EQ(hive.keys()[1].values[0].name, QStringLiteral("Modus"));
-    EXPECT_EQ(hive.value(QStringLiteral("software\\tafelkrater"), QStringLiteral("modus"))->text,
-              QStringLiteral("2"));
-    EXPECT_TRUE(hive.hasKey(QStringLiteral("\\SOFTWARE\\\\tafelkrater\\")));
+    EXPECT_EQ(hive.keys()[1].values[0].name, "Modus");
+    EXPECT_EQ(hive.value("software\\tafelkrater", "modus")->text, "2");
+    EXPECT_TRUE(hive.hasKey("\\SOFTWARE\\\\tafelkrater\\"));
 
     // Deleting a key takes its subkeys but not its neighbours.
     const auto v = RegistryValue::number(1);
-    hive.setValue(QStringLiteral("A\\B"), QStringLiteral("x"), v);
-    hive.setValue(QStringLiteral("A\\B\\C"), QStringLiteral("x"), v);
-    hive.setValue(QStringLiteral("A\\BC"), QStringLiteral("x"), v);
-    hive.deleteKey(QStringLiteral("a\\b"));
-    EXPECT_FALSE(hive.hasKey(QStringLiteral("A\\B")));
-    EXPECT_FALSE(hive.hasKey(QStringLiteral("A\\B\\C")));
-    EXPECT_TRUE(hive.hasKey(QStringLiteral("A\\BC")));
+    hive.setValue("A\\B", "x", v);
+    hive.setValue("A\\B\\C", "x", v);
+    hive.setValue("A\\BC", "x", v);
+    hive.deleteKey("a\\b");
+    EXPECT_FALSE(hive.hasKey("A\\B"));
+    EXPECT_FALSE(hive.hasKey("A\\B\\C"));
+    EXPECT_TRUE(hive.hasKey("A\\BC"));
 }
 
 TEST(RegFileTest, WritesAndReadsBackTypedValuesWithEscapes) {
     RegistryHive hive;
-    hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Modus"),
-                  RegistryValue::string(QStringLiteral("1")));
-    hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Beta"),
-                  RegistryValue::number(1));
-    hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Locatie server"),
-                  RegistryValue::string(QStringLiteral("C:\\Pad \"met\" quotes")));
-    hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QString(),
-                  RegistryValue::string(QStringLiteral("standaard")));
-    hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Bin"),
-                  RegistryValue::other(QStringLiteral("hex:01,02")));
-    hive.setValue(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Regels"),
-                  RegistryValue::string(QStringLiteral("een\ntwee\r\ndrie\r")));
+    hive.setValue("SOFTWARE\\Tafelkrater", "Modus", RegistryValue::string("1"));
+    hive.setValue("SOFTWARE\\Tafelkrater", "Beta", RegistryValue::number(1));
+    hive.setValue("SOFTWARE\\Tafelkrater", "Locatie server",
+                  RegistryValue::string("C:\\Pad \"met\" quotes"));
+    hive.setValue("SOFTWARE\\Tafelkrater", QString(), RegistryValue::string("standaard"));
+    hive.setValue("SOFTWARE\\Tafelkrater", "Bin", RegistryValue::other("hex:01,02"));
+    hive.setValue("SOFTWARE\\Tafelkrater", "Regels", RegistryValue::string("een\ntwee\r\ndrie\r"));
     // A space that ends a key's name is part of it, also when the key is last in its line.
-    hive.createKey(QStringLiteral("SOFTWARE\\Spatie \\Eind "));
+    hive.createKey("SOFTWARE\\Spatie \\Eind ");
     const QString text = RegFile::write(RegistryRoot::LocalMachine, hive);
-    EXPECT_TRUE(text.startsWith(QStringLiteral("REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\SOFTWARE]\n")));
-    EXPECT_TRUE(text.contains(QStringLiteral("\"Modus\"=\"1\"\n")));
-    EXPECT_TRUE(text.contains(QStringLiteral("\"Beta\"=dword:00000001\n")));
-    EXPECT_TRUE(text.contains(QStringLiteral("@=\"standaard\"\n")));
-    EXPECT_TRUE(text.contains(QStringLiteral("\"Bin\"=hex:01,02\n")));
+    EXPECT_TRUE(text.startsWith("REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\SOFTWARE]\n"));
+    EXPECT_TRUE(text.contains("\"Modus\"=\"1\"\n"));
+    EXPECT_TRUE(text.contains("\"Beta\"=dword:00000001\n"));
+    EXPECT_TRUE(text.contains("@=\"standaard\"\n"));
+    EXPECT_TRUE(text.contains("\"Bin\"=hex:01,02\n"));
 
     RegistryHive back;
     const auto parsed = RegFile::parse(text);
     EXPECT_TRUE(parsed.hasHeader);
     EXPECT_EQ(parsed.skippedLines, 0);
     RegFile::apply(parsed, RegistryRoot::LocalMachine, back);
-    EXPECT_EQ(
-        back.value(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Locatie server"))->text,
-        QStringLiteral("C:\\Pad \"met\" quotes"));
-    EXPECT_EQ(*back.value(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Beta")),
-              RegistryValue::number(1));
-    EXPECT_EQ(back.value(QStringLiteral("SOFTWARE\\Tafelkrater"), QStringLiteral("Regels"))->text,
-              QStringLiteral("een\ntwee\r\ndrie\r"));
+    EXPECT_EQ(back.value("SOFTWARE\\Tafelkrater", "Locatie server")->text,
+              "C:\\Pad \"met\" quotes");
+    EXPECT_EQ(*back.value("SOFTWARE\\Tafelkrater", "Beta"), RegistryValue::number(1));
+    EXPECT_EQ(back.value("SOFTWARE\\Tafelkrater", "Regels")->text, "een\ntwee\r\ndrie\r");
     EXPECT_EQ(RegFile::write(RegistryRoot::LocalMachine, back), text);
 }
 
@@ -130,111 +118,96 @@ TEST(RegFileTest, ReadsAsFarAsSensibleFromFilesThatAreNotOurs) {
         RegFile::apply(parsed, RegistryRoot::LocalMachine, hive);
         int values = 0;
         for (const auto& key : hive.keys())
-            if (key.path.compare(QStringLiteral("SOFTWARE\\X"), Qt::CaseInsensitive) == 0)
+            if (key.path.compare("SOFTWARE\\X", Qt::CaseInsensitive) == 0)
                 values = int(key.values.size());
         EXPECT_EQ(values, c.values);
         EXPECT_EQ(parsed.skippedLines, c.skipped);
     }
     // A hex value over two lines loses only the backslash between them.
-    const auto hex = RegFile::parse(QStringLiteral("[HKLM\\X]\n\"a\"=hex:01,\\\n  02\n"));
+    const auto hex = RegFile::parse("[HKLM\\X]\n\"a\"=hex:01,\\\n  02\n");
     ASSERT_EQ(hex.operations.size(), 2);
-    EXPECT_EQ(hex.operations[1].value.text, QStringLiteral("hex:01,  02"));
+    EXPECT_EQ(hex.operations[1].value.text, "hex:01,  02");
 }
 
 TEST(RegistryFileStoreTest, KeepsEachRootInItsOwnFileAndTheCurrentUserPerAccount) {
     QTemporaryDir dir;
-    RegistryFileStore store(dir.path(), QStringLiteral("juf"));
-    ASSERT_TRUE(store.write(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
-                            QStringLiteral("Modus"), RegistryValue::string(QStringLiteral("1"))));
-    ASSERT_TRUE(store.write(RegistryRoot::CurrentUser, QStringLiteral("Control Panel\\Desktop"),
-                            QStringLiteral("Wallpaper"),
-                            RegistryValue::string(QStringLiteral("x.bmp"))));
-    EXPECT_EQ(readAll(dir.filePath(QStringLiteral("HKEY_LOCAL_MACHINE.reg"))),
+    RegistryFileStore store(dir.path(), "juf");
+    ASSERT_TRUE(store.write(RegistryRoot::LocalMachine, "SOFTWARE\\Tafelkrater", "Modus",
+                            RegistryValue::string("1")));
+    ASSERT_TRUE(store.write(RegistryRoot::CurrentUser, "Control Panel\\Desktop", "Wallpaper",
+                            RegistryValue::string("x.bmp")));
+    EXPECT_EQ(readAll(dir.filePath("HKEY_LOCAL_MACHINE.reg")),
               QByteArray("REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\SOFTWARE]\n\n"
                          "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Tafelkrater]\n\"Modus\"=\"1\"\n"));
-    EXPECT_TRUE(QFile::exists(dir.filePath(QStringLiteral("HKEY_CURRENT_USER/juf.reg"))));
+    EXPECT_TRUE(QFile::exists(dir.filePath("HKEY_CURRENT_USER/juf.reg")));
 
     // A second store on the same folder (another process) sees the values, in any case.
-    RegistryFileStore other(dir.path(), QStringLiteral("juf"));
-    EXPECT_EQ(other
-                  .read(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\TAFELKRATER"),
-                        QStringLiteral("modus"))
-                  ->text,
-              QStringLiteral("1"));
-    EXPECT_FALSE(other.read(RegistryRoot::Users, QStringLiteral("SOFTWARE\\Tafelkrater"),
-                            QStringLiteral("Modus")));
+    RegistryFileStore other(dir.path(), "juf");
+    EXPECT_EQ(other.read(RegistryRoot::LocalMachine, "SOFTWARE\\TAFELKRATER", "modus")->text, "1");
+    EXPECT_FALSE(other.read(RegistryRoot::Users, "SOFTWARE\\Tafelkrater", "Modus"));
 }
 
 TEST(RegistryFileStoreTest, ABatchReachesTheDiskWholeWhenItEndsAndReadsSeeItBefore) {
     QTemporaryDir dir;
-    RegistryFileStore store(dir.path(), QStringLiteral("a"));
-    const QString key = QStringLiteral("SOFTWARE\\Tafelkrater");
+    RegistryFileStore store(dir.path(), "a");
+    const QString key = "SOFTWARE\\Tafelkrater";
     const auto lm = RegistryRoot::LocalMachine;
     auto tekst = [](const char* t) { return RegistryValue::string(QString::fromLatin1(t)); };
-    ASSERT_TRUE(store.write(lm, key, QStringLiteral("Oud"), tekst("1")));
+    ASSERT_TRUE(store.write(lm, key, "Oud", tekst("1")));
     const QByteArray voor = readAll(store.fileFor(lm));
     {
         RegistryBatch buiten(store);
-        ASSERT_TRUE(store.write(lm, key, QStringLiteral("Shell"), tekst("tk")));
+        ASSERT_TRUE(store.write(lm, key, "Shell", tekst("tk")));
         {
             RegistryBatch binnen(store); // a nested batch does not write at its end
-            ASSERT_TRUE(store.write(RegistryRoot::Users, key, QStringLiteral("U"), tekst("2")));
-            ASSERT_TRUE(store.deleteValue(lm, key, QStringLiteral("Oud")));
+            ASSERT_TRUE(store.write(RegistryRoot::Users, key, "U", tekst("2")));
+            ASSERT_TRUE(store.deleteValue(lm, key, "Oud"));
         }
-        EXPECT_EQ(store.read(lm, key, QStringLiteral("Shell"))->text, QStringLiteral("tk"));
-        EXPECT_FALSE(store.read(lm, key, QStringLiteral("Oud")));
+        EXPECT_EQ(store.read(lm, key, "Shell")->text, "tk");
+        EXPECT_FALSE(store.read(lm, key, "Oud"));
         EXPECT_EQ(voor, readAll(store.fileFor(lm)));
         EXPECT_FALSE(QFile::exists(store.fileFor(RegistryRoot::Users)));
     }
-    RegistryFileStore ander(dir.path(), QStringLiteral("a"));
-    EXPECT_EQ(ander.read(lm, key, QStringLiteral("Shell"))->text, QStringLiteral("tk"));
-    EXPECT_FALSE(ander.read(lm, key, QStringLiteral("Oud")));
-    EXPECT_EQ(ander.read(RegistryRoot::Users, key, QStringLiteral("U"))->text, QStringLiteral("2"));
+    RegistryFileStore ander(dir.path(), "a");
+    EXPECT_EQ(ander.read(lm, key, "Shell")->text, "tk");
+    EXPECT_FALSE(ander.read(lm, key, "Oud"));
+    EXPECT_EQ(ander.read(RegistryRoot::Users, key, "U")->text, "2");
     // After the batch every write goes to the disk at once again.
-    ASSERT_TRUE(store.write(lm, key, QStringLiteral("Na"), tekst("3")));
-    EXPECT_EQ(ander.read(lm, key, QStringLiteral("Na"))->text, QStringLiteral("3"));
+    ASSERT_TRUE(store.write(lm, key, "Na", tekst("3")));
+    EXPECT_EQ(ander.read(lm, key, "Na")->text, "3");
 }
 
 TEST(RegistryFileStoreTest, SeesChangesMadeByAnotherWriterAndMergesItsOwn) {
     QTemporaryDir dir;
-    RegistryFileStore client(dir.path(), QStringLiteral("a"));
-    RegistryFileStore server(dir.path(), QStringLiteral("a"));
-    const QString key = QStringLiteral("SOFTWARE\\Tafelkrater");
-    ASSERT_TRUE(client.write(RegistryRoot::LocalMachine, key, QStringLiteral("Modus"),
-                             RegistryValue::string(QStringLiteral("1"))));
-    ASSERT_EQ(client.read(RegistryRoot::LocalMachine, key, QStringLiteral("Modus"))->text,
-              QStringLiteral("1"));
-    ASSERT_TRUE(server.write(RegistryRoot::LocalMachine, key, QStringLiteral("Status server"),
-                             RegistryValue::string(QStringLiteral("0 loading"))));
-    EXPECT_EQ(client.read(RegistryRoot::LocalMachine, key, QStringLiteral("Status server"))->text,
-              QStringLiteral("0 loading"));
-    ASSERT_TRUE(client.write(RegistryRoot::LocalMachine, key, QStringLiteral("Language"),
-                             RegistryValue::string(QStringLiteral("1043"))));
-    EXPECT_TRUE(server.read(RegistryRoot::LocalMachine, key, QStringLiteral("Status server")));
-    EXPECT_TRUE(server.read(RegistryRoot::LocalMachine, key, QStringLiteral("Language")));
-    EXPECT_TRUE(server.read(RegistryRoot::LocalMachine, key, QStringLiteral("Modus")));
+    RegistryFileStore client(dir.path(), "a");
+    RegistryFileStore server(dir.path(), "a");
+    const QString key = "SOFTWARE\\Tafelkrater";
+    ASSERT_TRUE(client.write(RegistryRoot::LocalMachine, key, "Modus", RegistryValue::string("1")));
+    ASSERT_EQ(client.read(RegistryRoot::LocalMachine, key, "Modus")->text, "1");
+    ASSERT_TRUE(server.write(RegistryRoot::LocalMachine, key, "Status server",
+                             RegistryValue::string("0 loading")));
+    EXPECT_EQ(client.read(RegistryRoot::LocalMachine, key, "Status server")->text, "0 loading");
+    ASSERT_TRUE(
+        client.write(RegistryRoot::LocalMachine, key, "Language", RegistryValue::string("1043")));
+    EXPECT_TRUE(server.read(RegistryRoot::LocalMachine, key, "Status server"));
+    EXPECT_TRUE(server.read(RegistryRoot::LocalMachine, key, "Language"));
+    EXPECT_TRUE(server.read(RegistryRoot::LocalMachine, key, "Modus"));
 }
 
 TEST(RegistryFileStoreTest, AForeignFileIsKeptAsBackupAndItsKeysSurviveAWrite) {
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("HKEY_LOCAL_MACHINE.reg"));
+    const QString path = dir.filePath("HKEY_LOCAL_MACHINE.reg");
     const QByteArray foreign("garbage line\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Ander]\n"
                              "\"Houden\"=\"ja\"\n\xff\xfe\x00nonsense\n");
     writeAll(path, foreign);
-    RegistryFileStore store(dir.path(), QStringLiteral("a"));
-    EXPECT_EQ(store
-                  .read(RegistryRoot::LocalMachine, QStringLiteral("Software\\Ander"),
-                        QStringLiteral("houden"))
-                  ->text,
-              QStringLiteral("ja"));
-    ASSERT_TRUE(store.write(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
-                            QStringLiteral("Modus"), RegistryValue::string(QStringLiteral("2"))));
-    EXPECT_EQ(readAll(path + QStringLiteral(".bak")), foreign);
-    RegistryFileStore again(dir.path(), QStringLiteral("a"));
-    EXPECT_TRUE(again.read(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Ander"),
-                           QStringLiteral("Houden")));
-    EXPECT_TRUE(again.read(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Tafelkrater"),
-                           QStringLiteral("Modus")));
+    RegistryFileStore store(dir.path(), "a");
+    EXPECT_EQ(store.read(RegistryRoot::LocalMachine, "Software\\Ander", "houden")->text, "ja");
+    ASSERT_TRUE(store.write(RegistryRoot::LocalMachine, "SOFTWARE\\Tafelkrater", "Modus",
+                            RegistryValue::string("2")));
+    EXPECT_EQ(readAll(path + ".bak"), foreign);
+    RegistryFileStore again(dir.path(), "a");
+    EXPECT_TRUE(again.read(RegistryRoot::LocalMachine, "SOFTWARE\\Ander", "Houden"));
+    EXPECT_TRUE(again.read(RegistryRoot::LocalMachine, "SOFTWARE\\Tafelkrater", "Modus"));
 }
 
 TEST(RegistryFileStoreTest, AnUnwritableFolderAnswersThatTheStoreCannotBeWritten) {
@@ -242,25 +215,20 @@ TEST(RegistryFileStoreTest, AnUnwritableFolderAnswersThatTheStoreCannotBeWritten
         GTEST_SKIP() << "root writes everywhere";
     QTemporaryDir dir;
     QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::ExeOwner);
-    RegistryFileStore store(dir.path() + QStringLiteral("/Register"), QStringLiteral("a"));
-    EXPECT_FALSE(store.write(RegistryRoot::LocalMachine, QStringLiteral("Software"),
-                             QStringLiteral("test"), RegistryValue::string(QStringLiteral("x"))));
+    RegistryFileStore store(dir.path() + "/Register", "a");
+    EXPECT_FALSE(
+        store.write(RegistryRoot::LocalMachine, "Software", "test", RegistryValue::string("x")));
     QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 TEST(RegistryFileStoreTest, ImportAppliesOperationsToEveryRootTheyName) {
     QTemporaryDir dir;
-    RegistryFileStore store(dir.path(), QStringLiteral("kind"));
-    store.write(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Weg"), QStringLiteral("a"),
-                RegistryValue::number(3));
+    RegistryFileStore store(dir.path(), "kind");
+    store.write(RegistryRoot::LocalMachine, "SOFTWARE\\Weg", "a", RegistryValue::number(3));
     const auto parsed = RegFile::parse(
         QStringLiteral("REGEDIT4\n\n[-HKEY_LOCAL_MACHINE\\SOFTWARE\\Weg]\n\n"
                        "[HKEY_CURRENT_USER\\Software\\Policies]\n\"NoRun\"=dword:00000001\n"));
     ASSERT_TRUE(store.import(parsed));
-    EXPECT_FALSE(store.keyExists(RegistryRoot::LocalMachine, QStringLiteral("SOFTWARE\\Weg")));
-    EXPECT_EQ(store
-                  .read(RegistryRoot::CurrentUser, QStringLiteral("software\\policies"),
-                        QStringLiteral("NoRun"))
-                  ->dword,
-              1u);
+    EXPECT_FALSE(store.keyExists(RegistryRoot::LocalMachine, "SOFTWARE\\Weg"));
+    EXPECT_EQ(store.read(RegistryRoot::CurrentUser, "software\\policies", "NoRun")->dword, 1u);
 }

@@ -28,7 +28,7 @@ TEST(ServerOptionsTest, CommandLinesGiveDataFolderPortsAndLimits) {
         QString error;
         ASSERT_EQ(c.folder != nullptr,
                   o.parse(QString::fromLatin1(c.args).split(QLatin1Char(' '), Qt::SkipEmptyParts),
-                          QStringLiteral("/opt/tk"), &error))
+                          "/opt/tk", &error))
             << error.toStdString();
         if (!c.folder) {
             EXPECT_FALSE(error.isEmpty());
@@ -40,9 +40,7 @@ TEST(ServerOptionsTest, CommandLinesGiveDataFolderPortsAndLimits) {
     }
     ServerOptions o;
     QString error;
-    ASSERT_TRUE(o.parse({QStringLiteral("--max-message"), QStringLiteral("4096"),
-                         QStringLiteral("--first-message"), QStringLiteral("5")},
-                        QStringLiteral("/opt/tk"), &error));
+    ASSERT_TRUE(o.parse({"--max-message", "4096", "--first-message", "5"}, "/opt/tk", &error));
     EXPECT_EQ(4096, o.maxMessage);
     EXPECT_EQ(5000, o.firstMessageMs);
 }

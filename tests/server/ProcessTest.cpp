@@ -16,15 +16,14 @@ QString listeningLine(QProcess& server) {
     QString out;
     waitFor([&] {
         out += QString::fromUtf8(server.readAllStandardOutput());
-        return out.contains(QStringLiteral("), data in ")) ||
-               server.state() == QProcess::NotRunning;
+        return out.contains("), data in ") || server.state() == QProcess::NotRunning;
     });
     return out;
 }
 
 // The port a server started on port 0 names in its log; 0 when it named none.
 quint16 portIn(const QString& log) {
-    const auto m = QRegularExpression(QStringLiteral("listening on port (\\d+)")).match(log);
+    const auto m = QRegularExpression("listening on port (\\d+)").match(log);
     return m.hasMatch() ? quint16(m.captured(1).toUInt()) : 0;
 }
 
@@ -32,16 +31,15 @@ quint16 portIn(const QString& log) {
 
 TEST(ServerProcessTest, ServesDemoDataEndsOnSigtermAndRefusesATakenPort) {
     QTemporaryDir data;
-    const QStringList args{QStringLiteral("--data"), data.path(), QStringLiteral("--port"),
-                           QStringLiteral("0"), QStringLiteral("--demo")};
+    const QStringList args{"--data", data.path(), "--port", "0", "--demo"};
     QProcess server;
     server.start(QStringLiteral(TK_SERVER_EXE), args);
     quint16 port = portIn(listeningLine(server));
     ASSERT_NE(0, port);
     {
         WireClient c(port);
-        EXPECT_EQ(QStringLiteral("TST"), c.ask(QStringLiteral("TST")));
-        EXPECT_EQ(QStringLiteral("OPSITSOK"), c.ask(QStringLiteral("OPSITSna.herstart")));
+        EXPECT_EQ("TST", c.ask("TST"));
+        EXPECT_EQ("OPSITSOK", c.ask("OPSITSna.herstart"));
 
         // A second server on the same port ends at once, with a line that says why.
         QProcess second;
@@ -50,9 +48,8 @@ TEST(ServerProcessTest, ServesDemoDataEndsOnSigtermAndRefusesATakenPort) {
         second.start(QStringLiteral(TK_SERVER_EXE), taken);
         ASSERT_TRUE(second.waitForFinished(10000));
         EXPECT_NE(0, second.exitCode());
-        EXPECT_TRUE(
-            QString::fromUtf8(second.readAllStandardOutput()).contains(QStringLiteral("ending")));
-        EXPECT_EQ(QStringLiteral("TST"), c.ask(QStringLiteral("TST")));
+        EXPECT_TRUE(QString::fromUtf8(second.readAllStandardOutput()).contains("ending"));
+        EXPECT_EQ("TST", c.ask("TST"));
     }
     ::kill(pid_t(server.processId()), SIGTERM);
     ASSERT_TRUE(waitFor([&] { return server.state() == QProcess::NotRunning; }, 10000));
@@ -62,13 +59,13 @@ TEST(ServerProcessTest, ServesDemoDataEndsOnSigtermAndRefusesATakenPort) {
     // Started again on the same folder: what was saved is there, the demo is not seeded twice.
     server.start(QStringLiteral(TK_SERVER_EXE), args);
     const QString log = listeningLine(server);
-    EXPECT_FALSE(log.contains(QStringLiteral("demo school")));
+    EXPECT_FALSE(log.contains("demo school"));
     port = portIn(log);
     ASSERT_NE(0, port);
     {
         WireClient c(port);
-        EXPECT_EQ(QStringLiteral("LDNITSna.herstart"), c.ask(QStringLiteral("LDNITS")));
-        EXPECT_EQ(QStringLiteral("LDNKLSSNC"), c.ask(QStringLiteral("LDNKLSSNC")).left(9));
+        EXPECT_EQ("LDNITSna.herstart", c.ask("LDNITS"));
+        EXPECT_EQ("LDNKLSSNC", c.ask("LDNKLSSNC").left(9));
     }
     ::kill(pid_t(server.processId()), SIGTERM);
     EXPECT_TRUE(waitFor([&] { return server.state() == QProcess::NotRunning; }, 10000));

@@ -70,14 +70,14 @@ QStringList blocks(WireClient& c, const QString& snc, const QString& da) {
 
 QList<QStringList> loadClasses(WireClient& c) {
     QList<QStringList> rows;
-    for (const QString& block : blocks(c, QStringLiteral("LDNKLSSNC"), QStringLiteral("LDNKLSDA")))
-        for (const QString& record : block.split(QStringLiteral(";|;"), Qt::SkipEmptyParts)) {
-            const QStringList f = record.split(QStringLiteral(";<>;"));
+    for (const QString& block : blocks(c, "LDNKLSSNC", "LDNKLSDA"))
+        for (const QString& record : block.split(";|;", Qt::SkipEmptyParts)) {
+            const QStringList f = record.split(";<>;");
             QStringList row(14);
             for (int n = 1; n <= 11; ++n)
                 row[n - 1] = f.value(n);
             if (row[10].isEmpty())
-                row[10] = QStringLiteral("Standaard");
+                row[10] = "Standaard";
             if (f.size() >= 13)
                 row[11] = f[12];
             if (f.size() >= 14)
@@ -89,26 +89,26 @@ QList<QStringList> loadClasses(WireClient& c) {
 
 QList<QStringList> loadTeachers(WireClient& c) {
     QList<QStringList> rows;
-    for (const QString& block : blocks(c, QStringLiteral("LDNLRNSNC"), QStringLiteral("LDNLRNDA")))
-        for (const QString& record : block.split(QStringLiteral(";|;"), Qt::SkipEmptyParts)) {
-            const QStringList f = record.split(QStringLiteral(";<>;"));
+    for (const QString& block : blocks(c, "LDNLRNSNC", "LDNLRNDA"))
+        for (const QString& record : block.split(";|;", Qt::SkipEmptyParts)) {
+            const QStringList f = record.split(";<>;");
             QStringList row(17);
             for (int n = 0; n <= 13; ++n)
                 row[n] = f.value(n);
             row[15] = f.value(14);
-            row[14] = f.size() >= 16 ? f[15] : QStringLiteral("Jungle (standaard)");
+            row[14] = f.size() >= 16 ? f[15] : "Jungle (standaard)";
             rows << row;
         }
     return rows;
 }
 
 QList<QStringList> loadApplications(WireClient& c, const QString& letter) {
-    const QString snc = QStringLiteral("LDNAP%1SNC").arg(letter);
-    const QString dat = QStringLiteral("LDNAP%1DAT").arg(letter);
+    const QString snc = QString("LDNAP%1SNC").arg(letter);
+    const QString dat = QString("LDNAP%1DAT").arg(letter);
     const QStringList info = c.ask(snc).mid(10 - 1).split(QLatin1Char('|'));
     QList<QStringList> rows;
     for (int i = 1; i <= info.value(0).toInt(); ++i) {
-        const QStringList f = c.ask(dat + QString::number(i)).mid(9).split(QStringLiteral("><"));
+        const QStringList f = c.ask(dat + QString::number(i)).mid(9).split("><");
         EXPECT_EQ(8, f.size());
         rows << f;
     }
@@ -116,7 +116,7 @@ QList<QStringList> loadApplications(WireClient& c, const QString& letter) {
 }
 
 QStringList loadCategories(WireClient& c, const QString& letter) {
-    return c.ask(QStringLiteral("LDNCA") + letter).mid(6).split(QStringLiteral(";<>;"));
+    return c.ask("LDNCA" + letter).mid(6).split(";<>;");
 }
 
 void writeFile(const QString& path, const QByteArray& bytes) {

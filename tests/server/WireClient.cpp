@@ -22,9 +22,9 @@ WireClient::WireClient(quint16 port) {
         if (m_slow)
             return;
         const QString text = tk::Ansi::naarTekst(m_socket.readAll());
-        if (m_answerPings && text == QStringLiteral("PIN")) {
+        if (m_answerPings && text == "PIN") {
             ++m_pings;
-            send(QStringLiteral("PING"));
+            send("PING");
             return;
         }
         m_reads << text;
@@ -65,7 +65,7 @@ FileReceiver::FileReceiver() {
         m_infoSocket = m_info.nextPendingConnection();
         QObject::connect(m_infoSocket, &QTcpSocket::readyRead, [this] {
             const QString text = tk::Ansi::naarTekst(m_infoSocket->readAll());
-            if (!text.startsWith(QStringLiteral("FIS")))
+            if (!text.startsWith("FIS"))
                 return;
             m_size = text.mid(3, text.indexOf(QLatin1Char('|')) - 3).toLongLong();
             m_name = text.mid(text.indexOf(QLatin1Char('@')) + 1);
@@ -93,9 +93,9 @@ FileSender::FileSender(quint16 infoPort, quint16 dataPort) : m_dataPort(dataPort
     QObject::connect(&m_info, &QTcpSocket::readyRead, [this] {
         const QString answer = tk::Ansi::naarTekst(m_info.readAll());
         m_answers << answer;
-        if (answer == QStringLiteral("CNT"))
+        if (answer == "CNT")
             m_data.connectToHost(QHostAddress::LocalHost, m_dataPort);
-        if (answer == QStringLiteral("ACP")) {
+        if (answer == "ACP") {
             m_data.write(m_sendBytes < 0 ? m_content : m_content.left(m_sendBytes));
             m_data.flush();
         }
@@ -107,7 +107,7 @@ void FileSender::offer(const QString& name, const QByteArray& content, qint64 se
     m_content = content;
     m_sendBytes = sendBytes;
     waitFor([this] { return m_data.state() == QAbstractSocket::ConnectedState; });
-    m_info.write(tk::Ansi::naarBytes(QStringLiteral("FIS%1|0@%2").arg(content.size()).arg(name)));
+    m_info.write(tk::Ansi::naarBytes(QString("FIS%1|0@%2").arg(content.size()).arg(name)));
     m_info.flush();
 }
 
