@@ -27,22 +27,32 @@ bool RegistryHive::createKey(const QString& keyPath) {
     const QString path = normalisePath(keyPath);
     if (path.isEmpty())
         return false;
+    const QString lower = path.toLower();
+    if (m_index.contains(lower))
+        return true;
+    // Every key's parents are there (a key is made with them and removed with what is below it),
+    // so the keys to make are those below the deepest one that exists. It is looked for from the
+    // bottom: a file names a key's parent before the key, and one look-up finds it. (Walking down
+    // from the top made every key of a file of deep paths cost its depth in look-ups.)
     const QStringList parts = path.split(QLatin1Char('\\'));
-    QString sofar;
-    for (const QString& part : parts) {
-        sofar = sofar.isEmpty() ? part : sofar + QLatin1Char('\\') + part;
-        if (indexOf(sofar) < 0) {
-            // A new child keeps the spelling its parents already have.
-            const int slash = sofar.lastIndexOf(QLatin1Char('\\'));
-            QString spelled = sofar;
-            if (slash > 0) {
-                const int parent = indexOf(sofar.left(slash));
-                if (parent >= 0)
-                    spelled = m_keys[parent].path + QLatin1Char('\\') + part;
-            }
-            m_keys.append(Key{spelled, {}});
-            m_index.insert(spelled.toLower(), int(m_keys.size()) - 1);
-        }
+    qsizetype made = parts.size(); // parts covered by the deepest key that exists
+    QString parentLower = lower;
+    int parent = -1;
+    while (parent < 0 && --made > 0) {
+        // Lower-casing is done per character and never makes a backslash, so the lower-cased
+        // path has its backslashes where the path has them.
+        parentLower.truncate(parentLower.lastIndexOf(QLatin1Char('\\')));
+        parent = m_index.value(parentLower, -1);
+    }
+    // A new key keeps the spelling its parents already have.
+    QString spelled = parent >= 0 ? m_keys[parent].path : QString();
+    QString keyLower = parent >= 0 ? parentLower : QString();
+    for (qsizetype i = made; i < parts.size(); ++i) {
+        spelled = spelled.isEmpty() ? parts[i] : spelled + QLatin1Char('\\') + parts[i];
+        keyLower = keyLower.isEmpty() ? parts[i].toLower()
+                                      : keyLower + QLatin1Char('\\') + parts[i].toLower();
+        m_keys.append(Key{spelled, {}});
+        m_index.insert(keyLower, int(m_keys.size()) - 1);
     }
     return true;
 }

@@ -50,6 +50,17 @@ TEST(RegistryHiveTest, KeyPathsIgnoreCaseKeepTheFirstSpellingAndGoWithTheirSubke
     EXPECT_FALSE(hive.hasKey("A\\B"));
     EXPECT_FALSE(hive.hasKey("A\\B\\C"));
     EXPECT_TRUE(hive.hasKey("A\\BC"));
+
+    // A key levels below the deepest one there is made with every level between, each under
+    // the spelling its parent already has.
+    hive.createKey("software\\TAFELKRATER\\Een\\twee");
+    hive.createKey("a\\b\\c");
+    QStringList paths;
+    for (const RegistryHive::Key& key : hive.keys())
+        paths << key.path;
+    EXPECT_EQ(paths, (QStringList{"SOFTWARE", "SOFTWARE\\Tafelkrater", "A", "A\\BC",
+                                  "SOFTWARE\\Tafelkrater\\Een", "SOFTWARE\\Tafelkrater\\Een\\twee",
+                                  "A\\b", "A\\b\\c"}));
 }
 
 TEST(RegFileTest, WritesAndReadsBackTypedValuesWithEscapes) {
