@@ -30,36 +30,18 @@ xcb_atom_t soort(xcb_window_t venster) {
     return v.empty() ? xcb_atom_t(XCB_ATOM_NONE) : v.front();
 }
 
-// A workstation on the X server, with the data and channel of the desktop tests.
-struct XBureaublad {
-    XBureaublad() : platform(map.path(), X11TestSessie::sessie->display()), p(platform), kanaal(p) {
-        p.dialogen = &dialogen;
-        p.kanaal = &kanaal;
-        p.maak(p.modData, p);
-        ModData& d = *p.modData;
-        d.Applicaties[0](0, 0) = "1";
-        d.Applicaties[0](0, 1) = "Logo";
-        d.Klassen(0, 0) = "Groep 1";
-        d.Klassen(0, 3) = "Geen";
-        d.Klassen(0, 6) = "12";
-        d.Klassen(0, 7) = "1";
-        p.maak(p.frmBureaublad, p);
-    }
-    QTemporaryDir map;
-    X11VenstersPlatform platform;
-    Programma p;
-    tk::test::ScriptedDialogs dialogen;
-    tk::test::OpnameKanaal kanaal;
-};
-
 } // namespace
 
 TEST(BureaubladX11Test, TheDesktopIsTheScreensDesktopWindowUnderTheProgramsStartedOnIt) {
     if (!X11TestSessie::sessie)
         GTEST_SKIP() << "no Xvfb with openbox";
-    XBureaublad x;
-    FrmBureaubladView view(*x.p.frmBureaublad);
-    x.p.frmBureaublad->Openen(0, "12");
+    tk::test::Werkplek w([](const QString& map) {
+        return std::make_unique<X11VenstersPlatform>(map, X11TestSessie::sessie->display());
+    });
+    w.applicatie(0, 0, "1", "Logo");
+    w.klas(0, "Groep 1", "12", "1", "Nee", "Geen");
+    FrmBureaubladView view(w.b());
+    w.b().Openen(0, "12");
     view.openen();
     const xcb_window_t bureaublad = xcb_window_t(view.winId());
     ASSERT_TRUE(tk::test::waitUntil(

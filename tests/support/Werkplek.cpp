@@ -9,7 +9,11 @@
 
 namespace tk::test {
 
-Werkplek::Werkplek() : platform(m_map.path()), p(platform) {
+Werkplek::Werkplek()
+    : Werkplek([](const QString& map) { return std::make_unique<FakePlatform>(map); }) {}
+
+Werkplek::Werkplek(const MaakPlatform& maak)
+    : m_platform(maak(m_map.path())), platform(*m_platform), p(platform) {
     p.dialogen = &dialogen;
     dialogen.opModaal = [this](Form& f) {
         if (&f == &p.frmFoutrapportage)

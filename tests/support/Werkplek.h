@@ -29,6 +29,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <memory>
 
 namespace tk::test {
@@ -54,6 +55,10 @@ constexpr char StandaardIcl[] = "";
 class Werkplek {
 public:
     Werkplek();
+    // A workstation on a platform of the test's making over the program folder: the fake one
+    // with a real window system, for a test on an X server.
+    using MaakPlatform = std::function<std::unique_ptr<FakePlatform>(const QString& map)>;
+    explicit Werkplek(const MaakPlatform& maak);
     // A workstation with the link in a role, pointed at `poort` (see verbinding()).
     enum class Rol { Netwerk, Beheer };
     Werkplek(quint16 poort, Rol rol, int stap = 100) : Werkplek() { verbinding(poort, rol, stap); }
@@ -388,7 +393,8 @@ public:
     }
 
     QTemporaryDir m_map;
-    FakePlatform platform;
+    std::unique_ptr<FakePlatform> m_platform;
+    FakePlatform& platform;
     ScriptedDialogs dialogen;
     Programma p;
     OpnameKanaal kanaal{p};
