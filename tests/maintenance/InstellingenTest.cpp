@@ -185,14 +185,18 @@ TEST(InstellingenTest, TheFieldsShowTheStoredSettingsTheInstalledThemesAndTheLan
               QList<Keuze>({{"Nederlands", "1043"}, {"English", "1033"}}));
     EXPECT_EQ(knoppen(m), "......");
     EXPECT_TRUE(m.velden[I::WachtwoordBeheer].wachtwoord);
-    EXPECT_EQ(m.velden[I::EmailAan].groep, plek.tekst(3271).trimmed());
-    // Shown again, the lists are read anew: the theme in use is the one of the settings file,
-    // and one whose folder is gone still stands, so that it is not changed unasked.
-    for (const char* thema : {"2", "7"}) {
+    const auto& aan = m.velden[I::EmailAan]; // the one field with a text above it
+    EXPECT_EQ(QStringList({aan.groep, aan.caption, aan.uitleg}),
+              QStringList({plek.tekst(3271).trimmed(), plek.tekst(3273), plek.tekst(3272)}));
+    // Shown again, the lists are read anew: the theme in use is the one of the settings file, or
+    // without one the school's; one whose folder is gone still stands, so that it is not changed
+    // unasked.
+    plek.p().modData->Overige[4] = "2";
+    for (const QString thema : {"", "2", "7"}) {
         plek.p().modMain.SchrijfIni(thema, "Instellingen", "Thema", ini);
         m.Tonen(0);
-        EXPECT_EQ(m.velden[I::Thema].waarde, thema);
-        EXPECT_EQ(m.velden[I::Thema].keuzes.last().data, thema);
+        EXPECT_EQ(m.velden[I::Thema].waarde, thema.isEmpty() ? "2" : thema);
+        EXPECT_EQ(m.velden[I::Thema].keuzes.last().data, thema.isEmpty() ? "2" : thema);
         EXPECT_EQ(knoppen(m), "......");
     }
     EXPECT_TRUE(plek.ws.meldingen().isEmpty());
