@@ -191,9 +191,11 @@ TEST(Taakbalk2Test, HoverFollowsTheMouseExceptOnOtherWindows) {
     w.balk2().MuisPositie = [&] { return muis; };
     w.balk2().tmrMuis_Timer();
     EXPECT_EQ(0, w.balk2().HoverKnop);
+    const int getekend = w.hertekend;
     muis = w.midden(1);
     w.balk2().tmrMuis_Timer();
     EXPECT_EQ(-1, w.balk2().HoverKnop);
+    EXPECT_EQ(getekend + 1, w.hertekend); // the task's hover went: painted again
     muis = w.balk2().zoek("help")->plek.center();
     w.balk2().tmrMuis_Timer();
     EXPECT_TRUE(w.balk2().zoek("help")->hover);
@@ -220,6 +222,7 @@ TEST(Taakbalk2Test, TheStripStandsAtTheBottomOnTopWithTheWorkAreaAboveIt) {
 
     // Closing the bar gives the strip back and stops following windows.
     w.vensters().log.clear();
+    w.balk2().tmrTaken.start(); // as it runs while the bar stands
     w.balk2().Form_Unload();
     EXPECT_EQ(QStringList{"workarea 0,0 640x480 on 5"}, w.vensters().log);
     EXPECT_FALSE(w.balk2().tmrTaken.isActive());
