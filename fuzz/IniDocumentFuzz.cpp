@@ -57,10 +57,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
     doc.removeKey(QStringLiteral("Fuzz"), QStringLiteral("Sleutel"));
     fuzz::require(!doc.value(QStringLiteral("Fuzz"), QStringLiteral("Sleutel")));
-    requireReadsLikeItsText(doc);
-    if (!sections.isEmpty()) {
+    // One look after all removals: a section's removal builds no index afresh, so a drift that
+    // a key's removal left is still there to see.
+    if (!sections.isEmpty())
         doc.removeSection(sections.first());
-        requireReadsLikeItsText(doc);
-    }
+    requireReadsLikeItsText(doc);
     return 0;
 }
