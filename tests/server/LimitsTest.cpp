@@ -137,7 +137,7 @@ TEST(ServerLimitsTest, OutOfFileDescriptorsSilentConnectionsGiveWayAndTheRestWai
     int pauses = 0;
     for (auto m = again.globalMatch(readLog()); m.hasNext(); ++pauses) {
         const auto line = m.next();
-        EXPECT_LE(line.captured(2).toInt(), 50 + line.captured(1).toInt() / 10)
+        EXPECT_LE(line.captured(2).toInt(), 100 + line.captured(1).toInt() / 10)
             << qPrintable(line.captured());
     }
     EXPECT_GE(pauses, 1) << qPrintable(log);
