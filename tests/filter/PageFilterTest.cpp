@@ -23,7 +23,7 @@ FilterSettings instellingen(bool filteren, int modus = 0, QStringList favorieten
 } // namespace
 
 TEST(AddressCheck, FollowsTheBrowsersOrder) {
-    const PageFilter filter(s("kat|url>slecht.nl|||url>|  "), s("school.nl||goed.nl"));
+    const PageFilter filter(s("url>slecht.nl|kat|||url>|  "), s("school.nl||goed.nl"));
     const FilterSettings aan = instellingen(true);
     const FilterSettings uit = instellingen(false);
     const FilterSettings favorieten = instellingen(true, 1, {s("wiki.nl"), s("")});
@@ -49,9 +49,10 @@ TEST(AddressCheck, FollowsTheBrowsersOrder) {
          Step::LocalPage, -1},
         {s("file:///opt/tk/Internetfilter/niet gevonden.HTML"), favorieten, Outcome::Allow,
          Step::LocalPage, -1},
-        {s("HTTP://www.SLECHT.nl/"), aan, Outcome::Refuse, Step::ListedAddress, 1},
-        {s("https://example.org/kat/"), aan, Outcome::Refuse, Step::ListedAddress, 0},
-        {s("ftp://example.org/kat"), aan, Outcome::Refuse, Step::ListedAddress, 0},
+        {s("HTTP://www.SLECHT.nl/"), aan, Outcome::Refuse, Step::ListedAddress, 0},
+        {s("http://heelslecht.nl/"), aan, Outcome::Refuse, Step::ListedAddress, 0}, // anywhere
+        {s("https://example.org/kat/"), aan, Outcome::Refuse, Step::ListedAddress, 1},
+        {s("ftp://example.org/kat"), aan, Outcome::Refuse, Step::ListedAddress, 1},
         {s("https://kater.org/"), aan, Outcome::Allow, Step::Free, -1},
         // In an address "A" is a letter, on a page it is not.
         {s("https://example.org/AkatA"), aan, Outcome::Allow, Step::Free, -1},
