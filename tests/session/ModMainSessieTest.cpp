@@ -191,6 +191,11 @@ TEST(ModMainSessieTest, TakeOverWritesTheLogonOfItsFamilyAndHandBackLeavesTheSto
         EXPECT_EQ(verwacht, overgenomen);
         EXPECT_TRUE(w.sessie.IsShellIngesteld());
         EXPECT_EQ(QString::fromLatin1(rij.acties), w.systeem.actions.join(u','));
+        // The session ends with a note of its mode under the program's title.
+        ASSERT_EQ(1, w.dialogen.gesteld.size());
+        EXPECT_EQ(w.p.modTaal.LaadTekst(3), w.dialogen.gesteld[0].titel);
+        EXPECT_EQ(w.p.modTaal.LaadTekst(rij.modus == Modus::Standalone ? 2921 : 2922),
+                  w.dialogen.gesteld[0].tekst);
         if (rij.familie == Familie::W98) {
             EXPECT_EQ(RegistryValue::other("hex:00"),
                       w.platform.registry().read(
