@@ -196,9 +196,9 @@ TEST(ServerSaveTest, SavedRecordsComeBackInTheirColumns) {
                     {"ACDCONnieuw", "ACDCONJA"},
                     {"OPSWAGnieuw><l:Gebruikers|g:Leerlingen", "OPSWAG"},
                     {"LDNACCINFnieuw", "LDNACC||||Gebruikers:l><Leerlingen:g"},
-                    {"ACDVWRnieuw", "ACDVWROK"},
-                    {"ACDCONnieuw", "ACDCONNEE"},
                 });
+    EXPECT_EQ("Nieuwe klas", s.store().account("nieuw").fullName) << "the groups' save kept it";
+    converse(c, {{"ACDVWRnieuw", "ACDVWROK"}, {"ACDCONnieuw", "ACDCONNEE"}});
     EXPECT_EQ("7|a1|leeg", loadClasses(c)[1][7]);
     c.send("OPSTEL1|2|0");
     EXPECT_TRUE(waitFor([&] { return s.store().starts(0, 1) == 1; }));
