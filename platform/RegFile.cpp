@@ -181,9 +181,10 @@ RegFile::Parsed RegFile::parse(const QString& text) {
         } else if (rhs.startsWith(QLatin1String("hex"), Qt::CaseInsensitive)) {
             // Hex digits continue over lines only with a backslash; a line end inside the value
             // comes from a stray quote, and a quote (one left open at the end of the file) would
-            // open a string that swallows the lines written after it.
+            // open a string that swallows the lines written after it. A backslash left at the
+            // end continues a line that never came and would swallow the next line written.
             if (rhs.contains(QLatin1Char('\n')) || rhs.contains(QLatin1Char('\r')) ||
-                rhs.contains(QLatin1Char('"'))) {
+                rhs.contains(QLatin1Char('"')) || rhs.endsWith(QLatin1Char('\\'))) {
                 ++parsed.skippedLines;
                 continue;
             }

@@ -117,6 +117,8 @@ TEST(RegFileTest, ReadsAsFarAsSensibleFromFilesThatAreNotOurs) {
         {"line end in a hex value", "[HKLM\\SOFTWARE\\X]\n\"a\"=hex:\"0\r\r\n1\"\n\"b\"=\"2\"\n", 1,
          1},
         {"quote in a hex value", "[HKLM\\SOFTWARE\\X]\n\"b\"=\"2\"\n\"a\"=hex:0\"1", 1, 1},
+        {"backslash ending a hex value", "[HKLM\\SOFTWARE\\X]\n\"b\"=\"2\"\n\"a\"=hex:01\\\\", 1,
+         1},
         {"CR LF lines", "REGEDIT4\r\n\r\n[HKLM\\SOFTWARE\\X]\r\n\"a\"=\"1\"\r\n", 1, 0},
         // A quote in a key line opens no string that would swallow the lines after it.
         {"quote in a key",
