@@ -80,7 +80,8 @@ bool DemoSchool::seed(Store& store, const QString& themeFolder, const PackageBui
          {"Digitale klok", 0, "/usr/bin/xclock", "Een digitale klok", 10, "-digital"},
          {"Schooltv", 1, "/usr/bin/xdg-open", "Lesmateriaal van Schooltv", 16,
           "https://schooltv.nl"}},
-        {{"Klok", 0, "/usr/bin/xclock", "De klok", 10, ""},
+        // Every class desktop shows the pupils' programs and these: none of them twice.
+        {{"Kladblok", 0, "/usr/bin/xedit", "Een eenvoudig schrijfblok", 6, ""},
          {"Wikipedia", 1, "/usr/bin/xdg-open", "De vrije encyclopedie", 8,
           "https://nl.wikipedia.org"}},
     };
@@ -134,7 +135,8 @@ bool DemoSchool::seed(Store& store, const QString& themeFolder, const PackageBui
             QString(),
             QString(),
             s("0,0"),
-            QStringLiteral("%1|a%2").arg(categoryIds[0][0]).arg(categoryIds[2][0])};
+            QStringLiteral("%1|a%2").arg(categoryIds[0][0]).arg(categoryIds[2][0]),
+        };
         qint64 id = 0;
         if (!store.saveRow(classRecord, columns, &id, error) ||
             !store.saveFavourites(classRecord.favouritesOwner + QString::number(id), header,

@@ -9,7 +9,6 @@
 #include <map>
 #include <memory>
 
-
 namespace tk {
 
 // The registry kept as REGEDIT4 text files under the program folder's Register/ folder:

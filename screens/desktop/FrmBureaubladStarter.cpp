@@ -2,8 +2,8 @@
 
 #include "core/CommandChannel.h"
 #include "core/Procedure.h"
-#include "core/Wire.h"
 #include "core/Programma.h"
+#include "core/Wire.h"
 #include "data/ModData.h"
 #include "platform/Clock.h"
 #include "platform/Display.h"

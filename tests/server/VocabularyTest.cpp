@@ -94,7 +94,8 @@ TEST(VocabularyTest, EveryClientMessageGetsTheReplyItsDispatcherRowExpects) {
         {"LDNAPLDAT1", 'A', "1><Rekenmachine><1>"},
         {"LDNAPASNC", 'A', ""},
         {"LDNAPADAT1", 'A',
-         "1><Klok><1></usr/bin/xclock><De klok><standaard|10><><1024x768x32xNEE"},
+         "1><Kladblok><1></usr/bin/xedit><Een eenvoudig "
+         "schrijfblok><standaard|6><><1024x768x32xNEE"},
         {"LDNAPPPOSK1", 'A', "POS"},
         {"LDNPICWIJ", 'A', "1-1-2004 00:00|1-1-2004 00:00|1-1-2004 00:00|1-1-2004 00:00"},
         {"LDNPICGRP", 'A', ""},
