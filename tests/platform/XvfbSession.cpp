@@ -30,6 +30,19 @@ bool XvfbSession::installed() {
 }
 
 XvfbSession::XvfbSession(QSize screen, bool withWindowManager) {
+    // On a loaded machine a pair now and then does not come up (a display another server still
+    // holds, a manager that cannot open it): a fresh pair is tried before the tests fail.
+    for (int attempt = 1; attempt <= 3; ++attempt) {
+        m_why.clear();
+        start(screen, withWindowManager);
+        if (ok())
+            return;
+        m_why = QStringLiteral("attempt %1: ").arg(attempt) + m_why;
+        stop();
+    }
+}
+
+void XvfbSession::start(QSize screen, bool withWindowManager) {
     // -displayfd 1: Xvfb picks a free display and writes its number to its output once it
     // accepts connections.
     // What the server says goes to a file: a pipe nobody reads would fill up and stop it.
@@ -74,11 +87,12 @@ XvfbSession::XvfbSession(QSize screen, bool withWindowManager) {
     // The manager names itself before it is ready to take windows: one mapped in between is
     // never managed. Ready is when a window of ours shows up in its list.
     while (!windowManagerRuns() || !windowManagerCaughtUp(500)) {
-        if (deadline.hasExpired() || m_openbox.state() == QProcess::NotRunning) {
+        // Waiting on the process (not sleeping) lets a manager that ended be seen at once.
+        if (deadline.hasExpired() || m_openbox.state() == QProcess::NotRunning ||
+            m_openbox.waitForFinished(10)) {
             m_why = QStringLiteral("openbox does not come up");
             return;
         }
-        QThread::msleep(10);
     }
 }
 
@@ -111,12 +125,18 @@ bool XvfbSession::windowManagerCaughtUp(int ms) const {
 }
 
 XvfbSession::~XvfbSession() {
+    stop();
+}
+
+void XvfbSession::stop() {
     for (auto& program : m_programs) {
         program->kill();
         program->waitForFinished(5000);
     }
+    m_programs.clear();
     if (m_connection)
         xcb_disconnect(m_connection);
+    m_connection = nullptr;
     for (QProcess* p : {&m_openbox, &m_xvfb})
         if (p->state() != QProcess::NotRunning) {
             p->terminate();

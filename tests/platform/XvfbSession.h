@@ -48,6 +48,8 @@ public:
     bool windowManagerCaughtUp(int ms = 30000) const;
 
 private:
+    void start(QSize screen, bool withWindowManager);
+    void stop();
     bool windowManagerRuns() const;
 
     QTemporaryDir m_home;
