@@ -5,6 +5,12 @@
 namespace tk {
 
 QString RegistryHive::normalisePath(const QString& keyPath) {
+    // Nearly every path asked for is normal already (and every one that a read or a write passes
+    // on): it is given back as it is, without splitting it into its parts.
+    const QChar slash = QLatin1Char('\\');
+    if (!keyPath.startsWith(slash) && !keyPath.endsWith(slash) &&
+        !keyPath.contains(QLatin1String("\\\\")))
+        return keyPath;
     const QStringList parts = keyPath.split(QLatin1Char('\\'), Qt::SkipEmptyParts);
     return parts.join(QLatin1Char('\\'));
 }
