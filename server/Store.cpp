@@ -666,40 +666,50 @@ bool Store::saveFavourites(const QString& owner, const QString& header, const QS
         error);
 }
 
+namespace {
+
+const QString accountColumns = QStringLiteral("SELECT name, present, password, type, fullname,"
+                                              " profile, homefolder, homedrive, script, groups"
+                                              " FROM accounts");
+
+Store::Account accountOf(const QSqlQuery& row) {
+    Store::Account a;
+    a.name = text(row.value(0));
+    a.present = row.value(1).toInt() != 0;
+    a.password = text(row.value(2));
+    a.type = text(row.value(3));
+    a.fullName = text(row.value(4));
+    a.profile = text(row.value(5));
+    a.homeFolder = text(row.value(6));
+    a.homeDrive = text(row.value(7));
+    a.script = text(row.value(8));
+    a.groups = text(row.value(9));
+    return a;
+}
+
+} // namespace
+
+// One query for the whole list: a school's hundreds of accounts are not fetched one by one.
 QList<Store::Account> Store::accounts() {
     QList<Account> list;
     QSqlQuery query(m_db);
-    query.exec(QStringLiteral("SELECT name FROM accounts ORDER BY name"));
-    QStringList names;
+    query.setForwardOnly(true);
+    query.exec(accountColumns + QStringLiteral(" ORDER BY name"));
     while (query.next())
-        names << text(query.value(0));
-    for (const QString& name : names)
-        list << account(name);
+        list << accountOf(query);
     return list;
 }
 
 Store::Account Store::account(const QString& name) {
-    Account a;
     QSqlQuery query(m_db);
-    query.prepare(QStringLiteral("SELECT name, present, password, type, fullname, profile,"
-                                 " homefolder, homedrive, script, groups FROM accounts"
-                                 " WHERE name = ?"));
+    query.prepare(accountColumns + QStringLiteral(" WHERE name = ?"));
     query.addBindValue(name);
     if (!query.exec() || !query.next()) {
+        Account a;
         a.name = name;
         return a;
     }
-    a.name = text(query.value(0));
-    a.present = query.value(1).toInt() != 0;
-    a.password = text(query.value(2));
-    a.type = text(query.value(3));
-    a.fullName = text(query.value(4));
-    a.profile = text(query.value(5));
-    a.homeFolder = text(query.value(6));
-    a.homeDrive = text(query.value(7));
-    a.script = text(query.value(8));
-    a.groups = text(query.value(9));
-    return a;
+    return accountOf(query);
 }
 
 bool Store::saveAccount(const Account& a, QString* error) {
