@@ -30,12 +30,15 @@ bool RegistryHive::hasKey(const QString& keyPath) const {
 }
 
 bool RegistryHive::createKey(const QString& keyPath) {
-    const QString path = normalisePath(keyPath);
+    return makeKey(normalisePath(keyPath)) >= 0;
+}
+
+int RegistryHive::makeKey(const QString& path) {
     if (path.isEmpty())
-        return false;
+        return -1;
     const QString lower = path.toLower();
-    if (m_index.contains(lower))
-        return true;
+    if (const int k = m_index.value(lower, -1); k >= 0)
+        return k;
     // Every key's parents are there (a key is made with them and removed with what is below it),
     // so the keys to make are those below the deepest one that exists. It is looked for from the
     // bottom: a file names a key's parent before the key, and one look-up finds it. (Walking down
@@ -60,7 +63,7 @@ bool RegistryHive::createKey(const QString& keyPath) {
         m_keys.append(Key{spelled, {}});
         m_index.insert(keyLower, int(m_keys.size()) - 1);
     }
-    return true;
+    return int(m_keys.size()) - 1;
 }
 
 std::optional<RegistryValue> RegistryHive::value(const QString& keyPath,
@@ -76,10 +79,11 @@ std::optional<RegistryValue> RegistryHive::value(const QString& keyPath,
 
 void RegistryHive::setValue(const QString& keyPath, const QString& name,
                             const RegistryValue& value) {
-    const QString path = normalisePath(keyPath);
-    if (!createKey(path))
+    // The path is made normal and looked up once: the key's place comes back from its making.
+    const int k = makeKey(normalisePath(keyPath));
+    if (k < 0)
         return;
-    Key& key = m_keys[indexOf(path)];
+    Key& key = m_keys[k];
     for (Value& v : key.values) {
         if (v.name.compare(name, Qt::CaseInsensitive) == 0) {
             v.value = value;

@@ -40,6 +40,8 @@ public:
 
 private:
     int indexOf(const QString& normalised) const;
+    // Makes the key of a normal path with its parents; its place in m_keys, -1 for an empty path.
+    int makeKey(const QString& path);
     void reindex();
 
     QList<Key> m_keys;
