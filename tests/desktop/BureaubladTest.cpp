@@ -392,6 +392,10 @@ TEST(BureaubladOnderhoudTest, WithoutTheModuleTheTeacherIsToldAndTheLogSaysWhy) 
     w.klas(1, "Groep 2", "13", "", "Nee");
     w.leraar(0, "Vries", "Jan", "de", "22", "appel");
     w.d().Leraren(0, 10) = "13|99|12";
+    // Only a teacher's desktop leads to the module; a class's says nothing.
+    w.b().Openen(0, "12");
+    w.b().Onderhoud();
+    EXPECT_TRUE(w.meldingen().isEmpty());
     w.b().Openen(1, "22");
     w.b().Onderhoud();
     EXPECT_EQ(w.meldingen(), QStringList{w.p.modTaal.LaadTekst(9541)});
