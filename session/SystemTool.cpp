@@ -31,9 +31,10 @@ bool isPlainPath(const QString& path) {
 } // namespace
 
 SystemTool::SystemTool(const QString& programFolder, const QString& rootFromEnvironment,
-                       Runner runner)
+                       bool throughSudo, Runner runner)
     : m_programFolder(programFolder),
       m_root(rootFromEnvironment.isEmpty() ? QStringLiteral("/") : rootFromEnvironment),
+      m_throughSudo(throughSudo), m_rootFromEnvironment(!rootFromEnvironment.isEmpty()),
       m_runner(std::move(runner)) {}
 
 bool SystemTool::isAccountName(const QString& name) {
@@ -59,7 +60,8 @@ QString SystemTool::usage() {
         "  net localgroup Administrators [DOMAIN\\]ACCOUNT... /add\n"
         "                             the same, printing the lines of the system's net tool;\n"
         "                             with several accounts one line each, the account first\n"
-        "Every path lies under DIR, else under $TK_SYSTEEM_ROOT, else under /.\n");
+        "Every path lies under DIR, else under $TK_SYSTEEM_ROOT, else under /; through sudo\n"
+        "always under /.\n");
 }
 
 QString SystemTool::lightdmDropIn(const QString& account) {
@@ -127,15 +129,29 @@ SystemTool::Result SystemTool::remove(const char* relative) {
     return {0, QString()};
 }
 
-bool SystemTool::accountExists(const QString& name) const {
+int SystemTool::userId(const QString& name) const {
     QFile passwd(path("etc/passwd"));
     if (!passwd.open(QIODevice::ReadOnly))
-        return false;
+        return -1;
     const QByteArray begin = name.toUtf8() + ':';
-    while (!passwd.atEnd())
-        if (passwd.readLine().startsWith(begin))
-            return true;
-    return false;
+    while (!passwd.atEnd()) {
+        const QByteArray regel = passwd.readLine();
+        if (regel.startsWith(begin)) {
+            bool ok = false;
+            const int id = regel.split(':').value(2).toInt(&ok);
+            // A line without a readable ID counts as the system's: nothing is done to it.
+            return ok && id >= 0 ? id : 0;
+        }
+    }
+    return -1;
+}
+
+std::optional<SystemTool::Result> SystemTool::refusedAsSystemAccount(const QString& name) const {
+    const int id = userId(name);
+    if (id >= 0 && id < FirstUserId)
+        return refused(
+            QStringLiteral("%1 is an account of the system itself (user ID %2)").arg(name).arg(id));
+    return std::nullopt;
 }
 
 QStringList SystemTool::groupMembers(bool* exists) const {
@@ -178,6 +194,13 @@ SystemTool::Result SystemTool::accountCreate(const QString& name, const QString&
 SystemTool::Result SystemTool::accountDelete(const QString& name) {
     if (!accountExists(name))
         return failed(QStringLiteral("the account %1 does not exist").arg(name));
+    if (const auto nee = refusedAsSystemAccount(name))
+        return *nee;
+    // Only the workstation's own accounts go: those it made administrators of the workstation.
+    bool bestaat = false;
+    if (!groupMembers(&bestaat).contains(name))
+        return refused(QStringLiteral("%1 is no member of %2, so no account of the workstation")
+                           .arg(name, QString::fromLatin1(AdminGroup)));
     const Result weg = m_runner(QStringLiteral("userdel"),
                                 prefix() + QStringList{QStringLiteral("-r"), name}, QString());
     // 12: the home folder or mail spool was not there; the account is gone all the same.
@@ -197,6 +220,8 @@ QList<SystemTool::Result> SystemTool::adminAdd(const QStringList& names) {
             uit[i] = refused(QStringLiteral("'%1' is no account name Linux takes").arg(naam));
         else if (!accountExists(naam))
             uit[i] = failed(QStringLiteral("the account %1 does not exist").arg(naam));
+        else if (const auto nee = refusedAsSystemAccount(naam))
+            uit[i] = *nee;
         else if (leden.contains(naam))
             uit[i] = {0, alLid()};
         else if (!nieuw.contains(naam))
@@ -327,8 +352,12 @@ SystemTool::Result SystemTool::verb(const QString& naam, const QStringList& args
                                           "letter first, then letters, digits, _ or -, at most "
                                           "32)")
                                .arg(args[0]));
-        if (naam == u"autologon-set")
+        if (naam == u"autologon-set") {
+            // An account the system's passwd does not hold (one of a directory) may be logged on.
+            if (const auto nee = refusedAsSystemAccount(args[0]))
+                return *nee;
             return write(DropInPath, lightdmDropIn(args[0]));
+        }
         if (naam == u"account-create")
             return accountCreate(args[0], input.section(QLatin1Char('\n'), 0, 0));
         if (naam == u"account-delete")
@@ -343,6 +372,9 @@ SystemTool::Result SystemTool::verb(const QString& naam, const QStringList& args
 
 SystemTool::Result SystemTool::run(const QStringList& arguments, const QString& input) {
     QStringList args = arguments;
+    if (m_throughSudo && (args.value(0) == u"--root" || m_rootFromEnvironment))
+        return refused(QStringLiteral("through sudo the system root is /: --root and "
+                                      "TK_SYSTEEM_ROOT are for root and the tests"));
     if (args.value(0) == u"--root") {
         if (args.size() < 2)
             return refused(QStringLiteral("--root needs a folder"));

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <optional>
 
 namespace tk {
 
@@ -24,7 +25,11 @@ public:
 
     // `programFolder` is where the client's programs are (the session file starts the launcher
     // there); `rootFromEnvironment` is TK_SYSTEEM_ROOT, used when no --root is given.
-    SystemTool(const QString& programFolder, const QString& rootFromEnvironment, Runner runner);
+    // `throughSudo`: another account asked, through sudo. It may not choose the system root (a
+    // folder of its own, with links from there to anywhere, would have root write and remove
+    // where the links point): a root it gives is refused, and every path lies under "/".
+    SystemTool(const QString& programFolder, const QString& rootFromEnvironment, bool throughSudo,
+               Runner runner);
 
     // The command line after the program's name: [--root DIR] VERB ARGS...; `input` is its
     // standard input (a password).
@@ -41,6 +46,9 @@ public:
     static QString proxyFile(const QString& proxy);
 
     static constexpr const char* AdminGroup = "tafelkrater-beheer";
+    // The first user ID of a person's account (UID_MIN of Debian's login.defs); below it are the
+    // system's own accounts, root first, which no verb logs on, grants or removes.
+    static constexpr int FirstUserId = 1000;
     static constexpr const char* DropInPath = "etc/lightdm/lightdm.conf.d/60-tafelkrater.conf";
     static constexpr const char* SessionPath = "usr/share/xsessions/tafelkrater.desktop";
     static constexpr const char* ProxyPath = "etc/X11/Xsession.d/60tafelkrater-proxy";
@@ -54,7 +62,11 @@ private:
     // Adds the accounts to the administrators' group with one change of the group; a result
     // per account, in their order.
     QList<Result> adminAdd(const QStringList& names);
-    bool accountExists(const QString& name) const;
+    // The account's user ID in the system root's passwd; -1 when it has none there.
+    int userId(const QString& name) const;
+    bool accountExists(const QString& name) const { return userId(name) >= 0; }
+    // Refused when `name` is one of the system's own accounts (a user ID below FirstUserId).
+    std::optional<Result> refusedAsSystemAccount(const QString& name) const;
     // The members of the administrators' group; `exists` whether there is such a group.
     QStringList groupMembers(bool* exists) const;
     Result write(const char* relative, const QString& content);
@@ -65,6 +77,8 @@ private:
 
     QString m_programFolder;
     QString m_root;
+    bool m_throughSudo;
+    bool m_rootFromEnvironment;
     Runner m_runner;
 };
 

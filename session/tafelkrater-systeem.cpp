@@ -6,6 +6,8 @@
 #include <QProcess>
 #include <QTextStream>
 
+#include <unistd.h>
+
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     auto runner = [](const QString& program, const QStringList& arguments, const QString& input) {
@@ -16,7 +18,13 @@ int main(int argc, char** argv) {
             return tk::SystemTool::Result{127, program + QStringLiteral(" cannot be started")};
         proces.write(input.toUtf8());
         proces.closeWriteChannel();
-        proces.waitForFinished(120000);
+        if (!proces.waitForFinished(120000)) {
+            // Still running after two minutes: ended, and said to have failed, never taken for
+            // done (a running process has exit code 0).
+            proces.kill();
+            proces.waitForFinished(10000);
+            return tk::SystemTool::Result{124, program + QStringLiteral(" did not end in time")};
+        }
         const int code = proces.exitStatus() == QProcess::NormalExit ? proces.exitCode() : 128;
         return tk::SystemTool::Result{code, QString::fromLocal8Bit(proces.readAll())};
     };
@@ -28,8 +36,10 @@ int main(int argc, char** argv) {
         if (in.open(stdin, QIODevice::ReadOnly))
             invoer = QString::fromUtf8(in.readLine(4096)).trimmed();
     }
+    // sudo names the account that asked; a set-user-ID start shows it in the real user ID.
+    const bool doorSudo = qEnvironmentVariableIsSet("SUDO_UID") || getuid() != geteuid();
     tk::SystemTool tool(QCoreApplication::applicationDirPath(),
-                        qEnvironmentVariable("TK_SYSTEEM_ROOT"), runner);
+                        qEnvironmentVariable("TK_SYSTEEM_ROOT"), doorSudo, runner);
     const tk::SystemTool::Result uit = tool.run(args, invoer);
     QTextStream(uit.code == 0 ? stdout : stderr) << uit.output;
     return uit.code;

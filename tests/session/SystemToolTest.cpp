@@ -52,10 +52,14 @@ protected:
         uit.sort();
         return uit;
     }
-    Uitkomst start(const QStringList& args, const QByteArray& invoer = {}) {
+    Uitkomst start(const QStringList& args, const QByteArray& invoer = {}, bool doorSudo = false) {
         QProcess proces;
         auto omgeving = QProcessEnvironment::systemEnvironment();
         omgeving.insert("TK_SYSTEEM_ROOT", root.path());
+        // Also when the suite itself runs under sudo, only the rows that say so come through it.
+        omgeving.remove("SUDO_UID");
+        if (doorSudo)
+            omgeving.insert("SUDO_UID", "1000");
         proces.setProcessEnvironment(omgeving);
         proces.setProcessChannelMode(QProcess::MergedChannels);
         proces.start(QStringLiteral(TK_SYSTEEM_PAD), args);
@@ -79,14 +83,28 @@ TEST_F(SystemToolTest, RefusesWhatIsNotOnItsListAndWritesNothing) {
         "net|user|jan de vries|pw|/add", "net|user|jan|pw|/add|/expires:never",
         "net|localgroup|Users|jan|/add", "--root|relatief|autologon-remove",
         "session-install|extra",
+        // The system's own accounts: none is logged on, granted or removed, and an account is
+        // removed only when the workstation made it one of its administrators.
+        "autologon-set|root", "admin-add|root", "net|localgroup|Administrators|root|/add",
+        "account-delete|root", "net|user|root|/delete", "account-delete|jan", "net|user|jan|/delete",
     };
     // clang-format on
+    // jan is a person's account, but not one the workstation made an administrator.
+    schrijf("etc/passwd", "root:x:0:0:root:/root:/bin/bash\njan:x:1001:1001::/home/jan:/bin/sh\n");
     const QStringList voor = inhoud();
     for (const QString& regel : regels) {
         SCOPED_TRACE(regel.toStdString());
         const Uitkomst u = start(regel.split(u'|', Qt::SkipEmptyParts));
         EXPECT_EQ(2, u.code);
         EXPECT_TRUE(u.uit.contains(u"refused")) << u.uit.toStdString();
+    }
+    // Through sudo the caller chooses no root of its own, neither by --root nor by the
+    // environment: a link in a folder of its own would have root write where it points.
+    for (const QStringList& regel : {QStringList{"autologon-remove"},
+                                     QStringList{"--root", root.path(), "autologon-remove"}}) {
+        const Uitkomst u = start(regel, {}, true);
+        EXPECT_EQ(2, u.code) << u.uit.toStdString();
+        EXPECT_TRUE(u.uit.contains(u"through sudo")) << u.uit.toStdString();
     }
     EXPECT_EQ(voor, inhoud());
 }
