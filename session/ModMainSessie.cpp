@@ -393,6 +393,9 @@ void ModMainSessie::zetTerug(bool achtergrond) {
     HerstelOpstartinstellingen();
     HerstelResolutie();
     ZetSysteembeperkingen(true, false);
+    // Our proxy file holds for every session of the machine and outlives the run that wrote it
+    // (this run may never have used the proxy): the hand-back removes it whatever this run knows.
+    actie(QStringLiteral("proxy-clear"));
     ZetBrowserbeperkingen(false);
     if (achtergrond)
         ZetBureaubladachtergrond(false, false);

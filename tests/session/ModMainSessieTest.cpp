@@ -336,7 +336,8 @@ TEST(ModMainSessieTest, SessionActionsLiftTheLimitsTellTheLauncherThenEndTheClie
         {"afmelden", {"logoff"}, true, 0},
         {"opnieuwopstarten", {"reboot"}, true, 0},
         {"uitschakelen", {"poweroff"}, true, 0},
-        {"deactiveren", {"autologon-remove", "logoff"}, true, 1},
+        // The proxy file goes although this run never used the proxy.
+        {"deactiveren", {"autologon-remove", "proxy-clear", "logoff"}, true, 1},
         {"aanmeldenalsaccount|KLAS3A|pw|x", {"autologon-set klas3a", "logoff"}, true, 0},
         {"sluiten|a|b", {}, false, 0},
     };
@@ -421,6 +422,7 @@ TEST(ModMainSessieTest, ContainedSettingRecordsEachActionAsOneLineAndChangesNoth
                        "2026-11-25 09:41:07 proxy-set tafelkrater-internetfilter.invalid:8080\n"
                        "2026-11-25 09:41:07 net user \"a b\"\n"
                        "2026-11-25 09:41:07 autologon-remove\n"
+                       "2026-11-25 09:41:07 proxy-clear\n"
                        "2026-11-25 09:41:07 proxy-clear\n"
                        "2026-11-25 09:41:07 proxy-clear\n"
                        "2026-11-25 09:41:07 logoff\n"),
