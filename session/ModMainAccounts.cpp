@@ -139,7 +139,12 @@ void ModMainAccounts::ShellWait(const QString& opdracht, int, int, bool verwijde
             const int pijl = regel.lastIndexOf(QStringLiteral(">> "));
             if (pijl < 0)
                 continue;
-            Stap stap{regel.mid(pijl + 3).section(QLatin1Char(' '), 0, 0), {}, {}};
+            // The output file is all after the arrow but the error redirection: a program
+            // folder may hold blanks.
+            QString doel = regel.mid(pijl + 3).trimmed();
+            if (doel.endsWith(QStringLiteral(" 2>&1")))
+                doel = doel.chopped(5).trimmed();
+            Stap stap{doel, {}, {}};
             regel = regel.left(pijl);
             if (regel.startsWith(QStringLiteral("echo ")))
                 stap.echo = regel.mid(5).trimmed();

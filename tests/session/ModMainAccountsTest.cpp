@@ -55,6 +55,21 @@ TEST(ModMainAccountsTest, ScriptAndOutputHaveTheirExactFormAndNumbersRestartOnly
     EXPECT_TRUE(r.accounts.ControleerAdministratorRechten(2));
 }
 
+TEST(ModMainAccountsTest, AnOutputFileInAFolderWithABlankIsWrittenWhole) {
+    Rekening r;
+    ASSERT_TRUE(QDir(r.pad("")).mkpath("Tafel krater"));
+    const QString doel = r.pad("Tafel krater/uitvoer.txt");
+    r.schrijf(
+        "batchfile.bat",
+        ("echo 1  >> " + doel + " 2>&1\nnet user a /delete  >> " + doel + " 2>&1\n").toLocal8Bit());
+    r.systeem.outputs.insert("net", "klaar");
+    r.accounts.ShellWait(batch, 0, 0, true);
+    QFile uit(doel);
+    ASSERT_TRUE(uit.open(QIODevice::ReadOnly));
+    EXPECT_EQ("1\nklaar", QString::fromLocal8Bit(uit.readAll()).trimmed());
+    EXPECT_FALSE(QFile::exists(r.pad("Tafel")));
+}
+
 TEST(ModMainAccountsTest, SuccessTestReadsOnlyTheBlockOfItsNumberAndMatchesWholeLines) {
     struct Rij {
         int n;
