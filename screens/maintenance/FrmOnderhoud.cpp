@@ -5,6 +5,7 @@
 #include "controls/AccessibleName.h"
 #include "controls/ModPictogrammen.h"
 #include "core/Ansi.h"
+#include "core/OpstartStappen.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
 #include "core/Wire.h"
@@ -15,6 +16,7 @@
 #include "platform/Platform.h"
 #include "screens/desktop/FrmBureaublad.h"
 #include "screens/start/FrmMain.h"
+#include "theme/ModDataPictogrammen.h"
 #include "theme/ModThema.h"
 
 #include <QDir>
@@ -342,6 +344,18 @@ void FrmOnderhoud::Afmelden() {
         BewerkModus = false;
         Zichtbaar = false;
         leegMenu();
+        // The shortcuts the icon panel made for its pictures go with the stay.
+        if (p.modDataPictogrammen)
+            p.modDataPictogrammen->TijdelijkePictogrammenVerwijderen();
+        // On a network workstation the stay has a logon of its own (the maintenance account):
+        // the machine logs on as Global again, whose start screen takes over in that logon.
+        if (p.modMain.ModusNetwerk) {
+            p.opstartStappen->ZetAutomatischeAanmelding(
+                ModMain::GlobaalAccount(), ModMain::IngebouwdWachtwoord(), QString(), true);
+            if (verlaten)
+                verlaten();
+            return;
+        }
         // The start screen takes over; its location report tells the server the stay ended.
         if (p.modThema)
             p.modThema->LaadThema();

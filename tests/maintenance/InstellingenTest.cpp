@@ -295,14 +295,7 @@ TEST(InstellingenTest, TheServerPanelSavesAsksTheBetaPasswordAndRestartsForAMove
         if (c.verstuurd)
             peer.op("OPSSIN*", "OPSSIN");
         Plek plek(&peer);
-        struct Stappen : UnbuiltStartSteps {
-            using UnbuiltStartSteps::UnbuiltStartSteps;
-            void ZetAutomatischeAanmelding(const QString& a, const QString& w, const QString&,
-                                           bool afmelden) override {
-                aanmelding = a + "/" + w + (afmelden ? "/afmelden" : "");
-            }
-            QString aanmelding;
-        } stappen(plek.p());
+        test::AanmeldStappen stappen(plek.p());
         plek.p().opstartStappen = &stappen;
         plek.p().modMain.ModusNetwerk = c.netwerk;
         plek.kies(1);

@@ -7,8 +7,10 @@
 #include "screens/maintenance/FrmOnderhoudVraag.h"
 #include "screens/maintenance/FrmOnderhoudVraagView.h"
 #include "screens/maintenance/OnderhoudPaneel.h"
+#include "tests/maintenance/OnderhoudWerkplek.h"
 #include "tests/screens/PngBewaren.h"
 #include "tests/support/Werkplek.h"
+#include "theme/ModDataPictogrammen.h"
 
 #include <gtest/gtest.h>
 
@@ -309,6 +311,23 @@ TEST_F(OnderhoudTest, TheModuleOpensForTheAdministratorOrATeacherAndLeavesToItsS
     EXPECT_FALSE(f.Zichtbaar);
     EXPECT_TRUE(w.f().Zichtbaar) << "the start screen takes over";
     EXPECT_TRUE(f.cel(0, 0, 0).isEmpty());
+
+    // On a network workstation the stay had a logon of its own: the machine logs on as Global
+    // again, in whose logon the start screen comes; the icon panel's shortcuts go either way.
+    tk::test::AanmeldStappen stappen(w.p);
+    w.p.opstartStappen = &stappen;
+    w.p.modMain.ModusNetwerk = true;
+    w.p.maak(w.p.modDataPictogrammen, w.p);
+    ASSERT_TRUE(QDir().mkpath(w.pad("Afbeeldingen/Pictogrammen/Applicaties/Algemeen")));
+    const QString snelkoppeling = w.pad("Afbeeldingen/Pictogrammen/Applicaties/Algemeen/7.lnk");
+    QFile(snelkoppeling).open(QIODevice::WriteOnly);
+    openen();
+    w.f().Zichtbaar = false;
+    f.lblAfmelden_Click();
+    EXPECT_EQ(stappen.aanmelding, "GLOBAL/Sleutelwrk42/afmelden");
+    EXPECT_FALSE(w.f().Zichtbaar);
+    EXPECT_FALSE(QFile::exists(snelkoppeling));
+    w.p.opstartStappen = &w.p.unbuiltSteps;
 }
 
 TEST_F(OnderhoudTest, AHoverRepaintsOnlyTheRowsThatChangedAndTheWindowNamesThem) {

@@ -2,6 +2,7 @@
 
 // The fixture of every maintenance test that talks to a peer: one workstation pointed at a
 // scripted peer, or two workstations and the real server.
+#include "core/UnbuiltStartSteps.h"
 #include "data/ModData.h"
 #include "link/FrmMainLink.h"
 #include "link/ModMainVerbinding.h"
@@ -24,6 +25,16 @@
 #endif
 
 namespace tk::test {
+
+// Start steps that note the automatic logon asked for: "ACCOUNT/PASSWORD[/afmelden]".
+struct AanmeldStappen : UnbuiltStartSteps {
+    using UnbuiltStartSteps::UnbuiltStartSteps;
+    void ZetAutomatischeAanmelding(const QString& a, const QString& w, const QString&,
+                                   bool afmelden) override {
+        aanmelding = a + "/" + w + (afmelden ? "/afmelden" : "");
+    }
+    QString aanmelding;
+};
 
 // A Beheer workstation pointed at `poort`, with the default theme, the data tables, the start
 // screen, the router and the exclusive-access question (its timer ticks on every turn of the
