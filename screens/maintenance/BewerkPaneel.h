@@ -86,6 +86,7 @@ public:
     // --- the pattern (what the view's events call)
     void Tonen(int rij) override; // the menu chose the panel: LaadLijst and show the current
     void LaadTaal() override;     // the button captions anew
+    void Verlaten() override { wachtwoordenTonen = false; } // passwords masked for the next
     void LaadLijst();
     void Weergeven(const QString& sleutel);
     void cmd_Click(int knop);

@@ -344,6 +344,7 @@ void FrmOnderhoud::Afmelden() {
         BewerkModus = false;
         Zichtbaar = false;
         leegMenu();
+        panelenVerlaten();
         // The shortcuts the icon panel made for its pictures go with the stay.
         if (p.modDataPictogrammen)
             p.modDataPictogrammen->TijdelijkePictogrammenVerwijderen();
@@ -374,6 +375,7 @@ void FrmOnderhoud::Afmelden2() {
         BewerkModus = false;
         Zichtbaar = false;
         leegMenu();
+        panelenVerlaten();
         // Back to the teacher's desktop, which stayed behind the module.
         if (p.frmBureaublad && p.modData && p.modMainVerbinding) {
             const int rij = p.frmBureaublad->Eigenaar;
@@ -430,6 +432,11 @@ void FrmOnderhoud::LaadVormgeving() {
 }
 
 // --- the menu tables
+
+void FrmOnderhoud::panelenVerlaten() {
+    for (const auto& [nummer, paneel] : m_panelen)
+        paneel->Verlaten();
+}
 
 void FrmOnderhoud::leegMenu() {
     for (auto& groep : MenuTabel)

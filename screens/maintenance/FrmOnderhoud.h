@@ -189,6 +189,8 @@ private:
     void laadPictogrammen();
     void zetRij(int groep, int rij, const QString& tekst, bool kop, int paneel = -1);
     void leegMenu();
+    // Tells every panel the stay ended.
+    void panelenVerlaten();
     void hertekenen();
     void meld(const QString& tekst);
     void nietHier(const QString& wat);

@@ -16,6 +16,9 @@ public:
     virtual void Tonen(int rij) = 0;
     // The language changed.
     virtual void LaadTaal() {}
+    // The stay ended: what the panel showed for the one who used it goes, so that the next stay,
+    // maybe somebody else's, begins as the first did.
+    virtual void Verlaten() {}
     // The view repaints the panel.
     std::function<void()> onChanged;
 

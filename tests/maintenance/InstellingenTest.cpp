@@ -530,4 +530,10 @@ TEST(InstellingenTest, ThePanelsPaintTheirFieldsAndNameEveryControl) {
     EXPECT_TRUE(inVenster->isVisibleTo(&venster));
     EXPECT_EQ(inVenster->geometry(), plek.f().paneelVak());
     tk::test::bewaarPng(venster.grab().toImage(), "onderhoud-server");
+
+    // The next stay, maybe somebody else's, shows the passwords masked again (either way of
+    // leaving tells the panels).
+    ASSERT_TRUE(plek.inst().wachtwoordenTonen);
+    plek.f().Afmelden2();
+    EXPECT_FALSE(plek.inst().wachtwoordenTonen);
 }

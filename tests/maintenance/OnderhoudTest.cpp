@@ -23,7 +23,9 @@ namespace {
 struct ProefPaneel : OnderhoudPaneel {
     QString titel() const override { return "proef"; }
     void Tonen(int rij) override { getoond << rij; }
+    void Verlaten() override { ++verlaten; }
     QList<int> getoond;
+    int verlaten = 0;
 };
 
 class OnderhoudTest : public ::testing::Test {
@@ -310,6 +312,7 @@ TEST_F(OnderhoudTest, TheModuleOpensForTheAdministratorOrATeacherAndLeavesToItsS
     EXPECT_TRUE(verlaten);
     EXPECT_FALSE(f.Zichtbaar);
     EXPECT_TRUE(w.f().Zichtbaar) << "the start screen takes over";
+    EXPECT_EQ(panelen[3]->verlaten, 2) << "each way of leaving tells every panel";
     EXPECT_TRUE(f.cel(0, 0, 0).isEmpty());
 
     // On a network workstation the stay had a logon of its own: the machine logs on as Global
