@@ -22,6 +22,7 @@ void FrmOnderhoudVraag::LaadTaal() {
     for (int i = 0; i < 4; ++i)
         m_tekst[i] = p.modTaal.LaadTekst(1803 + i);
     cmdAfmeldenCaption = p.modTaal.LaadTekst(1801);
+    Caption = p.modTaal.LaadTekst(1601);
     if (Modus != -1)
         cmdAnnulerenCaption = p.modTaal.LaadTekst(1802);
     hertekenen();

@@ -41,6 +41,7 @@ public:
     bool Open = false;
     qint64 Deadline = 0, Peilmoment = 0; // times of the injected clock
     QString lblVraag, lblAftellen, cmdAfmeldenCaption, cmdAnnulerenCaption;
+    QString Caption; // the window's title: the module's name in the user's language
     bool cmdAfmeldenZichtbaar = true;
     int cmdAnnulerenLinks = 232, Hoogte = 180; // pixels; the note is lower, Cancel moves left
 

@@ -28,7 +28,7 @@ FrmOnderhoudVraagView::~FrmOnderhoudVraagView() {
 }
 
 void FrmOnderhoudVraagView::bijwerken() {
-    setWindowTitle(m.formNaam());
+    setWindowTitle(m.Caption);
     zetLijf(Breedte, m.Hoogte);
     vlakken.clear();
     const int knopBoven = m.Hoogte - 40;

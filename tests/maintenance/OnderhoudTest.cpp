@@ -239,8 +239,9 @@ TEST_F(OnderhoudTest, TheQuestionCountsDownOnTheClockEndsAsThePartySaysAndShowsI
     EXPECT_EQ(v.lblAftellen, "In 20 seconds you are logged off automatically");
     v.cmdAnnuleren_Click();
 
-    // The window: the text and the buttons of each mode.
+    // The window: the text and the buttons of each mode, under the module's name.
     FrmOnderhoudVraagView view(v);
+    EXPECT_EQ(view.windowTitle(), w.p.modTaal.LaadTekst(1601));
     struct Venster {
         int modus;
         bool notitie; // INFONC came: the closing note
