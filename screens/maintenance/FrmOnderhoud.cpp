@@ -348,9 +348,10 @@ void FrmOnderhoud::Afmelden() {
         // The shortcuts the icon panel made for its pictures go with the stay.
         if (p.modDataPictogrammen)
             p.modDataPictogrammen->TijdelijkePictogrammenVerwijderen();
-        // On a network workstation the stay has a logon of its own (the maintenance account):
-        // the machine logs on as Global again, whose start screen takes over in that logon.
-        if (p.modMain.ModusNetwerk) {
+        // On a network workstation a full stay has a logon of its own (the maintenance account):
+        // the machine logs on as Global again, whose start screen takes over in that logon. A
+        // teacher's limited stay came from the teacher's desktop, in the teacher's logon.
+        if (p.modMain.ModusNetwerk && !Beperkt) {
             p.opstartStappen->ZetAutomatischeAanmelding(
                 ModMain::GlobaalAccount(), ModMain::IngebouwdWachtwoord(), QString(), true);
             if (verlaten)

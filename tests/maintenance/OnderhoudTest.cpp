@@ -331,6 +331,11 @@ TEST_F(OnderhoudTest, TheModuleOpensForTheAdministratorOrATeacherAndLeavesToItsS
     EXPECT_EQ(stappen.aanmelding, "GLOBAL/Sleutelwrk42/afmelden");
     EXPECT_FALSE(w.f().Zichtbaar);
     EXPECT_FALSE(QFile::exists(snelkoppeling));
+    // A teacher's limited stay, ended by force, stays in the teacher's logon.
+    stappen.aanmelding.clear();
+    openen(4, {2});
+    f.Afmelden();
+    EXPECT_EQ(stappen.aanmelding, "");
     w.p.opstartStappen = &w.p.unbuiltSteps;
 }
 
