@@ -8,13 +8,30 @@ if(NOT prefix MATCHES "^/(opt|usr)(/|$)")
   message(STATUS "Not a system prefix (${prefix}): sudoers drop-in, X session and group skipped")
   return()
 endif()
+# The prefix stands unquoted in a sudoers line and in the session's command line.
+if(NOT prefix MATCHES "^[A-Za-z0-9/._-]+$")
+  message(FATAL_ERROR "The prefix '${prefix}' holds characters a sudoers line cannot take as they "
+                      "are: install into a folder named with letters, digits, '/', '.', '_' or '-'")
+endif()
 set(root "$ENV{DESTDIR}")
 
+# sudo refuses to run at all while a file of sudoers.d cannot be read: the drop-in is written
+# beside (a name with a dot, which sudo passes over), checked, and only then put in its place.
 file(READ "${TK_SUDOERS_TEMPLATE}" sudoers)
 string(REPLACE "@PREFIX@" "${prefix}" sudoers "${sudoers}")
 file(MAKE_DIRECTORY "${root}/etc/sudoers.d")
-file(WRITE "${root}/etc/sudoers.d/tafelkrater" "${sudoers}")
-file(CHMOD "${root}/etc/sudoers.d/tafelkrater" PERMISSIONS OWNER_READ GROUP_READ)
+set(nieuw "${root}/etc/sudoers.d/tafelkrater.nieuw")
+file(WRITE "${nieuw}" "${sudoers}")
+file(CHMOD "${nieuw}" PERMISSIONS OWNER_READ GROUP_READ)
+find_program(visudo visudo PATHS /usr/sbin /sbin)
+if(visudo)
+  execute_process(COMMAND "${visudo}" -c -q -f "${nieuw}" RESULT_VARIABLE goed)
+  if(NOT goed EQUAL 0)
+    file(REMOVE "${nieuw}")
+    message(FATAL_ERROR "visudo finds the sudoers drop-in for '${prefix}' wrong; nothing installed")
+  endif()
+endif()
+file(RENAME "${nieuw}" "${root}/etc/sudoers.d/tafelkrater")
 message(STATUS "Installing: ${root}/etc/sudoers.d/tafelkrater")
 
 # The same text as "tafelkrater-systeem session-install" writes (SystemTool::sessionFile).

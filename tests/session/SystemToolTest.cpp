@@ -232,6 +232,19 @@ TEST(SystemInstallTest, AnInstallIntoASystemPrefixPlacesTheSudoersDropInTheSessi
         ASSERT_TRUE(groep.open(QIODevice::ReadOnly));
         EXPECT_TRUE(groep.readAll().contains("g tafelkrater-beheer -\n"));
     }
+    // A prefix a sudoers line cannot take as it is stops the install before any drop-in: one
+    // that sudo could not read would stop sudo for every account of the machine.
+    QTemporaryDir destdir;
+    QProcessEnvironment omgeving = QProcessEnvironment::systemEnvironment();
+    omgeving.insert("DESTDIR", destdir.path());
+    const Uitkomst u = draai(QStringLiteral(TK_CMAKE),
+                             {"--install", QStringLiteral(TK_BUILD_DIR), "--prefix", "/opt/a,b",
+                              "--component", "systeem"},
+                             omgeving);
+    EXPECT_NE(0, u.code);
+    EXPECT_TRUE(u.uit.contains(u"sudoers")) << u.uit.toStdString();
+    EXPECT_FALSE(QDir(destdir.filePath("etc/sudoers.d")).exists() &&
+                 !QDir(destdir.filePath("etc/sudoers.d")).isEmpty());
 }
 
 } // namespace
