@@ -146,8 +146,7 @@ int SystemTool::userId(const QString& name) const {
     return -1;
 }
 
-std::optional<SystemTool::Result> SystemTool::refusedAsSystemAccount(const QString& name) const {
-    const int id = userId(name);
+std::optional<SystemTool::Result> SystemTool::refusedAsSystemAccount(const QString& name, int id) {
     if (id >= 0 && id < FirstUserId)
         return refused(
             QStringLiteral("%1 is an account of the system itself (user ID %2)").arg(name).arg(id));
@@ -192,9 +191,10 @@ SystemTool::Result SystemTool::accountCreate(const QString& name, const QString&
 }
 
 SystemTool::Result SystemTool::accountDelete(const QString& name) {
-    if (!accountExists(name))
+    const int id = userId(name);
+    if (id < 0)
         return failed(QStringLiteral("the account %1 does not exist").arg(name));
-    if (const auto nee = refusedAsSystemAccount(name))
+    if (const auto nee = refusedAsSystemAccount(name, id))
         return *nee;
     // Only the workstation's own accounts go: those it made administrators of the workstation.
     bool bestaat = false;
@@ -218,9 +218,9 @@ QList<SystemTool::Result> SystemTool::adminAdd(const QStringList& names) {
         const QString& naam = names[i];
         if (!isAccountName(naam))
             uit[i] = refused(QStringLiteral("'%1' is no account name Linux takes").arg(naam));
-        else if (!accountExists(naam))
+        else if (const int id = userId(naam); id < 0)
             uit[i] = failed(QStringLiteral("the account %1 does not exist").arg(naam));
-        else if (const auto nee = refusedAsSystemAccount(naam))
+        else if (const auto nee = refusedAsSystemAccount(naam, id))
             uit[i] = *nee;
         else if (leden.contains(naam))
             uit[i] = {0, alLid()};
@@ -354,7 +354,7 @@ SystemTool::Result SystemTool::verb(const QString& naam, const QStringList& args
                                .arg(args[0]));
         if (naam == u"autologon-set") {
             // An account the system's passwd does not hold (one of a directory) may be logged on.
-            if (const auto nee = refusedAsSystemAccount(args[0]))
+            if (const auto nee = refusedAsSystemAccount(args[0], userId(args[0])))
                 return *nee;
             return write(DropInPath, lightdmDropIn(args[0]));
         }

@@ -65,8 +65,8 @@ private:
     // The account's user ID in the system root's passwd; -1 when it has none there.
     int userId(const QString& name) const;
     bool accountExists(const QString& name) const { return userId(name) >= 0; }
-    // Refused when `name` is one of the system's own accounts (a user ID below FirstUserId).
-    std::optional<Result> refusedAsSystemAccount(const QString& name) const;
+    // Refused when `id`, the user ID of `name` (-1: none), is one of the system's own accounts.
+    static std::optional<Result> refusedAsSystemAccount(const QString& name, int id);
     // The members of the administrators' group; `exists` whether there is such a group.
     QStringList groupMembers(bool* exists) const;
     Result write(const char* relative, const QString& content);

@@ -354,16 +354,14 @@ void FrmOnderhoud::Afmelden() {
         if (p.modMain.ModusNetwerk && !Beperkt) {
             p.opstartStappen->ZetAutomatischeAanmelding(
                 ModMain::GlobaalAccount(), ModMain::IngebouwdWachtwoord(), QString(), true);
-            if (verlaten)
-                verlaten();
-            return;
-        }
-        // The start screen takes over; its location report tells the server the stay ended.
-        if (p.modThema)
-            p.modThema->LaadThema();
-        if (p.startScreen) {
-            p.startScreen->LadenVormgeving();
-            p.startScreen->OpenGlobal(true);
+        } else {
+            // The start screen takes over; its location report tells the server the stay ended.
+            if (p.modThema)
+                p.modThema->LaadThema();
+            if (p.startScreen) {
+                p.startScreen->LadenVormgeving();
+                p.startScreen->OpenGlobal(true);
+            }
         }
         if (verlaten)
             verlaten();
