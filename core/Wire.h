@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLatin1StringView>
+#include <QStringList>
 
 // The words of the command channel, written once for the client and the server. A message is
 // a command word followed by its payload; a reply begins with the prefix the client's
@@ -14,6 +15,12 @@ inline constexpr QLatin1StringView recordSep{";|;"};
 inline constexpr QLatin1StringView fieldSep{";<>;"};
 inline constexpr QLatin1StringView itemSep{"><"};
 inline constexpr QLatin1Char valueSep{'|'};
+
+// Whether texts joined by `sep` split back into the same texts: one that holds the separator, or
+// ends or begins with a piece of it, would come back cut elsewhere.
+inline bool splitsBack(const QStringList& parts, QLatin1StringView sep) {
+    return parts.join(sep).split(sep) == parts;
+}
 
 // Reply endings: a word + ok or fout says whether the server carried the request out; ja and
 // nee answer a question.

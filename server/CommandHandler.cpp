@@ -436,6 +436,11 @@ bool CommandHandler::handleSave(ClientConnection& c, const QString& m) {
             refuse(c, wire::OPSINS, QStringLiteral("settings of %1 fields, not 8").arg(f.size()));
             return true;
         }
+        // The two passwords are sent back joined by recordSep.
+        if (!wire::splitsBack(f.mid(0, 2), wire::recordSep)) {
+            refuse(c, wire::OPSINS, QStringLiteral("passwords that would not split back apart"));
+            return true;
+        }
         QList<QPair<QString, QString>> values;
         for (int i = 0; i < 8; ++i)
             values.append({s(keys[i]), f[i]});

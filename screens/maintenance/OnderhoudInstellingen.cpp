@@ -107,6 +107,17 @@ void OnderhoudInstellingen::LaadThemas() {
     velden[Thema].waarde = thema;
 }
 
+bool OnderhoudInstellingen::MagOpslaan() {
+    QStringList alle;
+    for (const Veld& v : velden)
+        alle.append(v.waarde);
+    if (wire::splitsBack(alle.mid(WachtwoordLeraren, 2), wire::recordSep) &&
+        wire::splitsBack(alle, wire::fieldSep))
+        return true;
+    ToonVraag(p.modTaal.LaadTekst(9612), QStringLiteral("-"));
+    return false;
+}
+
 bool OnderhoudInstellingen::OpslaanRecord(bool) {
     ModMain& m = p.modMain;
     auto waarde = [&](int veld) { return velden[veld].waarde; };
@@ -120,8 +131,6 @@ bool OnderhoudInstellingen::OpslaanRecord(bool) {
                               taal.isEmpty() ? taalNu : taal};
     if (!p.modData)
         return false;
-    p.modData->Wachtwoorden = wachtwoorden;
-    p.modData->Overige = overige;
     // A row without data changes no language.
     const QString stond =
         m.LeesIni(QStringLiteral("Instellingen"), QStringLiteral("Language"), instellingenIni);
@@ -135,6 +144,9 @@ bool OnderhoudInstellingen::OpslaanRecord(bool) {
         p.modThema->LaadThema();
     if (!p.modData->Opslaan_Instellingen((wachtwoorden + overige).join(wire::fieldSep)))
         return false;
+    // Only what the server stored: the data set is what the next load brings.
+    p.modData->Wachtwoorden = wachtwoorden;
+    p.modData->Overige = overige;
     if (taalAnders) {
         ModTaal& t = p.modTaal;
         t.Taal = taal.toLong();

@@ -40,6 +40,9 @@ protected:
     // The settings in the described order: the data set, the settings file, the theme, the
     // server, and on a changed language every open form re-captioned.
     bool OpslaanRecord(bool nieuwRecord) override;
+    // Texts that would not come back apart from the stored settings (a password holding the
+    // separator of the two) are told and not sent.
+    bool MagOpslaan() override;
     std::array<int, 6> knopTeksten() const override { return {0, 0, 0, 3277, 0, 3278}; }
 };
 

@@ -207,29 +207,32 @@ TEST(InstellingenTest, SaveStoresTheSettingsAndAChangedLanguageRecaptionsEveryFo
     struct Case {
         const char* wat;
         const char *thema, *taal; // chosen; "" is a language row without data
-        const char* antwoord;     // the server's reply to OPSINS
+        const char* beheer;       // the maintenance password typed
+        const char* antwoord;     // the server's reply to OPSINS; nullptr: refused unsent
         const char* themaTaal;    // the last two fields sent
         int iniTaal, taalNa;      // Language in the file, and the language in use, afterwards
     };
     const Case cases[] = {
-        {"theme alone", "2", "1033", "OK", "2;<>;1033", 1033, 1033},
-        {"language", "1", "1043", "OK", "1;<>;1043", 1043, 1043},
-        {"a language row without data", "1", "", "OK", "1;<>;1033", 1033, 1033},
-        {"the server refuses", "1", "1043", "FOUT", "1;<>;1043", 1043, 1033},
+        {"theme alone", "2", "1033", "nieuw", "OK", "2;<>;1033", 1033, 1033},
+        {"language", "1", "1043", "nieuw", "OK", "1;<>;1043", 1043, 1043},
+        {"a language row without data", "1", "", "nieuw", "OK", "1;<>;1033", 1033, 1033},
+        {"the server refuses", "1", "1043", "nieuw", "FOUT", "1;<>;1043", 1043, 1033},
+        // The two passwords are stored as one text joined by ";|;".
+        {"a password holding the separator", "2", "1043", "a;|;b", nullptr, "", 1033, 1033},
     };
-    const QString vast = "OPSINSleraar;<>;nieuw;<>;http://school.example;<>;aan@school.example;<>;"
-                         "De Klimop;<>;van@school.example;<>;";
     for (const Case& c : cases) {
         SCOPED_TRACE(c.wat);
         ScriptedPeer peer;
-        begin(peer).op("OPSINS*", QString("OPSINS") + c.antwoord);
-        const bool mislukt = QString(c.antwoord) == "FOUT";
+        begin(peer);
+        if (c.antwoord)
+            peer.op("OPSINS*", QString("OPSINS") + c.antwoord);
+        const bool mislukt = QString(c.antwoord) != "OK";
         Plek plek(&peer);
         QStringList log;
         OpnameForm eerste(plek.p(), log, "eerste"), laatste(plek.p(), log, "laatste");
         plek.kies(0);
         OnderhoudInstellingen& m = plek.inst();
-        m.ZetVeld(I::WachtwoordBeheer, "nieuw");
+        m.ZetVeld(I::WachtwoordBeheer, c.beheer);
         m.ZetVeld(I::Thema, c.thema);
         m.ZetVeld(I::Taal, c.taal);
         const QStringList getypt = waarden(m);
@@ -237,12 +240,18 @@ TEST(InstellingenTest, SaveStoresTheSettingsAndAChangedLanguageRecaptionsEveryFo
         m.cmd_Click(BewerkPaneel::Opslaan);
         EXPECT_FALSE(plek.f().BewerkModus);
         ASSERT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
-        EXPECT_EQ(peer.ontvangen.last(), vast + c.themaTaal);
-        EXPECT_EQ(plek.leesIni("Thema"), c.thema);
+        const QString verstuurd = QString("OPSINSleraar;<>;") + c.beheer +
+                                  ";<>;http://school.example;<>;aan@school.example;<>;"
+                                  "De Klimop;<>;van@school.example;<>;" +
+                                  c.themaTaal;
+        EXPECT_EQ(peer.ontvangen.filter("OPSINS"),
+                  c.antwoord ? QStringList(verstuurd) : QStringList());
+        EXPECT_EQ(plek.leesIni("Thema"), c.antwoord ? c.thema : "");
         EXPECT_EQ(plek.leesIni("Language"), QString::number(c.iniTaal));
         EXPECT_EQ(plek.p().modTaal.Taal, c.taalNa);
-        EXPECT_EQ(plek.p().modData->Wachtwoorden.value(1), "nieuw");
-        plek.gemeld(mislukt ? QList<int>{3332} : QList<int>());
+        EXPECT_EQ(plek.p().modData->Wachtwoorden.value(1), mislukt ? "beheer" : "nieuw")
+            << "only what the server stored";
+        plek.gemeld(mislukt ? QList<int>{c.antwoord ? 3332 : 9612} : QList<int>());
         // A refused save keeps what was typed, so that Save can be pressed again; a stored one
         // shows the language in use.
         EXPECT_EQ(knoppen(m), mislukt ? "...S.R" : "......");

@@ -189,9 +189,12 @@ TEST(ServerSaveTest, SavedRecordsComeBackInTheirColumns) {
                     {"LDNITS", "LDNITSa.nl|b.nl"},
                     {"OPSINSl1;<>;b1;<>;https://x.nl;<>;aan@x;<>;School;<>;van@x;<>;2;<>;1033",
                      "OPSINSOK"},
-                    {"LDNWCH", "LDNWCHl1;|;b1"},
                     {"LDNTAA", "LDNTAA1033"},
                     {"OPSINSalleen;<>;twee", "OPSINSFOUT"},
+                    // Passwords that would come back cut elsewhere, once joined by ";|;".
+                    {"OPSINSl;|;<>;b;<>;s;<>;a;<>;S;<>;v;<>;2;<>;1033", "OPSINSFOUT"},
+                    {"OPSINSl;<>;a;|;b;<>;s;<>;a;<>;S;<>;v;<>;2;<>;1033", "OPSINSFOUT"},
+                    {"LDNWCH", "LDNWCHl1;|;b1"},
                     {"ACDNIEnieuw|geheim|1|Nieuwe klas", "ACDNIEOK"},
                     {"ACDCONnieuw", "ACDCONJA"},
                     {"OPSWAGnieuw><l:Gebruikers|g:Leerlingen", "OPSWAG"},
