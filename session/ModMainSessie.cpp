@@ -5,6 +5,7 @@
 #include "core/OpstartStappen.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
+#include "link/FrmMainLink.h"
 #include "platform/Display.h"
 #include "platform/Environment.h"
 #include "platform/Processes.h"
@@ -411,6 +412,9 @@ void ModMainSessie::TafelkraterDeactiveren(bool stil) {
         if (!stil)
             m.ToonVraag(p.modTaal.LaadTekst(3),
                         p.modTaal.LaadTekst(m.ModusStandalone ? 2923 : 2924), QStringLiteral("-"));
+        // The log-off ends the connection: no "connection lost" and restart on the way out.
+        if (p.frmMain)
+            p.frmMain->VerliesVerwacht = true;
         zetTerug(true);
         Afmelden();
     });

@@ -1,3 +1,4 @@
+#include "link/FrmMainLink.h"
 #include "platform/ContainedSystemActions.h"
 #include "tests/session/SessieWerkplek.h"
 
@@ -206,7 +207,9 @@ TEST(ModMainSessieTest, TakeOverWritesTheLogonOfItsFamilyAndHandBackLeavesTheSto
         w.sessie.ZetBureaubladachtergrond(true, true);
         w.sessie.ZetBrowserbeperkingen(true);
         w.sessie.ZetSysteembeperkingen(false, false);
+        w.p.maak(w.p.frmMain, w.p);
         w.sessie.TafelkraterDeactiveren(true);
+        EXPECT_TRUE(w.p.frmMain->VerliesVerwacht) << "the connection goes with the session";
         verwacht = voor;
         for (const Waarde& b : browser)
             zet(verwacht, b);
