@@ -34,6 +34,9 @@ public:
     // shell comes back and the program's own account goes, with its home folder.
     void TafelkraterAccountVerwijderen();
     bool IsShellIngesteld();
+    // The last action the machine refused in this run, with its arguments, and what it said.
+    QStringList Geweigerd() const { return m_geweigerd; }
+    QString Weigering() const { return m_weigering; }
     // Starts the machine's normal desktop inside our X server: the command of Systeembureaublad
     // in [Instellingen] (x-session-manager when absent).
     void StartVerkenner();

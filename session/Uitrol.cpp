@@ -117,6 +117,12 @@ int Uitrol::Deactiveren(const QStringList& opties) {
                                                "workstation; there is nothing to hand back"));
     m_sessie.sessieBeeindigen = false;
     m_sessie.TafelkraterDeactiveren(true);
+    if (!m_sessie.Geweigerd().isEmpty())
+        return klaar(MachineWeigert,
+                     QStringLiteral("the machine refused '%1' (%2); the rest is handed back, but "
+                                    "the logon may still be ours: run this again with the right "
+                                    "to change it")
+                         .arg(m_sessie.Geweigerd().join(QLatin1Char(' ')), m_sessie.Weigering()));
     return klaar(Gelukt, QStringLiteral("the workstation is handed back; it applies from the next "
                                         "log on (restart it now)"));
 }

@@ -34,6 +34,7 @@ TEST(UitrolTest, ScriptedTakeOverAndHandBackEndWithACodeAndLeaveTheSessionRunnin
         {"no sudo right for the session: nothing of the logon", "--activeren --modus 2", true, "session-install", 6, "Nee", false},
         {"no sudo right for the logon", "--activeren --modus 1", true, "autologon-set", 6, "Nee", false},
         {"hand-back", "--deactiveren --modus netwerk", true, "", 0, "Nee", false},
+        {"hand-back, the logon refused", "--deactiveren --modus 1", true, "autologon-remove", 6, "Nee", false},
     };
     // clang-format on
     for (const Rij& rij : rijen) {
