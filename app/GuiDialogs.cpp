@@ -29,7 +29,10 @@ QString GuiDialogs::vraag(const QString& titel, const QString& tekst, const QStr
 
 void GuiDialogs::toonModaal(Form& form) {
     if (auto* vraag = dynamic_cast<FrmVraag*>(&form)) {
-        FrmVraagView(*vraag).exec();
+        FrmVraagView view(*vraag);
+        m_vragen.append(&view);
+        view.exec();
+        m_vragen.removeAll(&view);
     } else if (auto* rapport = dynamic_cast<FrmFoutrapportage*>(&form)) {
         FrmFoutrapportageView(*rapport).exec();
     } else if (auto* versie = dynamic_cast<FrmVersie*>(&form)) {
@@ -46,6 +49,13 @@ void GuiDialogs::toonModaal(Form& form) {
         // A form without a view answers as if closed; say so rather than hang or guess.
         QTextStream(stderr) << "tafelkrater: no window for " << form.formNaam() << Qt::endl;
     }
+}
+
+void GuiDialogs::sluitVragen() {
+    // Each window's Cancel; its own loop ends when control returns to it.
+    for (const QPointer<QDialog>& vraag : QList(m_vragen))
+        if (vraag)
+            vraag->reject();
 }
 
 } // namespace tk

@@ -2,6 +2,10 @@
 
 #include "core/DialogService.h"
 
+#include <QDialog>
+#include <QList>
+#include <QPointer>
+
 namespace tk {
 
 class Programma;
@@ -13,9 +17,11 @@ public:
     explicit GuiDialogs(Programma& p) : p(p) {}
     QString vraag(const QString& titel, const QString& tekst, const QString& stijl) override;
     void toonModaal(Form& form) override;
+    void sluitVragen() override;
 
 private:
     Programma& p;
+    QList<QPointer<QDialog>> m_vragen; // the question windows open, the innermost last
 };
 
 } // namespace tk

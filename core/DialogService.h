@@ -17,6 +17,10 @@ public:
     // Shows a form modally; the user's answer reaches the form through its own click
     // procedures before this returns.
     virtual void toonModaal(Form& form) = 0;
+    // Closes the question windows open now as if Cancel was chosen: what they asked about has
+    // gone (a stay in the maintenance module ended by force while one was open). A service
+    // whose questions are answered at once has none open.
+    virtual void sluitVragen() {}
 };
 
 } // namespace tk

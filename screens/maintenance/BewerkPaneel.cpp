@@ -283,6 +283,8 @@ std::optional<QString> BewerkPaneel::VraagB(const QString& bericht) {
 }
 
 QString BewerkPaneel::ToonVraag(const QString& tekst, const QString& soort) {
+    if (p.frmOnderhoud)
+        return p.frmOnderhoud->Vraag(tekst, soort);
     return p.modMain.ToonVraag(p.modTaal.LaadTekst(3359), tekst, soort);
 }
 

@@ -5,6 +5,7 @@
 #include "controls/AccessibleName.h"
 #include "controls/ModPictogrammen.h"
 #include "core/Ansi.h"
+#include "core/DialogService.h"
 #include "core/OpstartStappen.h"
 #include "core/Procedure.h"
 #include "core/Programma.h"
@@ -276,8 +277,7 @@ void FrmOnderhoud::picMenuItem_DblClick(int nummer) {
     Procedure(p, "frmOnderhoud.picMenuItem_DblClick", [&] {
         if (nummer != PKlassen || BewerkModus)
             return;
-        if (p.modMain.ToonVraag(p.modTaal.LaadTekst(3359), p.modTaal.LaadTekst(3378),
-                                QStringLiteral("?")) != u"ja")
+        if (Vraag(p.modTaal.LaadTekst(3378), QStringLiteral("?")) != u"ja")
             return;
         for (int n = 1; n <= 8; ++n) {
             const QString nr = QString::number(n);
@@ -322,8 +322,7 @@ bool FrmOnderhoud::OpslaanKlas(const QString& naam, const QString& kort, const Q
             if (bestaat != wire::ja) {
                 const QString vraag =
                     p.modTaal.LaadTekst(3388).replace(QStringLiteral("%account%"), account);
-                if (p.modMain.ToonVraag(p.modTaal.LaadTekst(3359), vraag, QStringLiteral("?")) ==
-                    u"ja") {
+                if (Vraag(vraag, QStringLiteral("?")) == u"ja") {
                     p.modMain.Vraag(wire::ACDNIE + account + wire::valueSep + wachtwoord +
                                     QStringLiteral("|1|") + naam);
                     LaadWindowsAccounts(false);
@@ -435,6 +434,15 @@ void FrmOnderhoud::LaadVormgeving() {
 void FrmOnderhoud::panelenVerlaten() {
     for (const auto& [nummer, paneel] : m_panelen)
         paneel->Verlaten();
+    ++m_verblijfEinden;
+    if (p.dialogen)
+        p.dialogen->sluitVragen();
+}
+
+QString FrmOnderhoud::Vraag(const QString& tekst, const QString& soort) {
+    const int einden = m_verblijfEinden;
+    const QString antwoord = p.modMain.ToonVraag(p.modTaal.LaadTekst(3359), tekst, soort);
+    return einden == m_verblijfEinden ? antwoord : QString();
 }
 
 void FrmOnderhoud::leegMenu() {

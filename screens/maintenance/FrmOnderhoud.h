@@ -182,6 +182,10 @@ public:
     // a row's hit box (the view may replace it).
     std::function<int(const QString&, int, bool)> tekstBreedte;
 
+    // A question of the module under its title (string 3359). The answer of a question that was
+    // still open when the stay ended is empty, as if cancelled: it no longer acts.
+    QString Vraag(const QString& tekst, const QString& soort);
+
 private:
     // The loaded menu on the screen, nothing being edited.
     void toonMenu();
@@ -189,7 +193,7 @@ private:
     void laadPictogrammen();
     void zetRij(int groep, int rij, const QString& tekst, bool kop, int paneel = -1);
     void leegMenu();
-    // Tells every panel the stay ended.
+    // Tells every panel the stay ended, and closes the questions still open.
     void panelenVerlaten();
     void hertekenen();
     void meld(const QString& tekst);
@@ -197,6 +201,7 @@ private:
     quint32 rustkleur(int groep, int rij) const;
     bool toonPaneel(int nummer, int rij);
     Programma& p;
+    int m_verblijfEinden = 0; // how many stays ended, for the questions open at the time
     std::map<int, OnderhoudPaneel*> m_panelen;
 };
 

@@ -1,6 +1,7 @@
 // The client's composition root: everything a lower layer asks of a higher one is wired, and
 // what is not is named.
 #include "app/ClientAssembly.h"
+#include "app/GuiDialogs.h"
 #include "link/ModMainVerbinding.h"
 #include "platform/RegistryStore.h"
 #include "screens/browser/BrowserPane.h"
@@ -9,6 +10,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QTimer>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -41,6 +43,22 @@ TEST(ClientAssemblyTest, TheWholeClientIsWiredAndAnythingLeftOutIsNamed) {
             << client.unwired().join(u',').toStdString();
     }
     EXPECT_EQ(client.unwired().size(), std::size(cases));
+}
+
+// What the questions asked about is gone (a stay ended by force): every question window on the
+// screen closes as if Cancel was chosen, the inner one of two nested and the outer.
+TEST(ClientAssemblyTest, ClosingTheQuestionsEndsEveryOpenQuestionWindowAsCancelled) {
+    Werkplek w;
+    GuiDialogs dialogen(w.p);
+    w.p.dialogen = &dialogen;
+    QString binnen;
+    QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, [&] { dialogen.sluitVragen(); });
+        binnen = dialogen.vraag("t", "binnen", "?");
+    });
+    EXPECT_EQ(dialogen.vraag("t", "buiten", "?"), "nee");
+    EXPECT_EQ(binnen, "nee");
+    w.p.dialogen = &w.dialogen;
 }
 
 TEST(ClientAssemblyTest, AStepNoLayerFillsSaysSoInTheLogBookOnce) {

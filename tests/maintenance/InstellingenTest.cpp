@@ -473,6 +473,25 @@ TEST(InstellingenTest, TheBackupBoxListsExportsAndImportsTheServersBackups) {
     EXPECT_EQ(plek.server().cmbBackup, leesbaar);
 }
 
+// Another workstation took the module while the import question was open: the stay ends, the
+// question closes, and the Yes it still returns restores nothing.
+TEST(InstellingenTest, AQuestionOpenWhenTheStayEndsNoLongerActs) {
+    ScriptedPeer peer;
+    begin(peer, "BCK1.1.backup").op("LDNSIN", "LDNSIN2.0.1;<>;JA;<>;NEE");
+    peer.op("BCKRST*", "BCKFOUT"); // answered, should it be asked after all
+    Plek plek(&peer);
+    plek.kies(1);
+    auto& dialogen = plek.ws.dialogen;
+    dialogen.antwoorden << "ja";
+    dialogen.tijdensVraag = [&] { plek.f().Afmelden2(); };
+    plek.server().cmdBackup_Click(0);
+    EXPECT_EQ(dialogen.gesloten, 1);
+    EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
+    EXPECT_TRUE(peer.ontvangen.filter("BCKRST").isEmpty());
+    plek.gemeld({3324});
+    plek.herstart("");
+}
+
 TEST(InstellingenTest, ThePanelsPaintTheirFieldsAndNameEveryControl) {
     ScriptedPeer peer;
     begin(peer, "BCK5-3-2024 14.07.09.backup|6-3-2024 9.00.00.backup")

@@ -6,6 +6,8 @@ namespace tk::test {
 
 QString ScriptedDialogs::vraag(const QString& titel, const QString& tekst, const QString& stijl) {
     gesteld.append(Vraag{titel, tekst, stijl});
+    if (tijdensVraag)
+        tijdensVraag();
     return antwoorden.isEmpty() ? QString() : antwoorden.takeFirst();
 }
 

@@ -18,6 +18,7 @@ public:
     };
     QString vraag(const QString& titel, const QString& tekst, const QString& stijl) override;
     void toonModaal(Form& form) override;
+    void sluitVragen() override { ++gesloten; }
     // The texts of the questions and messages asked so far.
     QStringList teksten() const;
 
@@ -25,6 +26,8 @@ public:
     QList<Vraag> gesteld;
     QStringList getoond; // names of the forms shown modally
     std::function<void(Form&)> opModaal;
+    std::function<void()> tijdensVraag; // runs while a question is open, before its answer
+    int gesloten = 0;                   // how often the open questions were closed
 };
 
 } // namespace tk::test
