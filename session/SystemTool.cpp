@@ -143,7 +143,18 @@ int SystemTool::userId(const QString& name) const {
             return ok && id >= 0 ? id : 0;
         }
     }
-    return -1;
+    // An account of a directory (LDAP, a domain: the accounts of a network workstation) is not
+    // in the file; on the machine itself the name service knows it.
+    if (!prefix().isEmpty())
+        return -1;
+    const Result regel =
+        m_runner(QStringLiteral("getent"), {QStringLiteral("passwd"), name}, QString());
+    const QStringList velden = regel.output.trimmed().split(QLatin1Char(':'));
+    if (regel.code != 0 || velden.value(0) != name)
+        return -1;
+    bool ok = false;
+    const int id = velden.value(2).toInt(&ok);
+    return ok && id >= 0 ? id : 0;
 }
 
 std::optional<SystemTool::Result> SystemTool::refusedAsSystemAccount(const QString& name, int id) {

@@ -62,7 +62,8 @@ private:
     // Adds the accounts to the administrators' group with one change of the group; a result
     // per account, in their order.
     QList<Result> adminAdd(const QStringList& names);
-    // The account's user ID in the system root's passwd; -1 when it has none there.
+    // The account's user ID in the system root's passwd, or on the machine itself from the name
+    // service (getent); -1 when it has none.
     int userId(const QString& name) const;
     bool accountExists(const QString& name) const { return userId(name) >= 0; }
     // Refused when `id`, the user ID of `name` (-1: none), is one of the system's own accounts.

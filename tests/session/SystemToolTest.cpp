@@ -7,6 +7,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QMap>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -192,6 +193,38 @@ TEST_F(SystemToolTest, LightdmTakesTheDropInAsTheLogonOfTheSeat) {
                                    "greeter-session=lightdm-autologin-greeter"}))
         << u.uit.toStdString();
     EXPECT_TRUE(u.uit.contains("60-tafelkrater.conf"));
+}
+
+// The accounts of a network workstation live in a directory (LDAP, a domain), not in the
+// system's passwd: on the machine itself the name service is asked, and its user ID decides as
+// the file's would. The account tools are a script here, so nothing of this machine changes.
+TEST(SystemToolDirectoryTest, AnAccountOnlyTheNameServiceKnowsIsGrantedAsOneOfTheFile) {
+    QStringList gedraaid;
+    const auto runner = [&](const QString& programma, const QStringList& args, const QString&) {
+        gedraaid << programma + ' ' + args.join(' ');
+        const QMap<QString, QString> adresboek{
+            {"tkldapleerling", "tkldapleerling:*:20001:20001::/home/tkldapleerling:/bin/sh\n"},
+            {"tkldapdienst", "tkldapdienst:*:999:999::/:/usr/sbin/nologin\n"},
+            {"tkldapanders", "tkldapandersnaam:*:20002:20002::/:/bin/sh\n"}};
+        if (programma == "getent")
+            return SystemTool::Result{adresboek.contains(args.value(1)) ? 0 : 2,
+                                      adresboek.value(args.value(1))};
+        return SystemTool::Result{0, {}};
+    };
+    struct Case {
+        const char* naam;
+        int code; // 0 granted, 1 unknown, 2 refused as the system's own
+    };
+    const Case cases[] = {
+        {"tkldapleerling", 0}, {"tkldapdienst", 2}, {"tkldaponbekend", 1}, {"tkldapanders", 1}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.naam);
+        gedraaid.clear();
+        SystemTool tool("/opt/tafelkrater", "", false, runner);
+        EXPECT_EQ(c.code, tool.run({"admin-add", c.naam}, {}).code);
+        EXPECT_EQ(c.code == 0, gedraaid.last().startsWith("groupmod -a -U " + QString(c.naam)))
+            << gedraaid.join(", ").toStdString();
+    }
 }
 
 TEST(SystemInstallTest, AnInstallIntoASystemPrefixPlacesTheSudoersDropInTheSessionAndTheGroup) {
