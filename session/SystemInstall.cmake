@@ -1,24 +1,25 @@
 # Run by "cmake --install": an install into a system prefix (/opt/..., /usr/...) also puts in place
-# what lets the client reach its privileged program and LightDM find our session: the sudoers
-# drop-in for the administrators group, the X session file, and the group itself (a sysusers.d
-# entry, and the group made at once when installing into the running system as root). An install
-# into any other folder (a demo or test copy of the program folder) leaves the system alone.
+# what lets the client reach its privileged program and LightDM find our session: the privileged
+# program itself apart from the program folder, the sudoers drop-in for the administrators group,
+# the X session file, and the group itself (a sysusers.d entry, and the group made at once when
+# installing into the running system as root). An install into any other folder (a demo or test
+# copy of the program folder) leaves the system alone.
 set(prefix "${CMAKE_INSTALL_PREFIX}")
 if(NOT prefix MATCHES "^/(opt|usr)(/|$)")
   message(STATUS "Not a system prefix (${prefix}): sudoers drop-in, X session and group skipped")
   return()
 endif()
-# The prefix stands unquoted in a sudoers line and in the session's command line.
+# The prefix stands unquoted in the session's command line, which a shell reads.
 if(NOT prefix MATCHES "^[A-Za-z0-9/._-]+$")
-  message(FATAL_ERROR "The prefix '${prefix}' holds characters a sudoers line cannot take as they "
-                      "are: install into a folder named with letters, digits, '/', '.', '_' or '-'")
+  message(FATAL_ERROR "The prefix '${prefix}' holds characters the session's command line cannot "
+                      "take as they are: install into a folder named with letters, digits, '/', "
+                      "'.', '_' or '-'")
 endif()
 set(root "$ENV{DESTDIR}")
 
 # sudo refuses to run at all while a file of sudoers.d cannot be read: the drop-in is written
 # beside (a name with a dot, which sudo passes over), checked, and only then put in its place.
 file(READ "${TK_SUDOERS_TEMPLATE}" sudoers)
-string(REPLACE "@PREFIX@" "${prefix}" sudoers "${sudoers}")
 file(MAKE_DIRECTORY "${root}/etc/sudoers.d")
 set(nieuw "${root}/etc/sudoers.d/tafelkrater.nieuw")
 file(WRITE "${nieuw}" "${sudoers}")
@@ -33,6 +34,15 @@ if(visudo)
 endif()
 file(RENAME "${nieuw}" "${root}/etc/sudoers.d/tafelkrater")
 message(STATUS "Installing: ${root}/etc/sudoers.d/tafelkrater")
+
+# The privileged program runs as root, so it lies where only root writes: not in the program
+# folder, which the workstation's accounts write into (their data, store and log book), where it
+# could be replaced. Beside it the program folder it serves, whose launcher its session starts.
+set(libexec "${root}/usr/libexec/tafelkrater")
+file(MAKE_DIRECTORY "${libexec}")
+file(RENAME "${root}${prefix}/tafelkrater-systeem" "${libexec}/tafelkrater-systeem")
+file(WRITE "${libexec}/programmamap" "${prefix}\n")
+message(STATUS "Installing: ${libexec}/tafelkrater-systeem (moved out of the program folder)")
 
 # The same text as "tafelkrater-systeem session-install" writes (SystemTool::sessionFile).
 file(MAKE_DIRECTORY "${root}/usr/share/xsessions")

@@ -38,8 +38,13 @@ int main(int argc, char** argv) {
     }
     // sudo names the account that asked; a set-user-ID start shows it in the real user ID.
     const bool doorSudo = qEnvironmentVariableIsSet("SUDO_UID") || getuid() != geteuid();
-    tk::SystemTool tool(QCoreApplication::applicationDirPath(),
-                        qEnvironmentVariable("TK_SYSTEEM_ROOT"), doorSudo, runner);
+    // Installed for the machine it lies apart from the program folder it serves (which that
+    // folder's users write into); the install names the folder beside it.
+    QString map = QCoreApplication::applicationDirPath();
+    QFile programmamap(map + QStringLiteral("/programmamap"));
+    if (programmamap.open(QIODevice::ReadOnly))
+        map = QString::fromUtf8(programmamap.readLine()).trimmed();
+    tk::SystemTool tool(map, qEnvironmentVariable("TK_SYSTEEM_ROOT"), doorSudo, runner);
     const tk::SystemTool::Result uit = tool.run(args, invoer);
     QTextStream(uit.code == 0 ? stdout : stderr) << uit.output;
     return uit.code;

@@ -2,7 +2,10 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QEventLoop>
+#include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QTimer>
@@ -11,7 +14,20 @@ namespace tk {
 
 PrivilegedSystemActions::PrivilegedSystemActions(const QString& programFolder, int timeoutMs,
                                                  QStringList elevate)
-    : m_programFolder(programFolder), m_timeoutMs(timeoutMs), m_elevate(std::move(elevate)) {}
+    : m_programma(programma(programFolder)), m_timeoutMs(timeoutMs), m_elevate(std::move(elevate)) {
+}
+
+QString PrivilegedSystemActions::programma(const QString& programFolder,
+                                           const QString& systemCopy) {
+    QFile gediend(QFileInfo(systemCopy).dir().filePath(QStringLiteral("programmamap")));
+    if (gediend.open(QIODevice::ReadOnly) && QFileInfo(systemCopy).isExecutable()) {
+        const QString map =
+            QFileInfo(QString::fromUtf8(gediend.readLine()).trimmed()).canonicalFilePath();
+        if (!map.isEmpty() && map == QFileInfo(programFolder).canonicalFilePath())
+            return systemCopy;
+    }
+    return programFolder + QStringLiteral("/tafelkrater-systeem");
+}
 
 QStringList PrivilegedSystemActions::commandLine(const QString& verb,
                                                  const QStringList& arguments) const {
@@ -27,8 +43,7 @@ QStringList PrivilegedSystemActions::commandLine(const QString& verb,
     }
     if (verb == u"reboot" || verb == u"poweroff")
         return {QStringLiteral("systemctl"), verb};
-    return m_elevate + QStringList{m_programFolder + QStringLiteral("/tafelkrater-systeem"), verb} +
-           arguments;
+    return m_elevate + QStringList{m_programma, verb} + arguments;
 }
 
 bool PrivilegedSystemActions::run(const QString& verb, const QStringList& arguments,

@@ -5,7 +5,7 @@
 namespace tk {
 
 // The system setting: the machine's verbs go to our privileged program through
-// "sudo -n <program folder>/tafelkrater-systeem VERB ARGS", so the client never runs as root; a
+// "sudo -n tafelkrater-systeem VERB ARGS", so the client never runs as root; a
 // missing sudo right fails at once instead of asking for a password. The end of the session goes
 // to logind and systemd, which let the user of a seat log off, restart and shut down. An action
 // is waited for with the event loop running, so the client's windows stay live.
@@ -16,6 +16,14 @@ public:
     explicit PrivilegedSystemActions(const QString& programFolder, int timeoutMs = 60000,
                                      QStringList elevate = {QStringLiteral("sudo"),
                                                             QStringLiteral("-n")});
+
+    // Where the install for the machine puts the privileged program, apart from the program
+    // folder, with the folder it serves named beside it ("programmamap").
+    static constexpr const char* SystemCopy = "/usr/libexec/tafelkrater/tafelkrater-systeem";
+    // The privileged program of `programFolder`: the machine's copy when it serves that folder,
+    // else the one in the folder (a copy installed for a demo or a test).
+    static QString programma(const QString& programFolder,
+                             const QString& systemCopy = QString::fromLatin1(SystemCopy));
     bool run(const QString& verb, const QStringList& arguments, const QString& input,
              QString* output) override;
 
@@ -23,7 +31,7 @@ public:
     QStringList commandLine(const QString& verb, const QStringList& arguments) const;
 
 private:
-    QString m_programFolder;
+    QString m_programma;
     int m_timeoutMs;
     QStringList m_elevate;
 };

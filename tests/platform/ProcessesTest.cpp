@@ -162,6 +162,19 @@ TEST(PrivilegedSystemActionsTest, AnActionIsWaitedForWithTheEventsRunningAndStop
     tk::PrivilegedSystemActions acties(map.path(), 300, {});
     EXPECT_EQ(acties.commandLine("admin-add", {"jan"}),
               (QStringList{map.filePath("tafelkrater-systeem"), "admin-add", "jan"}));
+    // The machine's copy, apart from the program folder, is taken for the folder its install
+    // named beside it, and only for that one.
+    QTemporaryDir libexec;
+    const QString kopie = libexec.filePath("tafelkrater-systeem");
+    ASSERT_TRUE(QFile::copy(script.fileName(), kopie));
+    for (const auto& [gediend, verwacht] :
+         {std::pair{map.path() + "/", kopie}, std::pair{libexec.path(), script.fileName()}}) {
+        QFile naam(libexec.filePath("programmamap"));
+        ASSERT_TRUE(naam.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        naam.write(gediend.toUtf8() + '\n');
+        naam.close();
+        EXPECT_EQ(tk::PrivilegedSystemActions::programma(map.path(), kopie), verwacht);
+    }
     struct Rij {
         const char* verb;
         bool gelukt;

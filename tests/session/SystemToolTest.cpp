@@ -228,9 +228,9 @@ TEST(SystemToolDirectoryTest, AnAccountOnlyTheNameServiceKnowsIsGrantedAsOneOfTh
 }
 
 TEST(SystemInstallTest, AnInstallIntoASystemPrefixPlacesTheSudoersDropInTheSessionAndTheGroup) {
-    // The last prefix a sudoers line cannot take as it is: the install stops before any drop-in,
-    // as one that sudo could not read would stop sudo for every account of the machine.
-    for (const QString prefix : {"/opt/tafelkrater", "/srv/demo", "/opt/a,b"}) {
+    // The last prefix the session's command line cannot take as it is: the install stops before
+    // anything of the system is placed.
+    for (const QString prefix : {"/opt/tafelkrater", "/srv/demo", "/opt/a b"}) {
         SCOPED_TRACE(prefix.toStdString());
         const bool systeem = prefix.startsWith(u"/opt");
         QTemporaryDir destdir;
@@ -240,29 +240,36 @@ TEST(SystemInstallTest, AnInstallIntoASystemPrefixPlacesTheSudoersDropInTheSessi
                                  {"--install", QStringLiteral(TK_BUILD_DIR), "--prefix", prefix,
                                   "--component", "systeem"},
                                  omgeving);
-        if (prefix.contains(u',')) {
+        if (prefix.contains(u' ')) {
             EXPECT_NE(0, u.code);
-            EXPECT_TRUE(u.uit.contains(u"sudoers")) << u.uit.toStdString();
-            EXPECT_FALSE(QFileInfo::exists(destdir.filePath("etc/sudoers.d/tafelkrater")));
-            EXPECT_FALSE(QFileInfo::exists(destdir.filePath("etc/sudoers.d/tafelkrater.nieuw")));
+            EXPECT_TRUE(u.uit.contains(u"command line")) << u.uit.toStdString();
+            EXPECT_FALSE(QFileInfo::exists(destdir.filePath("etc"))) << "nothing placed";
+            EXPECT_FALSE(QFileInfo::exists(destdir.filePath("usr")));
             continue;
         }
         ASSERT_EQ(0, u.code) << u.uit.toStdString();
         auto pad = [&](const QString& onder) { return destdir.path() + onder; };
-        EXPECT_TRUE(QFileInfo(pad(prefix + "/tafelkrater-systeem")).isExecutable());
+        // For the machine, the program that runs as root lies where only root writes, and the
+        // program folder it serves stands beside it.
+        const QString libexec = pad("/usr/libexec/tafelkrater/");
+        EXPECT_EQ(!systeem, QFileInfo(pad(prefix + "/tafelkrater-systeem")).isExecutable());
+        EXPECT_EQ(systeem, QFileInfo(libexec + "tafelkrater-systeem").isExecutable());
         const QString sudoers = pad("/etc/sudoers.d/tafelkrater");
         ASSERT_EQ(systeem, QFile::exists(sudoers));
         if (!systeem) {
             EXPECT_FALSE(QFile::exists(pad("/usr")));
             continue;
         }
+        QFile programmamap(libexec + "programmamap");
+        ASSERT_TRUE(programmamap.open(QIODevice::ReadOnly));
+        EXPECT_EQ(programmamap.readAll(), prefix.toUtf8() + '\n');
         // 0440: the owner's, group's and others' bits (the "user" bits depend on who asks).
         EXPECT_EQ(QFile(sudoers).permissions() & 0x7077,
                   QFileDevice::ReadOwner | QFileDevice::ReadGroup);
         QFile regels(sudoers);
         ASSERT_TRUE(regels.open(QIODevice::ReadOnly));
-        EXPECT_TRUE(regels.readAll().contains(
-            "%tafelkrater-beheer ALL=(root) NOPASSWD: /opt/tafelkrater/tafelkrater-systeem\n"));
+        EXPECT_TRUE(regels.readAll().contains("%tafelkrater-beheer ALL=(root) NOPASSWD: "
+                                              "/usr/libexec/tafelkrater/tafelkrater-systeem\n"));
         const Uitkomst check = draai("visudo", {"-c", "-f", sudoers});
         ASSERT_NE(-1, check.code) << "visudo is not installed (the sudo package): "
                                   << check.uit.toStdString();
