@@ -228,13 +228,15 @@ bool Store::saveRow(const OwnerRecord& kind, const QStringList& columns, qint64*
     const QString idText = columns[idColumn];
     qint64 existing = 0;
     qint64 copyOf = 0;
-    if (idText.startsWith(QStringLiteral("kopie"), Qt::CaseInsensitive)) {
+    // "kopie" alone is a copy of no record: a new one (the module's eight classes at once).
+    if (idText.startsWith(QStringLiteral("kopie"), Qt::CaseInsensitive) && idText.size() > 5) {
         copyOf = idText.mid(5).toLongLong();
         if (copyOf <= 0) {
             *error = QStringLiteral("\"%1\" is no copy of a known record").arg(idText);
             return false;
         }
-    } else if (!idText.isEmpty() && idText != QStringLiteral("0")) {
+    } else if (!idText.isEmpty() && idText != QStringLiteral("0") &&
+               idText.compare(QStringLiteral("kopie"), Qt::CaseInsensitive) != 0) {
         bool ok = false;
         existing = idText.toLongLong(&ok);
         if (!ok || existing <= 0) {
