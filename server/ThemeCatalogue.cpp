@@ -11,7 +11,7 @@
 namespace tk::server {
 
 bool ThemeCatalogue::isThemeId(const QString& id) {
-    static const QRegularExpression form(QStringLiteral("^[A-Za-z0-9_-]{1,64}$"));
+    static const QRegularExpression form(QStringLiteral("^[0-9]{1,9}$"));
     return form.match(id).hasMatch();
 }
 

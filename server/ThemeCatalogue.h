@@ -24,7 +24,9 @@ public:
     QString folder() const { return m_folder; }
     QList<Entry> entries() const;
     std::optional<Entry> entry(const QString& id) const;
-    // A theme ID as a folder name: letters, digits, "-" and "_", nothing that leaves a folder.
+    // A theme ID: a number, as the workstations' theme folders are named. A letter could not
+    // follow the package request's word: "LDNTH" + "V..." would read as a removal, "O..." as
+    // an addition, "D" and "E" as the lists.
     static bool isThemeId(const QString& id);
 
 private:

@@ -270,6 +270,8 @@ TEST(ThemeCatalogueTest, ACatalogueThemeIsAddedOfferedAndRemovedButTheDefaultSta
         "[Algemeen]\r\nNaam=Bos\r\nOmschrijving=Groen|donker\r\nVersie=1.0.1\r\nKosten=2.50\r\n");
     writeFile(catalogue + "/8/knop.bmp", QByteArray(300, 'k'));
     writeFile(catalogue + "/leeg/readme.txt", "geen thema");
+    // Named so that its package request would read as a removal: never offered.
+    writeFile(catalogue + "/Vos/Instellingen.ini", "[Algemeen]\r\nNaam=Vos\r\nVersie=1.0\r\n");
     QString why;
     ASSERT_TRUE(s.store().saveTheme({"1", "1.0.0", true}, QByteArray("pakket"), &why));
     WireClient c(s.port());
