@@ -12,6 +12,7 @@
 #include "core/Wire.h"
 
 #include <QRegularExpression>
+#include <QSet>
 
 namespace tk::server {
 
@@ -658,7 +659,15 @@ void CommandHandler::sendIconPackage(ClientConnection& c, const QString& request
     static const QRegularExpression valueOrItemSep(
         QRegularExpression::escape(QString(wire::valueSep)) + QLatin1Char('|') +
         QRegularExpression::escape(wire::itemSep));
+    // Each file once, however often it is asked: a request repeating one ID would otherwise
+    // make a package of as many copies as the request has room for.
     QList<PackageEntry> entries;
+    QSet<QString> names;
+    const auto add = [&](const QString& name, const QByteArray& bytes) {
+        names.insert(name);
+        if (!bytes.isEmpty())
+            entries.append({name, bytes});
+    };
     for (const QString& item : request.split(wire::fieldSep, Qt::SkipEmptyParts)) {
         const QStringList parts = item.split(valueOrItemSep, Qt::SkipEmptyParts);
         const QString word = parts.value(0).toLower();
@@ -667,9 +676,8 @@ void CommandHandler::sendIconPackage(ClientConnection& c, const QString& request
                          : word == wire::picAlgemeen   ? 2
                                                        : -1;
         if (word == wire::picStandaard) {
-            const QByteArray library = m_store.standardLibrary();
-            if (!library.isEmpty())
-                entries.append({s("standaard.icl"), library});
+            if (!names.contains(s("standaard.icl")))
+                add(s("standaard.icl"), m_store.standardLibrary());
             continue;
         }
         if (kind < 0)
@@ -678,11 +686,10 @@ void CommandHandler::sendIconPackage(ClientConnection& c, const QString& request
             qint64 id = 0;
             if (!WireText::number(parts[i], &id))
                 continue;
-            const QByteArray icon = m_store.icon(kind, id);
-            if (!icon.isEmpty())
-                entries.append(
-                    {QStringLiteral("Applicaties\\%1\\%2.pic").arg(s(iconFolders[kind])).arg(id),
-                     icon});
+            const QString name =
+                QStringLiteral("Applicaties\\%1\\%2.pic").arg(s(iconFolders[kind])).arg(id);
+            if (!names.contains(name))
+                add(name, m_store.icon(kind, id));
         }
     }
     c.sendReply(wire::LDNPICPAK);
