@@ -14,9 +14,21 @@ QString ProblemCallRecord::knownType(const QString& text) {
 
 ProblemCallRecord::Parsed ProblemCallRecord::parse(const QString& record) {
     Parsed out;
-    const QStringList f = WireText::split(record, wire::fieldSep);
+    QStringList f = WireText::split(record, wire::fieldSep);
+    // The description is the record's only free text: a fault text may quote a message of the
+    // wire, separators and all. The fields beyond the record's count are its own, joined again,
+    // and the separator in it is broken up, so that the call loads back in its columns.
+    const bool handmatig = f.size() == 8 || (f.size() > 8 && !knownType(f[0]).isEmpty());
+    const qsizetype omschrijving = handmatig ? 5 : 6, velden = handmatig ? 8 : 10;
+    if (f.size() > velden) {
+        const qsizetype extra = f.size() - velden;
+        f[omschrijving] = f.mid(omschrijving, extra + 1).join(wire::fieldSep);
+        f.remove(omschrijving + 1, extra);
+    }
+    if (f.size() == velden)
+        f[omschrijving].replace(QStringLiteral(";<>"), QStringLiteral("; <>"));
     Store::ProblemCall& c = out.call;
-    if (f.size() == 10) {
+    if (f.size() == 10 && !handmatig) {
         c.datum = f[0];
         c.tijd = f[1];
         c.computernaam = f[2];
@@ -50,7 +62,9 @@ ProblemCallRecord::Parsed ProblemCallRecord::parse(const QString& record) {
                         .arg(f.size());
         return out;
     }
-    if (c.omschrijving.trimmed().isEmpty()) {
+    // A fault report is sent without a person, its text whatever the fault said; a call a
+    // person made says what is wrong.
+    if (handmatig && c.omschrijving.trimmed().isEmpty()) {
         out.error = QStringLiteral("a record without a description");
         return out;
     }

@@ -104,6 +104,23 @@ TEST(ProblemCallTest, ACallWithItsScreenshotIsListedLoadedFetchedAndRemoved) {
     EXPECT_GT(QDateTime::fromString(after[0], "d-M-yyyy H:mm:ss"), first)
         << "each change moves the moment on, so that the client's mirror loads anew";
     EXPECT_EQ("HLPLDNFOUT", c.ask("HLPLDN2"));
+    // A description holding the separator (a fault text quoting the wire), and a fault report
+    // with no text: kept, and loaded back in their columns.
+    const QString kop = "HLPOPS3-5-2024;<>;9:01:02;<>;PC-07;<>;Jan;<>;Start;<>;;<>;";
+    const QString staart = ";<>;Nee;<>;3-5-2024 9:01:02;<>;Error report";
+    const std::pair<QString, QString> omschrijvingen[] = {
+        {kop + "OPSKLZ;<>;x;<>;y" + staart, "OPSKLZ; <>;x; <>;y"},
+        {kop + staart, ""},
+        {"HLPOPSManual;<>;PC;<>;Jan;<>;M;<>;A;<>;Kapot;<>;echt;<>;Nee;<>;1-1-2024 1:00:00",
+         "Kapot; <>;echt"}};
+    for (const auto& [bericht, omschrijving] : omschrijvingen) {
+        SCOPED_TRACE(bericht.toStdString());
+        EXPECT_EQ("HLPOPS", c.ask(bericht));
+        const QStringList geladen =
+            c.ask("HLPLDN" + QString::number(s.store().problemCalls().size())).mid(6).split(";<>;");
+        ASSERT_EQ(10, geladen.size());
+        EXPECT_EQ(omschrijving, geladen[8]);
+    }
 }
 
 TEST(ProblemCallTest, BadRecordsAndABrokenUploadAreRefusedAndChangeNothing) {
