@@ -8,6 +8,7 @@
 #include <QSqlQuery>
 #include <QUuid>
 #include <QVariant>
+#include <algorithm>
 
 namespace tk::server {
 
@@ -910,10 +911,22 @@ QDateTime Store::problemCallsChanged() {
 bool Store::addProblemCall(ProblemCall* call, QString* error) {
     return write(
         [&](QString* why) {
+            // An ID is never given out twice, also after the newest call was removed: a
+            // screenshot still on its way, or a late removal, would reach another call.
+            const QString teller = QStringLiteral("last_problem_call_id");
             QSqlQuery query(m_db);
+            query.exec(QStringLiteral("SELECT COALESCE(MAX(id), 0) FROM problem_calls"));
+            query.next();
+            call->id = std::max(query.value(0).toLongLong(),
+                                setting(teller, QStringLiteral("0")).toLongLong()) +
+                       1;
+            if (!exec(QStringLiteral("INSERT OR REPLACE INTO settings(key, value) VALUES(?, ?)"),
+                      {teller, QString::number(call->id)}, why))
+                return false;
             query.prepare(QStringLiteral(
-                "INSERT INTO problem_calls(type, datum, tijd, computernaam, rapporteur, module,"
-                " applicatie, omschrijving, location) VALUES(?,?,?,?,?,?,?,?,?)"));
+                "INSERT INTO problem_calls(id, type, datum, tijd, computernaam, rapporteur, module,"
+                " applicatie, omschrijving, location) VALUES(?,?,?,?,?,?,?,?,?,?)"));
+            query.addBindValue(call->id);
             for (const QString* v :
                  {&call->type, &call->datum, &call->tijd, &call->computernaam, &call->rapporteur,
                   &call->module, &call->applicatie, &call->omschrijving, &call->location})
@@ -922,7 +935,6 @@ bool Store::addProblemCall(ProblemCall* call, QString* error) {
                 *why = query.lastError().text();
                 return false;
             }
-            call->id = query.lastInsertId().toLongLong();
             call->screenshot = false;
             return touchProblemCalls(why);
         },

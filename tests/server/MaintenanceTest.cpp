@@ -121,6 +121,16 @@ TEST(ProblemCallTest, ACallWithItsScreenshotIsListedLoadedFetchedAndRemoved) {
         ASSERT_EQ(10, geladen.size());
         EXPECT_EQ(omschrijving, geladen[8]);
     }
+    // The newest call removed, the next one has an ID of its own.
+    const auto nieuwste = [&] {
+        return c.ask("HLPLDN" + QString::number(s.store().problemCalls().size()))
+            .mid(6)
+            .section(";<>;", 0, 0);
+    };
+    const QString weg = nieuwste();
+    EXPECT_EQ("HLPVWNOK", c.ask("HLPVWN" + weg));
+    c.ask(kop + staart);
+    EXPECT_GT(nieuwste().toInt(), weg.toInt());
 }
 
 TEST(ProblemCallTest, BadRecordsAndABrokenUploadAreRefusedAndChangeNothing) {
