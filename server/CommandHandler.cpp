@@ -13,6 +13,7 @@
 
 #include <QRegularExpression>
 #include <QSet>
+#include <algorithm>
 
 namespace tk::server {
 
@@ -27,12 +28,18 @@ QString s(const char* text) {
     return QString::fromLatin1(text);
 }
 
-// Separators that would break a record when the client splits it again.
-bool breaksRecords(const QStringList& fields) {
-    for (const QString& f : fields)
-        if (f.contains(wire::fieldSep) || f.contains(wire::recordSep))
+// A value that would break a load when the client splits it again: a separator inside, or a
+// piece of one at its end that joins with the separator after it (a name ending in ";|").
+// Whatever follows that separator, only the value's end can make it match early.
+bool breaksLoad(const QString& value) {
+    for (const QLatin1StringView sep : {wire::fieldSep, wire::recordSep})
+        if (!wire::splitsBack({value, QStringLiteral("x")}, sep))
             return true;
     return false;
+}
+
+bool breaksRecords(const QStringList& fields) {
+    return std::any_of(fields.cbegin(), fields.cend(), breaksLoad);
 }
 
 // A printable excerpt of a message for the log.
@@ -539,8 +546,7 @@ int categoryKind(const QString& word) {
     return -1;
 }
 bool badCategoryName(const QString& naam) {
-    return naam.trimmed().isEmpty() || naam.contains(wire::valueSep) ||
-           naam.contains(wire::fieldSep);
+    return naam.trimmed().isEmpty() || naam.contains(wire::valueSep) || breaksLoad(naam);
 }
 } // namespace
 
