@@ -478,7 +478,13 @@ void CommandHandler::saveOwner(ClientConnection& c, const OwnerRecord& kind,
                                const QString& payload) {
     const QStringList f = payload.split(wire::itemSep);
     const qsizetype fields = kind.saveOrder.size();
-    if (f.size() != fields && f.size() != fields + 1) {
+    // One field more is the account's extra (profile|script|drive|folder|JA or NEE); anything
+    // else there is a value that held "><" and moved every column after it.
+    const QStringList extra = f.value(fields).split(wire::valueSep);
+    const bool metExtra =
+        f.size() == fields + 1 && extra.size() == 5 &&
+        (WireText::yes(extra[4]) || extra[4].compare(wire::nee, Qt::CaseInsensitive) == 0);
+    if (f.size() != fields && !metExtra) {
         refuse(c, kind.saveWord, QStringLiteral("a %1 of %2 fields").arg(kind.noun).arg(f.size()));
         return;
     }
@@ -497,7 +503,7 @@ void CommandHandler::saveOwner(ClientConnection& c, const OwnerRecord& kind,
         refuse(c, kind.saveWord, why);
         return;
     }
-    if (f.size() == fields + 1)
+    if (metExtra)
         applyAccountExtra(columns[kind.accountColumn], f[fields]);
     c.sendReply(kind.saveWord + QString::number(id));
 }

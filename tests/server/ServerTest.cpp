@@ -354,6 +354,7 @@ TEST(ServerBadInputTest, BadMessagesAreRefusedOrDroppedAndNothingStoredIsLost) {
         {"OPSKLZkopie99><Kopie><K><1a.jpg><Geen><k><w><1><Ja><><0,0><1", "OPSKLZFOUT"}, // no 99
         {"OPSKLZ1><Groep;<>;1><a><b><c><d><e><f><g><h><i><j", "OPSKLZFOUT"},
         {"OPSKLZ1><Groep 1><a><b><c><d><e><f><g><h><i><j;|", "OPSKLZFOUT"}, // joins the next
+        {"OPSKLZ1><Gr><oep><a><b><c><d><e><f><g><h><i><j", "OPSKLZFOUT"},   // a name with "><"
         {"OPSCANgroep;<>;-1;<>;Muziek;<>", "OPSCATFOUT"},
         {"OPSLRZ0><alleen", "OPSLRZFOUT"},
         {"OPSAPPk><1", "OPSAPPFOUT"},
