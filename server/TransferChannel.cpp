@@ -142,24 +142,45 @@ void TransferChannel::sendFile(const QHostAddress& peer, const QString& name,
     bool mapped = false;
     const quint32 v4 = peer.toIPv4Address(&mapped);
     const QHostAddress host = mapped ? QHostAddress(v4) : peer;
-    auto* transfer = new OutgoingTransfer(host, m_clientInfoPort, m_clientDataPort, name, content,
-                                          m_timeoutMs, this);
+    QList<Outgoing>& rij = m_outgoing[host];
+    if (rij.size() > maxWaiting) {
+        ServerLog::line(QStringLiteral("FAULT sending %1 to %2: %3 files already wait for it")
+                            .arg(name, host.toString())
+                            .arg(maxWaiting));
+        if (done)
+            done(false);
+        Q_EMIT transferEnded(false);
+        return;
+    }
+    rij.append({name, content, std::move(done)});
+    if (rij.size() == 1)
+        sendNext(host);
+}
+
+void TransferChannel::sendNext(const QHostAddress& host) {
+    const Outgoing& file = m_outgoing[host].first();
+    auto* transfer = new OutgoingTransfer(host, m_clientInfoPort, m_clientDataPort, file.name,
+                                          file.content, m_timeoutMs, this);
     ++m_active;
-    connect(
-        transfer, &OutgoingTransfer::finished, this,
-        [this, transfer, peer, name, size = content.size(), done](bool ok, const QString& reason) {
-            ServerLog::line(ok ? QStringLiteral("sent %1 (%2 bytes) to %3")
-                                     .arg(name)
-                                     .arg(size)
-                                     .arg(peer.toString())
-                               : QStringLiteral("FAULT sending %1 to %2: %3")
-                                     .arg(name, peer.toString(), reason));
-            --m_active;
-            transfer->deleteLater();
-            if (done)
-                done(ok);
-            Q_EMIT transferEnded(ok);
-        });
+    connect(transfer, &OutgoingTransfer::finished, this,
+            [this, transfer, host](bool ok, const QString& reason) {
+                const Outgoing klaar = m_outgoing[host].takeFirst();
+                ServerLog::line(ok ? QStringLiteral("sent %1 (%2 bytes) to %3")
+                                         .arg(klaar.name)
+                                         .arg(klaar.content.size())
+                                         .arg(host.toString())
+                                   : QStringLiteral("FAULT sending %1 to %2: %3")
+                                         .arg(klaar.name, host.toString(), reason));
+                --m_active;
+                transfer->deleteLater();
+                if (m_outgoing[host].isEmpty())
+                    m_outgoing.remove(host);
+                else
+                    sendNext(host);
+                if (klaar.done)
+                    klaar.done(ok);
+                Q_EMIT transferEnded(ok);
+            });
     transfer->start();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QDeadlineTimer>
+#include <QHash>
 #include <QHostAddress>
 #include <QList>
 #include <QObject>
@@ -34,10 +35,14 @@ public:
     // A file `name` from `peer` is expected within a minute; `deliver` gets its bytes.
     void expectUpload(const QHostAddress& peer, const QString& name,
                       std::function<void(QByteArray)> deliver);
-    // Sends a file to the receiver of the client at `peer`. `done` is told how it ended.
+    // Sends a file to the receiver of the client at `peer`. `done` is told how it ended. A
+    // client's receiver takes one file at a time: a file for a client still receiving waits its
+    // turn, and beyond `maxWaiting` files waiting for one client a new one is refused, so that
+    // a client asking for packages without end holds no more than that.
     void sendFile(const QHostAddress& peer, const QString& name, const QByteArray& content,
                   std::function<void(bool ok)> done = {});
     int activeTransfers() const { return m_active; }
+    static constexpr int maxWaiting = 4;
 
 Q_SIGNALS:
     void transferEnded(bool ok);
@@ -49,8 +54,15 @@ private:
         std::function<void(QByteArray)> deliver;
         QDeadlineTimer deadline;
     };
+    struct Outgoing {
+        QString name;
+        QByteArray content;
+        std::function<void(bool)> done;
+    };
     bool accept(const QHostAddress& peer, const QString& name, qint64 size,
                 std::function<void(QByteArray)>* deliver);
+    // Starts the first file waiting for `host`, whose receiver is free.
+    void sendNext(const QHostAddress& host);
     void onInfoConnection();
     void onDataConnection();
 
@@ -61,6 +73,8 @@ private:
     QTcpServer* m_dataServer;
     QList<Expected> m_expected;
     QList<IncomingTransfer*> m_incoming;
+    // Per client (by address): the file being sent first, then those waiting.
+    QHash<QHostAddress, QList<Outgoing>> m_outgoing;
     int m_active = 0;
 };
 

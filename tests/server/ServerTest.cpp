@@ -8,6 +8,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -415,6 +417,28 @@ TEST(ServerTransferTest, AnUploadedIconIsListedAndComesBackInAPackage) {
     QTemporaryDir dir;
     const QString out = unpack(s.receiver().content(), dir, 1);
     EXPECT_EQ(icon, read(out + "Applicaties/Groepen/2.pic"));
+}
+
+// A client's receiver takes one file at a time: the next waits its turn, and beyond a few
+// waiting the rest is refused at once, so that a receiver that takes the connection and never
+// answers holds no more than those.
+TEST(ServerTransferTest, FilesForOneClientGoOneAtATimeAndTooManyWaitingAreRefused) {
+    QTcpServer stil;
+    ASSERT_TRUE(stil.listen(QHostAddress::LocalHost));
+    QObject::connect(&stil, &QTcpServer::newConnection, [&] { stil.nextPendingConnection(); });
+    TransferChannel kanaal(stil.serverPort(), stil.serverPort(), 100);
+    QList<bool> geeindigd;
+    const int teVeel = 2;
+    for (int i = 0; i < 1 + TransferChannel::maxWaiting + teVeel; ++i)
+        kanaal.sendFile(QHostAddress::LocalHost, "f", "x", [&](bool ok) { geeindigd << ok; });
+    EXPECT_EQ(QList<bool>(teVeel, false), geeindigd) << "refused at once";
+    int hoogstens = 0;
+    EXPECT_TRUE(waitFor([&] {
+        hoogstens = std::max(hoogstens, kanaal.activeTransfers());
+        return geeindigd.size() == 1 + TransferChannel::maxWaiting + teVeel;
+    }));
+    EXPECT_EQ(1, hoogstens);
+    EXPECT_EQ(0, kanaal.activeTransfers());
 }
 
 TEST(ServerTransferTest, AThemeIsListedAndSentAsAPackageTheClientUnpacks) {
