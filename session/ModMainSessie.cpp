@@ -389,8 +389,10 @@ void ModMainSessie::zetTerug(bool achtergrond) {
     } else {
         schrijfShell(QStringLiteral("explorer.exe"));
     }
-    // On Linux the display manager's own logon and session come back.
+    // On Linux the display manager's own logon and session come back, and our session is no
+    // longer offered at its logon (the take-over put it there).
     actie(QStringLiteral("autologon-remove"));
+    actie(QStringLiteral("session-remove"));
     HerstelOpstartinstellingen();
     HerstelResolutie();
     ZetSysteembeperkingen(true, false);

@@ -340,7 +340,7 @@ TEST(ModMainSessieTest, SessionActionsLiftTheLimitsTellTheLauncherThenEndTheClie
         {"opnieuwopstarten", {"reboot"}, true, 0},
         {"uitschakelen", {"poweroff"}, true, 0},
         // The proxy file goes although this run never used the proxy.
-        {"deactiveren", {"autologon-remove", "proxy-clear", "logoff"}, true, 1},
+        {"deactiveren", {"autologon-remove", "session-remove", "proxy-clear", "logoff"}, true, 1},
         {"aanmeldenalsaccount|KLAS3A|pw|x", {"autologon-set klas3a", "logoff"}, true, 0},
         {"sluiten|a|b", {}, false, 0},
     };
@@ -425,6 +425,7 @@ TEST(ModMainSessieTest, ContainedSettingRecordsEachActionAsOneLineAndChangesNoth
                        "2026-11-25 09:41:07 proxy-set tafelkrater-internetfilter.invalid:8080\n"
                        "2026-11-25 09:41:07 net user \"a b\"\n"
                        "2026-11-25 09:41:07 autologon-remove\n"
+                       "2026-11-25 09:41:07 session-remove\n"
                        "2026-11-25 09:41:07 proxy-clear\n"
                        "2026-11-25 09:41:07 proxy-clear\n"
                        "2026-11-25 09:41:07 proxy-clear\n"
