@@ -2,6 +2,7 @@
 
 #include "FrmMain.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace tk {
@@ -32,6 +33,19 @@ bool FrmMainView::toets(int toets, bool shift) {
     if (toets == Qt::Key_Shift)
         m.link.ShiftIngedrukt = true;
     return m.Toets(toets, shift);
+}
+
+// Let go (or its release missed while another window had the keyboard), Shift no longer ends the
+// waits of later connects.
+void FrmMainView::keyReleaseEvent(QKeyEvent* e) {
+    if (e->key() == Qt::Key_Shift)
+        m.link.ShiftIngedrukt = false;
+    KeyboardView::keyReleaseEvent(e);
+}
+
+void FrmMainView::focusOutEvent(QFocusEvent* e) {
+    m.link.ShiftIngedrukt = false;
+    KeyboardView::focusOutEvent(e);
 }
 
 } // namespace tk

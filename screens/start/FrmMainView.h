@@ -8,7 +8,7 @@ namespace tk {
 class FrmMain;
 
 // frmMain on the screen: the canvas unscaled and centred on a black window of any size; Shift
-// held sets ShiftIngedrukt (start without the cache).
+// held sets ShiftIngedrukt (start without the cache), for as long as it is held.
 class FrmMainView : public KeyboardView {
     Q_OBJECT
 public:
@@ -21,6 +21,8 @@ protected:
     void resizeEvent(QResizeEvent*) override;
     void paintEvent(QPaintEvent*) override;
     bool toets(int toets, bool shift) override;
+    void keyReleaseEvent(QKeyEvent* e) override;
+    void focusOutEvent(QFocusEvent* e) override;
 
 private:
     FrmMain& m;

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
+#include <QKeyEvent>
 #include <gtest/gtest.h>
 
 using namespace tk;
@@ -215,6 +216,22 @@ TEST(StartschermTest, MissingThemePictureIsReportedAndTheScreenStaysUsable) {
     w.f().AccountKlik(0);
     const QImage beeld = w.f().knop(0)->Teken();
     EXPECT_EQ(w.f().knop(0)->Grootte(), beeld.size());
+}
+
+// Shift ends a connect's wait and skips the cache while it is held, not for the rest of the run.
+TEST(StartschermTest, ShiftCountsOnlyWhileItIsHeld) {
+    Werkplek w(Werkplek::startscherm);
+    w.f().Form_Load();
+    FrmMainView view(w.f());
+    bool& shift = w.f().link.ShiftIngedrukt;
+    const auto stuur = [&](QEvent&& e) { QCoreApplication::sendEvent(&view, &e); };
+    stuur(QKeyEvent(QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier));
+    EXPECT_TRUE(shift);
+    stuur(QKeyEvent(QEvent::KeyRelease, Qt::Key_Shift, Qt::NoModifier));
+    EXPECT_FALSE(shift);
+    stuur(QKeyEvent(QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier));
+    stuur(QFocusEvent(QEvent::FocusOut));
+    EXPECT_FALSE(shift) << "its release may go to another window";
 }
 
 TEST(StartschermTest, LongClassNamesAreDrawnCutInsideTheirButtons) {
