@@ -85,8 +85,9 @@ void ModMainLaden::Laden() {
         }
         d.LaadModules();
 
-        // Sealed only after a whole load with the link: a link lost halfway keeps the old cache.
-        if (verbonden && m.Verbonden() && d.cache.changed()) {
+        // Sealed only after a whole load with the link: a link lost halfway, or a program ended
+        // during the load (its waits end without their answers), keeps the old cache.
+        if (verbonden && m.Verbonden() && !p.beeindigd && d.cache.changed() && d.cache.complete()) {
             try {
                 m.MaakMappen(t("\\Data"));
                 d.cache.seal(m.Pad(cacheBestand));

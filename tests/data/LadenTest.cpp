@@ -6,6 +6,7 @@
 #include "tests/support/ScriptedPeer.h"
 #include "tests/support/Werkplek.h"
 
+#include <QTimer>
 #include <gtest/gtest.h>
 
 using namespace tk;
@@ -237,42 +238,53 @@ TEST(LadenTest, AnOfflineStartLoadsTheSameTablesAsTheOnlineLoadDidAndABadCacheIs
     }
 }
 
-TEST(LadenTest, ALinkLostHalfwayReadsTheRestFromTheCacheAndKeepsTheOldCache) {
+// The link lost halfway, or the program ended halfway (the taskbar's shut-down during the
+// load: its waits end without their answers while the link stays).
+TEST(LadenTest, ALoadCutShortReadsTheRestFromTheCacheAndKeepsTheOldCache) {
     ScriptedPeer eerste;
     speel(eerste, schoolScript());
     Werkplek online(Werkplek::gegevens, eerste.poort());
     online.laadOnline();
     const QByteArray verzegeld = online.cache();
 
-    // The next start: the classes have changed on the server, and the link goes during the
-    // second block.
-    ScriptedPeer tweede;
-    speel(tweede, {{"LDNTAA", "LDNTAA1043"},
-                   {"LDNKLSSNC", "LDNKLSSNC1|9"},
-                   {"LDNKLSDA0", "LDNKLSDA0|" + klas(3, "Groep 3 nieuw")}});
-    tweede.op("LDNKLSDA1", QString(), Levering::Sluiten);
-    Werkplek dw(Werkplek::gegevens, tweede.poort());
-    dw.schrijf("Data/data.tijdelijk", verzegeld);
-    dw.laadOnline();
+    for (const bool beeindigd : {false, true}) {
+        SCOPED_TRACE(beeindigd ? "ended" : "link lost");
+        // The next start: the classes have changed on the server, and the load is cut short
+        // during the second block.
+        ScriptedPeer tweede;
+        speel(tweede, {{"LDNTAA", "LDNTAA1043"},
+                       {"LDNKLSSNC", "LDNKLSSNC1|9"},
+                       {"LDNKLSDA0", "LDNKLSDA0|" + klas(3, "Groep 3 nieuw")}});
+        tweede.op("LDNKLSDA1", QString(), beeindigd ? Levering::Stil : Levering::Sluiten);
+        Werkplek dw(Werkplek::gegevens, tweede.poort());
+        dw.schrijf("Data/data.tijdelijk", verzegeld);
+        QTimer einde;
+        QObject::connect(&einde, &QTimer::timeout, [&] {
+            if (beeindigd && tweede.ontvangen.contains("LDNKLSDA1") && !dw.p.beeindigd)
+                dw.p.Einde();
+        });
+        einde.start(5);
+        dw.laadOnline();
 
-    EXPECT_TRUE(tweede.klaar());
-    ModData& d = dw.d();
-    // Block 0 came from the server, block 1 from the cache; the new last ID stands.
-    EXPECT_EQ(d.Klassen(0, 0), "Groep 3 nieuw");
-    EXPECT_EQ(d.Klassen(1, 0), "Groep 7");
-    EXPECT_EQ(d.LaatsteKlasID, "9");
-    // Everything after it came from the cache as well.
-    const QStringList nu = Werkplek::alleGegevens(d);
-    const QStringList toen = Werkplek::alleGegevens(online.d());
-    for (const QString& regel : toen) {
-        if (!regel.startsWith("Klassen") && !regel.startsWith("LaatsteKlasID") &&
-            !regel.startsWith("Accounts")) {
-            EXPECT_TRUE(nu.contains(regel)) << regel.toStdString();
+        EXPECT_TRUE(tweede.klaar());
+        ModData& d = dw.d();
+        // Block 0 came from the server, block 1 from the cache; the new last ID stands.
+        EXPECT_EQ(d.Klassen(0, 0), "Groep 3 nieuw");
+        EXPECT_EQ(d.Klassen(1, 0), "Groep 7");
+        EXPECT_EQ(d.LaatsteKlasID, "9");
+        // Everything after it came from the cache as well.
+        const QStringList nu = Werkplek::alleGegevens(d);
+        const QStringList toen = Werkplek::alleGegevens(online.d());
+        for (const QString& regel : toen) {
+            if (!regel.startsWith("Klassen") && !regel.startsWith("LaatsteKlasID") &&
+                !regel.startsWith("Accounts")) {
+                EXPECT_TRUE(nu.contains(regel)) << regel.toStdString();
+            }
         }
+        EXPECT_EQ(dw.p.frmMain->Offline, !beeindigd);
+        EXPECT_EQ(dw.cache(), verzegeld);
+        EXPECT_FALSE(QFileInfo::exists(dw.pad("Data/Tijdelijk.ini")));
     }
-    EXPECT_TRUE(dw.p.frmMain->Offline);
-    EXPECT_EQ(dw.cache(), verzegeld);
-    EXPECT_FALSE(QFileInfo::exists(dw.pad("Data/Tijdelijk.ini")));
 }
 
 TEST(LadenTest, PositionsAndFavouritesOpenAndSealTheCacheThemselves) {
