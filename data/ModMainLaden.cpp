@@ -87,7 +87,7 @@ void ModMainLaden::Laden() {
 
         // Sealed only after a whole load with the link: a link lost halfway, or a program ended
         // during the load (its waits end without their answers), keeps the old cache.
-        if (verbonden && m.Verbonden() && !p.beeindigd && d.cache.changed() && d.cache.complete()) {
+        if (verbonden && m.Verbonden() && !p.beeindigd && d.cache.changed()) {
             try {
                 m.MaakMappen(t("\\Data"));
                 d.cache.seal(m.Pad(cacheBestand));
