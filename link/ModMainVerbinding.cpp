@@ -161,6 +161,13 @@ void ModMainVerbinding::StartServer(bool firewall) {
 namespace tk {
 
 void ModMainVerbinding::StartVerbinding(bool opnieuw) {
+    if (m_verbindend)
+        return;
+    m_verbindend = true;
+    const struct Klaar {
+        bool& bezig;
+        ~Klaar() { bezig = false; }
+    } klaar{m_verbindend};
     Procedure(p, "modMain.StartVerbinding", [&] {
         OpstartStappen& stappen = *p.opstartStappen;
         FrmMainLink& f = *p.frmMain;

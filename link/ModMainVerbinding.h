@@ -35,7 +35,9 @@ public:
     bool StuurOpstartCommando(const QString& tekst);
     // Starts the local server named by "Locatie server", with "FIREWALL" for the firewall test.
     void StartServer(bool firewall);
-    // Connect, identify, load, open (also the reconnect button's procedure).
+    // Connect, identify, load, open (also the reconnect button's procedure). Asked again while
+    // one runs (a button clicked during its waits), it does nothing: a second connect would
+    // close the first one's link and empty the load it is filling.
     void StartVerbinding(bool opnieuw);
     // Opens the account Windows logged on to, or the global start screen.
     void AutomatischAanmelden();
@@ -52,6 +54,7 @@ public:
     FrmNetwerk frmNetwerk;
 
 private:
+    bool m_verbindend = false;
     QString m_plaats; // the location as last reported, before it became text
     Programma& p;
 };

@@ -6,6 +6,7 @@
 #include "tests/support/ScriptedPeer.h"
 #include "tests/support/Werkplek.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 using namespace tk;
@@ -19,7 +20,11 @@ class OpnameStappen : public UnbuiltStartSteps {
 public:
     using UnbuiltStartSteps::UnbuiltStartSteps;
     void ControleerChangelog() override { log << "ControleerChangelog"; }
-    void Laden() override { log << "Laden"; }
+    void Laden() override {
+        log << "Laden";
+        if (tijdensLaden)
+            tijdensLaden();
+    }
     void ControleerLerarenRechten() override { log << "ControleerLerarenRechten"; }
     QStringList Accounts() override { return accounts; }
     void VerbergLaadlabel() override { log << "VerbergLaadlabel"; }
@@ -35,6 +40,7 @@ public:
     void OpenFout(const QString& t) override { log << "OpenFout:" + t; }
     QStringList log;
     QStringList accounts{"KLAS|groep3|4", "LERAAR|juf|7"};
+    std::function<void()> tijdensLaden;
 };
 
 struct Client {
@@ -66,6 +72,28 @@ ScriptedPeer& begroeting(ScriptedPeer& peer) {
 }
 
 } // namespace
+
+// "Reconnect" clicked while a connect and its load run (the waits take clicks) starts no second
+// connect inside the first.
+TEST(StartVerbindingTest, AReconnectWhileOneRunsIsLeftAlone) {
+    ScriptedPeer peer;
+    begroeting(peer);
+    Client k;
+    k.w.p.modMain.ModusNetwerk = true;
+    k.w.platform.fakeEnvironment().setVariable("USERNAME", "global");
+    k.locatie(QString("127.0.0.1:%1").arg(peer.poort()));
+    k.stappen.tijdensLaden = [&] { k.w.p.modMainVerbinding->StartVerbinding(false); };
+    k.w.p.modMainVerbinding->StartVerbinding(false);
+    EXPECT_EQ(k.stappen.log.count("Laden"), 1);
+    EXPECT_TRUE(peer.fouten.isEmpty()) << peer.fouten.join("\n").toStdString();
+    k.stappen.tijdensLaden = nullptr;
+    k.stappen.log.clear();
+    ScriptedPeer tweede;
+    begroeting(tweede);
+    k.locatie(QString("127.0.0.1:%1").arg(tweede.poort()));
+    k.w.p.modMainVerbinding->StartVerbinding(false);
+    EXPECT_EQ(k.stappen.log.count("Laden"), 1) << "and once it ended, the next one runs";
+}
 
 TEST(StartVerbindingTest, ConnectsIdentifiesLoadsAndOpensTheAccountOfTheSession) {
     struct Case {
