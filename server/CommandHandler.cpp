@@ -75,8 +75,13 @@ void CommandHandler::refuse(ClientConnection& c, const QString& prefix, const QS
 }
 
 void CommandHandler::handle(ClientConnection& c, const QString& m) {
-    if (m.startsWith(wire::PING))
+    // The client's answer to the keep-alive goes alone, but a request sent right after it can
+    // arrive in the same read: the rest is that request.
+    if (m.startsWith(wire::PING)) {
+        if (m.size() > wire::PING.size())
+            handle(c, m.mid(wire::PING.size()));
         return;
+    }
     if (m.startsWith(wire::TST)) {
         c.sendReply(wire::TST);
         return;

@@ -349,6 +349,7 @@ TEST(ServerBadInputTest, BadMessagesAreRefusedOrDroppedAndNothingStoredIsLost) {
     const Case cases[] = {
         {"XYZ", nullptr},
         {"pin", nullptr},
+        {"PINGTST", "TST"}, // the keep-alive's answer and a request in one read
         {QByteArray("\x00\xff\xfe\x01garbage", 11), nullptr},
         {"LDNKLSDAabc", "LDNKLSDAFOUT"},
         {"LDNAPKDAT999", "LDNAPKDATFOUT"},
