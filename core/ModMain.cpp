@@ -210,10 +210,12 @@ std::optional<QString> ModMain::Vraag(const QString& bericht, Klasse klasse,
     if (opslaan)
         AntwoordOpslaan.clear();
     ontvangen = false;
+    const quint64 verliezen = p.wacht.verliezen();
     p.kanaal->WS_Versturen(bericht, false);
     if (naVersturen)
         naVersturen();
-    if (p.wacht.Tot([&ontvangen] { return ontvangen; }) != Wacht::Uitkomst::Voldaan)
+    if (p.wacht.Tot([&ontvangen] { return ontvangen; }, std::nullopt, true, verliezen) !=
+        Wacht::Uitkomst::Voldaan)
         return std::nullopt;
     return opslaan ? AntwoordOpslaan : Antwoord;
 }

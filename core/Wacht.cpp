@@ -9,8 +9,8 @@
 namespace tk {
 
 Wacht::Uitkomst Wacht::Tot(const std::function<bool()>& voorwaarde, std::optional<qint64> deadline,
-                           bool stopBijVerlies) {
-    const quint64 verliezenBijStart = m_verliezen;
+                           bool stopBijVerlies, std::optional<quint64> verliezenBijBegin) {
+    const quint64 verliezenBijStart = verliezenBijBegin.value_or(m_verliezen);
     // A timer wakes the loop while nothing else happens, so that the deadline is seen.
     QTimer wekker;
     wekker.start(deadline ? 5 : 50);

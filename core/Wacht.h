@@ -17,9 +17,12 @@ public:
 
     explicit Wacht(Clock& klok) : m_klok(klok) {}
 
-    // `deadline` is a time of the clock (msecsSinceStart), not a duration.
+    // `deadline` is a time of the clock (msecsSinceStart), not a duration. `verliezenBijBegin`:
+    // losses counted before that value end the wait too (a request sent before the wait, whose
+    // sending already lost the link, gets no answer to wait for).
     Uitkomst Tot(const std::function<bool()>& voorwaarde,
-                 std::optional<qint64> deadline = std::nullopt, bool stopBijVerlies = true);
+                 std::optional<qint64> deadline = std::nullopt, bool stopBijVerlies = true,
+                 std::optional<quint64> verliezenBijBegin = std::nullopt);
     // Pumps for `ms` milliseconds of the clock.
     void Duur(qint64 ms);
     // One turn of the event loop without waiting (DoEvents).

@@ -280,15 +280,20 @@ bool FrmMainLink::OntvangBestand(const QString& verzoek, const QString& doel, bo
         if (!Receiver.Listen())
             return false;
         ReceiverVraag = false;
+        // A link lost while the request went out (its acknowledgement's wait ends so) leaves
+        // no offer to wait for.
+        const quint64 verliezen = p.wacht.verliezen();
         WS_Versturen(verzoek, wachten);
-        if (p.wacht.Tot([this] { return ReceiverVraag; }) != Wacht::Uitkomst::Voldaan)
+        if (p.wacht.Tot([this] { return ReceiverVraag; }, std::nullopt, true, verliezen) !=
+            Wacht::Uitkomst::Voldaan)
             return false;
         ReceiverKlaar = false;
         const int slash = doel.lastIndexOf(QLatin1Char('\\'));
         if (slash > 0)
             p.modMain.MaakMappen(doel.left(slash));
         Receiver.AcceptSendRequest(doel);
-        return p.wacht.Tot([this] { return ReceiverKlaar; }) == Wacht::Uitkomst::Voldaan;
+        return p.wacht.Tot([this] { return ReceiverKlaar; }, std::nullopt, true, verliezen) ==
+               Wacht::Uitkomst::Voldaan;
     });
 }
 

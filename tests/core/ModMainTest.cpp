@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 using namespace tk;
@@ -10,6 +11,21 @@ using tk::test::Werkplek;
 
 namespace {
 const QString ini = "\\Data\\Instellingen.ini";
+}
+
+// A link lost while the request went out (the send found the socket reset) ends the wait for
+// an answer that will never come. The guard only stops a wait that would hang.
+TEST(ModMainTest, ALinkLostWhileTheRequestGoesOutEndsItsWait) {
+    Werkplek w;
+    w.p.kanaal = &w.kanaal;
+    bool gehangen = false;
+    QTimer::singleShot(2000, [&] {
+        gehangen = true;
+        w.p.wacht.Stop();
+    });
+    EXPECT_EQ(std::nullopt, w.p.modMain.Vraag("LDNXYZ", ModMain::KlasseA,
+                                              [&] { w.p.wacht.VerbindingVerloren(); }));
+    EXPECT_FALSE(gehangen);
 }
 
 TEST(ModMainTest, WaitTimesAreReadAndAnEmptyWaitIsWrittenBackAs500) {
