@@ -65,6 +65,9 @@ bool IniFiles::write(const QString& path, const QString& section, const QString&
     if (section.trimmed().isEmpty() || key.trimmed().isEmpty())
         return false;
     Entry* existing = load(path);
+    // A file that is there but cannot be read is not written over with this one key.
+    if (!existing && QFileInfo(path).isFile())
+        return false;
     Entry entry = existing ? *existing : Entry();
     entry.document.setValue(section, key, value);
     if (!store(path, entry))

@@ -13,12 +13,14 @@ jobs="$(nproc)"
 
 # Skips the suite accepts (ctest names, as regular expressions), each with why.
 allowed_skips=(
-  # Root writes everywhere; this one runs as nobody below.
-  'RegistryFileStoreTest\.AnUnwritableFolderAnswersThatTheStoreCannotBeWritten'
+  # Root writes and reads everywhere; these run as nobody below.
+  'RegistryFileStoreTest\.AnUnwritableFolderOrUnreadableFileAnswersThatTheStoreCannotBeWritten'
+  'IniTest\.AFileThatCannotBeReadIsNotWrittenOver'
 )
 # Binary and test of what needs an unprivileged user (see above).
 unprivileged=(
-  'tests/platform/tk_platform_tests RegistryFileStoreTest.AnUnwritableFolderAnswersThatTheStoreCannotBeWritten'
+  'tests/platform/tk_platform_tests RegistryFileStoreTest.AnUnwritableFolderOrUnreadableFileAnswersThatTheStoreCannotBeWritten'
+  'tests/core/tk_core_tests IniTest.AFileThatCannotBeReadIsNotWrittenOver'
 )
 
 # Fails when ctest's log names a skipped test that is not on the allow-list.

@@ -33,8 +33,10 @@ RegistryFileStore::Loaded& RegistryFileStore::load(RegistryRoot root) {
     if (size < 0)
         return loaded;
     QFile file(info.filePath());
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
+        loaded.unreadable = true;
         return loaded;
+    }
     const QByteArray bytes = file.readAll();
     const RegFile::Parsed parsed = RegFile::parse(TextFile::decode(bytes));
     loaded.foreign = !parsed.hasHeader && !bytes.trimmed().isEmpty();
@@ -47,7 +49,10 @@ bool RegistryFileStore::modify(RegistryRoot root,
     const QString path = fileFor(root);
     if (m_batchDepth > 0 && m_batchLocks.count(root)) {
         // The file is ours until the batch ends: change the hive, write at the end.
-        change(load(root).hive);
+        Loaded& loaded = load(root);
+        if (loaded.unreadable)
+            return false;
+        change(loaded.hive);
         return true;
     }
     if (!QDir().mkpath(QFileInfo(path).path()))
@@ -57,6 +62,8 @@ bool RegistryFileStore::modify(RegistryRoot root,
     if (!lock->tryLock(5000))
         return false;
     Loaded& loaded = load(root);
+    if (loaded.unreadable)
+        return false;
     if (m_batchDepth > 0) {
         change(loaded.hive);
         m_batchLocks[root] = std::move(lock);

@@ -38,7 +38,8 @@ private:
         RegistryHive hive;
         QDateTime modified;
         qint64 size = -1;
-        bool foreign = false; // there was a file, and it did not start with a header
+        bool foreign = false;    // there was a file, and it did not start with a header
+        bool unreadable = false; // there is a file that cannot be read: it is not written over
     };
     Loaded& load(RegistryRoot root);
     bool modify(RegistryRoot root, const std::function<void(RegistryHive&)>& change);

@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 using namespace tk;
 using tk::test::Werkplek;
@@ -115,6 +116,16 @@ TEST_F(IniTest, ADamagedFileIsReadAsFarAsSensibleAndAWriteLosesNoOtherKey) {
     EXPECT_EQ(lees("Algemeen", "Ook"), "goed");
     EXPECT_EQ(lees("Tweede", "X"), "één");
     EXPECT_EQ(lees("Algemeen", "Nieuw"), "2");
+}
+
+TEST_F(IniTest, AFileThatCannotBeReadIsNotWrittenOver) {
+    if (geteuid() == 0)
+        GTEST_SKIP() << "root reads everything";
+    w.schrijf("Data/Instellingen.ini", "[A]\nx=1\n");
+    QFile::setPermissions(w.pad("Data/Instellingen.ini"), QFile::WriteOwner);
+    schrijf("2", "A", "y");
+    QFile::setPermissions(w.pad("Data/Instellingen.ini"), QFile::ReadOwner | QFile::WriteOwner);
+    EXPECT_EQ(lees("A", "x"), "1");
 }
 
 TEST_F(IniTest, AChangeOnDiskByAnotherWriterIsSeen) {

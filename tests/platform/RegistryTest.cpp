@@ -228,15 +228,27 @@ TEST(RegistryFileStoreTest, AForeignFileIsKeptAsBackupAndItsKeysSurviveAWrite) {
     EXPECT_TRUE(again.read(RegistryRoot::LocalMachine, "SOFTWARE\\Tafelkrater", "Modus"));
 }
 
-TEST(RegistryFileStoreTest, AnUnwritableFolderAnswersThatTheStoreCannotBeWritten) {
+TEST(RegistryFileStoreTest, AnUnwritableFolderOrUnreadableFileAnswersThatTheStoreCannotBeWritten) {
     if (geteuid() == 0)
-        GTEST_SKIP() << "root writes everywhere";
+        GTEST_SKIP() << "root writes and reads everywhere";
     QTemporaryDir dir;
     QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::ExeOwner);
     RegistryFileStore store(dir.path() + "/Register", "a");
-    EXPECT_FALSE(
-        store.write(RegistryRoot::LocalMachine, "Software", "test", RegistryValue::string("x")));
+    const auto schrijf = [](RegistryFileStore& s, const char* naam) {
+        return s.write(RegistryRoot::LocalMachine, "Software", naam, RegistryValue::string("x"));
+    };
+    EXPECT_FALSE(schrijf(store, "test"));
     QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    // A store file there but not readable is not written over with the one value.
+    RegistryFileStore andere(dir.path(), "b");
+    ASSERT_TRUE(schrijf(andere, "test"));
+    const QString pad = andere.fileFor(RegistryRoot::LocalMachine);
+    QFile::setPermissions(pad, QFile::WriteOwner); // writable, so only reading can stop it
+    RegistryFileStore later(dir.path(), "b");
+    EXPECT_FALSE(schrijf(later, "ander"));
+    QFile::setPermissions(pad, QFile::ReadOwner | QFile::WriteOwner);
+    EXPECT_TRUE(
+        RegistryFileStore(dir.path(), "b").read(RegistryRoot::LocalMachine, "Software", "test"));
 }
 
 TEST(RegistryFileStoreTest, ImportAppliesOperationsToEveryRootTheyName) {
