@@ -273,8 +273,9 @@ void ModMainOpstart::Main(const QString& opdrachtregel) {
             p.Einde();
             return;
         }
-        // A restart after a crash says so.
-        if (Opdrachtregel == u"STARTUPFOUT")
+        // A restart after a crash says so (an account word may follow the launcher's).
+        const bool naCrash = Opdrachtregel.section(QLatin1Char(' '), 0, 0) == u"STARTUPFOUT";
+        if (naCrash)
             m.ToonVraag(tekst(3), tekst(2905), QStringLiteral("-"));
         // One client per program folder, unless the launcher keeps watch.
         if (!m.IsWindows98 && !gestartDoorLauncher() &&
@@ -291,8 +292,8 @@ void ModMainOpstart::Main(const QString& opdrachtregel) {
             stappen.ControleerUpdate(true);
         ControleerHulpbestanden();
         // A Standalone workstation started by hand brings up its local server.
-        if (m.ModusStandalone && !gestartDoorLauncher() && Opdrachtregel != u"STARTUPFOUT" &&
-            IsShellIngesteld() && IsGeactiveerd())
+        if (m.ModusStandalone && !gestartDoorLauncher() && !naCrash && IsShellIngesteld() &&
+            IsGeactiveerd())
             stappen.StartServer(false);
         // With a launcher beside it the client hands over to the launcher, which starts it again.
         if (QFileInfo(LauncherPad()).isFile() && !gestartDoorLauncher()) {

@@ -195,14 +195,15 @@ TEST(OpstartTest, TheSystemVersionDecidesWhetherTheProgramMayRun) {
 }
 
 TEST(OpstartTest, AfterACrashTheMessageShowsAndTheServerIsNotStartedAgain) {
-    for (const bool fout : {true, false}) {
-        SCOPED_TRACE(fout);
+    for (const char* regel : {"startupfout", "STARTUPFOUT juf", ""}) {
+        SCOPED_TRACE(regel);
+        const bool fout = *regel;
         Opstart o("1");
         o.w.p.modMain.MaakMappen("\\Data");
         o.w.p.modMain.SchrijfIni("Ja", "Algemeen", "Geactiveerd", "\\Data\\Instellingen.ini");
         o.w.platform.fakeEnvironment().setVariable("USERNAME",
                                                    fout ? "Tafelkrater" : "tafelkrater");
-        o.opstart.Main(fout ? "startupfout" : QString());
+        o.opstart.Main(QString::fromLatin1(regel));
         EXPECT_EQ(o.getoondeTeksten().value(0), fout ? o.w.p.modTaal.LaadTekst(2905) : QString());
         EXPECT_EQ(o.stappen.log.value(0) == u"StartServer(0)", !fout);
         EXPECT_EQ(o.stappen.log.contains("StartServer(0)"), !fout);
