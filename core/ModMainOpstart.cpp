@@ -277,9 +277,12 @@ void ModMainOpstart::Main(const QString& opdrachtregel) {
         const bool naCrash = Opdrachtregel.section(QLatin1Char(' '), 0, 0) == u"STARTUPFOUT";
         if (naCrash)
             m.ToonVraag(tekst(3), tekst(2905), QStringLiteral("-"));
-        // One client per program folder, unless the launcher keeps watch.
-        if (!m.IsWindows98 && !gestartDoorLauncher() &&
-            !p.platform.processes().claimSingleInstance(p.platform.programFolder())) {
+        // One client per program folder. The one the launcher started holds the folder too, so
+        // that a second start by hand while it runs ends, rather than start a second launcher;
+        // it goes on itself when it cannot (the launcher keeps watch over it).
+        const bool alleen =
+            m.IsWindows98 || p.platform.processes().claimSingleInstance(p.platform.programFolder());
+        if (!alleen && !gestartDoorLauncher()) {
             p.Einde();
             return;
         }

@@ -34,8 +34,12 @@ public:
     QString findExecutable(const QString& name) override {
         return QStandardPaths::findExecutable(name);
     }
-    bool claimSingleInstance(const QString&) override { return !anotherInstance; }
+    bool claimSingleInstance(const QString& folder) override {
+        claimed << folder;
+        return !anotherInstance;
+    }
     bool anotherInstance = false; // another client holds the program folder
+    QStringList claimed;
     bool isRunning(qint64 pid) override { return running.contains(pid); }
     QList<qint64> processesOfStart(qint64 pid) override {
         QList<qint64> alle{pid};

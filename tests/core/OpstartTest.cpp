@@ -230,13 +230,21 @@ TEST(OpstartTest, WithoutTheLauncherWordTheLauncherTakesOver) {
     }
 }
 
+// The client the launcher started holds the program folder too, so that a second start by
+// hand while it runs ends silently; it goes on itself when another holds it.
 TEST(OpstartTest, ASecondStartWithoutTheLauncherEndsSilently) {
-    Opstart o;
-    o.w.platform.fakeProcesses().anotherInstance = true;
-    o.opstart.Main(QString());
-    EXPECT_TRUE(o.w.p.beeindigd);
-    EXPECT_TRUE(o.w.dialogen.gesteld.isEmpty());
-    EXPECT_TRUE(o.stappen.log.isEmpty());
+    for (const char* regel : {"", "STARTUP"}) {
+        SCOPED_TRACE(regel);
+        Opstart o;
+        o.w.platform.fakeProcesses().anotherInstance = true;
+        o.opstart.Main(QString::fromLatin1(regel));
+        EXPECT_EQ(o.w.platform.fakeProcesses().claimed, QStringList(o.w.map()));
+        EXPECT_EQ(o.w.p.beeindigd, !*regel);
+        if (!*regel) {
+            EXPECT_TRUE(o.w.dialogen.gesteld.isEmpty());
+            EXPECT_TRUE(o.stappen.log.isEmpty());
+        }
+    }
 }
 
 TEST(OpstartTest, AnAccountWithoutRightsIsToldAndLoggedOff) {
