@@ -222,6 +222,7 @@ bool BackupKeeper::restore(const QString& name, QString* error) {
     sqlite3* source = openChecked(path, error);
     if (!source)
         return false;
+    const QDateTime gezien = m_store.lastIconChange();
     sqlite3* target = m_store.handle();
     sqlite3_backup* copy = target ? sqlite3_backup_init(target, "main", source, "main") : nullptr;
     if (!copy) {
@@ -239,6 +240,10 @@ bool BackupKeeper::restore(const QString& name, QString* error) {
         return false;
     }
     m_store.markReplaced();
+    QString why;
+    if (!m_store.renewIconDates(gezien, &why))
+        ServerLog::fault(QStringLiteral("backup %1").arg(name),
+                         QStringLiteral("the icons' dates could not be renewed: ") + why);
     ServerLog::line(QStringLiteral("backup %1 restored").arg(name));
     return true;
 }

@@ -799,6 +799,33 @@ bool Store::touchIcons(int group, QString* error) {
                 error);
 }
 
+QDateTime Store::lastIconChange() {
+    QDateTime laatste = iconEpoch;
+    for (int groep = 0; groep <= 3; ++groep)
+        laatste = std::max(laatste, iconsChanged(groep));
+    return laatste;
+}
+
+bool Store::renewIconDates(const QDateTime& gezien, QString* error) {
+    QDateTime nu = QDateTime::currentDateTime();
+    nu.setTime(QTime(nu.time().hour(), nu.time().minute()));
+    const QDateTime moment = std::max({nu, gezien.addSecs(60), lastIconChange().addSecs(60)});
+    return write(
+        [&](QString* why) {
+            for (int groep = 0; groep <= 3; ++groep) {
+                const QString tekst = moment.toString(Qt::ISODate);
+                if (!exec(
+                        QStringLiteral("INSERT OR REPLACE INTO settings(key, value) VALUES(?, ?)"),
+                        {QStringLiteral("icons_changed_%1").arg(groep), tekst}, why) ||
+                    !exec(QStringLiteral("UPDATE icons SET changed = ? WHERE kind = ?"),
+                          {tekst, groep}, why))
+                    return false;
+            }
+            return true;
+        },
+        error);
+}
+
 bool Store::saveIcon(int kind, qint64 id, const QByteArray& data, QString* error) {
     return write(
         [&](QString* why) {

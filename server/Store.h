@@ -122,6 +122,12 @@ public:
     QByteArray icon(int kind, qint64 id);
     QDateTime iconsChanged(int group);
     bool saveIcon(int kind, qint64 id, const QByteArray& data, QString* error);
+    // The latest change moment of any group: what a workstation may have seen.
+    QDateTime lastIconChange();
+    // After a restore the icons carry the backup's dates, which a workstation that fetched a
+    // later icon has passed already: every group's moment and every icon's date go past
+    // `gezien` (taken before the restore) and now, so that every workstation fetches them anew.
+    bool renewIconDates(const QDateTime& gezien, QString* error);
     QByteArray standardLibrary();
     bool saveStandardLibrary(const QByteArray& data, QString* error);
 

@@ -74,9 +74,6 @@ TEST(VocabularyTest, EveryClientMessageGetsTheReplyItsDispatcherRowExpects) {
         {"HLPLDN2", 'A', "{call};<>;Manual;<>;3-5-2024;<>;9:05:00"},
         {"HLPSCR{call}", 'F', nullptr, "{call}.jpg"},
         {"HLPVWN{call}", 'A', "OK"},
-        {"BCKMKB", 'A', ""},
-        {"BCKLST", 'A', "{backup}"},
-        {"BCKRST{backup}", 'A', "OK"},
         {"ACDCONgroep1", 'A', "JA"},
         {"ACDCONonbekend", 'A', "NEE"},
         {"ACDNIEnieuw|geheim|1|Nieuw", 'A', "OK"},
@@ -146,6 +143,10 @@ TEST(VocabularyTest, EveryClientMessageGetsTheReplyItsDispatcherRowExpects) {
         {"VWNCATa|1", 'B', "OK"},
         {"VWNKLS9", 'B', "OK"},
         {"VWNLRN5", 'B', "OK"},
+        // Last: a restore moves the icons' dates on.
+        {"BCKMKB", 'A', ""},
+        {"BCKLST", 'A', "{backup}"},
+        {"BCKRST{backup}", 'A', "OK"},
     };
 
     QHash<QString, QString> vars;
