@@ -117,11 +117,13 @@ void MaintenanceCommands::storeProblemCall(ClientConnection& c, const QString& r
         // "Screenshot Ja" only once all of it is stored.
         Store* store = &m_store;
         const qint64 id = parsed.call.id;
-        m_transfers.expectUpload(c.peerAddress(), QString(), [store, id](const QByteArray& jpeg) {
-            QString why;
-            if (!store->attachScreenshot(id, jpeg, &why))
-                ServerLog::fault(QStringLiteral("screenshot of problem call %1").arg(id), why);
-        });
+        // The client names it "screenshot" and a number of its own.
+        m_transfers.expectUpload(
+            c.peerAddress(), QStringLiteral("screenshot*"), [store, id](const QByteArray& jpeg) {
+                QString why;
+                if (!store->attachScreenshot(id, jpeg, &why))
+                    ServerLog::fault(QStringLiteral("screenshot of problem call %1").arg(id), why);
+            });
     }
     ServerLog::line(QStringLiteral("connection %1: problem call %2 stored")
                         .arg(c.number())

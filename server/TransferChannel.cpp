@@ -71,12 +71,15 @@ bool TransferChannel::accept(const QHostAddress& peer, const QString& name, qint
                              std::function<void(QByteArray)>* deliver) {
     m_expected.removeIf([](const Expected& e) { return e.deadline.hasExpired(); });
     qsizetype found = -1;
+    const QString naam = baseName(name);
+    const auto past = [&](const QString& verwacht) {
+        return verwacht.endsWith(QLatin1Char('*'))
+                   ? naam.startsWith(verwacht.chopped(1), Qt::CaseInsensitive)
+                   : naam.compare(verwacht, Qt::CaseInsensitive) == 0;
+    };
     for (qsizetype i = 0; i < m_expected.size() && found < 0; ++i)
         if (m_expected[i].peer.isEqual(peer, QHostAddress::TolerantConversion) &&
-            m_expected[i].name.compare(baseName(name), Qt::CaseInsensitive) == 0)
-            found = i;
-    for (qsizetype i = 0; i < m_expected.size() && found < 0; ++i)
-        if (m_expected[i].peer.isEqual(peer, QHostAddress::TolerantConversion))
+            past(m_expected[i].name))
             found = i;
     if (found < 0)
         return false;

@@ -32,7 +32,9 @@ public:
     quint16 clientDataPort() const { return m_clientDataPort; }
     quint16 clientInfoPort() const { return m_clientInfoPort; }
 
-    // A file `name` from `peer` is expected within a minute; `deliver` gets its bytes.
+    // A file `name` from `peer` is expected within a minute; `deliver` gets its bytes. A name
+    // ending in "*" takes any file name that begins with what comes before it. Only a file of
+    // its name is taken: workstations behind one address upload each their own.
     void expectUpload(const QHostAddress& peer, const QString& name,
                       std::function<void(QByteArray)> deliver);
     // Sends a file to the receiver of the client at `peer`. `done` is told how it ended. A

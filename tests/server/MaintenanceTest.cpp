@@ -65,6 +65,13 @@ TEST(ProblemCallTest, ACallWithItsScreenshotIsListedLoadedFetchedAndRemoved) {
 
     EXPECT_EQ("HLPOPS", c.ask("HLPOPSManual;<>;PC-07;<>;Jan;<>;Bureaublad;<>;Paint;<>;"
                               "Start niet|Echt niet;<>;Ja;<>;3-5-2024 9:05:00"));
+    {
+        // Another file from the same address is not the screenshot: workstations behind one
+        // address each upload their own.
+        FileSender ander(s.options().uploadInfoPort, s.options().uploadDataPort);
+        ander.offer("2.pic", jpeg);
+        EXPECT_TRUE(waitFor([&] { return ander.refused(); }));
+    }
     FileSender sender(s.options().uploadInfoPort, s.options().uploadDataPort);
     sender.offer("screenshot4711.jpg", jpeg);
     ASSERT_TRUE(waitFor([&] { return sender.finished(); }));
