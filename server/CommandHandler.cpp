@@ -677,7 +677,7 @@ void CommandHandler::sendIconPackage(ClientConnection& c, const QString& request
         QRegularExpression::escape(QString(wire::valueSep)) + QLatin1Char('|') +
         QRegularExpression::escape(wire::itemSep));
     // Each file once, however often it is asked: a request repeating one ID would otherwise
-    // make a package of as many copies as the request has room for.
+    // read and hold that icon once per mention.
     QList<PackageEntry> entries;
     QSet<QString> names;
     const auto add = [&](const QString& name, const QByteArray& bytes) {

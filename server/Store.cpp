@@ -809,16 +809,16 @@ QDateTime Store::lastIconChange() {
 bool Store::renewIconDates(const QDateTime& gezien, QString* error) {
     QDateTime nu = QDateTime::currentDateTime();
     nu.setTime(QTime(nu.time().hour(), nu.time().minute()));
-    const QDateTime moment = std::max({nu, gezien.addSecs(60), lastIconChange().addSecs(60)});
+    const QString moment =
+        std::max({nu, gezien.addSecs(60), lastIconChange().addSecs(60)}).toString(Qt::ISODate);
     return write(
         [&](QString* why) {
             for (int groep = 0; groep <= 3; ++groep) {
-                const QString tekst = moment.toString(Qt::ISODate);
                 if (!exec(
                         QStringLiteral("INSERT OR REPLACE INTO settings(key, value) VALUES(?, ?)"),
-                        {QStringLiteral("icons_changed_%1").arg(groep), tekst}, why) ||
+                        {QStringLiteral("icons_changed_%1").arg(groep), moment}, why) ||
                     !exec(QStringLiteral("UPDATE icons SET changed = ? WHERE kind = ?"),
-                          {tekst, groep}, why))
+                          {moment, groep}, why))
                     return false;
             }
             return true;
