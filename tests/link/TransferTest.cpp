@@ -23,8 +23,9 @@ constexpr qint64 blok = 8192;
 constexpr qint64 vijftigMB = 50LL * 1024 * 1024;
 
 // Waits with the pump running until the condition holds; false after `ms` of real time, so that
-// a transfer that would hang fails instead.
-bool wachtOp(Programma& p, const std::function<bool()>& voorwaarde, qint64 ms = 60000) {
+// a transfer that would hang fails instead. The longest step, 50 MB on loopback, takes about a
+// second even under the sanitizers.
+bool wachtOp(Programma& p, const std::function<bool()>& voorwaarde, qint64 ms = 10000) {
     QElapsedTimer klok;
     klok.start();
     p.wacht.Tot([&] { return voorwaarde() || klok.hasExpired(ms); }, std::nullopt, false);
