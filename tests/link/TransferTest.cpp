@@ -242,17 +242,9 @@ TEST(DownloadTest, FilesOfOneByteABlockABlockAndOneAndFiftyMegabytesArriveWholeO
     for (const qint64 grootte : {qint64(1), blok, blok + 1, vijftigMB}) {
         SCOPED_TRACE(grootte);
         const QByteArray bytes = inhoud(grootte, quint32(grootte));
-        const QString doel = QString("\\Tijdelijk\\doel%1.bin").arg(grootte);
-        const int klaarVoor = d.klaar;
-        d.receiver.ResetFile();
-        ASSERT_TRUE(d.bied(QByteArrayLiteral("FIS") + QByteArray::number(grootte) + "|0@doel.bin"));
-        EXPECT_EQ(d.receiver.currentFileSize(), grootte);
-        EXPECT_EQ(d.receiver.currentFileName(), "doel.bin");
-        ASSERT_TRUE(d.accepteer(doel));
-        EXPECT_EQ(d.tijdelijk().size(), 1);
-        d.server.stuurBinair(bytes);
-        ASSERT_TRUE(d.laatste("RFC"));
-        EXPECT_EQ(d.klaar, klaarVoor + 1);
+        // No ResetFile in between: an accepted file starts its own count.
+        ASSERT_TRUE(d.haal(QByteArrayLiteral("FIS") + QByteArray::number(grootte) + "|0@doel.bin",
+                           QString("\\Tijdelijk\\doel%1.bin").arg(grootte), bytes));
         totaal += grootte;
         EXPECT_TRUE(zelfdeBytes(bytes, d.w.lees(QString("Tijdelijk/doel%1.bin").arg(grootte))));
         EXPECT_EQ(d.tijdelijk(), QStringList());
@@ -262,9 +254,7 @@ TEST(DownloadTest, FilesOfOneByteABlockABlockAndOneAndFiftyMegabytesArriveWholeO
         EXPECT_EQ(d.voortgang.last(), std::make_pair(totaal, grootte));
         EXPECT_FALSE(d.receiver.speedTimerActive());
     }
-    // Progress rises step by step, never past what arrived.
-    for (qsizetype i = 1; i < d.voortgang.size(); ++i)
-        EXPECT_LE(d.voortgang[i - 1].first, d.voortgang[i].first);
+    EXPECT_EQ(d.klaar, 4);
     EXPECT_TRUE(d.fouten.isEmpty()) << d.fouten.join(u'\n').toStdString();
     EXPECT_TRUE(d.w.dialogen.getoond.isEmpty());
 }
@@ -311,12 +301,7 @@ TEST(TransferTest, AnEmptyFileMovesNoByteAndEndsOnlyWhenTheServerSaysSo) {
     EXPECT_EQ(d.klaar, 0);
     EXPECT_FALSE(d.server.infoOntvangen.contains("RFC"));
     EXPECT_EQ(d.w.lees("Tijdelijk/leeg.bin"), QByteArray("oud"));
-    EXPECT_EQ(d.tijdelijk().size(), 1);
-    d.receiver.ResetFile();
-    EXPECT_EQ(d.tijdelijk(), QStringList());
-    // The server's "FSC" is the only way a caller learns the transfer is over.
-    d.server.stuurInfo("FSC");
-    EXPECT_TRUE(wachtOp(d.w.p, [&] { return d.klaar == 1; }));
+    // The server's "FSC" is the only way a caller learns the transfer is over (FramingTest).
 
     Upload u;
     u.w.schrijf("Tijdelijk/leeg.bin", QByteArray());
@@ -442,28 +427,26 @@ TEST(DownloadTest, ADisconnectMidFileLeavesTheTargetUntouchedAndNoTemporaryFiles
     ASSERT_TRUE(d.opgezet());
     const QByteArray oud("het vorige thema");
     d.w.schrijf("Tijdelijk/thema.bin", oud);
-    for (int poging = 0; poging < 3; ++poging) {
-        SCOPED_TRACE(poging);
-        ASSERT_TRUE(d.bied("FIS100000|3@thema.bin"));
-        ASSERT_TRUE(d.accepteer("\\Tijdelijk\\thema.bin"));
-        d.server.stuurBinair(inhoud(40000));
-        ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.receiver.ontvangen() == 40000; }));
-        const qsizetype foutenVoor = d.fouten.size();
-        d.server.sluit();
-        ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.fouten.size() > foutenVoor; }));
-        EXPECT_EQ(d.klaar, 0);
-        EXPECT_EQ(d.w.lees("Tijdelijk/thema.bin"), oud);
-        // The broken transfer leaves its temporary file, and only that one, until the caller
-        // drops it and starts again.
-        EXPECT_EQ(d.tijdelijk().size(), 1);
-        EXPECT_TRUE(d.receiver.speedTimerActive());
-        d.receiver.ResetFile();
-        EXPECT_FALSE(d.receiver.speedTimerActive());
-        EXPECT_EQ(d.tijdelijk(), QStringList());
-        d.herstart();
-        EXPECT_EQ(d.receiver.currentFileNumber(), 0);
-        ASSERT_TRUE(d.opgezet());
-    }
+    ASSERT_TRUE(d.bied("FIS100000|3@thema.bin"));
+    ASSERT_TRUE(d.accepteer("\\Tijdelijk\\thema.bin"));
+    d.server.stuurBinair(inhoud(40000));
+    ASSERT_TRUE(wachtOp(d.w.p, [&] { return d.receiver.ontvangen() == 40000; }));
+    d.server.sluit();
+    ASSERT_TRUE(wachtOp(d.w.p, [&] { return !d.fouten.isEmpty(); }));
+    EXPECT_EQ(d.klaar, 0);
+    EXPECT_EQ(d.w.lees("Tijdelijk/thema.bin"), oud);
+    // The broken transfer leaves its temporary file, and only that one, until the caller drops it.
+    EXPECT_EQ(d.tijdelijk().size(), 1);
+    EXPECT_TRUE(d.receiver.speedTimerActive());
+    d.receiver.ResetFile();
+    EXPECT_EQ(std::pair(d.receiver.speedTimerActive(), d.receiver.ontvangen()),
+              std::pair(false, qint64(0)));
+    EXPECT_EQ(d.tijdelijk(), QStringList());
+    d.herstart();
+    EXPECT_EQ(std::tuple(d.receiver.currentFileSize(), d.receiver.currentFileName(),
+                         d.receiver.currentFileNumber(), d.receiver.ontvangen()),
+              std::tuple(qint64(0), QString(), qint64(0), qint64(0)));
+    ASSERT_TRUE(d.opgezet());
     const QByteArray nieuw = inhoud(100000, 9);
     ASSERT_TRUE(d.haal("FIS100000|0@thema.bin", "\\Tijdelijk\\thema.bin", nieuw));
     EXPECT_TRUE(zelfdeBytes(nieuw, d.w.lees("Tijdelijk/thema.bin")));
@@ -478,15 +461,6 @@ TEST(DownloadTest, ADisconnectMidFileLeavesTheTargetUntouchedAndNoTemporaryFiles
     EXPECT_EQ(d.server.infoOntvangen.count("RFC"), 1);
     EXPECT_EQ(d.tijdelijk(), QStringList());
     EXPECT_FALSE(QFileInfo::exists(d.w.pad("Bestaat")));
-}
-
-TEST(DownloadTest, ATemporaryFileLeftByAnEarlierRunIsRemovedAtListen) {
-    Werkplek w;
-    w.schrijf("Tijdelijk/Ontvangst/TMPab12cd", "rest van een vorige keer");
-    w.schrijf("Tijdelijk/pakket.pictogrammen", "niet van de ontvanger");
-    BinaryReceiver receiver(w.p);
-    ASSERT_TRUE(receiver.Listen());
-    EXPECT_EQ(bestandenOnder(w.map()), QStringList{"Tijdelijk/pakket.pictogrammen"});
 }
 
 TEST(UploadTest, RefusedCutOffOrSourcelessUploadsEndWithoutCompletion) {
@@ -554,6 +528,7 @@ TEST(FramingTest, AnOfferSplitOverTwoReadsIsAnOfferWithoutANameAndTwoInOneReadTh
 void tikZelf(QObject& overdracht) {
     QTimer* tmr = overdracht.findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
     ASSERT_NE(tmr, nullptr);
+    EXPECT_EQ(tmr->interval(), 500);
     tmr->setInterval(std::chrono::hours(1));
 }
 
@@ -588,7 +563,7 @@ TEST(SpeedTest, EachTickReportsTheBytesOfTheLastHalfSecondInKilobytesPerSecond) 
     EXPECT_EQ(uit, (QList<qint64>{100, 0}));
 }
 
-TEST(DownloadTest, TheSamePortsListenAgainAfterResetAndATakenPortIsAnError) {
+TEST(DownloadTest, ListenTakesTheSamePortsAgainRefusesATakenOneAndClearsStaleTemporaryFiles) {
     Download d;
     ASSERT_TRUE(d.opgezet());
     const qint64 info = d.receiver.localPortInfo();
@@ -609,12 +584,15 @@ TEST(DownloadTest, TheSamePortsListenAgainAfterResetAndATakenPortIsAnError) {
     EXPECT_FALSE(tweede.Listen());
     EXPECT_EQ(fouten.size(), 1);
     tweede.setLocalPortBinary(0); // so that only the info port decides
-    for (const qint64 poort : {qint64(-1), qint64(70000)}) {
+    for (const qint64 poort : {qint64(-1), qint64(65536)}) {
         tweede.setLocalPortInfo(poort);
         EXPECT_FALSE(tweede.Listen()) << poort;
     }
 
+    // A temporary file left by a run that ended mid-file goes at Listen; nothing else does.
+    d.w.schrijf("Tijdelijk/Ontvangst/TMPab12cd", "rest van een vorige keer");
     d.herstart();
+    EXPECT_EQ(bestandenOnder(d.w.pad("Tijdelijk")), QStringList{"a.bin"});
     ASSERT_TRUE(d.opgezet());
     ASSERT_TRUE(d.haal("FIS2|0@b", "\\Tijdelijk\\b.bin", "de"));
     EXPECT_EQ(d.w.lees("Tijdelijk/b.bin"), QByteArray("de"));
