@@ -561,6 +561,9 @@ TEST(SpeedTest, EachTickReportsTheBytesOfTheLastHalfSecondInKilobytesPerSecond) 
     u.sender.tmrUploadSpeed_Timer();
     u.sender.tmrUploadSpeed_Timer();
     EXPECT_EQ(uit, (QList<qint64>{100, 0}));
+    // Here no Reset follows completion, so that ResetFile alone shows it clears the counters.
+    u.sender.ResetFile();
+    EXPECT_EQ(std::pair(u.sender.verzonden(), u.sender.gelezen()), std::pair(qint64(0), qint64(0)));
 }
 
 TEST(DownloadTest, ListenTakesTheSamePortsAgainRefusesATakenOneAndClearsStaleTemporaryFiles) {
