@@ -15,6 +15,7 @@
 #include <QCryptographicHash>
 #include <QFileInfo>
 #include <QLocalSocket>
+#include <QScopeGuard>
 
 namespace tk {
 
@@ -164,10 +165,7 @@ void ModMainVerbinding::StartVerbinding(bool opnieuw) {
     if (m_verbindend)
         return;
     m_verbindend = true;
-    const struct Klaar {
-        bool& bezig;
-        ~Klaar() { bezig = false; }
-    } klaar{m_verbindend};
+    const auto klaar = qScopeGuard([this] { m_verbindend = false; });
     Procedure(p, "modMain.StartVerbinding", [&] {
         OpstartStappen& stappen = *p.opstartStappen;
         FrmMainLink& f = *p.frmMain;

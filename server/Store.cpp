@@ -194,8 +194,8 @@ bool Store::setSettings(const QList<QPair<QString, QString>>& values, QString* e
         error);
 }
 
-qint64 Store::nextId(const QString& key, QString* error) {
-    const qint64 id = setting(key, QStringLiteral("0")).toLongLong() + 1;
+qint64 Store::nextId(const QString& key, QString* error, qint64 above) {
+    const qint64 id = std::max(setting(key, QStringLiteral("0")).toLongLong(), above) + 1;
     if (!exec(QStringLiteral("INSERT OR REPLACE INTO settings(key, value) VALUES(?, ?)"),
               {key, QString::number(id)}, error))
         return 0;
@@ -940,15 +940,12 @@ bool Store::addProblemCall(ProblemCall* call, QString* error) {
         [&](QString* why) {
             // An ID is never given out twice, also after the newest call was removed: a
             // screenshot still on its way, or a late removal, would reach another call.
-            const QString teller = QStringLiteral("last_problem_call_id");
             QSqlQuery query(m_db);
             query.exec(QStringLiteral("SELECT COALESCE(MAX(id), 0) FROM problem_calls"));
             query.next();
-            call->id = std::max(query.value(0).toLongLong(),
-                                setting(teller, QStringLiteral("0")).toLongLong()) +
-                       1;
-            if (!exec(QStringLiteral("INSERT OR REPLACE INTO settings(key, value) VALUES(?, ?)"),
-                      {teller, QString::number(call->id)}, why))
+            call->id =
+                nextId(QStringLiteral("last_problem_call_id"), why, query.value(0).toLongLong());
+            if (call->id == 0)
                 return false;
             query.prepare(QStringLiteral(
                 "INSERT INTO problem_calls(id, type, datum, tijd, computernaam, rapporteur, module,"

@@ -167,7 +167,8 @@ private:
     bool openDatabase(const QString& name, QString* error);
     bool write(const std::function<bool(QString*)>& change, QString* error);
     bool exec(const QString& sql, const QVariantList& values, QString* error);
-    qint64 nextId(const QString& key, QString* error);
+    // The counter under `key` plus one, never at or below `above` (IDs already in a table).
+    qint64 nextId(const QString& key, QString* error, qint64 above = 0);
     bool touchIcons(int group, QString* error);
     bool copyOwnerData(const OwnerRecord& kind, qint64 from, qint64 to, QString* error);
     bool touchProblemCalls(QString* error);
