@@ -120,9 +120,21 @@ void ClientConnection::sendNotice(const QString& text) {
     enqueue(text, true);
 }
 
+void ClientConnection::releaseReplies(bool send) {
+    m_holding = false;
+    const auto held = std::exchange(m_held, {});
+    if (send)
+        for (const auto& [text, settles] : held)
+            enqueue(text, settles);
+}
+
 void ClientConnection::enqueue(const QString& text, bool settles) {
     if (m_closed)
         return;
+    if (m_holding) {
+        m_held.append({text, settles});
+        return;
+    }
     if (m_queue.size() >= maxQueue) {
         ServerLog::fault(QStringLiteral("connection %1").arg(m_number),
                          QStringLiteral("the client reads nothing; closing"));

@@ -6,10 +6,12 @@
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QHostAddress>
+#include <QList>
 #include <QObject>
 #include <QQueue>
 #include <QString>
 #include <memory>
+#include <utility>
 
 class QTcpSocket;
 class QTimer;
@@ -54,6 +56,10 @@ public:
     // notice.
     void sendSettlingReply(const QString& text);
     void sendNotice(const QString& text);
+    // While a request is handled its replies can wait here, so that one made from a read of the
+    // store that failed is dropped instead of sent; released, they go in their order.
+    void holdReplies() { m_holding = true; }
+    void releaseReplies(bool send);
     void close();
 
     // Milliseconds since the last byte either way.
@@ -95,6 +101,8 @@ private:
     tk::MessageAssembler* m_assembler;
     QTimer* m_firstMessage;
     QQueue<Outgoing> m_queue;
+    QList<std::pair<QString, bool>> m_held; // text, settles
+    bool m_holding = false;
     QElapsedTimer m_activity;
     QElapsedTimer m_sinceWrite;
     qint64 m_quietUntil = 0; // in m_clock milliseconds

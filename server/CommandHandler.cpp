@@ -104,18 +104,40 @@ void CommandHandler::handle(ClientConnection& c, const QString& m) {
         c.sendReply(wire::LOC);
         return;
     }
-    if (m.startsWith(wire::INF) && handleInfo(c, m))
-        return;
-    if (m.startsWith(wire::LDN) && (handleLoad(c, m) || handleAccounts(c, m)))
-        return;
-    if (m.startsWith(wire::ACD) && handleAccounts(c, m))
-        return;
     if (m.startsWith(wire::OPS) && handleSave(c, m))
         return;
     if (m.startsWith(wire::VWN) && handleDelete(c, m))
         return;
+    if (m.startsWith(wire::INF) || m.startsWith(wire::LDN) || m.startsWith(wire::ACD)) {
+        answerFromReads(c, m);
+        return;
+    }
     ServerLog::fault(QStringLiteral("connection %1").arg(c.number()),
                      QStringLiteral("unknown message \"%1\" dropped").arg(excerpt(m)));
+}
+
+void CommandHandler::answerFromReads(ClientConnection& c, const QString& m) {
+    // A reply made from a read of the store that failed would tell the client of an empty
+    // table, which its load would take and cache over the good copy. The client waits for its
+    // answer until the link goes, and a lost link is what it knows to work from its cache with:
+    // the reply is dropped and the connection closed. (A save that read and failed says FOUT.)
+    const quint64 failures = m_store.readFailures();
+    c.holdReplies();
+    const bool handled = (m.startsWith(wire::INF) && handleInfo(c, m)) ||
+                         (m.startsWith(wire::LDN) && (handleLoad(c, m) || handleAccounts(c, m))) ||
+                         (m.startsWith(wire::ACD) && handleAccounts(c, m));
+    const bool whole = m_store.readFailures() == failures;
+    c.releaseReplies(whole);
+    if (!whole) {
+        ServerLog::fault(
+            QStringLiteral("connection %1").arg(c.number()),
+            QStringLiteral("a read of the store failed (%1): no answer to \"%2\"; closed")
+                .arg(m_store.lastReadError(), excerpt(m)));
+        c.close();
+    } else if (!handled) {
+        ServerLog::fault(QStringLiteral("connection %1").arg(c.number()),
+                         QStringLiteral("unknown message \"%1\" dropped").arg(excerpt(m)));
+    }
 }
 
 bool CommandHandler::handleInfo(ClientConnection& c, const QString& m) {

@@ -25,6 +25,9 @@ public:
     static int kindOf(const QString& letter);
 
 private:
+    // The requests that read the store (INF, LDN, ACD): their replies go only when every read
+    // for them succeeded; otherwise the connection is closed.
+    void answerFromReads(ClientConnection& c, const QString& m);
     bool handleInfo(ClientConnection& c, const QString& m);
     bool handleLoad(ClientConnection& c, const QString& m);
     bool handleAccounts(ClientConnection& c, const QString& m);

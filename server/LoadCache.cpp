@@ -46,6 +46,7 @@ void LoadCache::render(const OwnerRecord& kind, QString* info, QStringList* bloc
 std::shared_ptr<const LoadCache::Snapshot> LoadCache::current() {
     if (m_snapshot && m_snapshot->generation == m_store.generation())
         return m_snapshot;
+    const quint64 failures = m_store.readFailures();
     auto s = std::make_shared<Snapshot>();
     s->generation = m_store.generation();
 
@@ -69,6 +70,9 @@ std::shared_ptr<const LoadCache::Snapshot> LoadCache::current() {
     const QString words = m_store.setting(QStringLiteral("forbidden_words"));
     if (!words.isEmpty())
         s->wordPages = blocks(words.split(wire::valueSep), QString(wire::valueSep), 1000);
+    // Made from a read that failed, it is not kept: the next request reads again.
+    if (m_store.readFailures() != failures)
+        return s;
     m_snapshot = s;
     return m_snapshot;
 }

@@ -31,6 +31,8 @@ public:
     };
 
     explicit LoadCache(Store& store) : m_store(store) {}
+    // The replies of the store as it is now. One made while a read failed is not kept (see
+    // Store::readFailures).
     std::shared_ptr<const Snapshot> current();
 
     // Packs records into blocks of at most `limit` characters (at least one record a block,

@@ -130,11 +130,21 @@ void Store::close() {
 bool Store::isEmpty() {
     QSqlQuery query(m_db);
     for (const char* table : {"classes", "teachers", "categories", "applications", "settings"}) {
-        query.exec(QStringLiteral("SELECT COUNT(*) FROM %1").arg(q(table)));
+        read(query, QStringLiteral("SELECT COUNT(*) FROM %1").arg(q(table)));
         if (query.next() && query.value(0).toLongLong() > 0)
             return false;
     }
     return true;
+}
+
+bool Store::read(QSqlQuery& query, const QString& sql) {
+    // A prepare that failed left its reason, which the run after it would cover.
+    const QSqlError prepared = query.lastError();
+    if (sql.isEmpty() ? query.exec() : query.exec(sql))
+        return true;
+    ++m_readFailures;
+    m_lastReadError = (prepared.isValid() ? prepared : query.lastError()).text();
+    return false;
 }
 
 bool Store::write(const std::function<bool(QString*)>& change, QString* error) {
@@ -176,7 +186,7 @@ QString Store::setting(const QString& key, const QString& fallback) {
     QSqlQuery query(m_db);
     query.prepare(QStringLiteral("SELECT value FROM settings WHERE key = ?"));
     query.addBindValue(key);
-    if (query.exec() && query.next())
+    if (read(query) && query.next())
         return text(query.value(0));
     return fallback;
 }
@@ -205,8 +215,8 @@ qint64 Store::nextId(const QString& key, QString* error, qint64 above) {
 QList<QStringList> Store::rows(const OwnerRecord& kind) {
     QList<QStringList> rows;
     QSqlQuery query(m_db);
-    query.exec(QStringLiteral("SELECT %1 FROM %2 ORDER BY pos, id")
-                   .arg(columnList(kind.columnNames, -1), kind.table));
+    read(query, QStringLiteral("SELECT %1 FROM %2 ORDER BY pos, id")
+                    .arg(columnList(kind.columnNames, -1), kind.table));
     while (query.next()) {
         QStringList row;
         for (int i = 0; i < kind.columns(); ++i)
@@ -273,7 +283,8 @@ bool Store::saveRow(const OwnerRecord& kind, const QStringList& columns, qint64*
                 *id = existing;
                 return true;
             }
-            query.exec(QStringLiteral("SELECT COUNT(*), COALESCE(MAX(pos), 0) FROM %1").arg(table));
+            read(query,
+                 QStringLiteral("SELECT COUNT(*), COALESCE(MAX(pos), 0) FROM %1").arg(table));
             query.next();
             if (query.value(0).toInt() >= kind.maximum) {
                 *why = QStringLiteral("the table is full");
@@ -283,7 +294,7 @@ bool Store::saveRow(const OwnerRecord& kind, const QStringList& columns, qint64*
             if (copyOf > 0) {
                 query.prepare(QStringLiteral("SELECT COUNT(*) FROM %1 WHERE id = ?").arg(table));
                 query.addBindValue(copyOf);
-                if (!query.exec() || !query.next() || query.value(0).toInt() != 1) {
+                if (!read(query) || !query.next() || query.value(0).toInt() != 1) {
                     *why = QStringLiteral("no record with ID %1 to copy").arg(copyOf);
                     return false;
                 }
@@ -337,7 +348,7 @@ bool Store::saveTeachers(const QList<QStringList>& rows, const QList<int>& keep,
                 ++pos;
                 qint64 id = row[kind.idColumn].toLongLong();
                 if (id <= 0) {
-                    query.exec(QStringLiteral("SELECT COUNT(*) FROM %1").arg(kind.table));
+                    read(query, QStringLiteral("SELECT COUNT(*) FROM %1").arg(kind.table));
                     query.next();
                     if (query.value(0).toInt() >= kind.maximum) {
                         *why = QStringLiteral("the table is full");
@@ -425,7 +436,7 @@ QList<Store::Category> Store::categories(int kind) {
     query.prepare(
         QStringLiteral("SELECT id, naam FROM categories WHERE kind = ? ORDER BY pos, id"));
     query.addBindValue(kind);
-    query.exec();
+    read(query);
     while (query.next())
         list.append({query.value(0).toLongLong(), text(query.value(1))});
     return list;
@@ -438,7 +449,7 @@ bool Store::addCategory(int kind, const QString& naam, qint64* id, QString* erro
             query.prepare(QStringLiteral(
                 "SELECT COUNT(*), COALESCE(MAX(pos), 0) FROM categories WHERE kind = ?"));
             query.addBindValue(kind);
-            query.exec();
+            read(query);
             query.next();
             if (query.value(0).toInt() >= maxCategories) {
                 *why = QStringLiteral("the categories of this kind are full");
@@ -533,7 +544,7 @@ QList<Store::Application> Store::applications(int kind) {
     query.prepare(QStringLiteral("SELECT %1 FROM applications WHERE kind = ? ORDER BY id")
                       .arg(columnList(applicationNames, -1)));
     query.addBindValue(kind);
-    query.exec();
+    read(query);
     while (query.next()) {
         Application fields;
         for (int i = 0; i < 8; ++i)
@@ -570,7 +581,7 @@ bool Store::saveApplication(int kind, const Application& fields, QString* error)
                 QStringLiteral("SELECT COUNT(*) FROM categories WHERE kind = ? AND id = ?"));
             query.addBindValue(kind);
             query.addBindValue(fields[2].toLongLong());
-            if (!query.exec() || !query.next() || query.value(0).toInt() != 1) {
+            if (!read(query) || !query.next() || query.value(0).toInt() != 1) {
                 *why = QStringLiteral("no category \"%1\" of this kind").arg(fields[2]);
                 return false;
             }
@@ -578,7 +589,7 @@ bool Store::saveApplication(int kind, const Application& fields, QString* error)
                 QStringLiteral("SELECT COUNT(*) FROM applications WHERE kind = ? AND id = ?"));
             query.addBindValue(kind);
             query.addBindValue(id);
-            query.exec();
+            read(query);
             query.next();
             const bool known = query.value(0).toInt() == 1;
             if (!known) {
@@ -589,7 +600,7 @@ bool Store::saveApplication(int kind, const Application& fields, QString* error)
                 }
                 query.prepare(QStringLiteral("SELECT COUNT(*) FROM applications WHERE kind = ?"));
                 query.addBindValue(kind);
-                query.exec();
+                read(query);
                 query.next();
                 if (query.value(0).toInt() >= maxApplications) {
                     *why = QStringLiteral("the applications of this kind are full");
@@ -634,7 +645,7 @@ QString Store::positions(const QString& owner) {
     QSqlQuery query(m_db);
     query.prepare(QStringLiteral("SELECT value FROM positions WHERE owner = ?"));
     query.addBindValue(owner);
-    if (query.exec() && query.next())
+    if (read(query) && query.next())
         return text(query.value(0));
     return QString();
 }
@@ -653,7 +664,7 @@ QPair<QString, QString> Store::favourites(const QString& owner) {
     QSqlQuery query(m_db);
     query.prepare(QStringLiteral("SELECT header, list FROM favourites WHERE owner = ?"));
     query.addBindValue(owner);
-    if (query.exec() && query.next())
+    if (read(query) && query.next())
         return {text(query.value(0)), text(query.value(1))};
     return {QStringLiteral("0|Nee|Nee|Nee"), QString()};
 }
@@ -697,7 +708,7 @@ QList<Store::Account> Store::accounts() {
     QList<Account> list;
     QSqlQuery query(m_db);
     query.setForwardOnly(true);
-    query.exec(accountColumns + QStringLiteral(" ORDER BY name"));
+    read(query, accountColumns + QStringLiteral(" ORDER BY name"));
     while (query.next())
         list << accountOf(query);
     return list;
@@ -707,7 +718,7 @@ Store::Account Store::account(const QString& name) {
     QSqlQuery query(m_db);
     query.prepare(accountColumns + QStringLiteral(" WHERE name = ?"));
     query.addBindValue(name);
-    if (!query.exec() || !query.next()) {
+    if (!read(query) || !query.next()) {
         Account a;
         a.name = name;
         return a;
@@ -742,7 +753,7 @@ QStringList Store::groups(const QString& scope) {
     query.prepare(QStringLiteral(
         "SELECT name, description FROM windows_groups WHERE scope = ? ORDER BY name"));
     query.addBindValue(scope);
-    query.exec();
+    read(query);
     while (query.next())
         list << text(query.value(0)) + QLatin1Char(':') + text(query.value(1));
     return list;
@@ -764,7 +775,7 @@ QList<Store::Icon> Store::icons(int kind) {
     QSqlQuery query(m_db);
     query.prepare(QStringLiteral("SELECT id, changed FROM icons WHERE kind = ? ORDER BY id"));
     query.addBindValue(kind);
-    query.exec();
+    read(query);
     while (query.next())
         list.append({query.value(0).toLongLong(),
                      QDateTime::fromString(text(query.value(1)), Qt::ISODate)});
@@ -776,7 +787,7 @@ QByteArray Store::icon(int kind, qint64 id) {
     query.prepare(QStringLiteral("SELECT data FROM icons WHERE kind = ? AND id = ?"));
     query.addBindValue(kind);
     query.addBindValue(id);
-    if (query.exec() && query.next())
+    if (read(query) && query.next())
         return query.value(0).toByteArray();
     return QByteArray();
 }
@@ -850,7 +861,7 @@ bool Store::saveStandardLibrary(const QByteArray& data, QString* error) {
 QList<Store::Theme> Store::themes() {
     QList<Theme> list;
     QSqlQuery query(m_db);
-    query.exec(QStringLiteral("SELECT id, version, standaard FROM themes ORDER BY id"));
+    read(query, QStringLiteral("SELECT id, version, standaard FROM themes ORDER BY id"));
     while (query.next())
         list.append({text(query.value(0)), text(query.value(1)), query.value(2).toInt() != 0});
     return list;
@@ -860,7 +871,7 @@ QByteArray Store::themePackage(const QString& id) {
     QSqlQuery query(m_db);
     query.prepare(QStringLiteral("SELECT package FROM themes WHERE id = ?"));
     query.addBindValue(id);
-    if (query.exec() && query.next())
+    if (read(query) && query.next())
         return query.value(0).toByteArray();
     return QByteArray();
 }
@@ -895,7 +906,7 @@ qint64 Store::starts(int kind, qint64 applicationId) {
         "SELECT COALESCE(SUM(count), 0) FROM starts WHERE kind = ? AND application = ?"));
     query.addBindValue(kind);
     query.addBindValue(applicationId);
-    if (query.exec() && query.next())
+    if (read(query) && query.next())
         return query.value(0).toLongLong();
     return 0;
 }
@@ -941,7 +952,7 @@ bool Store::addProblemCall(ProblemCall* call, QString* error) {
             // An ID is never given out twice, also after the newest call was removed: a
             // screenshot still on its way, or a late removal, would reach another call.
             QSqlQuery query(m_db);
-            query.exec(QStringLiteral("SELECT COALESCE(MAX(id), 0) FROM problem_calls"));
+            read(query, QStringLiteral("SELECT COALESCE(MAX(id), 0) FROM problem_calls"));
             query.next();
             call->id =
                 nextId(QStringLiteral("last_problem_call_id"), why, query.value(0).toLongLong());
@@ -973,7 +984,7 @@ QList<Store::ProblemCall> Store::problemCalls(qint64 offset, qint64 count) {
         " omschrijving, location, screenshot FROM problem_calls ORDER BY id LIMIT ? OFFSET ?"));
     query.addBindValue(count);
     query.addBindValue(offset);
-    query.exec();
+    read(query);
     while (query.next()) {
         ProblemCall c;
         c.id = query.value(0).toLongLong();
@@ -990,7 +1001,7 @@ QList<Store::ProblemCall> Store::problemCalls(qint64 offset, qint64 count) {
 
 qint64 Store::problemCallCount() {
     QSqlQuery query(m_db);
-    query.exec(QStringLiteral("SELECT COUNT(*) FROM problem_calls"));
+    read(query, QStringLiteral("SELECT COUNT(*) FROM problem_calls"));
     return query.next() ? query.value(0).toLongLong() : 0;
 }
 
@@ -1020,7 +1031,7 @@ QByteArray Store::screenshot(qint64 id) {
     QSqlQuery query(m_db);
     query.prepare(QStringLiteral("SELECT data FROM problem_screenshots WHERE id = ?"));
     query.addBindValue(id);
-    if (query.exec() && query.next())
+    if (read(query) && query.next())
         return query.value(0).toByteArray();
     return QByteArray();
 }

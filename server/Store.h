@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <functional>
 
+class QSqlQuery;
 struct sqlite3;
 
 namespace tk::server {
@@ -64,6 +65,11 @@ public:
     void close();
     bool isEmpty();
     quint64 generation() const { return m_generation; }
+    // Reads that failed so far (a locked, damaged or changed file), and the last one's reason.
+    // A read that fails answers like an empty table; whoever renders from reads compares the
+    // count before and after, so that an empty answer is never mistaken for an empty store.
+    quint64 readFailures() const { return m_readFailures; }
+    QString lastReadError() const { return m_lastReadError; }
 
     // Settings: language, passwords, other settings, module flags, printers, filter lists,
     // the domain and the last IDs, each a text under a key.
@@ -167,6 +173,8 @@ private:
     bool openDatabase(const QString& name, QString* error);
     bool write(const std::function<bool(QString*)>& change, QString* error);
     bool exec(const QString& sql, const QVariantList& values, QString* error);
+    // Runs a query that reads (the prepared one, or `sql`), counting a failure.
+    bool read(QSqlQuery& query, const QString& sql = QString());
     // The counter under `key` plus one, never at or below `above` (IDs already in a table).
     qint64 nextId(const QString& key, QString* error, qint64 above = 0);
     bool touchIcons(int group, QString* error);
@@ -176,6 +184,8 @@ private:
     QString m_connection;
     QSqlDatabase m_db;
     quint64 m_generation = 1;
+    quint64 m_readFailures = 0;
+    QString m_lastReadError;
 };
 
 } // namespace tk::server
