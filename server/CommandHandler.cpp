@@ -286,13 +286,16 @@ bool CommandHandler::handleLoad(ClientConnection& c, const QString& m) {
             // The client waits for both a reply and a file offer. A theme the server does not
             // hold gets "LDNTHFOUT" and a package without files: the client's waits end, it
             // unpacks nothing, and its next load removes the theme the server's list lacks.
+            const QByteArray nothing = m_packages.pack({});
+            if (nothing.isEmpty()) {
+                packageFailed(c, wire::LDNTH);
+                return true;
+            }
             ServerLog::fault(
                 QStringLiteral("connection %1 LDNTH").arg(c.number()),
                 QStringLiteral("no theme \"%1\"; an empty package sent").arg(excerpt(id)));
-            const QByteArray nothing = m_packages.pack({});
             c.sendReply(wire::LDNTH + QString(wire::fout));
-            if (!nothing.isEmpty())
-                m_transfers.sendFile(c.peerAddress(), id.left(64) + s(".thema"), nothing);
+            m_transfers.sendFile(c.peerAddress(), id.left(64) + s(".thema"), nothing);
             return true;
         }
         c.sendReply(wire::LDNTH);
@@ -694,6 +697,14 @@ void CommandHandler::takeIcon(ClientConnection& c, const QString& payload) {
 
 // Items joined by ";<>;", each "groep|", "leerkracht|" or "algemeen|" and the IDs asked,
 // joined by "|"; an item "standaard" asks the standard icon library.
+void CommandHandler::packageFailed(ClientConnection& c, QLatin1StringView word) {
+    // The client waits for the file its reply announces until the link goes: without a package
+    // to send, the link goes, and the client works on with what it has.
+    ServerLog::fault(QStringLiteral("connection %1 %2").arg(c.number()).arg(word),
+                     QStringLiteral("the package could not be made; closed"));
+    c.close();
+}
+
 void CommandHandler::sendIconPackage(ClientConnection& c, const QString& request) {
     static const QRegularExpression valueOrItemSep(
         QRegularExpression::escape(QString(wire::valueSep)) + QLatin1Char('|') +
@@ -731,13 +742,12 @@ void CommandHandler::sendIconPackage(ClientConnection& c, const QString& request
                 add(name, m_store.icon(kind, id));
         }
     }
-    c.sendReply(wire::LDNPICPAK);
     const QByteArray package = m_packages.pack(entries);
     if (package.isEmpty()) {
-        ServerLog::fault(QStringLiteral("connection %1 LDNPICPAK").arg(c.number()),
-                         QStringLiteral("the icon package could not be made"));
+        packageFailed(c, wire::LDNPICPAK);
         return;
     }
+    c.sendReply(wire::LDNPICPAK);
     m_transfers.sendFile(c.peerAddress(), s("pakket.pictogrammen"), package);
 }
 

@@ -40,6 +40,9 @@ private:
     void saveCategories(ClientConnection& c, const QString& payload);
     void saveApplication(ClientConnection& c, const QString& payload);
     void takeIcon(ClientConnection& c, const QString& payload);
+    // A package that could not be made: logged, and the connection closed, so that the client's
+    // wait for the file ends.
+    void packageFailed(ClientConnection& c, QLatin1StringView word);
     void sendIconPackage(ClientConnection& c, const QString& request);
     void applyAccountExtra(const QString& account, const QString& extra);
     void refuse(ClientConnection& c, const QString& prefix, const QString& why);

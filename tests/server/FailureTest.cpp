@@ -1,5 +1,5 @@
-// The server when its store cannot be read: a reply made from a read that failed would tell the
-// client of an empty table, which its load would take and cache over the good copy.
+// The server when it cannot do what is asked: the client waits for its answers until the link
+// goes, so the server closes the link rather than answer with what it does not have.
 #include "RunningServer.h"
 #include "WireClient.h"
 
@@ -53,4 +53,21 @@ TEST(StoreFailureTest, ARequestWhoseReadFailsClosesTheLinkUnansweredAndTheNextRe
     EXPECT_EQ(na.ask("LDNWCH"), wachtwoorden);
     EXPECT_EQ(na.ask("INFDMN"), domein);
     EXPECT_TRUE(voor.connected());
+}
+
+TEST(PackageFailureTest, APackageThatCannotBeMadeClosesTheLinkInsteadOfAnnouncingAFile) {
+    RunningServer s;
+    const QByteArray tmp = qgetenv("TMPDIR");
+    qputenv("TMPDIR", "/proc"); // no folder to pack in: not even root makes one there
+    for (const char* vraag : {"LDNPICPAKstandaard", "LDNTHgeen-thema"}) {
+        SCOPED_TRACE(vraag);
+        WireClient c(s.port());
+        c.send(vraag);
+        EXPECT_TRUE(waitFor([&] { return c.closedByServer(); }));
+        EXPECT_EQ(c.reads(), QStringList());
+    }
+    qputenv("TMPDIR", tmp);
+    WireClient c(s.port());
+    EXPECT_EQ(c.ask("LDNPICPAKstandaard"), "LDNPICPAK");
+    EXPECT_TRUE(waitFor([&] { return s.receiver().complete(); }));
 }
