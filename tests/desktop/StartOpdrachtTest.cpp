@@ -116,32 +116,26 @@ TEST(StartOpdrachtTest, CommandsThatCannotRunAreNamed) {
     maak(w, "Kapot/atlas.pic.lnk",
          QByteArray("\x4C\0\0\0\x01\x14\x02\0\0\0\0\0\xC0\0\0\0\0\0\0\x46", 20) +
              QByteArray(60, '\0') + "C:\\Atlas\\atlas.exe");
-    struct Case {
-        QString opdracht;
-        int resultaat;
-        const char* naam;
+    const int weg = ModMainStarten::BestandNietGevonden,
+              kapot = ModMainStarten::OnvolledigeKoppeling;
+    EXPECT_EQ(w.starten().FoutNaam(weg), "File not found");
+    EXPECT_EQ(w.starten().FoutNaam(kapot), "Incomplete or invalid file association");
+    const std::pair<QString, int> cases[] = {
+        {"", weg},
+        {"   ", weg},
+        {"/geen/programma", weg},
+        {"\\Geen\\map\\spel.exe", weg},
+        {"geen-programma-met-deze-naam", weg},
+        {"\\Kapot\\zonder-exec.desktop", kapot},
+        {"\\Kapot\\open-aanhaling.desktop", kapot},
+        {"\\Kapot\\geen-groep.desktop", kapot},
+        {"\\Kapot\\atlas.pic.lnk", kapot},
+        {"\\Kapot\\geen-programma.desktop", weg},
     };
-    const Case cases[] = {
-        {"", ModMainStarten::BestandNietGevonden, "File not found"},
-        {"   ", ModMainStarten::BestandNietGevonden, "File not found"},
-        {"/geen/programma", ModMainStarten::BestandNietGevonden, "File not found"},
-        {"\\Geen\\map\\spel.exe", ModMainStarten::BestandNietGevonden, "File not found"},
-        {"geen-programma-met-deze-naam", ModMainStarten::BestandNietGevonden, "File not found"},
-        {"\\Kapot\\zonder-exec.desktop", ModMainStarten::OnvolledigeKoppeling,
-         "Incomplete or invalid file association"},
-        {"\\Kapot\\open-aanhaling.desktop", ModMainStarten::OnvolledigeKoppeling,
-         "Incomplete or invalid file association"},
-        {"\\Kapot\\geen-groep.desktop", ModMainStarten::OnvolledigeKoppeling,
-         "Incomplete or invalid file association"},
-        {"\\Kapot\\atlas.pic.lnk", ModMainStarten::OnvolledigeKoppeling,
-         "Incomplete or invalid file association"},
-        {"\\Kapot\\geen-programma.desktop", ModMainStarten::BestandNietGevonden, "File not found"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.opdracht.toStdString());
-        EXPECT_EQ(w.starten().LosOp(c.opdracht, "", "").resultaat, c.resultaat);
-        EXPECT_EQ(w.starten().FoutNaam(c.resultaat), c.naam);
-        EXPECT_EQ(w.starten().ShellExecute(c.opdracht, "", ""), c.resultaat);
+    for (const auto& [opdracht, resultaat] : cases) {
+        SCOPED_TRACE(opdracht.toStdString());
+        EXPECT_EQ(w.starten().LosOp(opdracht, "", "").resultaat, resultaat);
+        EXPECT_EQ(w.starten().ShellExecute(opdracht, "", ""), resultaat);
     }
     EXPECT_TRUE(w.platform.fakeProcesses().started.isEmpty());
 }
