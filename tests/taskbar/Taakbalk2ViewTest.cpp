@@ -66,3 +66,27 @@ TEST(Taakbalk2ViewTest, PaintsTasksPressedHoveredAndCut) {
         }
     EXPECT_GT(oranje, 200);
 }
+
+// The view's hooks: marked a bar for the manager before the bar loads and shows, placed where the
+// model says, and out of the way while a program has the whole screen. (That the manager then
+// keeps the strip free is the platform's X test.)
+TEST(Taakbalk2ViewTest, OpeningMarksTheWindowABarFirstAndItStepsAsideForAWholeScreenProgram) {
+    Werkplek w(Werkplek::taakbalk);
+    FrmTaakbalk2View view(w.balk2());
+    for (int keer = 0; keer < 2; ++keer) { // closed with the desktop and opened with the next
+        SCOPED_TRACE(keer);
+        view.sluiten();
+        w.vensters().log.clear();
+        view.openen();
+        ASSERT_FALSE(w.vensters().log.isEmpty());
+        EXPECT_EQ(w.vensters().log.first(), QStringLiteral("kind %1 dock").arg(view.winId()));
+        EXPECT_TRUE(view.isVisible());
+        EXPECT_EQ(view.geometry(), w.balk2().Plek);
+        EXPECT_EQ(view.geometry().bottom() + 1, w.balk2().SchermHoogte);
+    }
+    w.balk2().ZetZichtbaar(false);
+    EXPECT_FALSE(view.isVisible());
+    w.balk2().ZetZichtbaar(true);
+    EXPECT_TRUE(view.isVisible());
+    view.sluiten();
+}

@@ -3,7 +3,7 @@
 #include "screens/taskbar/FrmTaakbalk2View.h"
 #include "screens/taskbar/ModMainAfsluiten.h"
 #include "screens/taskbar/TaakbalkToetsen.h"
-#include "tests/platform/X11TestSessie.h"
+#include "tests/platform/X11Fixture.h"
 #include "tests/platform/X11VenstersPlatform.h"
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/WaitUntil.h"
@@ -22,13 +22,13 @@ using K = FrmTaakbalk2::Kolom;
 
 namespace {
 
-class Taakbalk2X11Test : public ::testing::Test {
+class Taakbalk2X11Test : public X11Test {
 protected:
     void SetUp() override {
-        if (!X11TestSessie::sessie)
-            GTEST_SKIP() << "no Xvfb with openbox";
-        x = X11TestSessie::sessie;
-        platform = std::make_unique<X11VenstersPlatform>(map.path(), x->display());
+        X11Test::SetUp();
+        if (IsSkipped())
+            return;
+        platform = std::make_unique<X11VenstersPlatform>(map.path(), x().display());
         p = std::make_unique<Programma>(*platform);
         p->dialogen = &dialogen;
         p->maak(p->frmTaakbalk2, *p);
@@ -66,12 +66,9 @@ protected:
             uit += "[" + balk().Knoppen(i, K::Titel).left(40).toStdString() + "] ";
         return uit;
     }
-    std::vector<uint32_t> waarden(xcb_window_t w, const char* eigenschap, xcb_atom_t soort) {
-        return x->property(w, eigenschap, soort);
-    }
     // Runs xdotool on the test's server to its end.
     bool xdotool(const QStringList& woorden) {
-        QProcess* p = x->startProgram(QStringLiteral("xdotool"), woorden);
+        QProcess* p = x().startProgram(QStringLiteral("xdotool"), woorden);
         return p->waitForFinished(10000) && p->exitCode() == 0;
     }
     // A click of the real mouse on the bar, as a pupil makes it.
@@ -87,7 +84,6 @@ protected:
                       balk().Hoogte / 2);
     }
 
-    XvfbSession* x = nullptr;
     QTemporaryDir map;
     std::unique_ptr<X11VenstersPlatform> platform;
     ScriptedDialogs dialogen;
@@ -95,47 +91,11 @@ protected:
     std::unique_ptr<FrmTaakbalk2View> view;
 };
 
-TEST_F(Taakbalk2X11Test, TheBarIsADockAtTheBottomWhoseStripIsFreeWhileItIsShown) {
-    const xcb_window_t id = xcb_window_t(view->winId());
-    const auto werkHoogte = [&] {
-        const std::vector<uint32_t> werk = waarden(x->root(), "_NET_WORKAREA", XCB_ATOM_CARDINAL);
-        return werk.size() >= 4 ? int(werk[3]) : -1;
-    };
-    const auto isDock = [&] {
-        const std::vector<uint32_t> soort = waarden(id, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM);
-        const std::vector<uint32_t> strook =
-            waarden(id, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL);
-        return !soort.empty() && soort.front() == x->atom("_NET_WM_WINDOW_TYPE_DOCK") &&
-               strook.size() == 12 && strook[3] == uint32_t(balk().Hoogte) &&
-               view->geometry() == QRect(0, 768 - balk().Hoogte, 1024, balk().Hoogte);
-    };
-    // The manager leaves the strip out of the area that maximised windows fill.
-    ASSERT_TRUE(totDat([&] { return view->isVisible() && werkHoogte() == 768 - balk().Hoogte; }))
-        << werkHoogte();
-    EXPECT_TRUE(isDock());
-    for (const Taak& t : balk().lstTaken2) // the bar is never a task of its own
-        EXPECT_NE(quint64(id), t.handle);
-
-    // A program that demands the whole screen: the bar steps aside and comes back.
-    balk().ZetZichtbaar(false);
-    EXPECT_TRUE(totDat([&] { return !view->isVisible() && werkHoogte() == 768; })) << werkHoogte();
-    balk().ZetZichtbaar(true);
-    EXPECT_TRUE(totDat([&] { return view->isVisible() && werkHoogte() == 768 - balk().Hoogte; }))
-        << werkHoogte();
-    EXPECT_TRUE(isDock());
-
-    // Closed with the desktop and opened with the next one: still a dock with its strip.
-    view->sluiten();
-    view->openen();
-    ASSERT_TRUE(totDat([&] { return view->isVisible(); }));
-    EXPECT_TRUE(isDock());
-}
-
 // Listing, activating and closing real windows is the platform's test, a click's request the
 // model's; here a real click reaches the bar and its program comes forward.
 TEST_F(Taakbalk2X11Test, ARealClickBringsItsProgramForwardAndTheBarNeverTakesTheFocus) {
-    QProcess* logo = x->startProgram(QStringLiteral("xlogo"));
-    QProcess* calc = x->startProgram(QStringLiteral("xcalc"));
+    QProcess* logo = x().startProgram(QStringLiteral("xlogo"));
+    QProcess* calc = x().startProgram(QStringLiteral("xcalc"));
     ASSERT_TRUE(totDat([&] { return rijVan("xlogo") >= 0 && rijVan("Calculator") >= 0; }))
         << knoppen();
     for (const char* titel : {"xlogo", "Calculator", "xlogo"}) {
