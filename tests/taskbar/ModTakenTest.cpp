@@ -36,15 +36,13 @@ TEST(ModTakenTest, WhichWindowIsATask) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.naam);
-        WindowInfo w;
-        w.handle = 1;
-        w.visible = c.visible;
-        w.parent = c.parent;
-        w.owner = c.owner;
-        w.toolWindow = c.tool;
-        w.appWindow = c.app;
-        w.title = c.title;
-        EXPECT_EQ(c.oordeel, ModTaken::acceptWindow(w));
+        EXPECT_EQ(c.oordeel, ModTaken::acceptWindow({.handle = 1,
+                                                     .visible = c.visible,
+                                                     .parent = c.parent,
+                                                     .owner = c.owner,
+                                                     .toolWindow = c.tool,
+                                                     .appWindow = c.app,
+                                                     .title = c.title}));
     }
 }
 
