@@ -4,7 +4,6 @@
 #include "theme/ModThema.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QImageReader>
 #include <gtest/gtest.h>
@@ -14,31 +13,14 @@ using tk::ThemeKeys;
 
 namespace {
 
-void kopieer(const QString& van, const QString& naar) {
-    QDirIterator it(van, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString bron = it.next();
-        const QString doel = naar + bron.mid(van.size());
-        QDir().mkpath(QFileInfo(doel).path());
-        QFile::copy(bron, doel);
-    }
-}
-
-class StandaardThemaTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_TRUE(QFile::exists(TK_DEFAULT_THEME_DIR "/Instellingen.ini"));
-        kopieer(TK_DEFAULT_THEME_DIR, w.pad("Afbeeldingen/Skins/1"));
-        m.LaadThema();
-        ASSERT_EQ("1", m.huidigThema);
-    }
-    QSize maat(const QString& pad) { return QImageReader(pad).size(); }
-
+TEST(StandaardThemaTest, EveryKeyIsFilledAndReadableAndEveryPictureItNamesLoads) {
     tk::test::Werkplek w;
     ModThema m{w.p};
-};
-
-TEST_F(StandaardThemaTest, EveryPictureKeyNamesAPictureThatLoads) {
+    ASSERT_TRUE(QFile::exists(TK_DEFAULT_THEME_DIR "/Instellingen.ini"));
+    w.kopieer(TK_DEFAULT_THEME_DIR, "Afbeeldingen/Skins/1/");
+    m.LaadThema();
+    ASSERT_EQ("1", m.huidigThema);
+    const auto maat = [](const QString& pad) { return QImageReader(pad).size(); };
     const ThemeKeys k = m.keys();
     EXPECT_EQ("Standaard", m.themaNaam);
     // Each picture key as "section/key".
@@ -69,10 +51,8 @@ TEST_F(StandaardThemaTest, EveryPictureKeyNamesAPictureThatLoads) {
         QDir(k.file("Achtergronden")).entryList({"*.jpg"}, QDir::Files);
     for (const QString& a : achtergronden)
         EXPECT_TRUE(QFile::exists(k.file("Achtergronden\\Thumbs\\" + a))) << a.toStdString();
-}
 
-TEST_F(StandaardThemaTest, EightOrMoreNamedClassButtonColoursWithHoverPictures) {
-    const ThemeKeys k = m.keys();
+    // Eight or more named class button colours, each with its hover picture.
     const QStringList namen = k.buttonColourNames();
     EXPECT_GE(namen.size(), 8);
     for (int n = 1; n <= namen.size(); ++n) {
@@ -81,10 +61,7 @@ TEST_F(StandaardThemaTest, EightOrMoreNamedClassButtonColoursWithHoverPictures) 
         EXPECT_TRUE(hover.endsWith(QString("/%1b.jpg").arg(n)));
         EXPECT_EQ(maat(normaal), maat(hover));
     }
-}
 
-TEST_F(StandaardThemaTest, EveryColourAndPositionKeyReads) {
-    const ThemeKeys k = m.keys();
     const QStringList kleuren =
         QString("Laden|Laadbalk rand|Laadbalk status|Laadbalk streep|Koptekst|Aanmeldentekst|"
                 "Laadbalk wachten streep|Laadbalk wachten rand|Bureaublad kop|"
