@@ -22,6 +22,28 @@ struct Uitkomst {
     QString uit;
 };
 
+// A file's text, empty when it cannot be read.
+QString inhoudVan(const QString& pad) {
+    QFile f(pad);
+    return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
+}
+
+// A program of the system with its output (its input written first); code -1 when it could not
+// be started.
+Uitkomst draai(const QString& programma, const QStringList& args,
+               const QProcessEnvironment& omgeving = QProcessEnvironment::systemEnvironment(),
+               const QByteArray& invoer = {}) {
+    QProcess proces;
+    proces.setProcessEnvironment(omgeving);
+    proces.setProcessChannelMode(QProcess::MergedChannels);
+    proces.start(programma, args);
+    proces.write(invoer);
+    proces.closeWriteChannel();
+    if (!proces.waitForStarted(10000) || !proces.waitForFinished(120000))
+        return {-1, proces.errorString()};
+    return {proces.exitCode(), QString::fromUtf8(proces.readAll())};
+}
+
 // The real program against a temporary system root holding the account files of a bare system.
 class SystemToolTest : public testing::Test {
 protected:
@@ -35,8 +57,7 @@ protected:
         f.write(inhoud);
     }
     QString lees(const char* pad) const {
-        QFile f(root.filePath(QString::fromLatin1(pad)));
-        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
+        return inhoudVan(root.filePath(QString::fromLatin1(pad)));
     }
     // Every file under the root with its content, to see that nothing else changed.
     QStringList inhoud() const {
@@ -54,20 +75,15 @@ protected:
         return uit;
     }
     Uitkomst start(const QStringList& args, const QByteArray& invoer = {}, bool doorSudo = false) {
-        QProcess proces;
         auto omgeving = QProcessEnvironment::systemEnvironment();
         omgeving.insert("TK_SYSTEEM_ROOT", root.path());
         // Also when the suite itself runs under sudo, only the rows that say so come through it.
         omgeving.remove("SUDO_UID");
         if (doorSudo)
             omgeving.insert("SUDO_UID", "1000");
-        proces.setProcessEnvironment(omgeving);
-        proces.setProcessChannelMode(QProcess::MergedChannels);
-        proces.start(QStringLiteral(TK_SYSTEEM_PAD), args);
-        proces.write(invoer);
-        proces.closeWriteChannel();
-        EXPECT_TRUE(proces.waitForFinished(60000));
-        return {proces.exitCode(), QString::fromUtf8(proces.readAll())};
+        const Uitkomst u = draai(QStringLiteral(TK_SYSTEEM_PAD), args, omgeving, invoer);
+        EXPECT_NE(-1, u.code) << u.uit.toStdString();
+        return u;
     }
     QTemporaryDir root;
 };
@@ -140,18 +156,6 @@ TEST_F(SystemToolTest, WritesTheLogonSessionAndProxyFilesWholeAndRemovesThem) {
         EXPECT_FALSE(QFileInfo::exists(root.filePath(QString::fromLatin1(pad)))) << pad;
 }
 
-// A program of the system with its output; code -1 when it could not be started.
-Uitkomst draai(const QString& programma, const QStringList& args,
-               const QProcessEnvironment& omgeving = QProcessEnvironment::systemEnvironment()) {
-    QProcess proces;
-    proces.setProcessEnvironment(omgeving);
-    proces.setProcessChannelMode(QProcess::MergedChannels);
-    proces.start(programma, args);
-    if (!proces.waitForStarted(10000) || !proces.waitForFinished(120000))
-        return {-1, proces.errorString()};
-    return {proces.exitCode(), QString::fromUtf8(proces.readAll())};
-}
-
 TEST_F(SystemToolTest, APasswordWithQuotesAndBlanksIsStoredAsTyped) {
     if (geteuid() != 0)
         GTEST_SKIP() << "useradd --prefix needs root; CI runs the tests as root";
@@ -163,13 +167,10 @@ TEST_F(SystemToolTest, APasswordWithQuotesAndBlanksIsStoredAsTyped) {
         if (regel.startsWith(u"jan:"))
             hash = regel.section(QLatin1Char(':'), 1, 1);
     ASSERT_TRUE(hash.startsWith(u"$6$")) << hash.toStdString();
-    QProcess openssl;
-    openssl.start("openssl",
-                  {"passwd", "-6", "-salt", hash.section(QLatin1Char('$'), 2, 2), "-stdin"});
-    openssl.write(wachtwoord + '\n');
-    openssl.closeWriteChannel();
-    ASSERT_TRUE(openssl.waitForFinished(10000));
-    EXPECT_EQ(hash, QString::fromLatin1(openssl.readAll().trimmed()));
+    const Uitkomst u =
+        draai("openssl", {"passwd", "-6", "-salt", hash.section(u'$', 2, 2), "-stdin"},
+              QProcessEnvironment::systemEnvironment(), wachtwoord + '\n');
+    EXPECT_EQ(hash, u.uit.trimmed());
 }
 
 TEST_F(SystemToolTest, LightdmTakesTheDropInAsTheLogonOfTheSeat) {
@@ -260,26 +261,20 @@ TEST(SystemInstallTest, AnInstallIntoASystemPrefixPlacesTheSudoersDropInTheSessi
             EXPECT_FALSE(QFile::exists(pad("/usr")));
             continue;
         }
-        QFile programmamap(libexec + "programmamap");
-        ASSERT_TRUE(programmamap.open(QIODevice::ReadOnly));
-        EXPECT_EQ(programmamap.readAll(), prefix.toUtf8() + '\n');
+        EXPECT_EQ(prefix + '\n', inhoudVan(libexec + "programmamap"));
         // 0440: the owner's, group's and others' bits (the "user" bits depend on who asks).
         EXPECT_EQ(QFile(sudoers).permissions() & 0x7077,
                   QFileDevice::ReadOwner | QFileDevice::ReadGroup);
-        QFile regels(sudoers);
-        ASSERT_TRUE(regels.open(QIODevice::ReadOnly));
-        EXPECT_TRUE(regels.readAll().contains("%tafelkrater-beheer ALL=(root) NOPASSWD: "
-                                              "/usr/libexec/tafelkrater/tafelkrater-systeem\n"));
+        EXPECT_TRUE(inhoudVan(sudoers).contains("%tafelkrater-beheer ALL=(root) NOPASSWD: "
+                                                "/usr/libexec/tafelkrater/tafelkrater-systeem\n"));
         const Uitkomst check = draai("visudo", {"-c", "-f", sudoers});
         ASSERT_NE(-1, check.code) << "visudo is not installed (the sudo package): "
                                   << check.uit.toStdString();
         EXPECT_EQ(0, check.code) << check.uit.toStdString();
-        QFile sessie(pad("/usr/share/xsessions/tafelkrater.desktop"));
-        ASSERT_TRUE(sessie.open(QIODevice::ReadOnly));
-        EXPECT_EQ(QString::fromUtf8(sessie.readAll()), SystemTool::sessionFile(prefix));
-        QFile groep(pad("/usr/lib/sysusers.d/tafelkrater.conf"));
-        ASSERT_TRUE(groep.open(QIODevice::ReadOnly));
-        EXPECT_TRUE(groep.readAll().contains("g tafelkrater-beheer -\n"));
+        EXPECT_EQ(SystemTool::sessionFile(prefix),
+                  inhoudVan(pad("/usr/share/xsessions/tafelkrater.desktop")));
+        EXPECT_TRUE(inhoudVan(pad("/usr/lib/sysusers.d/tafelkrater.conf"))
+                        .contains(u"g tafelkrater-beheer -\n"));
     }
 }
 
