@@ -28,13 +28,13 @@ struct Waarde {
     long dword = -1;
 };
 Waarde S(RegistryRoot r, const char* pad, const char* naam, const char* t) {
-    return {r, pad, naam, t, -1};
+    return {r, pad, naam, t};
 }
 Waarde D(RegistryRoot r, const char* pad, const char* naam, long d) {
-    return {r, pad, naam, nullptr, d};
+    return {r, pad, naam, {}, d};
 }
 Waarde Weg(RegistryRoot r, const char* pad, const char* naam) {
-    return {r, pad, naam, nullptr, -1};
+    return {r, pad, naam};
 }
 
 // The whole store as "ROOT\key\name" -> "s:text" / "d:n", keys in lower case.
@@ -320,14 +320,6 @@ TEST(ModMainSessieTest, ProxyFollowsTheSavedStateAndNeverTakesOverTheFilter) {
     }
 }
 
-TEST(ModMainSessieTest, RegistryWriteTestLeavesNothingBehindAndFailsOnAReadOnlyStore) {
-    SessieWerkplek w(Familie::Nt, Modus::Netwerk);
-    EXPECT_TRUE(w.sessie.ControleerRegisterSchrijfbaar());
-    EXPECT_TRUE(beeld(w.platform.fakeRegistry()).empty());
-    w.platform.fakeRegistry().setWritable(false);
-    EXPECT_FALSE(w.sessie.ControleerRegisterSchrijfbaar());
-}
-
 TEST(ModMainSessieTest, SessionActionsLiftTheLimitsTellTheLauncherThenEndTheClient) {
     struct Rij {
         const char* actie;
@@ -437,16 +429,21 @@ TEST(ModMainSessieTest, ContainedSettingRecordsEachActionAsOneLineAndChangesNoth
     EXPECT_EQ((QStringList{"Data", "Logboek", "W"}), bestanden);
 }
 
-TEST(ModMainSessieTest, SessionSettingIsContainedUnlessItSaysSysteem) {
-    const char* waarden[] = {"", "afgeschermd", "Systeem", "systemen"};
-    const bool systeem[] = {false, false, true, false};
-    for (int i = 0; i < 4; ++i) {
-        SCOPED_TRACE(waarden[i]);
+TEST(ModMainSessieTest, SessionSettingIsContainedUnlessItSaysSysteemAndTheStoreIsTestedClean) {
+    for (const auto& [waarde, systeem] :
+         {std::pair{"", false}, {"afgeschermd", false}, {"Systeem", true}, {"systemen", false}}) {
+        SCOPED_TRACE(waarde);
         SessieWerkplek w(Familie::Nt, Modus::Netwerk);
-        w.zetIni("Instellingen", "Sessie", waarden[i]);
-        EXPECT_EQ(systeem[i], ModMainSessie::SysteemInstelling(w.p));
+        w.zetIni("Instellingen", "Sessie", waarde);
+        EXPECT_EQ(systeem, ModMainSessie::SysteemInstelling(w.p));
     }
     EXPECT_EQ(u"global", ModMainSessie::LinuxAccount("SCHOOL\\GLOBAL"));
+    // The registry's write test leaves nothing behind and fails on a read-only store.
+    SessieWerkplek w(Familie::Nt, Modus::Netwerk);
+    EXPECT_TRUE(w.sessie.ControleerRegisterSchrijfbaar());
+    EXPECT_TRUE(beeld(w.platform.fakeRegistry()).empty());
+    w.platform.fakeRegistry().setWritable(false);
+    EXPECT_FALSE(w.sessie.ControleerRegisterSchrijfbaar());
 }
 
 } // namespace

@@ -64,9 +64,6 @@ struct SessieWerkplek : Werkplek {
         p.modMain.SchrijfIni(waarde, QString::fromLatin1(sectie), QString::fromLatin1(sleutel),
                              "\\Data\\Instellingen.ini");
     }
-    void zetIni(const char* sectie, const char* sleutel, const char* waarde) {
-        zetIni(sectie, sleutel, QString::fromUtf8(waarde));
-    }
     QString ini(const char* sectie, const char* sleutel,
                 const QString& bestand = "\\Data\\Instellingen.ini") {
         return p.modMain.LeesIni(QString::fromLatin1(sectie), QString::fromLatin1(sleutel),
