@@ -68,22 +68,19 @@ TEST(ClientAssemblyTest, AStepNoLayerFillsSaysSoInTheLogBookOnce) {
     EXPECT_FALSE(stappen.VeiligeModus()); // Linux has no safe mode
     EXPECT_FALSE(stappen.VeiligeModus());
     stappen.SchermbeveiligingUit();
-    EXPECT_EQ(client.stappen().gemeld(), (QStringList{QStringLiteral("VeiligeModus"),
-                                                      QStringLiteral("SchermbeveiligingUit")}));
-    EXPECT_EQ(QDir(w.pad(QStringLiteral("Logboek"))).entryList(QDir::Files).size(), 1);
-    EXPECT_TRUE(QString::fromUtf8(
-                    w.lees(QStringLiteral("Logboek/") +
-                           QDir(w.pad(QStringLiteral("Logboek"))).entryList(QDir::Files).value(0)))
-                    .contains(QStringLiteral("VeiligeModus is not built on this workstation yet")));
+    EXPECT_EQ(client.stappen().gemeld(), (QStringList{"VeiligeModus", "SchermbeveiligingUit"}));
+    const QStringList logboek = QDir(w.pad("Logboek")).entryList(QDir::Files);
+    EXPECT_EQ(logboek.size(), 1);
+    EXPECT_TRUE(QString::fromUtf8(w.lees("Logboek/" + logboek.value(0)))
+                    .contains(u"VeiligeModus is not built on this workstation yet"));
 }
 
 TEST(ClientAssemblyTest, SessionStepsOfTheClientAreContainedUnlessTheSettingSaysSysteem) {
     Werkplek w;
     ClientAssembly client(w.p);
-    client.stappen().ZetAutomatischeAanmelding(QStringLiteral("GLOBAL"), QString(), QString(),
-                                               true);
-    const QStringList regels = QString::fromUtf8(w.lees(QStringLiteral("Logboek/systeem.log")))
-                                   .split(u'\n', Qt::SkipEmptyParts);
+    client.stappen().ZetAutomatischeAanmelding("GLOBAL", QString(), QString(), true);
+    const QStringList regels =
+        QString::fromUtf8(w.lees("Logboek/systeem.log")).split(u'\n', Qt::SkipEmptyParts);
     ASSERT_EQ(regels.size(), 2);
     EXPECT_TRUE(regels[0].endsWith(u" autologon-set global"));
     EXPECT_TRUE(regels[1].endsWith(u" logoff"));

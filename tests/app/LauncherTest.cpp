@@ -36,9 +36,9 @@ class LauncherTest : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(dir.isValid());
-        const QString launcher = dir.filePath(QStringLiteral("tafelkrater-startup"));
+        const QString launcher = dir.filePath("tafelkrater-startup");
         ASSERT_TRUE(QFile::copy(QStringLiteral(TK_STARTUP_PAD), launcher));
-        QFile script(dir.filePath(QStringLiteral("client.sh")));
+        QFile script(dir.filePath("client.sh"));
         ASSERT_TRUE(script.open(QIODevice::WriteOnly));
         script.write(ClientScript);
         script.close();
@@ -51,29 +51,29 @@ protected:
         }
     }
 
-    void plan(const QStringList& runs) {
-        QFile f(dir.filePath(QStringLiteral("plan.txt")));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(runs.join(QLatin1Char('\n')).toUtf8() + '\n');
+    QString lees(const char* naam) {
+        QFile f(dir.filePath(naam));
+        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
     }
-    void start() {
+    // A fresh run with this plan: the client's earlier calls forgotten.
+    void start(const QStringList& runs, const char* client = "client.sh") {
+        QFile::remove(dir.filePath("calls.txt"));
+        QFile f(dir.filePath("plan.txt"));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(runs.join(u'\n').toUtf8() + '\n');
+        f.close();
         launcher.setProcessChannelMode(QProcess::MergedChannels);
-        launcher.start(dir.filePath(QStringLiteral("tafelkrater-startup")),
-                       {dir.filePath(QStringLiteral("client.sh"))});
+        launcher.start(dir.filePath("tafelkrater-startup"), {dir.filePath(client)});
         ASSERT_TRUE(launcher.waitForStarted(5000));
     }
-    QStringList calls() {
-        QFile f(dir.filePath(QStringLiteral("calls.txt")));
-        if (!f.open(QIODevice::ReadOnly))
-            return {};
-        return QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    }
+    QStringList calls() { return lees("calls.txt").split(u'\n', Qt::SkipEmptyParts); }
+    QString log() { return lees("Logboek/startup.log"); }
     // Waits until the client was started n times.
     bool waitForCalls(int n) {
         return tk::test::waitUntil([&] { return calls().size() >= n; });
     }
     // Lets a waiting client end.
-    void go() { QFile(dir.filePath(QStringLiteral("go"))).open(QIODevice::WriteOnly); }
+    void go() { QFile(dir.filePath("go")).open(QIODevice::WriteOnly); }
     bool logged(const QString& text) {
         return tk::test::waitUntil([&] { return log().contains(text); });
     }
@@ -88,13 +88,9 @@ protected:
         s.disconnectFromServer();
         return true;
     }
-    // The launcher ended within ms; its exit code.
+    // The launcher ended within ms.
     bool ended(int ms) {
         return launcher.state() == QProcess::NotRunning || launcher.waitForFinished(ms);
-    }
-    QString log() {
-        QFile f(dir.filePath(QStringLiteral("Logboek/startup.log")));
-        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
     }
 
     QTemporaryDir dir;
@@ -106,94 +102,80 @@ protected:
 TEST_F(LauncherTest, ACrashOrAFailingExitCodeRestartsWithStartupfoutAndAnEndOnPurposeEndsBoth) {
     for (const char* eerste : {"crash", "exit 3"}) {
         SCOPED_TRACE(eerste);
-        QFile::remove(dir.filePath(QStringLiteral("calls.txt")));
-        plan({QString::fromLatin1(eerste), QStringLiteral("exit 0")});
-        start();
+        start({eerste, "exit 0"});
         ASSERT_TRUE(ended(15000)) << launcher.readAll().toStdString();
         EXPECT_EQ(0, launcher.exitCode());
-        EXPECT_EQ((QStringList{QStringLiteral("STARTUP"), QStringLiteral("STARTUPFOUT")}), calls());
+        EXPECT_EQ((QStringList{"STARTUP", "STARTUPFOUT"}), calls());
     }
-    EXPECT_TRUE(log().contains(QStringLiteral("the client crashed")));
-    EXPECT_TRUE(log().contains(QStringLiteral("the client ended with code 3")));
+    EXPECT_TRUE(log().contains("the client crashed"));
+    EXPECT_TRUE(log().contains("the client ended with code 3"));
 }
 
 TEST_F(LauncherTest, AClientThatKeepsCrashingIsGivenUp) {
-    plan(QStringList(10, QStringLiteral("crash")));
-    start();
+    start(QStringList(10, "crash"));
     ASSERT_TRUE(ended(30000));
     EXPECT_EQ(1, launcher.exitCode());
     // The first start and five restarts; the sixth crash within the minute ends it.
     EXPECT_EQ(6, calls().size());
-    EXPECT_TRUE(log().contains(QStringLiteral("giving up")));
+    EXPECT_TRUE(log().contains("giving up"));
 }
 
 TEST_F(LauncherTest, WordsThatBringTheClientBackStartItWithStartup) {
     for (const char* word : {"resolutie", "Resolutie", "UPDATE"}) {
         SCOPED_TRACE(word);
-        QFile::remove(dir.filePath(QStringLiteral("calls.txt")));
         // The client says its word and ends, as the real one does; the second run ends the
         // launcher with "afsluiten".
-        plan({QStringLiteral("wait"), QStringLiteral("wait")});
-        start();
+        start({"wait", "wait"});
         ASSERT_TRUE(waitForCalls(1));
-        ASSERT_TRUE(say(QString::fromLatin1(word)));
-        ASSERT_TRUE(logged(QStringLiteral("word \"%1\"").arg(QString::fromLatin1(word))));
+        ASSERT_TRUE(say(word));
+        ASSERT_TRUE(logged(QString("word \"%1\"").arg(word)));
         go();
         ASSERT_TRUE(waitForCalls(2));
-        ASSERT_TRUE(say(QStringLiteral("afsluiten")));
-        ASSERT_TRUE(logged(QStringLiteral("word \"afsluiten\"")));
+        ASSERT_TRUE(say("afsluiten"));
+        ASSERT_TRUE(logged("word \"afsluiten\""));
         go();
         ASSERT_TRUE(ended(15000));
         EXPECT_EQ(0, launcher.exitCode());
-        EXPECT_EQ((QStringList{QStringLiteral("STARTUP"), QStringLiteral("STARTUP")}), calls());
+        EXPECT_EQ((QStringList{"STARTUP", "STARTUP"}), calls());
     }
 }
 
-TEST_F(LauncherTest, AfsluitenEndsAClientThatDoesNotEndAndTheLauncherWithIt) {
-    plan({QStringLiteral("hang")});
-    start();
+TEST_F(LauncherTest, AfsluitenOrTheLauncherEndedEndsAClientThatDoesNotEnd) {
+    start({"hang"});
     ASSERT_TRUE(waitForCalls(1));
-    ASSERT_TRUE(say(QStringLiteral("Afsluiten")));
+    ASSERT_TRUE(say("Afsluiten"));
     // Within the grace period and the forced end after it; no restart.
     ASSERT_TRUE(ended(20000));
     EXPECT_EQ(0, launcher.exitCode());
-    EXPECT_EQ(QStringList{QStringLiteral("STARTUP")}, calls());
-    EXPECT_TRUE(log().contains(QStringLiteral("ending it")));
-}
+    EXPECT_EQ(QStringList{"STARTUP"}, calls());
+    EXPECT_TRUE(log().contains("ending it"));
 
-TEST_F(LauncherTest, TerminatingTheLauncherEndsTheClientFirst) {
-    plan({QStringLiteral("hang")});
-    start();
+    // Terminating the launcher ends the client first.
+    start({"hang"});
     ASSERT_TRUE(waitForCalls(1));
-    QFile pidFile(dir.filePath(QStringLiteral("pid.txt")));
-    ASSERT_TRUE(pidFile.open(QIODevice::ReadOnly));
-    const QString client =
-        QStringLiteral("/proc/") + QString::fromUtf8(pidFile.readAll()).trimmed();
+    const QString client = "/proc/" + lees("pid.txt").trimmed();
     ASSERT_TRUE(QFile::exists(client));
     launcher.terminate();
     ASSERT_TRUE(ended(15000));
     EXPECT_EQ(QProcess::NormalExit, launcher.exitStatus());
     EXPECT_FALSE(QFile::exists(client));
-    EXPECT_EQ(QStringList{QStringLiteral("STARTUP")}, calls());
+    EXPECT_EQ(QStringList{"STARTUP"}, calls());
 }
 
 TEST_F(LauncherTest, UnknownWordsAreLoggedAndChangeNothing) {
-    plan({QStringLiteral("wait")});
-    start();
+    start({"wait"});
     ASSERT_TRUE(waitForCalls(1));
-    ASSERT_TRUE(say(QStringLiteral("opnieuw\nniets")));
-    ASSERT_TRUE(logged(QStringLiteral("unknown word \"niets\" ignored")));
+    ASSERT_TRUE(say("opnieuw\nniets"));
+    ASSERT_TRUE(logged("unknown word \"niets\" ignored"));
     go();
     ASSERT_TRUE(ended(15000));
-    EXPECT_EQ(QStringList{QStringLiteral("STARTUP")}, calls());
-    EXPECT_TRUE(log().contains(QStringLiteral("unknown word \"opnieuw\" ignored")));
+    EXPECT_EQ(QStringList{"STARTUP"}, calls());
+    EXPECT_TRUE(log().contains("unknown word \"opnieuw\" ignored"));
 }
 
 TEST_F(LauncherTest, NoClientIsAClearErrorInTheLog) {
-    launcher.setProcessChannelMode(QProcess::MergedChannels);
-    launcher.start(dir.filePath(QStringLiteral("tafelkrater-startup")),
-                   {dir.filePath(QStringLiteral("missing-client"))});
+    start({}, "missing-client");
     ASSERT_TRUE(ended(10000));
     EXPECT_EQ(1, launcher.exitCode());
-    EXPECT_TRUE(log().contains(QStringLiteral("no client at")));
+    EXPECT_TRUE(log().contains("no client at"));
 }
