@@ -14,93 +14,73 @@ using namespace tk::test;
 
 namespace {
 
-// One step of the user: type a text, choose an option, press Enter, OK, Cancel or Escape.
-struct Stap {
-    enum Soort { Typ, Kies, Enter, OK, Annuleer, Escape };
-    Stap(Soort soort, QString tekst = {}, int index = 0)
-        : soort(soort), tekst(std::move(tekst)), index(index) {}
-    Soort soort;
-    QString tekst;
-    int index;
-};
-
-void doe(FrmVraag& f, const Stap& s) {
-    switch (s.soort) {
-    case Stap::Typ:
-        f.txtTekst_Change(s.tekst);
-        break;
-    case Stap::Kies:
-        f.optKeuze_Click(s.index);
-        break;
-    case Stap::Enter:
-        f.txtTekst_KeyPress(13);
-        break;
-    case Stap::OK:
-        f.cmdOK_Click();
-        break;
-    case Stap::Annuleer:
-        f.cmdAnnuleren_Click();
-        break;
-    case Stap::Escape:
-        f.txtTekst_KeyPress(27);
-        break;
+// The user's steps, apart by "|": "=text" types, "#n" chooses option n, and Enter, OK, Cancel or
+// Escape.
+void doe(FrmVraag& f, const QString& stappen) {
+    for (const QString& s : stappen.split(u'|', Qt::SkipEmptyParts)) {
+        if (s.startsWith(u'='))
+            f.txtTekst_Change(s.mid(1));
+        else if (s.startsWith(u'#'))
+            f.optKeuze_Click(s.mid(1).toInt());
+        else if (s == u"Enter" || s == u"Escape")
+            f.txtTekst_KeyPress(s == u"Enter" ? 13 : 27);
+        else
+            (s == u"OK") ? f.cmdOK_Click() : f.cmdAnnuleren_Click();
     }
 }
 
-void typ(QWidget* w, const QString& tekst) {
-    for (QChar c : tekst) {
-        QKeyEvent druk(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-        QCoreApplication::sendEvent(w, &druk);
-    }
+void stuur(QWidget* w, int toets, const QString& tekst = {}) {
+    QKeyEvent e(QEvent::KeyPress, toets, Qt::NoModifier, tekst);
+    QCoreApplication::sendEvent(w, &e);
 }
 
 } // namespace
 
 TEST(VraagTest, EveryKindAnswersAsTheWrapperPromises) {
     struct Geval {
-        const char* naam;
         const char* stijl;
-        QList<Stap> stappen;
+        const char* stappen;
         const char* antwoord;
         bool klaar;
     };
     const Geval gevallen[] = {
-        {"message OK", "-", {{Stap::OK}}, "", true},
-        {"message Escape", "-", {{Stap::Escape}}, "", true},
-        {"OK/Cancel OK", ":", {{Stap::OK}}, "ja", true},
-        {"OK/Cancel Enter", ":", {{Stap::Enter}}, "ja", true},
-        {"OK/Cancel Cancel", ":", {{Stap::Annuleer}}, "nee", true},
-        {"Yes/No Yes", "?", {{Stap::OK}}, "ja", true},
-        {"Yes/No No", "?", {{Stap::Annuleer}}, "nee", true},
-        {"Yes/No Escape", "?", {{Stap::Escape}}, "nee", true},
-        {"password typed", "*", {{Stap::Typ, "geheim"}, {Stap::Enter}}, "geheim", true},
-        {"password Cancel", "*", {{Stap::Typ, "geheim"}, {Stap::Annuleer}}, "", true},
-        {"password empty: Enter does nothing", "*", {{Stap::Enter}}, "", false},
-        {"password emptied again", "*", {{Stap::Typ, "a"}, {Stap::Typ, ""}, {Stap::OK}}, "", false},
-        {"text keeps its default", "pc1:34487", {{Stap::Enter}}, "pc1:34487", true},
-        {"text changed", "pc1", {{Stap::Typ, "server2"}, {Stap::OK}}, "server2", true},
-        {"text Cancel", "pc1", {{Stap::Annuleer}}, "", true},
-        {"choice", "Rood|Groen|Blauw", {{Stap::Kies, {}, 1}, {Stap::Enter}}, "Groen", true},
-        {"choice changed",
-         "Rood|Groen",
-         {{Stap::Kies, {}, 0}, {Stap::Kies, {}, 1}, {Stap::OK}},
-         "Groen",
-         true},
-        {"choice none: OK disabled", "Rood|Groen", {{Stap::OK}}, "", false},
-        {"choice out of range", "Rood|Groen", {{Stap::Kies, {}, 5}, {Stap::OK}}, "", false},
-        {"choice Cancel", "Rood|Groen", {{Stap::Kies, {}, 0}, {Stap::Annuleer}}, "", true},
-        {"choice with an empty item", "Rood|", {{Stap::Kies, {}, 1}, {Stap::OK}}, "", false},
+        {"-", "OK", "", true},
+        {"-", "Escape", "", true},
+        {":", "OK", "ja", true},
+        {":", "Enter", "ja", true},
+        {":", "Cancel", "nee", true},
+        {"?", "OK", "ja", true},
+        {"?", "Cancel", "nee", true},
+        {"?", "Escape", "nee", true},
+        {"*", "=geheim|Enter", "geheim", true},
+        {"*", "=geheim|Cancel", "", true},
+        {"*", "Enter", "", false}, // an empty password: Enter does nothing
+        {"*", "=a|=|OK", "", false},
+        {"pc1:34487", "Enter", "pc1:34487", true}, // a text keeps its default
+        {"pc1", "=server2|OK", "server2", true},
+        {"pc1", "Cancel", "", true},
+        {"Rood|Groen|Blauw", "#1|Enter", "Groen", true},
+        {"Rood|Groen", "#0|#1|OK", "Groen", true},
+        {"Rood|Groen", "OK", "", false}, // nothing chosen: OK is off
+        {"Rood|Groen", "#5|OK", "", false},
+        {"Rood|Groen", "#0|Cancel", "", true},
+        {"Rood|", "#1|OK", "", false}, // an empty item
     };
     for (const Geval& g : gevallen) {
-        SCOPED_TRACE(g.naam);
+        SCOPED_TRACE(std::string(g.stijl) + " " + g.stappen);
         Werkplek w;
         FrmVraag f(w.p);
         f.Laden("Titel", "Vraag?", g.stijl, 0);
-        for (const Stap& s : g.stappen)
-            doe(f, s);
+        doe(f, g.stappen);
         EXPECT_EQ(g.klaar, f.Klaar);
         EXPECT_EQ(QString(g.antwoord), f.Antwoord());
     }
+    // Vraag shows the window modally and answers what it was left with.
+    Werkplek w;
+    w.dialogen.opModaal = [](Form& form) { doe(dynamic_cast<FrmVraag&>(form), "=Sleutel|Enter"); };
+    FrmVraag f(w.p);
+    EXPECT_EQ("Sleutel", f.Vraag("Wachtwoord", "Geef het wachtwoord", "*", 0));
+    EXPECT_EQ(QStringList({"frmVraag"}), w.dialogen.getoond);
 }
 
 TEST(VraagTest, ControlsFollowTheKind) {
@@ -175,67 +155,50 @@ TEST(VraagTest, LayoutGrowsTwentyPixelsAnOptionAndLeavesNoOverlaps) {
     EXPECT_GT(f.breedte, FrmVraag::Breedte);
 }
 
-TEST(VraagTest, VraagShowsTheWindowModallyAndReturnsItsAnswer) {
-    Werkplek w;
-    w.dialogen.opModaal = [](Form& form) {
-        auto& f = dynamic_cast<FrmVraag&>(form);
-        f.txtTekst_Change("Sleutel");
-        f.txtTekst_KeyPress(13);
-    };
-    FrmVraag f(w.p);
-    EXPECT_EQ("Sleutel", f.Vraag("Wachtwoord", "Geef het wachtwoord", "*", 0));
-    EXPECT_EQ(QStringList({"frmVraag"}), w.dialogen.getoond);
-}
-
-TEST(VraagTest, ViewPaintsTheIconTheQuestionAndTheButtons) {
+TEST(VraagTest, ViewPaintsTheQuestionMasksThePasswordAndMovesAChoiceWithTheArrows) {
     Werkplek w;
     FrmVraag f(w.p);
     f.Laden("Tafelkrater", "Wil je echt afsluiten?\r\nAlle programma's worden gesloten.", "?", 0);
-    FrmVraagView view(f);
-    const QImage beeld = view.grab().toImage();
-    bewaarPng(beeld, "frmVraag-janee");
-    ASSERT_EQ(QSize(f.breedte, f.Hoogte + DialogFrame::Kop), beeld.size());
-    const int kop = DialogFrame::Kop;
-    // The caption band, the icon's blue disc at (18, 12), the body.
-    EXPECT_EQ(DialogFrame::kopKleur().rgb(), beeld.pixel(5, 5) | 0xff000000);
-    const QRgb icoon = beeld.pixel(18 + 6, kop + 12 + 16);
-    EXPECT_GT(qBlue(icoon), qRed(icoon) + 60);
-    EXPECT_EQ(DialogFrame::lijfKleur().rgb(), beeld.pixel(f.breedte - 4, kop + 4));
-    // Dark text in the question's box, and the two buttons' frames.
-    int donker = 0;
-    for (int y = f.vraagVak.top(); y <= f.vraagVak.bottom(); ++y)
-        for (int x = f.vraagVak.left(); x <= f.vraagVak.right(); ++x)
-            donker += qGray(beeld.pixel(x, y + kop)) < 100;
-    EXPECT_GT(donker, 100);
-    for (const QRect& knop : {f.cmdOKVak, f.cmdAnnulerenVak}) {
-        const QRgb rand = beeld.pixel(knop.center().x(), knop.top() + kop);
-        EXPECT_LT(qGray(rand), 120);
-        EXPECT_EQ(qRgb(255, 255, 255), beeld.pixel(knop.left() + 6, knop.center().y() + kop));
+    {
+        FrmVraagView view(f);
+        const QImage beeld = view.grab().toImage();
+        bewaarPng(beeld, "frmVraag-janee");
+        ASSERT_EQ(QSize(f.breedte, f.Hoogte + DialogFrame::Kop), beeld.size());
+        const int kop = DialogFrame::Kop;
+        // The caption band, the icon's blue disc at (18, 12), the body.
+        EXPECT_EQ(DialogFrame::kopKleur().rgb(), beeld.pixel(5, 5) | 0xff000000);
+        const QRgb icoon = beeld.pixel(18 + 6, kop + 12 + 16);
+        EXPECT_GT(qBlue(icoon), qRed(icoon) + 60);
+        EXPECT_EQ(DialogFrame::lijfKleur().rgb(), beeld.pixel(f.breedte - 4, kop + 4));
+        // Dark text in the question's box, and the two buttons' frames.
+        int donker = 0;
+        for (int y = f.vraagVak.top(); y <= f.vraagVak.bottom(); ++y)
+            for (int x = f.vraagVak.left(); x <= f.vraagVak.right(); ++x)
+                donker += qGray(beeld.pixel(x, y + kop)) < 100;
+        EXPECT_GT(donker, 100);
+        for (const QRect& knop : {f.cmdOKVak, f.cmdAnnulerenVak}) {
+            EXPECT_LT(qGray(beeld.pixel(knop.center().x(), knop.top() + kop)), 120);
+            EXPECT_EQ(qRgb(255, 255, 255), beeld.pixel(knop.left() + 6, knop.center().y() + kop));
+        }
     }
-}
-
-TEST(VraagTest, ViewMasksThePasswordMovesAChoiceWithTheArrowsAndEnterAnswers) {
-    Werkplek w;
-    FrmVraag f(w.p);
     f.Laden("Tafelkrater", "Geef het wachtwoord van de onderhoudsmodule", "*", 0);
     {
         FrmVraagView view(f);
         ASSERT_TRUE(view.tekstvak());
         EXPECT_EQ(QLineEdit::Password, view.tekstvak()->echoMode());
         EXPECT_EQ(DialogFrame::inVenster(f.txtTekstVak), view.tekstvak()->geometry());
-        typ(view.tekstvak(), "abc");
+        for (const QChar c : QString("abc"))
+            stuur(view.tekstvak(), 0, c);
         EXPECT_TRUE(f.cmdOKEnabled);
-        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-        QCoreApplication::sendEvent(&view, &enter);
+        stuur(&view, Qt::Key_Return);
         EXPECT_TRUE(f.Klaar);
         EXPECT_EQ("abc", f.Antwoord());
     }
     f.Laden("Tafelkrater", "Welke printer?", "Lokaal|Lokaal 2|Netwerk", 1);
     FrmVraagView view(f);
     EXPECT_FALSE(view.tekstvak()->isVisibleTo(&view));
-    QKeyEvent omlaag(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
-    QCoreApplication::sendEvent(&view, &omlaag);
-    QCoreApplication::sendEvent(&view, &omlaag);
+    stuur(&view, Qt::Key_Down);
+    stuur(&view, Qt::Key_Down);
     EXPECT_EQ(1, f.gekozen);
     const QImage beeld = view.grab().toImage();
     bewaarPng(beeld, "frmVraag-keuze");
@@ -247,7 +210,6 @@ TEST(VraagTest, ViewMasksThePasswordMovesAChoiceWithTheArrowsAndEnterAnswers) {
     EXPECT_GT(qGreen(stip(1)), qRed(stip(1)) + 40);
     EXPECT_EQ(qRgb(255, 255, 255), stip(0));
     EXPECT_EQ(qRgb(255, 255, 255), stip(2));
-    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-    QCoreApplication::sendEvent(&view, &enter);
+    stuur(&view, Qt::Key_Return);
     EXPECT_EQ("Lokaal 2", f.Antwoord());
 }
