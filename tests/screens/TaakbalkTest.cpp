@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::OpnameSchermen;
 using tk::test::Werkplek;
 
 TEST(TaakbalkTest, ButtonsPerState) {
@@ -112,22 +111,4 @@ TEST(TaakbalkTest, CloseOptionsPerModeAskAndCountTheProgramsStillOpen) {
         EXPECT_EQ(c.uitgevoerd ? c.antwoord : "",
                   w.p.modMainAfsluiten->uitgevoerd.value(0).left(qstrlen(c.antwoord)));
     }
-}
-
-TEST(TaakbalkTest, LogOnAsAClassOutsideNetworkModeOpensItsDesktop) {
-    Werkplek w(Werkplek::startscherm);
-    w.p.modMain.ModusStandalone = true;
-    w.startKlas(0, "Groep 1", "1");
-    OpnameSchermen schermen;
-    w.p.schermen = &schermen;
-    FrmUitschakelen& u = w.p.modMainAfsluiten->frmUitschakelen;
-    w.dialogen.opModaal = [&](Form&) {
-        u.optAntwoord = 5;
-        u.cmbGroep_Click(1);
-        u.cmdOK_Click();
-    };
-    w.p.modMainAfsluiten->VerwerkAfsluitkeuze();
-    EXPECT_EQ("aanmelden|Classes|Groep 1|100", u.Antwoord);
-    EXPECT_EQ(QStringList{"bureaublad 0:100"}, schermen.log);
-    EXPECT_FALSE(w.p.beeindigd);
 }
