@@ -9,11 +9,12 @@
 #include <gtest/gtest.h>
 
 using namespace tk;
-using tk::test::OpnameSchermen;
 using tk::test::Werkplek;
 
 TEST(StartschermTest, TwentyOneClassesFillTheDefaultGridRowsOfEightFourFourFive) {
     Werkplek w(Werkplek::startscherm);
+    w.f().AccountKlik(0);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(1612), w.f().ballonTekst); // no classes: the cloud says so
     for (int i = 0; i < 21; ++i)
         w.startKlas(i, QString("Groep %1").arg(i), QString::number(i));
     w.f().WeergevenKlassen(true);
@@ -38,13 +39,13 @@ TEST(StartschermTest, TwentyOneClassesFillTheDefaultGridRowsOfEightFourFourFive)
     EXPECT_EQ(w.p.modTaal.LaadTekst(1613), w.f().ballonTekst);
 }
 
-TEST(StartschermTest, PositionsFromTheRecordsAndHoles) {
+TEST(StartschermTest, PositionsAndPicturesFromTheRecordsAndHoles) {
     Werkplek w(Werkplek::startscherm);
     w.startKlas(0, "Eerste", "1", "1a.jpg", "500,100");
     w.startKlas(1, "", "");
     w.startKlas(2, "Derde", "3", "2a.jpg", "0,0");
     w.startKlas(3, "Vierde", "4", "3a.jpg", "");
-    w.startKlas(4, "Vijfde", "5", "4a.jpg", "12,x");
+    w.startKlas(4, "Vijfde", "5", "77a.jpg", "12,x"); // no such picture
     w.f().WeergevenKlassen(true);
     EXPECT_EQ(500, w.f().knop(0)->X);
     EXPECT_EQ(100, w.f().knop(0)->Y);
@@ -54,41 +55,12 @@ TEST(StartschermTest, PositionsFromTheRecordsAndHoles) {
     EXPECT_EQ(530, w.f().knop(4)->X);  // nor is one that is no number
     EXPECT_EQ("acc2|pw2|102", w.f().knop(2)->Tag);
     EXPECT_EQ("Derde", w.f().knop(2)->ToolTipText);
-}
-
-TEST(StartschermTest, ClassPicturesFallBackOnTheFirstColour) {
-    Werkplek w(Werkplek::startscherm);
-    w.startKlas(0, "Rood", "R", "1a.jpg");
-    w.startKlas(1, "Geel", "G", "3a.jpg");
-    w.startKlas(2, "Onbekend", "O", "77a.jpg");
-    w.f().WeergevenKlassen(true);
+    // A picture that is not there falls back on the first colour's.
     const QString knoppen = w.pad("Afbeeldingen/Skins/1/Knoppen/");
-    EXPECT_EQ(QImage(knoppen + "3a.jpg"), w.f().knop(1)->Afbeelding_Normaal);
-    EXPECT_EQ(QImage(knoppen + "3b.jpg"), w.f().knop(1)->Afbeelding_Hover);
-    EXPECT_EQ(QImage(knoppen + "1a.jpg"), w.f().knop(2)->Afbeelding_Normaal);
-    EXPECT_EQ(QImage(knoppen + "1b.jpg"), w.f().knop(2)->Afbeelding_Hover);
-}
-
-TEST(StartschermTest, NoClassesSaysSoInTheCloud) {
-    Werkplek w(Werkplek::startscherm);
-    w.f().AccountKlik(0);
-    EXPECT_EQ(w.p.modTaal.LaadTekst(1612), w.f().ballonTekst);
-}
-
-TEST(StartschermTest, AutomaticPanelRunsOnce) {
-    Werkplek w(Werkplek::startscherm);
-    w.balk1().LadenVormgeving();
-    w.f().AccountKlik(4); // the maintenance module's panel
-    EXPECT_TRUE(w.f().picAanmeldenZichtbaar);
-    EXPECT_EQ(w.p.modTaal.LaadTekst(1601), w.f().lblGebruiker);
-    w.f().picAanmeldenZichtbaar = false;
-    w.f().AccountKlik(4);
-    EXPECT_FALSE(w.f().picAanmeldenZichtbaar);
-    w.f().AccountKlik(5);
-    EXPECT_FALSE(w.f().picAanmeldenZichtbaar);
-    w.f().AccountKlik(1); // a click of the user always works
-    EXPECT_TRUE(w.f().picAanmeldenZichtbaar);
-    EXPECT_EQ(w.p.modTaal.LaadTekst(1603), w.f().lblGebruiker);
+    EXPECT_EQ(QImage(knoppen + "3a.jpg"), w.f().knop(3)->Afbeelding_Normaal);
+    EXPECT_EQ(QImage(knoppen + "3b.jpg"), w.f().knop(3)->Afbeelding_Hover);
+    EXPECT_EQ(QImage(knoppen + "1a.jpg"), w.f().knop(4)->Afbeelding_Normaal);
+    EXPECT_EQ(QImage(knoppen + "1b.jpg"), w.f().knop(4)->Afbeelding_Hover);
 }
 
 TEST(StartschermTest, PasswordPanelDecidesByTheLocalisedUserLabel) {
@@ -113,10 +85,22 @@ TEST(StartschermTest, PasswordPanelDecidesByTheLocalisedUserLabel) {
     }
 }
 
-TEST(StartschermTest, EmptyPasswordsWarnAndLetAnEmptyPasswordIn) {
+TEST(StartschermTest, TheAutomaticPanelRunsOnceAndEmptyPasswordsWarnAndLetAnEmptyPasswordIn) {
     Werkplek w(Werkplek::startscherm);
     w.p.modData->Wachtwoorden = QStringList{"", ""};
     w.balk1().LadenVormgeving();
+    w.f().AccountKlik(4); // the maintenance module's panel
+    EXPECT_TRUE(w.f().picAanmeldenZichtbaar);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(1601), w.f().lblGebruiker);
+    w.f().picAanmeldenZichtbaar = false;
+    w.f().AccountKlik(4);
+    EXPECT_FALSE(w.f().picAanmeldenZichtbaar);
+    w.f().AccountKlik(5);
+    EXPECT_FALSE(w.f().picAanmeldenZichtbaar);
+    w.f().AccountKlik(1); // a click of the user always works
+    EXPECT_TRUE(w.f().picAanmeldenZichtbaar);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(1603), w.f().lblGebruiker);
+    EXPECT_EQ(w.p.modTaal.LaadTekst(1607), w.f().wachtwoordBallon);
     w.f().AccountKlik(2);
     EXPECT_EQ(w.p.modTaal.LaadTekst(1608), w.f().wachtwoordBallon);
     // Not connected: the right password asks whether to connect again.
@@ -125,35 +109,28 @@ TEST(StartschermTest, EmptyPasswordsWarnAndLetAnEmptyPasswordIn) {
     ASSERT_EQ(1, w.dialogen.gesteld.size());
     EXPECT_EQ(w.p.modTaal.LaadTekst(1602), w.dialogen.gesteld[0].tekst);
     EXPECT_EQ("?", w.dialogen.gesteld[0].stijl);
-    w.f().AccountKlik(1);
-    EXPECT_EQ(w.p.modTaal.LaadTekst(1607), w.f().wachtwoordBallon);
 }
 
-TEST(StartschermTest, ClassWithoutRightsStaysOnTheClassScreenInNetworkMode) {
-    Werkplek w(Werkplek::startscherm);
-    w.p.modMain.ModusNetwerk = true;
-    w.startKlas(0, "Groep 1", "1");
-    w.f().AccountKlik(0);
-    w.f().knopGroep_Click(0);
-    ASSERT_EQ(1, w.dialogen.gesteld.size());
-    EXPECT_TRUE(w.dialogen.gesteld[0].tekst.contains("acc0"));
-    EXPECT_TRUE(w.f().knop(0)->Visible);
-    EXPECT_TRUE(w.f().meldingen.isEmpty());
-}
-
-TEST(StartschermTest, ClassClickHidesTheButtonsAndOpensTheDesktopOfTheClass) {
+TEST(StartschermTest, AClassOpensItsDesktopUnlessItLacksTheRightsInNetworkMode) {
     Werkplek w(Werkplek::startscherm);
     w.startKlas(0, "Groep 1", "1");
     w.startKlas(1, "Groep 2", "2");
-    OpnameSchermen schermen;
-    w.p.schermen = &schermen;
-    QStringList& geopend = schermen.log;
+    w.p.schermen = &w.schermen;
+    w.f().OpenGroep("999"); // no such class: nothing opens
     w.f().OpenGroep("101");
-    EXPECT_EQ(QStringList{"bureaublad 0:101"}, geopend);
+    EXPECT_EQ(QStringList{"bureaublad 0:101"}, w.schermen.log);
     EXPECT_FALSE(w.f().knop(0)->Visible);
     EXPECT_FALSE(w.f().Zichtbaar);
-    w.f().OpenGroep("999"); // no such class: nothing opens
-    EXPECT_EQ(1, geopend.size());
+
+    Werkplek n(Werkplek::startscherm);
+    n.p.modMain.ModusNetwerk = true;
+    n.startKlas(0, "Groep 1", "1");
+    n.f().AccountKlik(0);
+    n.f().knopGroep_Click(0);
+    ASSERT_EQ(1, n.dialogen.gesteld.size());
+    EXPECT_TRUE(n.dialogen.gesteld[0].tekst.contains("acc0"));
+    EXPECT_TRUE(n.f().knop(0)->Visible);
+    EXPECT_TRUE(n.f().meldingen.isEmpty());
 }
 
 TEST(StartschermTest, TheLoadingBarShowsAFetchsProgressOrBouncesWithoutASize) {
@@ -234,43 +211,18 @@ TEST(StartschermTest, ShiftCountsOnlyWhileItIsHeld) {
     EXPECT_FALSE(shift) << "its release may go to another window";
 }
 
-TEST(StartschermTest, LongClassNamesAreDrawnCutInsideTheirButtons) {
-    Werkplek w(Werkplek::startscherm);
-    w.f().Form_Load();
-    const QImage leeg = [&] {
-        w.startKlas(0, "A", "A");
-        w.f().AccountKlik(0);
-        FrmMainView view(w.f());
-        view.resize(1024, 768);
-        return view.grab().toImage();
-    }();
-    // A caption of 200 characters with the list separators in it, beside a plain one.
-    w.startKlas(0, QString(200, 'W') + "|x;<>;y", QString(100, 'W') + "|" + QString(100, 'M'));
-    w.startKlas(1, "Groep 2", "2");
-    w.f().WeergevenKlassen(true);
-    w.f().HerschikGroepen();
-    FrmMainView view(w.f());
-    view.resize(1024, 768);
-    const QImage beeld = view.grab().toImage();
-    EXPECT_EQ("acc0|pw0|100", w.f().knop(0)->Tag); // the name does not enter the tag
-    // Left of the first button, in the gap between the two and above them the background is
-    // untouched: the caption stays inside its button.
-    const int breedte = w.f().knop(0)->Grootte().width();
-    for (const QPoint pt : {QPoint(125, 330), QPoint(130 + breedte + 1, 330), QPoint(180, 300)}) {
-        SCOPED_TRACE(pt.x());
-        EXPECT_EQ(leeg.pixel(pt), beeld.pixel(pt));
-    }
-}
-
-TEST(StartschermTest, OffscreenViewDrawsTheClassPicturesAtTheirPlaces) {
+TEST(StartschermTest, TheViewDrawsTheClassPicturesAtTheirPlacesAndLongNamesCutInside) {
     Werkplek w(Werkplek::startscherm);
     w.startKlas(0, "Groep 1", "1", "1a.jpg");
     w.startKlas(1, "Groep 2", "2", "5a.jpg");
     w.f().Form_Load();
     w.f().AccountKlik(0);
-    FrmMainView view(w.f());
-    view.resize(1024, 768);
-    const QImage beeld = view.grab().toImage();
+    const auto teken = [&] {
+        FrmMainView view(w.f());
+        view.resize(1024, 768);
+        return view.grab().toImage();
+    };
+    const QImage beeld = teken();
     const QImage rood(w.pad("Afbeeldingen/Skins/1/Knoppen/1a.jpg"));
     const QImage blauw(w.pad("Afbeeldingen/Skins/1/Knoppen/5a.jpg"));
     // A point in the body of each button, away from the caption, against the picture's own.
@@ -286,4 +238,18 @@ TEST(StartschermTest, OffscreenViewDrawsTheClassPicturesAtTheirPlaces) {
     // Between the buttons the background stands.
     const QImage achter(w.pad("Afbeeldingen/Skins/1/Schermen/Startscherm.jpg"));
     EXPECT_TRUE(dichtbij(achter.pixel(228, 330), beeld.pixel(228, 330)));
+
+    // A caption of 200 characters with the list separators in it, beside a plain one.
+    w.startKlas(0, QString(200, 'W') + "|x;<>;y", QString(100, 'W') + "|" + QString(100, 'M'));
+    w.f().WeergevenKlassen(true);
+    w.f().HerschikGroepen();
+    const QImage lang = teken();
+    EXPECT_EQ("acc0|pw0|100", w.f().knop(0)->Tag); // the name does not enter the tag
+    // Left of the first button, in the gap between the two and above them nothing changed:
+    // the caption stays inside its button.
+    for (const QPoint pt :
+         {QPoint(125, 330), QPoint(130 + maat.width() + 1, 330), QPoint(180, 300)}) {
+        SCOPED_TRACE(pt.x());
+        EXPECT_EQ(beeld.pixel(pt), lang.pixel(pt));
+    }
 }
