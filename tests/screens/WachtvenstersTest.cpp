@@ -98,37 +98,6 @@ TEST(LaadbalkTest, BlocksFillUpToTheValueAndTheBouncingBlockRunsToTheEndAndBack)
     EXPECT_EQ(QPoint(200, 28), Laadbalk::tekstPlek(QSize(400, 40)));
 }
 
-TEST(WachtvenstersTest, TheWaitWindowShowsItsValueOrBouncesWithoutAMaximum) {
-    Werkplek w(Werkplek::startscherm);
-    FrmWachten f(w.p);
-    f.Openen("Opslaan", 10);
-    EXPECT_FALSE(f.tmrLadenActief());
-    const int breedte = f.picLaden.plek.width();
-    f.Waarde(5);
-    EXPECT_EQ(Laadbalk::blokken(breedte, 10, 5), f.picLaden.blokkenNu);
-    // Without a text the bar takes the top; the window stays as wide as it was made.
-    const int metTekst = f.picLaden.plek.top();
-    f.Openen(QString(), 10);
-    EXPECT_TRUE(f.regels.isEmpty());
-    EXPECT_EQ(metTekst - f.regelHoogte, f.picLaden.plek.top());
-    EXPECT_EQ(FrmWachten::MinBreedte, f.Breedte);
-
-    f.Openen("Bezig", 0);
-    EXPECT_TRUE(f.Zichtbaar);
-    EXPECT_TRUE(f.tmrLadenActief());
-    for (int i = 0; i < 50; ++i)
-        f.tmrLaden_Timer();
-    const QList<QRect> springen{Laadbalk::springBlok(breedte, 100, 50, false)};
-    EXPECT_EQ(springen, f.picLaden.blokkenNu);
-    f.Waarde(20); // no bar to move without a maximum
-    EXPECT_EQ(springen, f.picLaden.blokkenNu);
-    f.Sluiten();
-    EXPECT_FALSE(f.Zichtbaar);
-    EXPECT_FALSE(f.tmrLadenActief());
-    f.Openen("Nog eens", 3); // a maximum stops the bouncing
-    EXPECT_FALSE(f.tmrLadenActief());
-}
-
 TEST(WachtvenstersTest, WaitColoursFallBackByThemeFolder) {
     struct Geval {
         const char* thema;
@@ -167,7 +136,7 @@ TEST(WachtvenstersTest, WaitColoursFallBackByThemeFolder) {
     }
 }
 
-TEST(WachtvenstersTest, TwoLinesOfTextStandCentredOverTheBar) {
+TEST(WachtvenstersTest, TheWaitWindowCentresItsLinesAndShowsItsValueOrBouncesWithoutAMaximum) {
     Werkplek w(Werkplek::startscherm);
     FrmWachten f(w.p);
     f.Openen("Een korte regel\r\nEn een veel langere tweede regel eronder", 10);
@@ -196,9 +165,36 @@ TEST(WachtvenstersTest, TwoLinesOfTextStandCentredOverTheBar) {
     EXPECT_TRUE(dichtbij(half.pixel(r.left() + 1, r.top() + 6), f.KleurRand, 10));
     EXPECT_TRUE(dichtbij(half.pixel(r.left() + 4, r.top() + 6), f.KleurStreep, 10));
     EXPECT_TRUE(dichtbij(half.pixel(r.right() - 10, r.top() + 6), f.KleurStatus, 10));
+
+    f.Openen("Opslaan", 10);
+    EXPECT_FALSE(f.tmrLadenActief());
+    const int breedte = f.picLaden.plek.width();
+    f.Waarde(5);
+    EXPECT_EQ(Laadbalk::blokken(breedte, 10, 5), f.picLaden.blokkenNu);
+    // Without a text the bar takes the top; the window stays as wide as it was made.
+    const int metTekst = f.picLaden.plek.top();
+    f.Openen(QString(), 10);
+    EXPECT_TRUE(f.regels.isEmpty());
+    EXPECT_EQ(metTekst - f.regelHoogte, f.picLaden.plek.top());
+    EXPECT_EQ(FrmWachten::MinBreedte, f.Breedte);
+
+    f.Openen("Bezig", 0);
+    EXPECT_TRUE(f.Zichtbaar);
+    EXPECT_TRUE(f.tmrLadenActief());
+    for (int i = 0; i < 50; ++i)
+        f.tmrLaden_Timer();
+    const QList<QRect> springen{Laadbalk::springBlok(breedte, 100, 50, false)};
+    EXPECT_EQ(springen, f.picLaden.blokkenNu);
+    f.Waarde(20); // no bar to move without a maximum
+    EXPECT_EQ(springen, f.picLaden.blokkenNu);
+    f.Sluiten();
+    EXPECT_FALSE(f.Zichtbaar);
+    EXPECT_FALSE(f.tmrLadenActief());
+    f.Openen("Nog eens", 3); // a maximum stops the bouncing
+    EXPECT_FALSE(f.tmrLadenActief());
 }
 
-TEST(WachtvenstersTest, LoggingInWindowFillsTheScreenAndBouncesWithItsText) {
+TEST(WachtvenstersTest, LoggingInWindowFillsTheScreenBouncesWithItsTextAndSurvivesABrokenTheme) {
     Werkplek w(Werkplek::startscherm);
     FrmAanmelden f(w.p);
     f.Openen();
@@ -236,23 +232,22 @@ TEST(WachtvenstersTest, LoggingInWindowFillsTheScreenAndBouncesWithItsText) {
     f.Sluiten();
     EXPECT_FALSE(f.Zichtbaar);
     EXPECT_FALSE(f.tmrLadenActief());
-}
 
-TEST(WachtvenstersTest, LoggingInWindowWithABrokenThemeReportsAndStillPaints) {
-    Werkplek w(Werkplek::startscherm);
-    QFile::remove(w.pad("Afbeeldingen/Skins/1/Schermen/Startscherm.jpg"));
-    w.p.modMain.SchrijfIni("1,2", "Kleuren", "Laadbalk streep", themaIni);
-    FrmAanmelden f(w.p);
-    f.Openen();
-    EXPECT_TRUE(f.Zichtbaar);
-    EXPECT_TRUE(f.tmrLadenActief());
-    ASSERT_EQ(2, w.dialogen.getoond.size()); // the colours and the picture, each once
-    EXPECT_EQ("frmAanmelden.LaadVormgeving", w.p.frmFoutrapportage.Procedure);
-    EXPECT_TRUE(f.achtergrond.isNull());
-    EXPECT_FALSE(f.taakbalk.isNull()); // the part after the fault still came in
-    FrmAanmeldenView view(f);
-    view.resize(FrmAanmelden::Breedte, FrmAanmelden::Hoogte);
-    EXPECT_TRUE(dichtbij(view.grab().toImage().pixel(100, 100), f.KleurAchtergrond, 5));
+    // With a broken theme it reports and still paints.
+    Werkplek k(Werkplek::startscherm);
+    QFile::remove(k.pad("Afbeeldingen/Skins/1/Schermen/Startscherm.jpg"));
+    k.p.modMain.SchrijfIni("1,2", "Kleuren", "Laadbalk streep", themaIni);
+    FrmAanmelden g(k.p);
+    g.Openen();
+    EXPECT_TRUE(g.Zichtbaar);
+    EXPECT_TRUE(g.tmrLadenActief());
+    ASSERT_EQ(2, k.dialogen.getoond.size()); // the colours and the picture, each once
+    EXPECT_EQ("frmAanmelden.LaadVormgeving", k.p.frmFoutrapportage.Procedure);
+    EXPECT_TRUE(g.achtergrond.isNull());
+    EXPECT_FALSE(g.taakbalk.isNull()); // the part after the fault still came in
+    FrmAanmeldenView kaal(g);
+    kaal.resize(FrmAanmelden::Breedte, FrmAanmelden::Hoogte);
+    EXPECT_TRUE(dichtbij(kaal.grab().toImage().pixel(100, 100), g.KleurAchtergrond, 5));
 }
 
 TEST(WachtvenstersTest, LogOffWindowShowsItsTextOverTheBar) {
