@@ -57,14 +57,16 @@ TEST(KeyboardTest, FocusGoesInReadingOrderNearestForArrowsAndOnlyToWhatCanBePres
     };
     for (const Rijen& r : rijen)
         EXPECT_EQ(r.volgorde, FocusOrder::leesvolgorde(r.plekken)) << r.plekken.size();
-    EXPECT_EQ(Stap::Volgende, FocusOrder::stapVoor(Qt::Key_Tab, false));
-    EXPECT_EQ(Stap::Vorige, FocusOrder::stapVoor(Qt::Key_Tab, true));
-    EXPECT_EQ(Stap::Vorige, FocusOrder::stapVoor(Qt::Key_Backtab, true));
-    EXPECT_EQ(Stap::Omlaag, FocusOrder::stapVoor(Qt::Key_Down, false));
-    EXPECT_EQ(std::nullopt, FocusOrder::stapVoor(Qt::Key_A, false));
-    EXPECT_TRUE(FocusOrder::isDrukken(Qt::Key_Space));
-    EXPECT_TRUE(FocusOrder::isDrukken(Qt::Key_Enter));
-    EXPECT_FALSE(FocusOrder::isDrukken(Qt::Key_Escape));
+    for (const auto& [toets, shift, stap] :
+         {std::tuple{Qt::Key_Tab, false, std::optional(Stap::Volgende)},
+          {Qt::Key_Tab, true, Stap::Vorige},
+          {Qt::Key_Backtab, true, Stap::Vorige},
+          {Qt::Key_Down, false, Stap::Omlaag},
+          {Qt::Key_A, false, std::nullopt}})
+        EXPECT_EQ(stap, FocusOrder::stapVoor(toets, shift)) << toets;
+    for (const auto& [toets, drukt] :
+         {std::pair{Qt::Key_Space, true}, {Qt::Key_Enter, true}, {Qt::Key_Escape, false}})
+        EXPECT_EQ(drukt, FocusOrder::isDrukken(toets)) << toets;
 
     auto control = [](int stop, QRect plek, bool drukbaar = true, bool uit = false) {
         PaintedControl c;
@@ -163,15 +165,11 @@ TEST(KeyboardTest, DesktopItemsThenTheTaskbarAndBackWithTheKeyboardAlone) {
     for (int i = 0; i < 8; ++i)
         w.applicatie(0, i, QString::number(i + 1), QString("Programma %1").arg(i + 1));
     w.klas(0, "Groep 3", "100", "1|2|3|4|5|6|7|8", "Nee");
-    w.p.maak(w.p.frmTaakbalk2, w.p);
-    FrmTaakbalk2& balk = *w.p.frmTaakbalk2;
-    balk.VensterHandle = [] { return quint64(5); };
+    FrmTaakbalk2& balk = w.balk2();
     balk.KoppelBureaublad(w.b());
     w.b().Openen(0, "100");
-    balk.tmrTaken.stop();
-    balk.tmrMuis.stop();
-    w.platform.fakeWindows().windows.append(WindowInfo{8, true, 0, 0, false, false, "Tekenen", 0});
-    balk.tmrTaken_Timer();
+    w.programma(8, "Tekenen");
+    w.tik();
     FrmBureaublad& b = w.b();
 
     // The items stand in columns of six; the focus goes in reading order, row by row; below
