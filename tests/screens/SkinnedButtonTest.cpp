@@ -16,43 +16,37 @@ const QRect venster(100, 100, 50, 20);
 const QPoint binnen(120, 110), buiten(10, 10);
 } // namespace
 
-TEST(SkinnedButtonTest, PressLeaveAndComeBackShowsThePressedPictureAgain) {
-    Knop2 k;
-    k.Afbeelding_Normaal = vlak({50, 20}, Qt::red);
-    k.Afbeelding_Hover = vlak({50, 20}, Qt::green);
-    k.Afbeelding_Down = vlak({50, 20}, Qt::blue);
-    k.tmrHover_Timer(binnen, venster);
-    EXPECT_EQ(2, k.toestand);
-    k.UserControl_MouseDown(1, 0, {});
-    EXPECT_EQ(2, k.toestand); // the press shows at the next tick
-    k.tmrHover_Timer(binnen, venster);
-    EXPECT_EQ(1, k.toestand);
-    k.tmrHover_Timer(buiten, venster);
-    EXPECT_EQ(0, k.toestand);
-    k.tmrHover_Timer(binnen, venster);
-    EXPECT_EQ(1, k.toestand);
-    EXPECT_EQ(QColor(Qt::blue).rgb(), k.Teken().pixel(5, 5));
-    // The edge itself is not inside.
-    k.UserControl_MouseUp(1, 0, {});
-    k.tmrHover_Timer(QPoint(100, 110), venster);
-    EXPECT_EQ(0, k.toestand);
-}
-
-TEST(SkinnedButtonTest, WithoutADownPictureAndWhenDisabled) {
-    Knop2 k;
-    k.Afbeelding_Normaal = vlak({50, 20}, Qt::red);
-    k.Afbeelding_Hover = vlak({50, 20}, Qt::green);
-    k.tmrHover_Timer(binnen, venster);
-    k.UserControl_MouseDown(1, 0, {});
-    k.tmrHover_Timer(binnen, venster);
-    EXPECT_EQ(0, k.toestand);
-    EXPECT_EQ(QColor(Qt::red).rgb(), k.Teken().pixel(5, 5));
-    k.UserControl_MouseUp(1, 0, {});
-    k.tmrHover_Timer(binnen, venster);
-    EXPECT_EQ(2, k.toestand);
-    k.Enabled = false;
-    k.tmrHover_Timer(binnen, venster);
-    EXPECT_EQ(0, k.toestand);
+// The state a tick of the hover timer shows: 0 normal, 1 pressed, 2 under the mouse.
+TEST(SkinnedButtonTest, PressLeaveAndComeBackShowsThePressedPictureAgainIfThereIsOne) {
+    for (const bool metDown : {true, false}) {
+        SCOPED_TRACE(metDown);
+        Knop2 k;
+        k.Afbeelding_Normaal = vlak({50, 20}, Qt::red);
+        k.Afbeelding_Hover = vlak({50, 20}, Qt::green);
+        if (metDown)
+            k.Afbeelding_Down = vlak({50, 20}, Qt::blue);
+        k.tmrHover_Timer(binnen, venster);
+        EXPECT_EQ(2, k.toestand);
+        k.UserControl_MouseDown(1, 0, {});
+        EXPECT_EQ(2, k.toestand); // the press shows at the next tick
+        k.tmrHover_Timer(binnen, venster);
+        EXPECT_EQ(metDown ? 1 : 0, k.toestand);
+        EXPECT_EQ(QColor(metDown ? Qt::blue : Qt::red).rgb(), k.Teken().pixel(5, 5));
+        k.tmrHover_Timer(buiten, venster);
+        EXPECT_EQ(0, k.toestand);
+        k.tmrHover_Timer(binnen, venster);
+        EXPECT_EQ(metDown ? 1 : 0, k.toestand);
+        k.UserControl_MouseUp(1, 0, {});
+        k.tmrHover_Timer(binnen, venster);
+        EXPECT_EQ(2, k.toestand);
+        // The edge itself is not inside; a disabled button shows no hover.
+        k.tmrHover_Timer(QPoint(100, 110), venster);
+        EXPECT_EQ(0, k.toestand);
+        k.tmrHover_Timer(binnen, venster);
+        k.Enabled = false;
+        k.tmrHover_Timer(binnen, venster);
+        EXPECT_EQ(0, k.toestand);
+    }
 }
 
 TEST(SkinnedButtonTest, RasterStepsLeaveTheBackgroundAroundTheMask) {
