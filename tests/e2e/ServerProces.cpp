@@ -13,23 +13,21 @@ ServerProces::ServerProces(const QStringList& extra, quint16 poort) {
     // transfer ports are told to the server before the client listens on them.
     if (m_clientPoorten.ports().isEmpty())
         return;
-    const QStringList argumenten = QStringList{QStringLiteral("--data"),
-                                               m_data.path(),
-                                               QStringLiteral("--port"),
-                                               QString::number(poort),
-                                               QStringLiteral("--client-data-port"),
-                                               QString::number(m_clientPoorten.ports()[0]),
-                                               QStringLiteral("--client-info-port"),
-                                               QString::number(m_clientPoorten.ports()[1]),
-                                               QStringLiteral("--demo")} +
-                                   extra;
-    m_proces.start(QStringLiteral(TK_SERVER_PAD), argumenten);
-    if (!m_proces.waitForStarted(5000) || !wachtOpUitvoer(QStringLiteral("), data in "), 60000))
+    const QStringList argumenten{"--data",
+                                 m_data.path(),
+                                 "--port",
+                                 QString::number(poort),
+                                 "--client-data-port",
+                                 QString::number(m_clientPoorten.ports()[0]),
+                                 "--client-info-port",
+                                 QString::number(m_clientPoorten.ports()[1]),
+                                 "--demo"};
+    m_proces.start(TK_SERVER_PAD, argumenten + extra);
+    if (!m_proces.waitForStarted(5000) || !wachtOpUitvoer("), data in ", 60000))
         return;
     const QRegularExpressionMatch gevonden =
-        QRegularExpression(
-            QStringLiteral("listening on port (\\d+) \\(transfers: client (\\d+) and "
-                           "(\\d+), uploads (\\d+) and (\\d+)\\)"))
+        QRegularExpression("listening on port (\\d+) \\(transfers: client (\\d+) and (\\d+), "
+                           "uploads (\\d+) and (\\d+)\\)")
             .match(m_uitvoer);
     m_poort = quint16(gevonden.captured(1).toUInt());
     for (int i = 2; i <= 5; ++i)

@@ -109,41 +109,22 @@ TEST(WerkstationE2ETest, FilesTravelBothWaysAndThemesAndIconsArriveUnpacked) {
             icoon(soorten[i]));
 }
 
-TEST(WerkstationE2ETest, TheLoadOnlineAndOfflineFromItsCacheAgreeWithTheServer) {
+// The demo school loads whole, and the sealed cache holds the server's answers as it gave them
+// (which answer goes under which key, and the offline start from it, are LadenTest's).
+TEST(WerkstationE2ETest, TheOnlineLoadTakesTheWholeSchoolAndSealsTheServersAnswers) {
     ServerProces server;
     ASSERT_TRUE(server.gestart()) << server.uitvoer().toStdString();
-
     Werkplek online(Werkplek::gegevens, server.poort());
     online.laadOnline();
     EXPECT_TRUE(online.rapporten.isEmpty())
         << online.rapporten.join(QStringLiteral(", ")).toStdString();
     ModData& d = online.d();
-    ASSERT_GT(d.Klassen.gebruikt(), 0);
-    ASSERT_GT(d.Leraren.gebruikt(), 0);
+    EXPECT_GT(d.Klassen.gebruikt(), 0);
+    EXPECT_GT(d.Leraren.gebruikt(), 0);
     EXPECT_FALSE(d.Applicaties[0].vrij(0));
-
-    // The sealed cache holds what the server answers, as it answered it (which answer goes under
-    // which key is the scripted load's test).
-    const QByteArray verzegeld = online.cache();
-    ASSERT_FALSE(verzegeld.isEmpty());
-    const IniDocument cache = IniDocument::parse(Ansi::naarTekst(SealedCache::decipher(verzegeld)));
-    const auto sleutel = [&](const char* sectie, const char* naam) {
-        return cache.value(QString::fromLatin1(sectie), QString::fromLatin1(naam))
-            .value_or(QStringLiteral("<none>"));
-    };
-    EXPECT_EQ(sleutel("Algemeen", "Domein"), online.p.frmMain->Domein);
-    EXPECT_EQ(sleutel("Groepen", "Info"), online.vraag(QStringLiteral("LDNKLSSNC")));
-    EXPECT_EQ(sleutel("Leerkrachten", "Info"), online.vraag(QStringLiteral("LDNLRNSNC")));
-    EXPECT_EQ(sleutel("Algemeen", "Overige"), online.vraag(QStringLiteral("LDNOVR")));
-
-    // Offline from that cache: the same tables, the cache as it was, nothing in the clear.
-    Werkplek offline(Werkplek::gegevens);
-    offline.schrijf(QStringLiteral("Data/data.tijdelijk"), verzegeld);
-    offline.p.modMainLaden->Laden();
-    EXPECT_TRUE(offline.rapporten.isEmpty())
-        << offline.rapporten.join(QStringLiteral(", ")).toStdString();
-    EXPECT_EQ(Werkplek::alleGegevens(offline.d()), Werkplek::alleGegevens(d));
-    EXPECT_EQ(offline.cache(), verzegeld);
+    const IniDocument cache =
+        IniDocument::parse(Ansi::naarTekst(SealedCache::decipher(online.cache())));
+    EXPECT_EQ(cache.value(QStringLiteral("Groepen"), QStringLiteral("Info")),
+              online.vraag(QStringLiteral("LDNKLSSNC")));
     EXPECT_FALSE(QFileInfo::exists(online.pad(QStringLiteral("Data/Tijdelijk.ini"))));
-    EXPECT_FALSE(QFileInfo::exists(offline.pad(QStringLiteral("Data/Tijdelijk.ini"))));
 }
