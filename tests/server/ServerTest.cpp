@@ -3,7 +3,6 @@
 #include "RunningServer.h"
 #include "WireClient.h"
 #include "archive/UcArchief.h"
-#include "server/ArchivePackager.h"
 #include "server/TransferChannel.h"
 
 #include <QDir>
@@ -47,7 +46,7 @@ QByteArray read(const QString& path) {
 } // namespace
 
 TEST(ServerLoadTest, ABlockStaysSmallAndAFullTableSplitsIntoSeveralBlocks) {
-    RunningServer s(false);
+    RunningServer s({}, false);
     WireClient c(s.port());
     const QString longList = QStringList(45, "a123").join('|');
     for (int i = 0; i < Store::maxClasses; ++i) {
@@ -324,7 +323,7 @@ TEST(ServerFramingTest, ANoticeNeverJoinsAReplyASlowReaderHasNotReadYet) {
 }
 
 TEST(ServerFramingTest, AKeepAliveGoesOnlyToAnIdleClientAndSilenceEndsTheConnection) {
-    RunningServer s(true, 1);
+    RunningServer s([](ServerOptions& o) { o.keepAliveSeconds = 1; });
     WireClient answering(s.port());
     answering.setAnswerPings(true);
     WireClient silent(s.port());
@@ -440,25 +439,4 @@ TEST(ServerTransferTest, FilesForOneClientGoOneAtATimeAndTooManyWaitingAreRefuse
     }));
     EXPECT_EQ(1, hoogstens);
     EXPECT_EQ(0, kanaal.activeTransfers());
-}
-
-TEST(ServerTransferTest, AThemeIsListedAndSentAsAPackageTheClientUnpacks) {
-    RunningServer s;
-    QTemporaryDir theme;
-    const QList<QPair<QString, QByteArray>> files{
-        {"Instellingen.ini", QByteArray("[Algemeen]\r\nVersie=1.2.3\r\n")},
-        {"Knoppen/1a.jpg", QByteArray("\xff\xd8\x00\x01 jpeg", 10)}};
-    for (const auto& [name, bytes] : files)
-        writeFile(theme.filePath(name), bytes);
-    QString error;
-    ASSERT_TRUE(s.store().saveTheme({"8", "1.2.3", true},
-                                    ArchivePackager().packFolder(theme.path()), &error));
-    WireClient c(s.port());
-    converse(c, {{"LDNTHE", "LDNTHE8|1.2.3|JA"}, {"LDNTH8", "LDNTH"}});
-    ASSERT_TRUE(waitFor([&] { return s.receiver().complete(); }));
-    EXPECT_EQ("8.thema", s.receiver().name());
-    QTemporaryDir dir;
-    const QString out = unpack(s.receiver().content(), dir, 2);
-    for (const auto& [name, bytes] : files)
-        EXPECT_EQ(bytes, read(out + name)) << name.toStdString();
 }
