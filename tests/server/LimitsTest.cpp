@@ -12,6 +12,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
 #include <vector>
@@ -20,8 +21,7 @@ using namespace tk::server;
 using namespace tk::server::test;
 
 TEST(ServerLimitsTest, ASilentConnectionIsClosedAfterTheSetTimeAndOneThatSpokeStays) {
-    RunningServer server(true, 60, QString(), false,
-                         [](ServerOptions& o) { o.firstMessageMs = 200; });
+    RunningServer server([](ServerOptions& o) { o.firstMessageMs = 200; });
     WireClient silent(server.port());
     WireClient spoke(server.port());
     ASSERT_TRUE(silent.connected());
@@ -34,7 +34,7 @@ TEST(ServerLimitsTest, ASilentConnectionIsClosedAfterTheSetTimeAndOneThatSpokeSt
 }
 
 TEST(ServerLimitsTest, InputAboveTheLimitClosesItsConnectionAndStoresNothing) {
-    RunningServer server(true, 60, QString(), false, [](ServerOptions& o) { o.maxMessage = 4096; });
+    RunningServer server([](ServerOptions& o) { o.maxMessage = 4096; });
     WireClient good(server.port());
     const QString sites = "OPSITS" + QString(3000, QLatin1Char('a'));
     EXPECT_EQ("OPSITSOK", good.ask(sites)); // long, but within the limit
@@ -78,56 +78,47 @@ TEST(ServerLimitsTest, OutOfFileDescriptorsSilentConnectionsGiveWayAndTheRestWai
         << qPrintable(log);
     const quint16 port = quint16(listening.match(log).captured(1).toUInt());
 
-    // Connections that say nothing fill the server's table, then clients come that speak.
-    std::vector<std::unique_ptr<WireClient>> silent;
-    for (int i = 0; i < 30; ++i)
-        silent.push_back(std::make_unique<WireClient>(port));
+    using Clients = std::vector<std::unique_ptr<WireClient>>;
+    const auto connect = [&](Clients& clients, int count, bool speak) {
+        for (int i = 0; i < count; ++i) {
+            clients.push_back(std::make_unique<WireClient>(port));
+            if (speak)
+                clients.back()->send("TST");
+        }
+    };
+    const auto answered = [](const Clients& clients) {
+        return int(std::count_if(clients.begin(), clients.end(),
+                                 [](const auto& c) { return c->reads().contains("TST"); }));
+    };
+    // Connections that say nothing fill the server's table, then clients come that speak: the
+    // silent ones give way to those, oldest first.
+    Clients silent, speaking;
+    connect(silent, 30, false);
     ASSERT_TRUE(waitFor([&] { return readLog().contains("accepting paused"); }, 10000))
         << qPrintable(log);
-    // The silent ones give way to those that speak, oldest first.
-    std::vector<std::unique_ptr<WireClient>> speaking;
-    for (int i = 0; i < 10; ++i) {
-        speaking.push_back(std::make_unique<WireClient>(port));
-        speaking.back()->send("TST");
-    }
-    EXPECT_TRUE(waitFor(
-        [&] {
-            for (const auto& c : speaking)
-                if (!c->reads().contains("TST"))
-                    return false;
-            return true;
-        },
-        10000));
+    connect(speaking, 10, true);
+    EXPECT_TRUE(waitFor([&] { return answered(speaking) == 10; }, 10000));
     EXPECT_TRUE(readLog().contains("connections that sent nothing"));
     silent.clear();
     speaking.clear();
 
     // More clients than the server has descriptors for, all speaking: each asks once, and as
     // the served ones go, the waiting ones are taken and answered.
-    std::vector<std::unique_ptr<WireClient>> clients;
-    for (int i = 0; i < 60; ++i) {
-        clients.push_back(std::make_unique<WireClient>(port));
-        clients.back()->send("TST");
-    }
-    auto answered = [&] {
-        int n = 0;
-        for (const auto& c : clients)
-            n += c->reads().contains("TST") ? 1 : 0;
-        return n;
-    };
-    waitFor([&] { return answered() > 0; });
-    const int first = answered();
+    Clients clients;
+    connect(clients, 60, true);
+    waitFor([&] { return answered(clients) > 0; });
+    const int first = answered(clients);
     EXPECT_GT(first, 0);
     EXPECT_LT(first, 60);
-    while (answered() < 60) {
+    while (answered(clients) < 60) {
         for (auto& c : clients)
             if (c->reads().contains("TST") && c->connected())
                 c->socket().disconnectFromHost();
-        const int before = answered();
-        if (!waitFor([&] { return answered() > before; }, 10000))
+        const int before = answered(clients);
+        if (!waitFor([&] { return answered(clients) > before; }, 10000))
             break;
     }
-    EXPECT_EQ(60, answered());
+    EXPECT_EQ(60, answered(clients));
     EXPECT_EQ(QProcess::Running, process.state());
     // While it waits it does not spin: the line that ends each pause counts the times the server
     // woke meanwhile, a few for each connection that came or went and each retry a quarter
@@ -220,7 +211,7 @@ TEST(ServerLimitsTest, AFloodIsReportedAtOnceThenOncePerIntervalAndForgottenWhen
 }
 
 TEST(ServerLimitsTest, AFloodFromOneAddressIsClosedAtAcceptWhileAnotherIsServed) {
-    RunningServer server(true, 60, QString(), false, [](ServerOptions& o) {
+    RunningServer server([](ServerOptions& o) {
         QString error;
         EXPECT_TRUE(o.parse({"--source-rate", "1", "--source-burst", "3"}, QString(), &error))
             << qPrintable(error);
@@ -245,7 +236,7 @@ TEST(ServerLimitsTest, AFloodFromOneAddressIsClosedAtAcceptWhileAnotherIsServed)
 }
 
 TEST(ServerLimitsTest, AnAddressKeepsOnlyItsShareOfSilentConnectionsTheYoungest) {
-    RunningServer server(true, 60, QString(), false, [](ServerOptions& o) {
+    RunningServer server([](ServerOptions& o) {
         o.silentPerSource = 2;
         o.silentAgeMs = 0;
     });
@@ -277,7 +268,7 @@ TEST(ServerLimitsTest, AnAddressKeepsOnlyItsShareOfSilentConnectionsTheYoungest)
 
 TEST(ServerLimitsTest, APeerThatSendsWithoutPauseGetsOneSliceATurn) {
     constexpr qint64 slice = 16 * 1024;
-    RunningServer server(true, 60, QString(), false, [](ServerOptions& o) {
+    RunningServer server([](ServerOptions& o) {
         o.turnSliceBytes = slice;
         o.maxMessage = 64 * 1024 * 1024;
     });

@@ -287,7 +287,7 @@ TEST(BackupTest, ARestoreOfAMissingEscapingOrDamagedBackupIsRefusedAndChangesNot
 
 TEST(UpdateTest, AVersionIsOfferedOnlyWhenAPackageIsThereAndComesOverTheTransfer) {
     QTemporaryDir updates;
-    RunningServer s(true, 60, updates.path());
+    RunningServer s([&](ServerOptions& o) { o.updatesFolder = updates.path(); });
     WireClient c(s.port());
     // Nothing on offer: the client's own version, so that it stays as it is.
     converse(c, {{"INFVER2.4.1", "INFVER"},

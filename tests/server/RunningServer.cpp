@@ -10,15 +10,12 @@
 
 namespace tk::server::test {
 
-RunningServer::RunningServer(bool demo, int keepAliveSeconds, const QString& updatesFolder,
-                             bool firewallStart, const std::function<void(ServerOptions&)>& tune) {
-    m_options.updatesFolder = updatesFolder;
-    m_options.firewallStart = firewallStart;
+RunningServer::RunningServer(const std::function<void(ServerOptions&)>& tune, bool demo) {
     m_options.dataFolder = m_folder.path();
     m_options.port = 0;
     m_options.clientDataPort = m_receiver.dataPort();
     m_options.clientInfoPort = m_receiver.infoPort();
-    m_options.keepAliveSeconds = keepAliveSeconds;
+    m_options.keepAliveSeconds = 60;
     m_options.settleMs = 300;
     m_options.transferTimeoutMs = 3000;
     if (tune)

@@ -14,9 +14,8 @@ namespace tk::server::test {
 // and a file receiver standing in for the client's.
 class RunningServer {
 public:
-    explicit RunningServer(bool demo = true, int keepAliveSeconds = 60,
-                           const QString& updatesFolder = QString(), bool firewallStart = false,
-                           const std::function<void(ServerOptions&)>& tune = {});
+    // `tune` changes the options before the start (a keep-alive of 60 s, short transfer times).
+    explicit RunningServer(const std::function<void(ServerOptions&)>& tune = {}, bool demo = true);
     ~RunningServer();
     // Stops the server and closes the store, then starts both again on the same folder.
     void restart();

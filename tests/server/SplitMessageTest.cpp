@@ -16,8 +16,7 @@ using namespace tk::server::test;
 
 TEST(SplitMessageTest, LongMessagesCutIntoSegmentsArriveWholeInBothDirections) {
     // Quiet times far above the pauses, so that a slow machine does not cut a message.
-    RunningServer server(true, 60, QString(), false,
-                         [](ServerOptions& o) { o.pieceQuietMs = 500; });
+    RunningServer server([](ServerOptions& o) { o.pieceQuietMs = 500; });
     tk::test::SplittingProxy proxy(server.port(), 1400, 20);
     tk::test::Werkplek w(proxy.port(), tk::test::Werkplek::Rol::Netwerk);
     Programma& p = w.p;

@@ -44,7 +44,7 @@ const char* const problemCall = "HLPOPSManual;<>;PC-07;<>;Jan;<>;Bureaublad;<>;R
 TEST(VocabularyTest, EveryClientMessageGetsTheReplyItsDispatcherRowExpects) {
     QTemporaryDir updates;
     writeFile(updates.filePath("2.5.0.zip"), QByteArray(3000, 'u'));
-    RunningServer s(true, 60, updates.path());
+    RunningServer s([&](ServerOptions& o) { o.updatesFolder = updates.path(); });
     writeFile(QDir(s.dataFolder()).filePath("Themacatalogus/7/Instellingen.ini"),
               "[Algemeen]\r\nNaam=Zee\r\nOmschrijving=Blauw\r\nVersie=1.2.0\r\n");
     writeFile(QDir(s.dataFolder()).filePath("Themacatalogus/7/achtergrond.bmp"),
@@ -203,7 +203,7 @@ TEST(VocabularyTest, EveryClientMessageGetsTheReplyItsDispatcherRowExpects) {
 }
 
 TEST(VocabularyTest, TheLocalServerOfAStandaloneWorkstationAnswersABareFir) {
-    RunningServer s(true, 60, QString(), true);
+    RunningServer s([](ServerOptions& o) { o.firewallStart = true; });
     WireClient c(s.port());
     EXPECT_EQ("FIR", c.ask("FIR")) << "no domain to tell";
 }
