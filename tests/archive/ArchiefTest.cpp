@@ -80,6 +80,7 @@ TEST_F(ArchiefTest, LayoutAndWalkOrderOfAPackedTree) {
     schrijf(pad("bron/Knoppen/diep/leeg.txt"), "");
     schrijf(pad("bron/achter/z"), "z");
     QDir().mkpath(pad("bron/lege map"));
+    schrijf(pad("a.thema"), QByteArray(1000, 'x')); // an older, longer archive is replaced
 
     EXPECT_EQ(5, archief.SaveFilesToArchiv(pad("bron"), pad("a.thema"), false));
     const QByteArray verwacht = ArchiefBytes(5)
@@ -90,6 +91,12 @@ TEST_F(ArchiefTest, LayoutAndWalkOrderOfAPackedTree) {
                                     .entry("Knoppen\\diep\\leeg.txt", "")
                                     .bytes();
     EXPECT_EQ(verwacht, lees(pad("a.thema")));
+
+    // Folders without files: the entry count alone.
+    QDir().mkpath(pad("leeg/sub/sub"));
+    EXPECT_EQ(0, archief.SaveFilesToArchiv(pad("leeg"), pad("leeg.thema"), true));
+    EXPECT_EQ(QByteArray(4, '\0'), lees(pad("leeg.thema")));
+    EXPECT_EQ(0, archief.ExtractFilesFromArchiv(pad("leeg.thema"), pad("uit"), false));
 }
 
 TEST_F(ArchiefTest, RoundTripKeepsEveryByteAndCreatesFolders) {
@@ -116,21 +123,8 @@ TEST_F(ArchiefTest, RoundTripKeepsEveryByteAndCreatesFolders) {
     }
 }
 
-TEST_F(ArchiefTest, EmptyFolderGivesTheFourByteFile) {
-    QDir().mkpath(pad("leeg/sub/sub"));
-    EXPECT_EQ(0, archief.SaveFilesToArchiv(pad("leeg"), pad("leeg.thema"), true));
-    EXPECT_EQ(QByteArray(4, '\0'), lees(pad("leeg.thema")));
-    EXPECT_EQ(0, archief.ExtractFilesFromArchiv(pad("leeg.thema"), pad("uit"), false));
-}
-
-TEST_F(ArchiefTest, ExistingArchiveAndTargetFilesAreReplaced) {
-    schrijf(pad("bron/a.txt"), "nieuw");
-    schrijf(pad("p.thema"), QByteArray(100, 'x'));
+TEST_F(ArchiefTest, ATargetFileIsReplacedInTheFolderThatIsThereWhateverItsCase) {
     schrijf(pad("doel/Knoppen/a.txt"), "oud en langer");
-    ASSERT_EQ(1, archief.SaveFilesToArchiv(pad("bron"), pad("p.thema"), false));
-    EXPECT_EQ(ArchiefBytes(1).entry("a.txt", "nieuw").bytes(), lees(pad("p.thema")));
-
-    // A name whose folder differs in case lands in the folder that is there.
     schrijf(pad("k.thema"), ArchiefBytes(1).entry("KNOPPEN\\A.TXT", "nieuw").bytes());
     ASSERT_EQ(1, archief.ExtractFilesFromArchiv(pad("k.thema"), pad("doel"), false));
     EXPECT_EQ("nieuw", lees(pad("doel/Knoppen/a.txt")));
@@ -143,9 +137,7 @@ TEST_F(ArchiefTest, SourceFolderTextIsTakenOutWhereverItOccurs) {
     // The source folder's own path occurs again deeper down.
     schrijf(bron + "/q" + bron + "/f.txt", "f");
     ASSERT_EQ(1, archief.SaveFilesToArchiv(bron, pad("p.thema"), false));
-    const ArchiveIndex::Result index = ArchiveIndex::parse(lees(pad("p.thema")));
-    ASSERT_TRUE(index.ok());
-    EXPECT_EQ("qf.txt", index.entries.at(0).name);
+    EXPECT_EQ(ArchiefBytes(1).entry("qf.txt", "f").bytes(), lees(pad("p.thema")));
 }
 
 TEST_F(ArchiefTest, ExtractFileMatchesWithoutRegardToCase) {
@@ -295,12 +287,11 @@ TEST_F(ArchiefTest, FaultReachesTheCallersReporterWithTheControlsText) {
 }
 
 TEST_F(ArchiefTest, ASourceThatCannotBePackedLeavesNoHalfArchive) {
-    struct Geval {
+    const struct {
         const char* naam;
-        std::function<void()> bron; // makes bron/ with "a" and a file that fails
+        std::function<void()> bron; // adds a file that fails to bron/, which holds "a"
         const char* fout;
-    };
-    const Geval gevallen[] = {
+    } gevallen[] = {
         // A file that is gone by the time it is read (every account, root too, meets this).
         {"gone",
          [&] {
@@ -318,13 +309,13 @@ TEST_F(ArchiefTest, ASourceThatCannotBePackedLeavesNoHalfArchive) {
          },
          "groot is larger than 2 GB"},
     };
-    for (const Geval& g : gevallen) {
-        SCOPED_TRACE(g.naam);
-        QDir(pad("bron")).removeRecursively();
-        archief.Pomp = nullptr;
-        schrijf(pad("bron/a.txt"), "a");
-        g.bron();
+    for (const auto& g : gevallen)
         for (bool viaTmp : {false, true}) {
+            SCOPED_TRACE(std::string(g.naam) + (viaTmp ? " via tmp" : ""));
+            QDir(pad("bron")).removeRecursively();
+            archief.Pomp = nullptr;
+            schrijf(pad("bron/a.txt"), "a");
+            g.bron();
             try {
                 archief.SaveFilesToArchiv(pad("bron"), pad("p.thema"), viaTmp);
                 ADD_FAILURE() << "packed";
@@ -333,10 +324,7 @@ TEST_F(ArchiefTest, ASourceThatCannotBePackedLeavesNoHalfArchive) {
             }
             EXPECT_FALSE(QFileInfo::exists(pad("p.thema")));
             EXPECT_FALSE(QFileInfo::exists(pad("p.thema.tmp")));
-            if (g.naam == std::string("gone"))
-                schrijf(pad("bron/b.txt"), "b");
         }
-    }
 }
 
 TEST_F(ArchiefTest, AFileThatCannotBeWrittenIsAFaultThatNamesIt) {
