@@ -154,7 +154,7 @@ TEST(VocabularyTest, EveryClientMessageGetsTheReplyItsDispatcherRowExpects) {
     vars["{uploads}"] =
         QString("%1|%2").arg(s.options().uploadDataPort).arg(s.options().uploadInfoPort);
     for (const Row& row : rows) {
-        const QString message = substitute(QString::fromLatin1(row.message), vars);
+        const QString message = substitute(row.message, vars);
         SCOPED_TRACE(message.left(60).toStdString());
         s.receiver().reset();
         c.send(message);
@@ -164,29 +164,24 @@ TEST(VocabularyTest, EveryClientMessageGetsTheReplyItsDispatcherRowExpects) {
             EXPECT_EQ(QString(), reply) << "no reply is expected on the command channel";
         } else {
             ASSERT_FALSE(reply.isEmpty()) << "no reply: the client would wait for ever";
+            SCOPED_TRACE(reply.toStdString());
             const auto sorted = tk::Woordenlijst::sorteer(reply);
-            EXPECT_EQ(Klasse(row.reply - 'A'), sorted.klasse) << reply.toStdString();
+            EXPECT_EQ(Klasse(row.reply - 'A'), sorted.klasse);
             EXPECT_EQ(message == "FIR"      ? Actie::Fir
                       : message == "INFDMN" ? Actie::Infdmn
                                             : Actie::Geen,
-                      sorted.actie)
-                << reply.toStdString();
-            if (!row.payload) {
-                EXPECT_FALSE(sorted.metPayload) << reply.toStdString();
-            } else {
-                EXPECT_TRUE(sorted.metPayload) << reply.toStdString();
-                EXPECT_TRUE(
-                    sorted.payload.startsWith(substitute(QString::fromLatin1(row.payload), vars)))
-                    << reply.toStdString();
-                EXPECT_FALSE(sorted.payload.startsWith("FOUT")) << reply.toStdString();
+                      sorted.actie);
+            EXPECT_EQ(row.payload != nullptr, sorted.metPayload);
+            if (row.payload) {
+                EXPECT_TRUE(sorted.payload.startsWith(substitute(row.payload, vars)));
+                EXPECT_FALSE(sorted.payload.startsWith("FOUT"));
             }
             if (message.startsWith("BCKMKB"))
                 vars["{backup}"] = sorted.payload;
         }
         if (row.file) {
-            EXPECT_TRUE(waitFor([&] { return s.receiver().complete(); }))
-                << "the file did not come";
-            EXPECT_EQ(substitute(QString::fromLatin1(row.file), vars), s.receiver().name());
+            EXPECT_TRUE(waitFor([&] { return s.receiver().complete(); })) << "no file came";
+            EXPECT_EQ(substitute(row.file, vars), s.receiver().name());
             EXPECT_FALSE(s.receiver().content().isEmpty());
         }
         if (message.startsWith("HLPOPSManual")) {
