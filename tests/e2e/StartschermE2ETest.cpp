@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -48,17 +49,22 @@ TEST(StartschermE2ETest, LauncherClientAndServerReachTheStartScreenForEveryone) 
                                 "Serverlocatie=localhost:%1\r\n")
                             .arg(server.poort())));
 
+    QString uitvoer; // the launcher's and the client's; outlives the process, which may still write
     QProcess launcher;
     QProcessEnvironment omgeving = QProcessEnvironment::systemEnvironment();
     omgeving.insert("QT_QPA_PLATFORM", "offscreen");
     omgeving.insert("USERNAME", "TAFELKRATER");
     launcher.setProcessEnvironment(omgeving);
     launcher.setProcessChannelMode(QProcess::MergedChannels);
-    QString uitvoer; // the launcher's and the client's
     QObject::connect(&launcher, &QProcess::readyRead,
                      [&] { uitvoer += QString::fromUtf8(launcher.readAll()); });
     launcher.start(map.filePath("tafelkrater-startup"), {map.filePath("tafelkrater")});
     ASSERT_TRUE(launcher.waitForStarted(5000));
+    // Also when an assertion ends the test early: SIGTERM, so that the launcher ends its client.
+    const auto stop = qScopeGuard([&] {
+        launcher.terminate();
+        launcher.waitForFinished(15000);
+    });
     ASSERT_TRUE(server.wachtOpUitvoer("at location GLOBAL", 60000))
         << server.uitvoer().toStdString() << uitvoer.toStdString();
     EXPECT_TRUE(waitUntil([&] { return uitvoer.contains("start screen for everyone"); }, 10000))
