@@ -48,7 +48,6 @@ public:
 
     LinuxProcesses& linuxProcesses() { return m_processes; }
     X11Windows& linuxWindows() { return m_windows; }
-    LinuxDisplay& linuxDisplay() { return m_display; }
 
 private:
     FakePlatform& m_fake;
