@@ -113,6 +113,7 @@ TEST(DownloadedList, LinesInEveryEndingAndAnswersThatAreNoList) {
         U uitkomst;
         QStringList items;
     };
+    // clang-format off
     const Case cases[] = {
         {"CR LF", "kat\r\nhond\r\n", "text/plain", U::Lijst, {s("kat"), s("hond")}},
         {"LF", "kat\nhond", "", U::Lijst, {s("kat"), s("hond")}},
@@ -121,29 +122,11 @@ TEST(DownloadedList, LinesInEveryEndingAndAnswersThatAreNoList) {
         {"url> removed", "url>a.nl\r\nURL>b.nl", "", U::Lijst, {s("a.nl"), s("b.nl")}},
         {"| separates", "a|b||c|", "", U::Lijst, {s("a"), s("b"), s("c")}},
         {"nothing", "", "text/plain", U::Lijst, {}},
-        {"UTF-8 with BOM",
-         "\xEF\xBB\xBF"
-         "caf\xC3\xA9",
-         "",
-         U::Lijst,
-         {s("café")}},
-        {"UTF-8",
-         "caf\xC3\xA9\nna\xC3\xAF"
-         "ef",
-         "",
-         U::Lijst,
-         {s("café"), s("naïef")}},
+        {"UTF-8 with BOM", "\xEF\xBB\xBF" "caf\xC3\xA9", "", U::Lijst, {s("café")}},
+        {"UTF-8", "caf\xC3\xA9\nna\xC3\xAF" "ef", "", U::Lijst, {s("café"), s("naïef")}},
         {"Windows-1252", "caf\xE9\n\x80uro", "", U::Lijst, {s("café"), s("€uro")}},
-        {"charset named",
-         "caf\xC3\xA9",
-         "text/plain; charset=Windows-1252",
-         U::Lijst,
-         {s("cafÃ©")}},
-        {"UTF-8 named, other bytes",
-         "caf\xE9",
-         "text/plain; charset=\"UTF-8\"",
-         U::Lijst,
-         {s("caf\uFFFD")}},
+        {"charset named", "caf\xC3\xA9", "text/plain; charset=Windows-1252", U::Lijst, {s("cafÃ©")}},
+        {"UTF-8 named, other bytes", "caf\xE9", "text/plain; charset=\"UTF-8\"", U::Lijst, {s("caf\uFFFD")}},
         {"undefined byte", "\x81x", "", U::Lijst, {QString(QChar(0x81)) + s("x")}},
         {"octet stream", "kat", "application/octet-stream", U::Lijst, {s("kat")}},
         {"a web page", "<html>kat</html>", "text/html; charset=utf-8", U::GeenTekst, {}},
@@ -151,6 +134,7 @@ TEST(DownloadedList, LinesInEveryEndingAndAnswersThatAreNoList) {
         {"a NUL byte", QByteArray("kat\0hond", 8), "text/plain", U::GeenTekst, {}},
         {"too large", QByteArray(DownloadedList::GrootsteLijst + 1, 'a'), "", U::TeGroot, {}},
     };
+    // clang-format on
     for (const Case& c : cases) {
         SCOPED_TRACE(c.naam);
         const DownloadedList::Resultaat r = DownloadedList::lees(c.inhoud, c.soort);

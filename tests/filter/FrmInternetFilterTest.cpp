@@ -226,14 +226,9 @@ TEST_F(FilterEditor, UpdateFromTheWebAddressCountsNewItemsAndNamesEveryFailure) 
     const WebFetch::Resultaat r = WebFetch::haal(
         w.p.wacht, QUrl(QString("http://127.0.0.1:%1/x").arg(stil.serverPort())), 100, 200);
     EXPECT_EQ(r.uitkomst, WebFetch::Resultaat::Uitkomst::Mislukt);
-    // An answer of unknown length is broken off at the limit, not read whole and refused then.
-    web.pagina("/groot", groot, {}, "Content-Type: text/plain\r\n", false);
-    const QUrl url(web.adres("/groot"));
-    EXPECT_EQ(WebFetch::haal(w.p.wacht, url, 1024).uitkomst,
-              WebFetch::Resultaat::Uitkomst::TeGroot);
     // The program's end ends a fetch.
     w.p.wacht.Stop();
-    EXPECT_EQ(WebFetch::haal(w.p.wacht, url, 1024).uitkomst,
+    EXPECT_EQ(WebFetch::haal(w.p.wacht, QUrl(web.adres("/")), 1024).uitkomst,
               WebFetch::Resultaat::Uitkomst::Gestopt);
 }
 

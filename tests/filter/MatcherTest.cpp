@@ -56,22 +56,15 @@ TEST(BoundaryTest, NeighboursOnAPageAndInAnAddress) {
         {"@kat`", "kat", true, true},
         {"\xe9kat\xe9", "kat", true, true}, // accented letters are above Z, upper case or not
         {"\xc9kat\xc9", "kat", true, true},
-        {"\x9a"
-         "kat\x8a",
-         "kat", true, true},
-        {"KAT", "kat", true, true}, // the whole text: no neighbour on either side
+        {"\232kat\212", "kat", true, true}, // octal: lower and upper S with caron
+        {"KAT", "kat", true, true},         // the whole text: no neighbour on either side
         {"kat is weg", "kat", true, true},
         {"weg is de kat", "kat", true, true},
         {"katten", "kat", false, false},
-        {"de kat", "kat", true, true},
         {"dekat", "kat", false, false},
         {"kat", "kater", false, false},
         {"CAF\xc9 open", "caf\xe9", true, true}, // lower case of the code page on both sides
-        {"\x8a"
-         "ARLOTA",
-         "\x9a"
-         "arlota",
-         true, true},
+        {"\212ARLOTA", "\232arlota", true, true},
         {"de k4t", "k4t", true, true},
         {"", "kat", false, false},
     };
