@@ -61,7 +61,7 @@ TEST(ClientAssemblyTest, ClosingTheQuestionsEndsEveryOpenQuestionWindowAsCancell
     w.p.dialogen = &w.dialogen;
 }
 
-TEST(ClientAssemblyTest, AStepNoLayerFillsSaysSoInTheLogBookOnce) {
+TEST(ClientAssemblyTest, AStepNoLayerFillsSaysSoInTheLogBookAndTheSessionStepsAreContained) {
     Werkplek w;
     ClientAssembly client(w.p);
     OpstartStappen& stappen = client.stappen();
@@ -73,11 +73,7 @@ TEST(ClientAssemblyTest, AStepNoLayerFillsSaysSoInTheLogBookOnce) {
     EXPECT_EQ(logboek.size(), 1);
     EXPECT_TRUE(QString::fromUtf8(w.lees("Logboek/" + logboek.value(0)))
                     .contains(u"VeiligeModus is not built on this workstation yet"));
-}
-
-TEST(ClientAssemblyTest, SessionStepsOfTheClientAreContainedUnlessTheSettingSaysSysteem) {
-    Werkplek w;
-    ClientAssembly client(w.p);
+    // The session's steps are contained unless the setting says Systeem: written to a log.
     client.stappen().ZetAutomatischeAanmelding("GLOBAL", QString(), QString(), true);
     const QStringList regels =
         QString::fromUtf8(w.lees("Logboek/systeem.log")).split(u'\n', Qt::SkipEmptyParts);

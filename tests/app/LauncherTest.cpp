@@ -162,7 +162,7 @@ TEST_F(LauncherTest, AfsluitenOrTheLauncherEndedEndsAClientThatDoesNotEnd) {
     EXPECT_EQ(QStringList{"STARTUP"}, calls());
 }
 
-TEST_F(LauncherTest, UnknownWordsAreLoggedAndChangeNothing) {
+TEST_F(LauncherTest, UnknownWordsAreLoggedAndChangeNothingAndNoClientIsAClearError) {
     start({"wait"});
     ASSERT_TRUE(waitForCalls(1));
     ASSERT_TRUE(say("opnieuw\nniets"));
@@ -171,9 +171,7 @@ TEST_F(LauncherTest, UnknownWordsAreLoggedAndChangeNothing) {
     ASSERT_TRUE(ended(15000));
     EXPECT_EQ(QStringList{"STARTUP"}, calls());
     EXPECT_TRUE(log().contains("unknown word \"opnieuw\" ignored"));
-}
-
-TEST_F(LauncherTest, NoClientIsAClearErrorInTheLog) {
+    // No client is a clear error in the log.
     start({}, "missing-client");
     ASSERT_TRUE(ended(10000));
     EXPECT_EQ(1, launcher.exitCode());
