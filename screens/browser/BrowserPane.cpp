@@ -23,7 +23,10 @@
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineProfile>
+#include <QWebEngineScript>
 #include <QWebEngineView>
+
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -81,8 +84,8 @@ BrowserPane::BrowserPane(BrowserOmgeving omgeving, QWidget* parent)
       m_profiel(new QWebEngineProfile(this)), m_strip(new QTabBar(this)),
       m_adres(new QLineEdit(this)), m_pagina(new QWidget(this)),
       m_stapel(new QStackedWidget(m_pagina)), m_favorieten(new QTreeWidget(m_pagina)),
-      m_tmrProxy(new QTimer(this)), m_voortgang(new QProgressBar(this)),
-      m_status(new QLabel(this)) {
+      m_tmrControle(new QTimer(this)), m_tmrProxy(new QTimer(this)),
+      m_voortgang(new QProgressBar(this)), m_status(new QLabel(this)) {
     setAccessibleName(tekst(745));
     connect(m_profiel, &QWebEngineProfile::downloadRequested, this,
             [](QWebEngineDownloadRequest* download) { download->cancel(); });
@@ -179,6 +182,9 @@ BrowserPane::BrowserPane(BrowserOmgeving omgeving, QWidget* parent)
 
     // The proxy comes on after the pane's own session has begun, so that the pane's first
     // pages are not the ones it holds back.
+    m_tmrControle->setInterval(1000);
+    connect(m_tmrControle, &QTimer::timeout, this, [this] { controleerLadende(); });
+
     m_tmrProxy->setInterval(1000);
     m_tmrProxy->setSingleShot(false);
     connect(m_tmrProxy, &QTimer::timeout, this, [this] { tmrProxy_Timer(); });
@@ -240,10 +246,10 @@ void BrowserPane::plaats() {
 
 BrowserPane::~BrowserPane() {
     // The pages go before their profile, or the profile's memory outlives the session.
-    for (QWebEngineView*& v : m_views) {
-        delete v;
-        v = nullptr;
-    }
+    // A page check answered while its page goes finds no page and does nothing.
+    m_tmrControle->stop();
+    for (QWebEngineView*& v : m_views)
+        delete std::exchange(v, nullptr);
     delete m_profiel;
 }
 
@@ -269,6 +275,8 @@ QWebEngineView* BrowserPane::maakView(int slot) {
         });
         connect(page, &QWebEnginePage::loadingChanged, this,
                 [this, slot](const QWebEngineLoadingInfo& info) { geladen(slot, info); });
+        connect(page, &QWebEnginePage::urlChanged, this,
+                [this, slot](const QUrl& url) { adresGewijzigd(slot, url); });
         m_stapel->addWidget(v);
         m_views[slot] = v;
     }
@@ -392,7 +400,9 @@ bool BrowserPane::adresToets(int slot, const QUrl& url, bool mainFrame) {
     const AddressVerdict v = m_omgeving.filter.checkAddress(adres, m_omgeving.instellingen);
     if (v.outcome == AddressVerdict::Outcome::Allow) {
         if (mainFrame) {
-            m_tabs.nieuweNavigatie(slot);
+            // The page check on its way stays: a navigation that never shows a page (a
+            // download) leaves the page it was made for. A new page shows a new address.
+            m_toegelaten[slot] = adres;
             if (!PageFilter::isLocalPage(adres) && m_tabs.zetAdres(slot, adres))
                 toonActief();
             m_tabs.zetTitel(slot, PageFilter::LadenTitel.toString());
@@ -417,6 +427,15 @@ bool BrowserPane::adresToets(int slot, const QUrl& url, bool mainFrame) {
 }
 
 void BrowserPane::geladen(int slot, const QWebEngineLoadingInfo& info) {
+    if (info.status() == QWebEngineLoadingInfo::LoadStartedStatus) {
+        m_ladend.insert(slot);
+        if (!m_tmrControle->isActive())
+            m_tmrControle->start();
+        return;
+    }
+    m_ladend.remove(slot);
+    if (m_ladend.isEmpty())
+        m_tmrControle->stop();
     if (info.status() == QWebEngineLoadingInfo::LoadFailedStatus && verbindingsFout(info)) {
         m_tabs.zetTitel(slot, m_omgeving.tekst ? m_omgeving.tekst(PageFilter::TekstNietGevonden)
                                                : QString());
@@ -424,10 +443,33 @@ void BrowserPane::geladen(int slot, const QWebEngineLoadingInfo& info) {
         laden(slot, lokalePagina(u"niet gevonden.html"));
         return;
     }
-    if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) {
+    // Stopped, or failed with a page of the server's own (an error page with a text): what
+    // shows is checked as a finished page is. A navigation refused or overtaken by another shows
+    // nothing new.
+    const bool gelukt = info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
+    if (gelukt)
         m_tabs.zetGeladen(slot, true);
+    if (gelukt || info.status() == QWebEngineLoadingInfo::LoadStoppedStatus ||
+        info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain)
         controleer(slot);
-    }
+}
+
+void BrowserPane::controleerLadende() {
+    for (const int slot : std::as_const(m_ladend))
+        if (m_views[slot])
+            controleer(slot);
+}
+
+void BrowserPane::adresGewijzigd(int slot, const QUrl& url) {
+    // Another page, or another place in this one: a page check still on its way was made for
+    // what showed before.
+    m_tabs.nieuweNavigatie(slot);
+    if (url.toString() == m_toegelaten[slot])
+        return; // the page that navigation brings is checked as it loads
+    // An address the page took without a navigation (a script's history entry, a fragment): it
+    // is checked as if navigated to, and the page with it.
+    if (adresToets(slot, url, true))
+        controleer(slot);
 }
 
 void BrowserPane::controleer(int slot) {
@@ -441,32 +483,47 @@ void BrowserPane::controleer(int slot) {
     const quint64 navigatie = m_tabs.tab(slot).navigatie;
     if (m_omgeving.tekst && m_tabs.zetStatus(slot, m_omgeving.tekst(PageFilter::TekstControleren)))
         toonActief();
-    page->runJavaScript(
-        QStringLiteral("[document.title, document.body ? document.body.innerText : '', "
-                       "document.domain]"),
-        [this, slot, navigatie, adres](const QVariant& antwoord) {
-            // The tab went on to another page (or closed) while the text came: that page gets
-            // its own check.
-            if (!m_tabs.actueel(slot, navigatie))
-                return;
-            const QVariantList delen = antwoord.toList();
-            const PageVerdict v = m_omgeving.filter.checkPage(
-                adres, delen.value(0).toString(), delen.value(2).toString(),
-                delen.value(1).toString(), m_omgeving.instellingen);
-            const auto tekst = [this](int id) {
-                return m_omgeving.tekst && id ? m_omgeving.tekst(id) : QString();
-            };
-            m_tabs.zetTitel(slot, v.captionText ? tekst(v.captionText) : v.caption);
-            m_filterStatus[slot] = tekst(v.statusText);
-            m_tabs.zetStatus(slot, m_filterStatus[slot]);
-            if (v.blocked()) {
-                m_tabs.nieuweNavigatie(slot);
-                m_tabs.zetAdres(slot, PageFilter::GeblokkeerdAdres.toString());
-                laden(slot, lokalePagina(u"niet goedgekeurd.html"));
-            }
-            stripTitel(slot);
-            toonActief();
-        });
+    // Run in a world of its own: a page's scripts cannot change what the check reads (a getter
+    // that hides the text). The text of the page's frames of the same origin counts with it.
+    static const QString tekstVanPagina = QStringLiteral(
+        "(function () {"
+        " var t = document.body ? [document.body.innerText] : [];"
+        " var f = document.querySelectorAll('iframe, frame');"
+        " for (var i = 0; i < f.length; ++i) {"
+        "  try { var d = f[i].contentDocument; if (d && d.body) t.push(d.body.innerText); }"
+        "  catch (e) {}"
+        " }"
+        " return [document.title, t.join(' ')];"
+        "})()");
+    const QString domein = page->url().host();
+    page->runJavaScript(tekstVanPagina, QWebEngineScript::ApplicationWorld,
+                        [this, slot, navigatie, adres, domein](const QVariant& antwoord) {
+                            oordeel(slot, navigatie, adres, domein, antwoord.toList());
+                        });
+}
+
+void BrowserPane::oordeel(int slot, quint64 navigatie, const QString& adres, const QString& domein,
+                          const QVariantList& delen) {
+    // The tab went on to another page (or closed) while the text came: that page gets its own
+    // check.
+    if (!m_views[slot] || !m_tabs.actueel(slot, navigatie))
+        return;
+    const PageVerdict v =
+        m_omgeving.filter.checkPage(adres, delen.value(0).toString(), domein,
+                                    delen.value(1).toString(), m_omgeving.instellingen);
+    const auto tekst = [this](int id) {
+        return m_omgeving.tekst && id ? m_omgeving.tekst(id) : QString();
+    };
+    m_tabs.zetTitel(slot, v.captionText ? tekst(v.captionText) : v.caption);
+    m_filterStatus[slot] = tekst(v.statusText);
+    m_tabs.zetStatus(slot, m_filterStatus[slot]);
+    if (v.blocked()) {
+        m_tabs.nieuweNavigatie(slot);
+        m_tabs.zetAdres(slot, PageFilter::GeblokkeerdAdres.toString());
+        laden(slot, lokalePagina(u"niet goedgekeurd.html"));
+    }
+    stripTitel(slot);
+    toonActief();
 }
 
 void BrowserPane::stripTitel(int slot) {

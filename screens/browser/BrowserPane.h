@@ -3,6 +3,8 @@
 #include "BrowserOmgeving.h"
 #include "BrowserTabs.h"
 
+#include <QSet>
+#include <QVariant>
 #include <QWidget>
 
 #include <array>
@@ -70,7 +72,13 @@ private:
     void toonActief();
     void laden(int slot, const QUrl& url);
     void geladen(int slot, const QWebEngineLoadingInfo& info);
+    void adresGewijzigd(int slot, const QUrl& url);
     void controleer(int slot);
+    // The page check's answer (title, text) for the page at `adres` in `slot`.
+    void oordeel(int slot, quint64 navigatie, const QString& adres, const QString& domein,
+                 const QVariantList& delen);
+    // tmrControle's tick: the pages still loading are checked as far as they came.
+    void controleerLadende();
     void afdrukken();
     void stripTitel(int slot);
     void TekenFavorieten();
@@ -84,11 +92,18 @@ private:
     std::array<QWebEngineView*, BrowserTabs::MaxTabs> m_views{};
     // The filter's word for each tab's page, back in the status when the pointer leaves a link.
     std::array<QString, BrowserTabs::MaxTabs> m_filterStatus{};
+    // The address of each tab's last main-frame navigation the filter let through: an address
+    // the page shows that is not this one came without a navigation (a script's history entry).
+    std::array<QString, BrowserTabs::MaxTabs> m_toegelaten{};
+    // The tabs whose page is loading; while there are any, tmrControle checks them each second,
+    // so that a page that never finishes (a part that never comes) is checked all the same.
+    QSet<int> m_ladend;
     QTabBar* m_strip;
     QLineEdit* m_adres;
     QWidget* m_pagina; // holds the favourites panel and the views, placed by BrowserTabs
     QStackedWidget* m_stapel;
     QTreeWidget* m_favorieten;
+    QTimer* m_tmrControle;
     QTimer* m_tmrProxy;
     QProgressBar* m_voortgang;
     QLabel* m_status;

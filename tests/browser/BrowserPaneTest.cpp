@@ -187,10 +187,17 @@ TEST_F(BrowserPaneTest, KeysWorkTheTabsAndHistoryAndEveryControlIsNamedFromTheSt
     EXPECT_TRUE(adres->hasFocus());
 
     // Back and forward from inside the page, where the keys reach the engine first.
-    for (const char* pad : {"/schoon", "/lees"}) {
+    // Each page loaded and checked (its title shows) before the next: a navigation that begins
+    // before the one before it has shown its page takes that page's place in the history.
+    for (const auto& [pad, titel] : {std::pair{"/schoon", "Schoon"}, {"/lees", "Lees"}}) {
         pane->ga(server.adres(pad));
-        ASSERT_TRUE(QTest::qWaitFor([&] { return gecontroleerd(*pane, 0); }, 20000)) << pad;
-        ASSERT_TRUE(QTest::qWaitFor([&] { return eindigtOp(*pane, 0, QString::fromLatin1(pad)); }));
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] {
+                return gecontroleerd(*pane, 0) && pane->tabs().tab(0).Titel == titel &&
+                       eindigtOp(*pane, 0, QString::fromLatin1(pad));
+            },
+            20000))
+            << pad;
     }
     QWidget* pagina = pane->view(0)->focusProxy() ? pane->view(0)->focusProxy() : pane->view(0);
     pagina->setFocus();
@@ -291,6 +298,39 @@ TEST_F(BrowserPaneTest, FavouritesOnlyLocksTheAddressAndTheTreeLeadsToTheFavouri
     EXPECT_TRUE(QTest::qWaitFor([&] { return proxy == 1; }, 20000));
     EXPECT_FALSE(pane->tmrProxy().isActive());
     EXPECT_EQ(proxy, 1);
+}
+
+// What the page shows is checked however it came: a page that never finishes or is stopped, a
+// frame's text, a text the page's own scripts hide from the check, an address a script takes
+// without a navigation, a page left by a navigation that never showed (a download).
+TEST_F(BrowserPaneTest, EveryPageThatShowsIsCheckedHoweverItCame) {
+    server.stil("/nooit");
+    const QByteArray olifant = "<p>Hier woont een olifant.</p>";
+    server.pagina("/hangt", "<html><body>" + olifant + "<img src=\"/nooit\"></body></html>");
+    server.pagina("/raam", "<html><body><iframe src=\"/tekst\"></iframe></body></html>");
+    server.pagina("/verberg", "<html><body>" + olifant +
+                                  "<script>Object.defineProperty(HTMLElement.prototype, "
+                                  "'innerText', {get: () => ''});</script></body></html>");
+    server.pagina("/geschiedenis", "<html><body>ja<script>setTimeout(() => {"
+                                   "history.pushState({}, '', '/verder');"
+                                   "document.body.textContent = 'olifant'}, 300)</script>"
+                                   "</body></html>");
+    server.pagina("/weg",
+                  "<html><body>" + olifant +
+                      "<script>onload = () => location = '/bestand'</script></body></html>");
+    auto pane = maakPane();
+    for (const char* pad : {"/hangt", "/gestopt", "/raam", "/verberg", "/geschiedenis", "/weg"}) {
+        SCOPED_TRACE(pad);
+        const bool stop = pad == std::string("/gestopt");
+        const int slot = pane->NieuwTabblad(server.adres(stop ? "/hangt" : pad));
+        ASSERT_GE(slot, 0);
+        if (stop) {
+            ASSERT_TRUE(QTest::qWaitFor([&] { return server.verzoeken("/nooit") == 2; }, 20000));
+            pane->knop(2);
+        }
+        EXPECT_TRUE(QTest::qWaitFor([&] { return eindigtOp(*pane, slot, "niet goedgekeurd.html"); },
+                                    20000));
+    }
 }
 
 } // namespace

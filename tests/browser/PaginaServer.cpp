@@ -36,6 +36,8 @@ void PaginaServer::antwoord(QTcpSocket* s) {
             koekje = r.mid(7).trimmed();
     m_koekjes.insert(pad, koekje);
     ++m_verzoeken[pad];
+    if (m_stil.contains(pad))
+        return;
     const auto p = m_paginas.constFind(pad);
     QByteArray uit;
     if (p == m_paginas.cend()) {

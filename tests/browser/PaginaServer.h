@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QSet>
 #include <QTcpServer>
 
 namespace tk {
@@ -16,6 +17,8 @@ public:
     // length does.
     void pagina(const QByteArray& pad, const QByteArray& html, const QByteArray& koekje = {},
                 const QByteArray& koppen = {}, bool metLengte = true);
+    // A path whose requests get no answer: a page part that never comes.
+    void stil(const QByteArray& pad) { m_stil.insert(pad); }
     QString adres(const QByteArray& pad) const;
     QByteArray koekjeVan(const QByteArray& pad) const { return m_koekjes.value(pad); }
     int verzoeken(const QByteArray& pad) const { return m_verzoeken.value(pad); }
@@ -31,6 +34,7 @@ private:
     QHash<QByteArray, Pagina> m_paginas;
     QHash<QByteArray, QByteArray> m_koekjes;
     QHash<QByteArray, int> m_verzoeken;
+    QSet<QByteArray> m_stil;
 };
 
 } // namespace tk
