@@ -164,6 +164,34 @@ std::optional<SystemTool::Result> SystemTool::refusedAsSystemAccount(const QStri
     return std::nullopt;
 }
 
+QStringList SystemTool::madeAccounts() const {
+    QFile lijst(path(AccountsPath));
+    if (!lijst.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(lijst.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+SystemTool::Result SystemTool::recordAccount(const QString& name, bool made) {
+    QStringList namen = madeAccounts();
+    namen.removeAll(name);
+    if (made)
+        namen << name;
+    return write(AccountsPath, namen.isEmpty() ? QString() : namen.join(QLatin1Char('\n')) + u'\n');
+}
+
+std::optional<SystemTool::Result> SystemTool::refusedAsPersonsAccount(const QString& name) const {
+    QFile passwd(path("etc/passwd"));
+    if (!passwd.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QByteArray begin = name.toUtf8() + ':';
+    while (!passwd.atEnd())
+        if (passwd.readLine().startsWith(begin) && !madeAccounts().contains(name))
+            return refused(QStringLiteral("%1 is an account of this machine that this program did "
+                                          "not make")
+                               .arg(name));
+    return std::nullopt;
+}
+
 QStringList SystemTool::groupMembers(bool* exists) const {
     *exists = false;
     QFile group(path("etc/group"));
@@ -198,7 +226,7 @@ SystemTool::Result SystemTool::accountCreate(const QString& name, const QString&
                  QString());
     if (gemaakt.code != 0)
         return failed(QStringLiteral("useradd failed: ") + gemaakt.output.trimmed());
-    return {0, QString()};
+    return recordAccount(name, true);
 }
 
 SystemTool::Result SystemTool::accountDelete(const QString& name) {
@@ -207,17 +235,16 @@ SystemTool::Result SystemTool::accountDelete(const QString& name) {
         return failed(QStringLiteral("the account %1 does not exist").arg(name));
     if (const auto nee = refusedAsSystemAccount(name, id))
         return *nee;
-    // Only the workstation's own accounts go: those it made administrators of the workstation.
-    bool bestaat = false;
-    if (!groupMembers(&bestaat).contains(name))
-        return refused(QStringLiteral("%1 is no member of %2, so no account of the workstation")
-                           .arg(name, QString::fromLatin1(AdminGroup)));
+    // Only the accounts this program made go: a member of the administrators' group may call
+    // it, and the administrator's own account is a member too.
+    if (!madeAccounts().contains(name))
+        return refused(QStringLiteral("%1 is no account this program made").arg(name));
     const Result weg = m_runner(QStringLiteral("userdel"),
                                 prefix() + QStringList{QStringLiteral("-r"), name}, QString());
     // 12: the home folder or mail spool was not there; the account is gone all the same.
     if (weg.code != 0 && weg.code != 12)
         return failed(QStringLiteral("userdel failed: ") + weg.output.trimmed());
-    return {0, QString()};
+    return recordAccount(name, false);
 }
 
 QList<SystemTool::Result> SystemTool::adminAdd(const QStringList& names) {
@@ -233,6 +260,8 @@ QList<SystemTool::Result> SystemTool::adminAdd(const QStringList& names) {
             uit[i] = failed(QStringLiteral("the account %1 does not exist").arg(naam));
         else if (const auto nee = refusedAsSystemAccount(naam, id))
             uit[i] = *nee;
+        else if (const auto andermans = refusedAsPersonsAccount(naam))
+            uit[i] = *andermans;
         else if (leden.contains(naam))
             uit[i] = {0, alLid()};
         else if (!nieuw.contains(naam))
@@ -366,6 +395,8 @@ SystemTool::Result SystemTool::verb(const QString& naam, const QStringList& args
         if (naam == u"autologon-set") {
             // An account the system's passwd does not hold (one of a directory) may be logged on.
             if (const auto nee = refusedAsSystemAccount(args[0], userId(args[0])))
+                return *nee;
+            if (const auto nee = refusedAsPersonsAccount(args[0]))
                 return *nee;
             return write(DropInPath, lightdmDropIn(args[0]));
         }

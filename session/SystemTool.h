@@ -53,6 +53,10 @@ public:
     static constexpr const char* SessionPath = "usr/share/xsessions/tafelkrater.desktop";
     static constexpr const char* ProxyPath = "etc/X11/Xsession.d/60tafelkrater-proxy";
     static constexpr const char* WallpaperPath = "etc/tafelkrater/wallpaper";
+    // The local accounts this program made, a name a line: the only ones it removes, and the
+    // only local persons' accounts it logs on or grants (a pupil who may call it must not reach
+    // the administrator's own account).
+    static constexpr const char* AccountsPath = "etc/tafelkrater/accounts";
 
 private:
     Result verb(const QString& naam, const QStringList& args, const QString& input);
@@ -68,6 +72,13 @@ private:
     bool accountExists(const QString& name) const { return userId(name) >= 0; }
     // Refused when `id`, the user ID of `name` (-1: none), is one of the system's own accounts.
     static std::optional<Result> refusedAsSystemAccount(const QString& name, int id);
+    // The accounts this program made (AccountsPath), and that list with `name` added or taken
+    // out.
+    QStringList madeAccounts() const;
+    Result recordAccount(const QString& name, bool made);
+    // Refused when `name` is a person's account of this machine (in the system root's passwd)
+    // that this program did not make. Accounts of a directory are not in that file.
+    std::optional<Result> refusedAsPersonsAccount(const QString& name) const;
     // The members of the administrators' group; `exists` whether there is such a group.
     QStringList groupMembers(bool* exists) const;
     Result write(const char* relative, const QString& content);

@@ -100,14 +100,16 @@ TEST_F(SystemToolTest, RefusesWhatIsNotOnItsListAndWritesNothing) {
         "net|user|jan de vries|pw|/add", "net|user|jan|pw|/add|/expires:never",
         "net|localgroup|Users|jan|/add", "--root|relatief|autologon-remove",
         "session-install|extra",
-        // The system's own accounts: none is logged on, granted or removed, and an account is
-        // removed only when the workstation made it one of its administrators.
+        // The system's own accounts are not logged on, granted or removed; nor is a person's
+        // account of this machine that the program did not make, though its owner may call the
+        // program (a member of the administrators' group): a pupil must not reach it.
         "autologon-set|root", "admin-add|root", "net|localgroup|Administrators|root|/add",
         "account-delete|root", "net|user|root|/delete", "account-delete|jan", "net|user|jan|/delete",
+        "autologon-set|jan", "admin-add|jan", "net|localgroup|Administrators|jan|/add",
     };
     // clang-format on
-    // jan is a person's account, but not one the workstation made an administrator.
     schrijf("etc/passwd", "root:x:0:0:root:/root:/bin/bash\njan:x:1001:1001::/home/jan:/bin/sh\n");
+    schrijf("etc/group", "root:x:0:\ntafelkrater-beheer:x:999:jan\n");
     const QStringList voor = inhoud();
     for (const QString& regel : regels) {
         SCOPED_TRACE(regel.toStdString());
