@@ -433,9 +433,11 @@ void ModMainSessie::TafelkraterAccountVerwijderen() {
     Procedure(p, "modMain.TafelkraterAccountVerwijderen", [&] {
         schrijfShell(QStringLiteral("explorer.exe"));
         p.opstartStappen->StartVerkenner();
-        p.modMain.SchrijfIni(QString(), QStringLiteral("Algemeen"),
-                             QStringLiteral("Account verwijderen"), instellingen());
-        actie(QStringLiteral("account-delete"), {QStringLiteral("tafelkrater")});
+        // Until the account is gone (a process of it still running keeps it), every start under
+        // another account tries again: it logs on with a password anyone may know.
+        if (actie(QStringLiteral("account-delete"), {QStringLiteral("tafelkrater")}))
+            p.modMain.SchrijfIni(QString(), QStringLiteral("Algemeen"),
+                                 QStringLiteral("Account verwijderen"), instellingen());
     });
 }
 

@@ -231,6 +231,9 @@ SystemTool::Result SystemTool::accountCreate(const QString& name, const QString&
 
 SystemTool::Result SystemTool::accountDelete(const QString& name) {
     const int id = userId(name);
+    // One it made that went by other means is gone as asked.
+    if (id < 0 && madeAccounts().contains(name))
+        return recordAccount(name, false);
     if (id < 0)
         return failed(QStringLiteral("the account %1 does not exist").arg(name));
     if (const auto nee = refusedAsSystemAccount(name, id))

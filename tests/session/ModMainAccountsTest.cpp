@@ -1,4 +1,5 @@
 #include "session/ModMainAccounts.h"
+#include "session/SystemTool.h"
 
 #include "tests/session/SessieWerkplek.h"
 
@@ -180,9 +181,21 @@ TEST(ModMainAccountsTest, AccountsAreMadeGrantedAndRemovedByTheRealProgramAndIts
         EXPECT_EQ(QString::fromLatin1(rechten), w.ini(account, "Administratorrechten")) << account;
     EXPECT_TRUE(lees("etc/group").contains(u"tafelkrater-beheer:x:1000:tafelkrater,jansen\n"));
 
-    // The hand-back removes the account with its home folder; the machine's own stay.
+    // The hand-back removes the account with its home folder; the machine's own stay. The note
+    // that it must go goes only with it: a removal that fails is tried again at the next start.
+    w.p.modMain.SchrijfIni("Ja", "Algemeen", "Account verwijderen", "\\Data\\Instellingen.ini");
     sessie.TafelkraterAccountVerwijderen();
     EXPECT_FALSE(w.logboek().contains(u"refused")) << w.logboek().toStdString();
+    EXPECT_EQ(w.ini("Algemeen", "Account verwijderen"), "");
+    w.p.modMain.SchrijfIni("Ja", "Algemeen", "Account verwijderen", "\\Data\\Instellingen.ini");
+    sessie.TafelkraterAccountVerwijderen(); // no account, none the tool made: it fails
+    EXPECT_EQ(w.ini("Algemeen", "Account verwijderen"), "Ja");
+    // One the tool made that went by other means counts as removed.
+    QFile lijst(root.filePath(SystemTool::AccountsPath));
+    ASSERT_TRUE(lijst.open(QIODevice::WriteOnly) && lijst.write("tafelkrater\n") > 0);
+    lijst.close();
+    sessie.TafelkraterAccountVerwijderen();
+    EXPECT_EQ(w.ini("Algemeen", "Account verwijderen"), "");
     EXPECT_FALSE(lees("etc/passwd").contains(u"tafelkrater:"));
     EXPECT_TRUE(lees("etc/passwd").contains(u"jansen:"));
     EXPECT_FALSE(QFileInfo::exists(root.filePath("home/tafelkrater")));
