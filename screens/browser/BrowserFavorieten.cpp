@@ -7,7 +7,9 @@ BrowserFavorieten BrowserFavorieten::uit(const Favorieten& f, const QString& sta
     const auto ja = [](const QString& w) {
         return w.trimmed().compare(u"Ja", Qt::CaseInsensitive) == 0;
     };
-    b.instellingen.Filteren = ja(f.Filteren);
+    // Off only when the owner's header says so: an answer that did not come (offline without
+    // a cache) or a header that cannot be read leaves the filter on.
+    b.instellingen.Filteren = f.Filteren.trimmed().compare(u"Nee", Qt::CaseInsensitive) != 0;
     b.instellingen.Internetmodus = f.Internetmodus.trimmed().toInt();
     b.proxy = ja(f.Blokkeren);
     QString gemarkeerd;

@@ -163,6 +163,9 @@ TEST(BrowserFavorieten, TheHeaderSetsTheFilterTheProxyAndTheActiveFavouritesTheT
         {"0|Nee|Nee|nee;<>;http://a/|A|Ja|Ja", "0 0 0 http://school/", {"http://a/"}},
         {"0|Ja|Nee|Nee;<>;http://b/|B||Nee", "0 0 0 http://school/", {}},
         {" 1 |Ja| Ja | JA ;<>;", "1 1 1 http://school/", {}},
+        // No answer and no cache, or a header that cannot be read: the filter stays on.
+        {"", "1 0 0 http://school/", {}},
+        {"0|Ja|misschien", "1 0 0 http://school/", {}},
     };
     for (const Geval& g : gevallen) {
         SCOPED_TRACE(g.antwoord);
