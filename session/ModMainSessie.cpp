@@ -342,6 +342,18 @@ bool ModMainSessie::WijzigOpstarten() {
             }
         }
         batch.reset(); // the logon values reach the disk before the session ends
+        // Values that did not reach the store (it could not be written) would leave the machine
+        // logging the account on into a session that finds itself not taken over and ends, over
+        // and over: what was set goes again, and the take-over is refused.
+        if (!IsShellIngesteld()) {
+            if (automatisch && m.ModusStandalone)
+                actie(QStringLiteral("autologon-remove"));
+            actie(QStringLiteral("session-remove"));
+            m.SchrijfIni(QStringLiteral("Nee"), QStringLiteral("Algemeen"),
+                         QStringLiteral("Geactiveerd"), instellingen());
+            m.ToonVraag(p.modTaal.LaadTekst(3), p.modTaal.LaadTekst(415), QStringLiteral("-"));
+            return false;
+        }
         // The session ends so that the settings apply.
         const QString titel = p.modTaal.LaadTekst(3);
         if (m.ModusStandalone) {

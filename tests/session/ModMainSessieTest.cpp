@@ -236,6 +236,20 @@ TEST(ModMainSessieTest, TakeOverWritesTheLogonOfItsFamilyAndHandBackLeavesTheSto
     }
 }
 
+// Logon values that do not reach the store leave no automatic logon behind: the machine would
+// log the account on into a session that refuses, ends, and is logged on again.
+TEST(ModMainSessieTest, ATakeOverWhoseStoreCannotBeWrittenTakesItsLogonBack) {
+    SessieWerkplek w(Familie::Nt, Modus::Standalone);
+    w.zetIni("Standalone", "Gebruikersnaam", "Tafelkrater");
+    w.platform.fakeRegistry().setWritable(false);
+    EXPECT_FALSE(w.sessie.WijzigOpstarten());
+    EXPECT_EQ(w.systeem.actions.join(u','),
+              "session-install,autologon-set tafelkrater,autologon-remove,session-remove");
+    EXPECT_EQ(w.ini("Algemeen", "Geactiveerd"), "Nee");
+    EXPECT_EQ(w.meldingen(), QStringList{w.p.modTaal.LaadTekst(415)});
+    EXPECT_FALSE(w.p.beeindigd);
+}
+
 TEST(ModMainSessieTest, PoliciesAreStringsTaskManagerFollowsTheAccountAndMaintenanceIsLeftAlone) {
     struct Rij {
         const char* naam;
