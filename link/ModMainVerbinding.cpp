@@ -13,6 +13,7 @@
 #include "platform/Processes.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QFileInfo>
 #include <QLocalSocket>
 #include <QScopeGuard>
@@ -123,7 +124,15 @@ int ModMainVerbinding::LeesServerstatus() {
 QString ModMainVerbinding::launcherNaam(const QString& programmaMap) {
     const QByteArray hash =
         QCryptographicHash::hash(programmaMap.toUtf8(), QCryptographicHash::Sha1).toHex();
-    return QStringLiteral("tafelkrater-startup-") + QString::fromLatin1(hash.left(12));
+    const QString naam =
+        QStringLiteral("tafelkrater-startup-") + QString::fromLatin1(hash.left(12));
+    // In the account's own runtime folder (only the account writes there, and it goes at log
+    // off): in the shared temporary folder a socket a killed launcher left, or one another
+    // account put there, would keep the next account's launcher from listening.
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (!runtime.isEmpty() && QFileInfo(runtime).isDir())
+        return QDir(runtime).filePath(naam);
+    return naam;
 }
 
 bool ModMainVerbinding::StuurOpstartCommando(const QString& tekst) {

@@ -48,7 +48,8 @@ public:
     // over by the composition root (without them the location text names nobody).
     const NameLookup* namen = nullptr;
 
-    // The name under which the launcher of this program folder listens.
+    // The name under which the launcher of this program folder listens: a path in the account's
+    // runtime folder ($XDG_RUNTIME_DIR), or without one a name in the shared temporary folder.
     static QString launcherNaam(const QString& programmaMap);
 
     FrmNetwerk frmNetwerk;

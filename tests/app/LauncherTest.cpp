@@ -4,9 +4,12 @@
 #include "tests/support/WaitUntil.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLocalSocket>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -176,4 +179,22 @@ TEST_F(LauncherTest, UnknownWordsAreLoggedAndChangeNothingAndNoClientIsAClearErr
     ASSERT_TRUE(ended(10000));
     EXPECT_EQ(1, launcher.exitCode());
     EXPECT_TRUE(log().contains("no client at"));
+}
+
+// The socket lives in the account's own runtime folder: what another account (or a launcher that
+// was killed) left under the shared temporary folder's name cannot keep the launcher out.
+TEST_F(LauncherTest, TheSocketLivesInTheAccountsRuntimeFolder) {
+    const QString gedeeld = QDir::temp().filePath(tk::ModMainVerbinding::launcherNaam(dir.path()));
+    ASSERT_TRUE(QDir().mkpath(gedeeld + "/bezet")); // not a socket, and not removable as one
+    const auto weg = qScopeGuard([&] { QDir(gedeeld).removeRecursively(); });
+    ASSERT_TRUE(QDir(dir.path()).mkdir("runtime"));
+    qputenv("XDG_RUNTIME_DIR", dir.filePath("runtime").toUtf8());
+    const auto terug = qScopeGuard([] { qunsetenv("XDG_RUNTIME_DIR"); });
+    start({"wait"});
+    ASSERT_TRUE(waitForCalls(1)) << log().toStdString();
+    EXPECT_TRUE(say("niets"));
+    EXPECT_EQ(QFileInfo(tk::ModMainVerbinding::launcherNaam(dir.path())).path(),
+              dir.filePath("runtime"));
+    go();
+    EXPECT_TRUE(ended(10000));
 }
