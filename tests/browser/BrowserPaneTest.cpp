@@ -315,9 +315,9 @@ TEST_F(BrowserPaneTest, EveryPageThatShowsIsCheckedHoweverItCame) {
                                    "history.pushState({}, '', '/verder');"
                                    "document.body.textContent = 'olifant'}, 300)</script>"
                                    "</body></html>");
-    server.pagina("/weg",
-                  "<html><body>" + olifant +
-                      "<script>onload = () => location = '/bestand'</script></body></html>");
+    server.pagina("/weg", "<html><body>" + olifant +
+                              "<script>setInterval(() => location = '/bestand', 20)</script>"
+                              "</body></html>");
     auto pane = maakPane();
     for (const char* pad : {"/hangt", "/gestopt", "/raam", "/verberg", "/geschiedenis", "/weg"}) {
         SCOPED_TRACE(pad);
