@@ -45,8 +45,14 @@ QList<WordMatcher::Pattern> PageFilter::urlPatterns(const FilterList& lijst) {
 }
 
 bool PageFilter::isLocalPage(const QString& adres) {
-    return adres.endsWith(u"gevonden.html", Qt::CaseInsensitive) ||
-           adres.endsWith(u"goedgekeurd.html", Qt::CaseInsensitive);
+    // The address proper: a name after "?" or "#" is not the page's (any address, a local
+    // file's too, would end in one by a fragment).
+    QStringView pagina(adres);
+    for (const QChar teken : {QLatin1Char('#'), QLatin1Char('?')})
+        if (const qsizetype plek = pagina.indexOf(teken); plek >= 0)
+            pagina = pagina.left(plek);
+    return pagina.endsWith(u"gevonden.html", Qt::CaseInsensitive) ||
+           pagina.endsWith(u"goedgekeurd.html", Qt::CaseInsensitive);
 }
 
 // The first item in list order: the smaller index of the first word and the first "url>" item.

@@ -64,7 +64,8 @@ public:
     // The first item of VerbodenWoorden that hits in a title or body text, or -1.
     int firstWordIn(QByteArrayView tekst) const { return m_woorden.firstHit(tekst); }
 
-    // An address that ends in one of the local pages' names: never examined.
+    // An address whose page (before any "?" or "#") ends in one of the local pages' names:
+    // never examined.
     static bool isLocalPage(const QString& adres);
 
     const FilterList& woorden() const { return m_lijst; }

@@ -44,6 +44,9 @@ TEST(AddressCheck, FollowsTheBrowsersOrder) {
         {vast + s("?GOED.NL"), aan, Outcome::Allow, Step::AllowedSite, 2},
         {s("about:blank"), favorieten, Outcome::Allow, Step::Blank, -1},
         {s("file:///etc/passwd"), uit, Outcome::RefuseSilently, Step::NotWeb, -1},
+        // The name of a local page after a "#" or "?" makes no address one.
+        {s("file:///etc/passwd#gevonden.html"), uit, Outcome::RefuseSilently, Step::NotWeb, -1},
+        {s("file:///home/?goedgekeurd.html"), uit, Outcome::RefuseSilently, Step::NotWeb, -1},
         {s("data:text/html,kat"), uit, Outcome::RefuseSilently, Step::NotWeb, -1},
         {s("file:///opt/tk/Internetfilter/niet%20goedgekeurd.html"), favorieten, Outcome::Allow,
          Step::LocalPage, -1},
@@ -109,6 +112,8 @@ TEST(PageCheck, TitleBeforeBodyAndTheMessagesOfEachOutcome) {
          Pass::NotExamined, -1, 0},
         {"local file", s("file:///opt/tk/Internetfilter/niet gevonden.html"), s("kat"), s(""),
          s("kat"), aan, Pass::NotExamined, -1, 0},
+        {"a local page's name as the fragment", s("http://elders.nl/p#gevonden.html"), s(" kat"),
+         s(""), s(""), aan, Pass::Title, 3, 731},
         {"accented letters", web, s("caf\u00e9"), s(""), s("\u00e9KAT\u00c9"), aan, Pass::Body, 3,
          731},
     };
