@@ -457,13 +457,10 @@ void BrowserPane::geladen(int slot, const QWebEngineLoadingInfo& info) {
 void BrowserPane::controleerLadende() {
     for (const int slot : std::as_const(m_ladend))
         if (m_views[slot])
-            controleer(slot);
+            controleer(slot, true);
 }
 
 void BrowserPane::adresGewijzigd(int slot, const QUrl& url) {
-    // Another page, or another place in this one: a page check still on its way was made for
-    // what showed before.
-    m_tabs.nieuweNavigatie(slot);
     if (url.toString() == m_toegelaten[slot])
         return; // the page that navigation brings is checked as it loads
     // An address the page took without a navigation (a script's history entry, a fragment): it
@@ -472,7 +469,7 @@ void BrowserPane::adresGewijzigd(int slot, const QUrl& url) {
         controleer(slot);
 }
 
-void BrowserPane::controleer(int slot) {
+void BrowserPane::controleer(int slot, bool tussentijds) {
     QWebEnginePage* page = m_views[slot]->page();
     const QString adres = page->url().toString();
     if (PageFilter::isLocalPage(adres)) {
@@ -481,7 +478,8 @@ void BrowserPane::controleer(int slot) {
         return;
     }
     const quint64 navigatie = m_tabs.tab(slot).navigatie;
-    if (m_omgeving.tekst && m_tabs.zetStatus(slot, m_omgeving.tekst(PageFilter::TekstControleren)))
+    if (!tussentijds && m_omgeving.tekst &&
+        m_tabs.zetStatus(slot, m_omgeving.tekst(PageFilter::TekstControleren)))
         toonActief();
     // Run in a world of its own: a page's scripts cannot change what the check reads (a getter
     // that hides the text). The text of the page's frames of the same origin counts with it.
@@ -496,24 +494,33 @@ void BrowserPane::controleer(int slot) {
         " return [document.title, t.join(' ')];"
         "})()");
     const QString domein = page->url().host();
-    page->runJavaScript(tekstVanPagina, QWebEngineScript::ApplicationWorld,
-                        [this, slot, navigatie, adres, domein](const QVariant& antwoord) {
-                            oordeel(slot, navigatie, adres, domein, antwoord.toList());
-                        });
+    page->runJavaScript(
+        tekstVanPagina, QWebEngineScript::ApplicationWorld,
+        [this, slot, navigatie, adres, domein, tussentijds](const QVariant& antwoord) {
+            oordeel({slot, navigatie, adres, domein, tussentijds}, antwoord.toList());
+        });
 }
 
-void BrowserPane::oordeel(int slot, quint64 navigatie, const QString& adres, const QString& domein,
-                          const QVariantList& delen) {
-    // The tab went on to another page (or closed) while the text came: that page gets its own
-    // check.
-    if (!m_views[slot] || !m_tabs.actueel(slot, navigatie))
-        return;
-    const PageVerdict v =
-        m_omgeving.filter.checkPage(adres, delen.value(0).toString(), domein,
-                                    delen.value(1).toString(), m_omgeving.instellingen);
+void BrowserPane::oordeel(const Controle& c, const QVariantList& delen) {
+    const int slot = c.slot;
     const auto tekst = [this](int id) {
         return m_omgeving.tekst && id ? m_omgeving.tekst(id) : QString();
     };
+    // The tab shows another address (or closed, or was blocked) while the text came: what it
+    // shows gets its own check. A navigation that showed nothing (a download) leaves the check.
+    if (!m_views[slot] || !m_tabs.actueel(slot, c.navigatie) ||
+        m_views[slot]->page()->url().toString() != c.adres) {
+        if (m_views[slot] && m_tabs.tab(slot).Status == tekst(PageFilter::TekstControleren) &&
+            m_tabs.zetStatus(slot, m_filterStatus[slot]))
+            toonActief();
+        return;
+    }
+    const PageVerdict v =
+        m_omgeving.filter.checkPage(c.adres, delen.value(0).toString(), c.domein,
+                                    delen.value(1).toString(), m_omgeving.instellingen);
+    // While the page loads only a refusal counts; the approval waits for the page's end.
+    if (c.tussentijds && !v.blocked())
+        return;
     m_tabs.zetTitel(slot, v.captionText ? tekst(v.captionText) : v.caption);
     m_filterStatus[slot] = tekst(v.statusText);
     m_tabs.zetStatus(slot, m_filterStatus[slot]);

@@ -73,10 +73,17 @@ private:
     void laden(int slot, const QUrl& url);
     void geladen(int slot, const QWebEngineLoadingInfo& info);
     void adresGewijzigd(int slot, const QUrl& url);
-    void controleer(int slot);
-    // The page check's answer (title, text) for the page at `adres` in `slot`.
-    void oordeel(int slot, quint64 navigatie, const QString& adres, const QString& domein,
-                 const QVariantList& delen);
+    // Reads the page of `slot` and checks it; `tussentijds` while it loads (the status is left,
+    // and only a refusal acts).
+    void controleer(int slot, bool tussentijds = false);
+    struct Controle {
+        int slot;
+        quint64 navigatie;
+        QString adres, domein;
+        bool tussentijds;
+    };
+    // The page check's answer (title, text) for the page the check read.
+    void oordeel(const Controle& c, const QVariantList& delen);
     // tmrControle's tick: the pages still loading are checked as far as they came.
     void controleerLadende();
     void afdrukken();

@@ -316,7 +316,7 @@ TEST_F(BrowserPaneTest, EveryPageThatShowsIsCheckedHoweverItCame) {
                                    "document.body.textContent = 'olifant'}, 300)</script>"
                                    "</body></html>");
     server.pagina("/weg", "<html><body>" + olifant +
-                              "<script>setInterval(() => location = '/bestand', 20)</script>"
+                              "<script>onload = () => location = '/bestand'</script>"
                               "</body></html>");
     auto pane = maakPane();
     for (const char* pad : {"/hangt", "/gestopt", "/raam", "/verberg", "/geschiedenis", "/weg"}) {
