@@ -695,8 +695,6 @@ void CommandHandler::takeIcon(ClientConnection& c, const QString& payload) {
     c.sendReply(carriedOut(wire::OPSAP2));
 }
 
-// Items joined by ";<>;", each "groep|", "leerkracht|" or "algemeen|" and the IDs asked,
-// joined by "|"; an item "standaard" asks the standard icon library.
 void CommandHandler::packageFailed(ClientConnection& c, QLatin1StringView word) {
     // The client waits for the file its reply announces until the link goes: without a package
     // to send, the link goes, and the client works on with what it has.
@@ -705,6 +703,8 @@ void CommandHandler::packageFailed(ClientConnection& c, QLatin1StringView word) 
     c.close();
 }
 
+// Items joined by ";<>;", each "groep|", "leerkracht|" or "algemeen|" and the IDs asked,
+// joined by "|"; an item "standaard" asks the standard icon library.
 void CommandHandler::sendIconPackage(ClientConnection& c, const QString& request) {
     static const QRegularExpression valueOrItemSep(
         QRegularExpression::escape(QString(wire::valueSep)) + QLatin1Char('|') +
