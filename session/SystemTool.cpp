@@ -129,19 +129,23 @@ SystemTool::Result SystemTool::remove(const char* relative) {
     return {0, QString()};
 }
 
-int SystemTool::userId(const QString& name) const {
+std::optional<QByteArray> SystemTool::passwdLine(const QString& name) const {
     QFile passwd(path("etc/passwd"));
     if (!passwd.open(QIODevice::ReadOnly))
-        return -1;
+        return std::nullopt;
     const QByteArray begin = name.toUtf8() + ':';
-    while (!passwd.atEnd()) {
-        const QByteArray regel = passwd.readLine();
-        if (regel.startsWith(begin)) {
-            bool ok = false;
-            const int id = regel.split(':').value(2).toInt(&ok);
-            // A line without a readable ID counts as the system's: nothing is done to it.
-            return ok && id >= 0 ? id : 0;
-        }
+    while (!passwd.atEnd())
+        if (QByteArray regel = passwd.readLine(); regel.startsWith(begin))
+            return regel;
+    return std::nullopt;
+}
+
+int SystemTool::userId(const QString& name) const {
+    if (const auto regel = passwdLine(name)) {
+        bool ok = false;
+        const int id = regel->split(':').value(2).toInt(&ok);
+        // A line without a readable ID counts as the system's: nothing is done to it.
+        return ok && id >= 0 ? id : 0;
     }
     // An account of a directory (LDAP, a domain: the accounts of a network workstation) is not
     // in the file; on the machine itself the name service knows it.
@@ -180,15 +184,10 @@ SystemTool::Result SystemTool::recordAccount(const QString& name, bool made) {
 }
 
 std::optional<SystemTool::Result> SystemTool::refusedAsPersonsAccount(const QString& name) const {
-    QFile passwd(path("etc/passwd"));
-    if (!passwd.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QByteArray begin = name.toUtf8() + ':';
-    while (!passwd.atEnd())
-        if (passwd.readLine().startsWith(begin) && !madeAccounts().contains(name))
-            return refused(QStringLiteral("%1 is an account of this machine that this program did "
-                                          "not make")
-                               .arg(name));
+    if (passwdLine(name) && !madeAccounts().contains(name))
+        return refused(QStringLiteral("%1 is an account of this machine that this program did "
+                                      "not make")
+                           .arg(name));
     return std::nullopt;
 }
 

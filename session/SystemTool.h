@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -69,6 +70,8 @@ private:
     // The account's user ID in the system root's passwd, or on the machine itself from the name
     // service (getent); -1 when it has none.
     int userId(const QString& name) const;
+    // The account's line in the system root's passwd, if it has one there.
+    std::optional<QByteArray> passwdLine(const QString& name) const;
     bool accountExists(const QString& name) const { return userId(name) >= 0; }
     // Refused when `id`, the user ID of `name` (-1: none), is one of the system's own accounts.
     static std::optional<Result> refusedAsSystemAccount(const QString& name, int id);
